@@ -1,0 +1,71 @@
+# What the targets of this project have in common.
+
+# The warning set that every target of the project compiles under.
+function(varnotix_warnings target)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wconversion -Wshadow)
+    if(VARNOTIX_WERROR)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+endfunction()
+
+# An executable of the project: linked to the library as any host is.
+function(varnotix_executable target)
+    add_executable(${target} ${ARGN})
+    varnotix_warnings(${target})
+    target_link_libraries(${target} PRIVATE Varnotix::Varnotix)
+    if(MINGW)
+        # The stack of an ordinary Windows program, so that the tests prove the library is content with it.
+        target_link_options(${target} PRIVATE -Wl,--stack,1048576)
+    endif()
+endfunction()
+
+# Puts copies of the data files into a folder, renewed whenever the originals change.
+function(varnotix_copy_data folder)
+    foreach(name dictionary.txt UidTable.txt)
+        if(EXISTS ${PROJECT_SOURCE_DIR}/data/${name})
+            configure_file(${PROJECT_SOURCE_DIR}/data/${name} ${folder}/${name} COPYONLY)
+        endif()
+    endforeach()
+endfunction()
+
+# MinGW: an exception crosses from the DLL into the host only through one libgcc and libstdc++ that both share, so these
+# travel as DLLs beside the library.
+function(varnotix_copy_runtime target)
+    foreach(name libgcc_s_dw2-1.dll libstdc++-6.dll libwinpthread-1.dll)
+        execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
+            OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+        if(NOT EXISTS ${path})
+            message(FATAL_ERROR "${CMAKE_CXX_COMPILER} does not know where its ${name} is")
+        endif()
+        list(APPEND runtime ${path})
+    endforeach()
+    add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E copy_if_different ${runtime} $<TARGET_FILE_DIR:${target}>)
+    install(FILES ${runtime} DESTINATION ${CMAKE_INSTALL_BINDIR})
+endfunction()
+
+# One GoogleTest program for a folder of tests. It runs in a folder of its own that holds the data files, and is told:
+#   VARNOTIX_SAMPLES  folder of DICOM sample files, or empty
+#   VARNOTIX_DATA     the project's data folder
+#   VARNOTIX_BIN      folder of the built programs: the command-line host and the examples
+function(varnotix_test folder)
+    set(target test_${folder})
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
+    if(NOT sources)
+        return()
+    endif()
+    varnotix_executable(${target} ${sources})
+    target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/support)
+    target_link_libraries(${target} PRIVATE GTest::gtest GTest::gtest_main)
+    foreach(program varnotix ${VARNOTIX_EXAMPLE_TARGETS})
+        if(TARGET ${program})
+            add_dependencies(${target} ${program})
+        endif()
+    endforeach()
+
+    set(workFolder ${PROJECT_BINARY_DIR}/run/${folder})
+    varnotix_copy_data(${workFolder})
+    add_test(NAME ${target} COMMAND ${target} WORKING_DIRECTORY ${workFolder})
+    set_tests_properties(${target} PROPERTIES TIMEOUT 600 ENVIRONMENT
+        "VARNOTIX_SAMPLES=${VARNOTIX_SAMPLES};VARNOTIX_DATA=${PROJECT_SOURCE_DIR}/data;VARNOTIX_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+endfunction()
