@@ -1,0 +1,22 @@
+#pragma once
+
+// Decides what the dynamic library shows to its host. VARNOTIX_BUILDING is defined only while the library itself
+// is compiled.
+#if defined(_WIN32)
+#if defined(VARNOTIX_BUILDING)
+#define VARNOTIX_EXPORT __declspec(dllexport)
+#else
+#define VARNOTIX_EXPORT __declspec(dllimport)
+#endif
+#else
+#define VARNOTIX_EXPORT __attribute__((visibility("default")))
+#endif
+
+// Lets the compiler check format texts. The Windows headers name the dialect that their own printf family speaks.
+#if defined(__MINGW_PRINTF_FORMAT)
+#define VARNOTIX_PRINTF(text, first) __attribute__((format(__MINGW_PRINTF_FORMAT, text, first)))
+#elif defined(__GNUC__)
+#define VARNOTIX_PRINTF(text, first) __attribute__((format(printf, text, first)))
+#else
+#define VARNOTIX_PRINTF(text, first)
+#endif

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Varnotix/platform/Arrays.h"
+
+// Files found by name. Paths may be written with '\' or '/'.
+
+/// The existing file or folder that `path` means without regard to case, with the names as the disk has them; empty
+/// when there is none. Where several names differ only in case, the one written as asked wins, then the first in byte
+/// order.
+VARNOTIX_EXPORT CString FindPathNoCase(const CString& path);
+
+/// Appends the plain names (without folder) that match the last component of `pattern`, in byte order (on Windows in
+/// the system's order). '*' stands for any characters, '?' for one, case does not count, and "*.*" means every name.
+/// Folders count as names; "." and ".." do not. False when nothing matched or the folder is missing.
+VARNOTIX_EXPORT bool FindFiles(const CString& pattern, CStringArray& names);
+
+/// True when `name` matches `pattern` as in FindFiles.
+VARNOTIX_EXPORT bool MatchesWildcard(const CString& pattern, const CString& name);
+
+/// True when `path`, as written, is a regular file.
+VARNOTIX_EXPORT bool FileExists(const CString& path);
+
+/// The current directory, without a separator at the end; empty when the system does not tell.
+VARNOTIX_EXPORT CString CurrentDirectory();
+
+/// The folder that this library was loaded from, without a separator at the end; empty when the system does not tell.
+VARNOTIX_EXPORT CString LibraryDirectory();
+
+/// The value of an environment variable; empty when it is not set.
+VARNOTIX_EXPORT CString EnvironmentVariable(LPCTSTR name);
+
+/// `name` inside `folder`, with exactly one separator between. An empty folder gives the name alone, and an absolute
+/// name stands for itself.
+VARNOTIX_EXPORT CString JoinPath(const CString& folder, const CString& name);
+
+/// Gives the file `from` the name `to` in one step, replacing what was there. False on failure; both are then as before.
+VARNOTIX_EXPORT bool ReplaceFileByRename(const CString& from, const CString& to);
+
+/// Deletes a file; false when there was none or it cannot be deleted.
+VARNOTIX_EXPORT bool DeleteFileByPath(const CString& path);
