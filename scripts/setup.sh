@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# setup.sh [STAGE...]: installs the Debian 12 packages that the stages of test.sh need; without a stage, those for all of
+# the development work. Installed packages are left as they are.
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+[ $# -gt 0 ] || set -- release asan clang windows bench style
+
+packages=(g++ cmake ninja-build libcli11-dev)
+for stage in "$@"; do
+    case $stage in
+        demo) ;;
+        release | asan) packages+=(libgtest-dev dcmtk libgdcm-tools) ;;
+        clang) packages+=(libgtest-dev clang) ;;
+        windows) packages+=(g++-mingw-w64-i686-posix googletest debootstrap util-linux) ;;
+        bench) packages+=(libbenchmark-dev libdcmtk-dev libgdcm-dev) ;;
+        style) packages+=(clang-format clang-tidy) ;;
+        *) die "there is no stage '$stage'" ;;
+    esac
+done
+
+version=$(. /etc/os-release 2>/dev/null && echo "${ID:-} ${VERSION_ID:-}") || version=
+if [ "$version" != "debian 12" ]; then
+    missing=()
+    for tool in g++ cmake ninja; do
+        command -v "$tool" >/dev/null || missing+=("$tool")
+    done
+    [ ${#missing[@]} -gt 0 ] || exit 0
+    die "packages are installed on Debian 12 only; missing here: ${missing[*]}. Wanted, by their Debian names: ${packages[*]}"
+fi
+
+wanted=()
+for package in "${packages[@]}"; do
+    dpkg-query --show --showformat '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || wanted+=("$package")
+done
+[ ${#wanted[@]} -gt 0 ] || exit 0
+
+echo "Installing ${wanted[*]}"
+as_root apt-get update -qq
+as_root env DEBIAN_FRONTEND=noninteractive apt-get install -qq -y --no-install-recommends "${wanted[@]}" >/dev/null
