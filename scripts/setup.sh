@@ -4,15 +4,15 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-[ $# -gt 0 ] || set -- release asan clang windows bench style
+[ $# -gt 0 ] || set -- release asan installed windows clang bench fuzz style
 
 packages=(g++ cmake ninja-build libcli11-dev)
 for stage in "$@"; do
     case $stage in
-        demo) ;;
-        release | asan) packages+=(libgtest-dev dcmtk libgdcm-tools) ;;
+        release | asan | installed) packages+=(libgtest-dev dcmtk libgdcm-tools) ;;
         clang) packages+=(libgtest-dev clang) ;;
         windows) packages+=(g++-mingw-w64-i686-posix googletest debootstrap util-linux) ;;
+        fuzz) packages+=(clang libclang-rt-dev) ;;
         bench) packages+=(libbenchmark-dev libdcmtk-dev libgdcm-dev) ;;
         style) packages+=(clang-format clang-tidy) ;;
         *) die "there is no stage '$stage'" ;;
