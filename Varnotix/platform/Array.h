@@ -85,6 +85,11 @@ public:
     {
         std::vector<TYPE>().swap(m_data);
     }
+    /// The number of elements that there is room for.
+    int GetCapacity() const noexcept
+    {
+        return static_cast<int>(std::min(m_data.capacity(), kMaxSize));
+    }
     /// Gives back memory that the size does not need.
     void FreeExtra()
     {

@@ -36,7 +36,7 @@ class VARNOTIX_EXPORT CFileException : public CException
         none,
         generic, ///< no other cause fits; m_lOsError tells
         fileNotFound,
-        badPath, ///< a directory on the way is missing
+        badPath, ///< the path leads through something that is no folder
         tooManyOpenFiles,
         accessDenied,
         invalidFile, ///< not a regular file, or not open

@@ -43,6 +43,7 @@ class VARNOTIX_EXPORT CFile : public CObject
 
     /// Opens; false on failure, with the reason in `error` when one is given. An open file is closed first.
     bool Open(LPCTSTR path, UINT flags, CFileException* error = nullptr);
+    /// True while a file of the system is open; a memory file has none.
     bool IsOpen() const noexcept;
     /// The path that was really opened; empty for a memory file and for a closed file.
     CString GetFilePath() const;

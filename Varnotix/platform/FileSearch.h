@@ -4,9 +4,9 @@
 
 // Files found by name. Paths may be written with '\' or '/'.
 
-/// The existing file or folder that `path` means without regard to case, with the names as the disk has them; empty
-/// when there is none. Where several names differ only in case, the one written as asked wins, then the first in byte
-/// order.
+/// The existing file or folder that `path` means without regard to case, with the names as the disk has them (on
+/// Windows as asked); empty when there is none. Where several names differ only in case, the one written as asked wins,
+/// then the first in byte order.
 VARNOTIX_EXPORT CString FindPathNoCase(const CString& path);
 
 /// Appends the plain names (without folder) that match the last component of `pattern`, in byte order (on Windows in
@@ -33,7 +33,8 @@ VARNOTIX_EXPORT CString EnvironmentVariable(LPCTSTR name);
 /// name stands for itself.
 VARNOTIX_EXPORT CString JoinPath(const CString& folder, const CString& name);
 
-/// Gives the file `from` the name `to` in one step, replacing what was there. False on failure; both are then as before.
+/// Gives the file `from` the name `to` in one step, replacing what was there. False on failure; both are then as
+/// before.
 VARNOTIX_EXPORT bool ReplaceFileByRename(const CString& from, const CString& to);
 
 /// Deletes a file; false when there was none or it cannot be deleted.

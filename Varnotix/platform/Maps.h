@@ -19,7 +19,7 @@ struct CStringHash
 /// A hash map to objects, which it does not own.
 ///
 /// Contract: entries come in no particular order. A position stays good while its entry is in the map, whatever else is
-/// added or removed. A null position throws std::out_of_range.
+/// added or removed. A null position throws std::out_of_range. Memory that ran out throws std::bad_alloc.
 template <class KEY, class ARG_KEY, class HASH>
 class CMapToOb : public CObject
 {

@@ -4,12 +4,13 @@
 
 #include <cstddef>
 
-/// Reads width and height in pixels from the header of a JPEG picture. False, with both untouched, for anything that is
-/// not one, for a header that is cut short, and for a width or height of zero.
+/// Reads width and height in pixels from the header of a JPEG picture. False, with both untouched, for anything that
+/// is not one, for a header that is cut short, and for a width or height of zero.
 VARNOTIX_EXPORT bool ReadJpegSize(const BYTE* bytes, std::size_t count, int& width, int& height);
 
 /// As ReadJpegSize for a file. A file that does not open throws CFileException.
 VARNOTIX_EXPORT bool ReadPictureSize(const CString& path, WORD& width, WORD& height);
 
-/// Hundredths of a millimetre in pixels at `dpi` dots per inch, rounded: (dpi * himetric + 1270) / 2540, clamped to int.
+/// Hundredths of a millimetre in pixels at `dpi` dots per inch, rounded: (dpi * himetric + 1270) / 2540. A result that
+/// an int cannot hold is clamped.
 VARNOTIX_EXPORT int HimetricToPixels(int himetric, int dpi);

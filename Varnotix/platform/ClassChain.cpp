@@ -1,0 +1,106 @@
+#include "Varnotix/platform/ClassChain.h"
+
+#include "Varnotix/platform/Object.h"
+
+#include <cstring>
+#include <mutex>
+
+namespace
+{
+// Records register themselves while static objects are constructed, in no order that can be relied on. The lists
+// are therefore ready before the first constructor runs.
+constinit CRuntimeClass* libraryClasses = nullptr;
+constinit CRuntimeClass* hostClasses = nullptr;
+constinit int joinCount = 0;
+
+/// Made by the first record: not every system has a mutex that is ready without a constructor.
+std::mutex& ChainMutex()
+{
+    static std::mutex mutex;
+    return mutex;
+}
+
+CRuntimeClass*& Head(ClassModule module)
+{
+    return module == ClassModule::Library ? libraryClasses : hostClasses;
+}
+
+template <class ACTION>
+void ForEachVisible(ACTION action)
+{
+    const std::lock_guard lock(ChainMutex());
+    for (CRuntimeClass* record = hostClasses; record != nullptr; record = record->m_pNextClass)
+    {
+        action(record);
+    }
+    if (joinCount > 0)
+    {
+        for (CRuntimeClass* record = libraryClasses; record != nullptr; record = record->m_pNextClass)
+        {
+            action(record);
+        }
+    }
+}
+} // namespace
+
+CRuntimeClassEntry::CRuntimeClassEntry(CRuntimeClass& record, ClassModule module) : m_record(record), m_module(module)
+{
+    const std::lock_guard lock(ChainMutex());
+    record.m_pNextClass = Head(module);
+    Head(module) = &record;
+}
+
+CRuntimeClassEntry::~CRuntimeClassEntry()
+{
+    const std::lock_guard lock(ChainMutex());
+    for (CRuntimeClass** link = &Head(m_module); *link != nullptr; link = &(*link)->m_pNextClass)
+    {
+        if (*link == &m_record)
+        {
+            *link = m_record.m_pNextClass;
+            break;
+        }
+    }
+}
+
+void JoinLibraryClasses()
+{
+    const std::lock_guard lock(ChainMutex());
+    ++joinCount;
+}
+
+void LeaveLibraryClasses()
+{
+    const std::lock_guard lock(ChainMutex());
+    --joinCount;
+}
+
+CRuntimeClass* CRuntimeClass::FromName(LPCTSTR name)
+{
+    CRuntimeClass* found = nullptr;
+    if (name != nullptr)
+    {
+        ForEachVisible(
+            [&](CRuntimeClass* record)
+            {
+                if (found == nullptr && std::strcmp(record->m_lpszClassName, name) == 0)
+                {
+                    found = record;
+                }
+            });
+    }
+    return found;
+}
+
+CObject* CRuntimeClass::CreateObject(LPCTSTR name)
+{
+    const CRuntimeClass* record = FromName(name);
+    return record == nullptr ? nullptr : record->CreateObject();
+}
+
+std::vector<CRuntimeClass*> CRuntimeClass::Classes()
+{
+    std::vector<CRuntimeClass*> classes;
+    ForEachVisible([&](CRuntimeClass* record) { classes.push_back(record); });
+    return classes;
+}

@@ -1,0 +1,15 @@
+#include "Varnotix/platform/DynLinkLibrary.h"
+
+#include "Varnotix/platform/ClassChain.h"
+
+IMPLEMENT_DYNAMIC(CDynLinkLibrary, CObject)
+
+CDynLinkLibrary::CDynLinkLibrary()
+{
+    JoinLibraryClasses();
+}
+
+CDynLinkLibrary::~CDynLinkLibrary()
+{
+    LeaveLibraryClasses();
+}
