@@ -66,6 +66,9 @@ function(varnotix_test folder)
     set(workFolder ${PROJECT_BINARY_DIR}/run/${folder})
     varnotix_copy_data(${workFolder})
     add_test(NAME ${target} COMMAND ${target} WORKING_DIRECTORY ${workFolder})
-    set_tests_properties(${target} PROPERTIES TIMEOUT 600 ENVIRONMENT
-        "VARNOTIX_SAMPLES=${VARNOTIX_SAMPLES};VARNOTIX_DATA=${PROJECT_SOURCE_DIR}/data;VARNOTIX_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    set(environment
+        VARNOTIX_SAMPLES=${VARNOTIX_SAMPLES}
+        VARNOTIX_DATA=${PROJECT_SOURCE_DIR}/data
+        VARNOTIX_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+    set_tests_properties(${target} PROPERTIES TIMEOUT 600 ENVIRONMENT "${environment}")
 endfunction()

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# setup.sh [STAGE...]: installs the Debian 12 packages that the stages of test.sh need; without a stage, those for all of
-# the development work. Installed packages are left as they are.
+# setup.sh [STAGE...]: installs the Debian 12 packages that the stages of test.sh need; without a stage, those for all
+# of the development work. Installed packages are left as they are.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
@@ -26,12 +26,15 @@ if [ "$version" != "debian 12" ]; then
         command -v "$tool" >/dev/null || missing+=("$tool")
     done
     [ ${#missing[@]} -gt 0 ] || exit 0
-    die "packages are installed on Debian 12 only; missing here: ${missing[*]}. Wanted, by their Debian names: ${packages[*]}"
+    printf 'Wanted, by their Debian names:\n' >&2
+    printf '  %s\n' "${packages[@]}" >&2
+    die "packages are installed on Debian 12 only; missing here: ${missing[*]}"
 fi
 
 wanted=()
 for package in "${packages[@]}"; do
-    dpkg-query --show --showformat '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed || wanted+=("$package")
+    state=$(dpkg-query --show --showformat '${db:Status-Status}' "$package" 2>/dev/null) || state=
+    [ "$state" = installed ] || wanted+=("$package")
 done
 [ ${#wanted[@]} -gt 0 ] || exit 0
 
