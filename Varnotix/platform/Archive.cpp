@@ -11,7 +11,8 @@ constexpr int kMaxBuffer = 1 << 26;
 } // namespace
 
 CArchive::CArchive(CFile* file, UINT mode, int bufferSize)
-    : m_pFile(file), m_loading((mode & load) != 0),
+    : m_pFile(file),
+      m_loading((mode & load) != 0),
       m_bufferSize(static_cast<UINT>(std::clamp(bufferSize, kMinBuffer, kMaxBuffer)))
 {
 }

@@ -29,19 +29,10 @@ public:
     CArchive(const CArchive&) = delete;
     CArchive& operator=(const CArchive&) = delete;
 
-    bool IsLoading() const noexcept
-    {
-        return m_loading;
-    }
-    bool IsStoring() const noexcept
-    {
-        return !m_loading;
-    }
+    bool IsLoading() const noexcept { return m_loading; }
+    bool IsStoring() const noexcept { return !m_loading; }
     /// The file below; null after Close. Call Flush before using it directly.
-    CFile* GetFile() const noexcept
-    {
-        return m_pFile;
-    }
+    CFile* GetFile() const noexcept { return m_pFile; }
 
     /// Reads up to `count` bytes; fewer only at the end.
     UINT Read(void* buffer, UINT count);

@@ -2,9 +2,10 @@
 
 #include "Varnotix/platform/Exceptions.h"
 
+#include <climits>
+
 #include <algorithm>
 #include <cassert>
-#include <climits>
 #include <cstddef>
 #include <functional>
 #include <iterator>
@@ -29,14 +30,8 @@ class CArray : public CObject
 
 public:
     CArray() = default;
-    CArray(const CArray& other) : CObject(other)
-    {
-        Assign(other.GetData(), other.GetSize());
-    }
-    CArray(CArray&& other) noexcept : CObject(other), m_data(std::move(other.m_data))
-    {
-        other.m_data.clear();
-    }
+    CArray(const CArray& other) : CObject(other) { Assign(other.GetData(), other.GetSize()); }
+    CArray(CArray&& other) noexcept : CObject(other), m_data(std::move(other.m_data)) { other.m_data.clear(); }
     ~CArray() override = default;
     CArray& operator=(const CArray& other)
     {
@@ -53,23 +48,11 @@ public:
         return *this;
     }
 
-    int GetSize() const noexcept
-    {
-        return static_cast<int>(m_data.size());
-    }
-    int GetCount() const noexcept
-    {
-        return GetSize();
-    }
-    bool IsEmpty() const noexcept
-    {
-        return m_data.empty();
-    }
+    int GetSize() const noexcept { return static_cast<int>(m_data.size()); }
+    int GetCount() const noexcept { return GetSize(); }
+    bool IsEmpty() const noexcept { return m_data.empty(); }
     /// The last valid index; -1 when empty.
-    int GetUpperBound() const noexcept
-    {
-        return GetSize() - 1;
-    }
+    int GetUpperBound() const noexcept { return GetSize() - 1; }
     /// Sets the size; new elements are zero. `growBy` is a hint that the geometric growth makes unnecessary.
     void SetSize(int size, [[maybe_unused]] int growBy = -1)
     {
@@ -81,33 +64,18 @@ public:
         Guard([&] { m_data.reserve(Checked(size)); });
     }
     /// Empties the array and gives its memory back.
-    void RemoveAll() noexcept
-    {
-        std::vector<TYPE>().swap(m_data);
-    }
+    void RemoveAll() noexcept { std::vector<TYPE>().swap(m_data); }
     /// The number of elements that there is room for.
-    int GetCapacity() const noexcept
-    {
-        return static_cast<int>(std::min(m_data.capacity(), kMaxSize));
-    }
+    int GetCapacity() const noexcept { return static_cast<int>(std::min(m_data.capacity(), kMaxSize)); }
     /// Gives back memory that the size does not need.
     void FreeExtra()
     {
         Guard([&] { m_data.shrink_to_fit(); });
     }
 
-    const TYPE& GetAt(int index) const
-    {
-        return m_data[Inside(index)];
-    }
-    void SetAt(int index, ARG_TYPE value)
-    {
-        m_data[Inside(index)] = value;
-    }
-    TYPE& ElementAt(int index)
-    {
-        return m_data[Inside(index)];
-    }
+    const TYPE& GetAt(int index) const { return m_data[Inside(index)]; }
+    void SetAt(int index, ARG_TYPE value) { m_data[Inside(index)] = value; }
+    TYPE& ElementAt(int index) { return m_data[Inside(index)]; }
     const TYPE& operator[](int index) const noexcept
     {
         assert(index >= 0 && index < GetSize());
@@ -119,30 +87,12 @@ public:
         return m_data[static_cast<std::size_t>(index)];
     }
     /// The first element; may be null when empty.
-    const TYPE* GetData() const noexcept
-    {
-        return m_data.data();
-    }
-    TYPE* GetData() noexcept
-    {
-        return m_data.data();
-    }
-    const TYPE* begin() const noexcept
-    {
-        return m_data.data();
-    }
-    const TYPE* end() const noexcept
-    {
-        return m_data.data() + m_data.size();
-    }
-    TYPE* begin() noexcept
-    {
-        return m_data.data();
-    }
-    TYPE* end() noexcept
-    {
-        return m_data.data() + m_data.size();
-    }
+    const TYPE* GetData() const noexcept { return m_data.data(); }
+    TYPE* GetData() noexcept { return m_data.data(); }
+    const TYPE* begin() const noexcept { return m_data.data(); }
+    const TYPE* end() const noexcept { return m_data.data() + m_data.size(); }
+    TYPE* begin() noexcept { return m_data.data(); }
+    TYPE* end() noexcept { return m_data.data() + m_data.size(); }
 
     /// Appends one element and returns its index.
     int Add(ARG_TYPE value)
@@ -166,10 +116,7 @@ public:
         return first;
     }
     /// Makes this array equal to `other`.
-    void Copy(const CArray& other)
-    {
-        *this = other;
-    }
+    void Copy(const CArray& other) { *this = other; }
     /// Appends `count` elements by one copy, without filling their place first. `source` may lie in this array.
     void AppendRaw(const TYPE* source, int count)
     {
@@ -269,15 +216,9 @@ public:
             InsertAt(index, value);
         }
     }
-    void Swap(CArray& other) noexcept
-    {
-        m_data.swap(other.m_data);
-    }
+    void Swap(CArray& other) noexcept { m_data.swap(other.m_data); }
     /// Element by element.
-    bool operator==(const CArray& other) const
-    {
-        return m_data == other.m_data;
-    }
+    bool operator==(const CArray& other) const { return m_data == other.m_data; }
 
 private:
     static constexpr std::size_t kMaxSize = INT_MAX;

@@ -13,10 +13,6 @@ IMPLEMENT_DYNCREATE(CStringList, CObject)
 IMPLEMENT_DYNCREATE(CMapStringToOb, CObject)
 IMPLEMENT_DYNCREATE(CMapWordToOb, CObject)
 
-CObList::CObList(int)
-{
-}
+CObList::CObList(int) {}
 
-CStringList::CStringList(int)
-{
-}
+CStringList::CStringList(int) {}

@@ -18,17 +18,11 @@ std::string_view ToText(char (&buffer)[kNumberSize], TYPE value, BASE... base)
 }
 } // namespace
 
-CDumpContext::CDumpContext() : m_keeps(true), m_pStream(nullptr), m_pFile(nullptr)
-{
-}
+CDumpContext::CDumpContext() : m_keeps(true), m_pStream(nullptr), m_pFile(nullptr) {}
 
-CDumpContext::CDumpContext(std::FILE* stream) : m_keeps(false), m_pStream(stream), m_pFile(nullptr)
-{
-}
+CDumpContext::CDumpContext(std::FILE* stream) : m_keeps(false), m_pStream(stream), m_pFile(nullptr) {}
 
-CDumpContext::CDumpContext(CFile* file) : m_keeps(false), m_pStream(nullptr), m_pFile(file)
-{
-}
+CDumpContext::CDumpContext(CFile* file) : m_keeps(false), m_pStream(nullptr), m_pFile(file) {}
 
 void CDumpContext::Put(std::string_view text)
 {

@@ -19,10 +19,7 @@ public:
     CDumpContext& operator=(const CDumpContext&) = delete;
 
     /// The text so far, when it is kept; otherwise empty.
-    const CString& Text() const noexcept
-    {
-        return m_text;
-    }
+    const CString& Text() const noexcept { return m_text; }
 
     /// Null is written as (NULL).
     CDumpContext& operator<<(LPCTSTR text);

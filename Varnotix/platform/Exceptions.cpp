@@ -38,36 +38,36 @@ CString CFileException::GetErrorMessage() const
     CString reason;
     switch (m_cause)
     {
-        case none:
-            reason = "no failure";
-            break;
-        case generic:
-            reason = CString(std::system_category().message(static_cast<int>(m_lOsError)));
-            break;
-        case fileNotFound:
-            reason = "No such file or directory";
-            break;
-        case badPath:
-            reason = "Not a valid path";
-            break;
-        case tooManyOpenFiles:
-            reason = "Too many open files";
-            break;
-        case accessDenied:
-            reason = "Permission denied";
-            break;
-        case invalidFile:
-            reason = "Not a regular file";
-            break;
-        case diskFull:
-            reason = "No space left on device";
-            break;
-        case endOfFile:
-            reason = "Outside the file";
-            break;
-        case hardIO:
-            reason = "Input/output error";
-            break;
+    case none:
+        reason = "no failure";
+        break;
+    case generic:
+        reason = CString(std::system_category().message(static_cast<int>(m_lOsError)));
+        break;
+    case fileNotFound:
+        reason = "No such file or directory";
+        break;
+    case badPath:
+        reason = "Not a valid path";
+        break;
+    case tooManyOpenFiles:
+        reason = "Too many open files";
+        break;
+    case accessDenied:
+        reason = "Permission denied";
+        break;
+    case invalidFile:
+        reason = "Not a regular file";
+        break;
+    case diskFull:
+        reason = "No space left on device";
+        break;
+    case endOfFile:
+        reason = "Outside the file";
+        break;
+    case hardIO:
+        reason = "Input/output error";
+        break;
     }
     CString message = "cannot " + m_strOperation;
     if (!m_strFileName.IsEmpty())
@@ -77,24 +77,22 @@ CString CFileException::GetErrorMessage() const
     return message + ": " + reason;
 }
 
-CArchiveException::CArchiveException(Cause cause) : m_cause(cause)
-{
-}
+CArchiveException::CArchiveException(Cause cause) : m_cause(cause) {}
 
 CString CArchiveException::GetErrorMessage() const
 {
     switch (m_cause)
     {
-        case none:
-            return "no failure";
-        case endOfFile:
-            return "unexpected end of the stream";
-        case readOnly:
-            return "cannot write: the stream is open for reading";
-        case writeOnly:
-            return "cannot read: the stream is open for writing";
-        case generic:
-            break;
+    case none:
+        return "no failure";
+    case endOfFile:
+        return "unexpected end of the stream";
+    case readOnly:
+        return "cannot write: the stream is open for reading";
+    case writeOnly:
+        return "cannot read: the stream is open for writing";
+    case generic:
+        break;
     }
     return "the stream is closed";
 }

@@ -29,9 +29,7 @@ OsFile::OpenMode ToMode(UINT flags)
 }
 } // namespace
 
-CFile::CFile() : m_handle(OsFile::kClosed)
-{
-}
+CFile::CFile() : m_handle(OsFile::kClosed) {}
 
 CFile::CFile(LPCTSTR path, UINT flags) : CFile()
 {
@@ -146,9 +144,7 @@ void CFile::SetLength(ULONGLONG length)
     }
 }
 
-void CFile::Flush()
-{
-}
+void CFile::Flush() {}
 
 void CFile::Close()
 {

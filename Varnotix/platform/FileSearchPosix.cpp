@@ -17,18 +17,12 @@ namespace
 {
 struct CloseFolder
 {
-    void operator()(DIR* folder) const
-    {
-        ::closedir(folder);
-    }
+    void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
 struct FreeText
 {
-    void operator()(char* text) const
-    {
-        std::free(text);
-    }
+    void operator()(char* text) const { std::free(text); }
 };
 
 bool Exists(const char* path)

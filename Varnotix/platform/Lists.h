@@ -16,27 +16,12 @@ template <class TYPE, class ARG_TYPE>
 class CListBase : public CObject
 {
 public:
-    int GetCount() const noexcept
-    {
-        return m_items.GetSize();
-    }
-    bool IsEmpty() const noexcept
-    {
-        return m_items.IsEmpty();
-    }
+    int GetCount() const noexcept { return m_items.GetSize(); }
+    bool IsEmpty() const noexcept { return m_items.IsEmpty(); }
     /// Forgets all entries and gives their memory back.
-    void RemoveAll() noexcept
-    {
-        m_items.RemoveAll();
-    }
-    void Reserve(int count)
-    {
-        m_items.Reserve(count);
-    }
-    POSITION AddTail(ARG_TYPE value)
-    {
-        return ToPosition(m_items.Add(value));
-    }
+    void RemoveAll() noexcept { m_items.RemoveAll(); }
+    void Reserve(int count) { m_items.Reserve(count); }
+    POSITION AddTail(ARG_TYPE value) { return ToPosition(m_items.Add(value)); }
     POSITION AddHead(ARG_TYPE value)
     {
         m_items.InsertAt(0, value);
@@ -57,15 +42,9 @@ public:
         return ToPosition(index);
     }
     /// The first position; null when empty.
-    POSITION GetHeadPosition() const noexcept
-    {
-        return FindIndex(0);
-    }
+    POSITION GetHeadPosition() const noexcept { return FindIndex(0); }
     /// The last position; null when empty.
-    POSITION GetTailPosition() const noexcept
-    {
-        return FindIndex(GetCount() - 1);
-    }
+    POSITION GetTailPosition() const noexcept { return FindIndex(GetCount() - 1); }
     /// The entry at `position`, which moves on to the next one, or to null behind the last.
     const TYPE& GetNext(POSITION& position) const
     {
@@ -80,26 +59,11 @@ public:
         position = FindIndex(index - 1);
         return m_items[index];
     }
-    const TYPE& GetAt(POSITION position) const
-    {
-        return m_items[Index(position)];
-    }
-    void SetAt(POSITION position, ARG_TYPE value)
-    {
-        m_items[Index(position)] = value;
-    }
-    void RemoveAt(POSITION position)
-    {
-        m_items.RemoveAt(Index(position));
-    }
-    const TYPE& GetHead() const
-    {
-        return m_items.GetAt(0);
-    }
-    const TYPE& GetTail() const
-    {
-        return m_items.GetAt(GetCount() - 1);
-    }
+    const TYPE& GetAt(POSITION position) const { return m_items[Index(position)]; }
+    void SetAt(POSITION position, ARG_TYPE value) { m_items[Index(position)] = value; }
+    void RemoveAt(POSITION position) { m_items.RemoveAt(Index(position)); }
+    const TYPE& GetHead() const { return m_items.GetAt(0); }
+    const TYPE& GetTail() const { return m_items.GetAt(GetCount() - 1); }
     /// Removes the first entry and returns it.
     TYPE RemoveHead()
     {
@@ -135,21 +99,12 @@ public:
         }
         m_items.Assign(values.data(), static_cast<int>(values.size()));
     }
-    const TYPE* begin() const noexcept
-    {
-        return m_items.begin();
-    }
-    const TYPE* end() const noexcept
-    {
-        return m_items.end();
-    }
+    const TYPE* begin() const noexcept { return m_items.begin(); }
+    const TYPE* end() const noexcept { return m_items.end(); }
 
 protected:
     CListBase() = default;
-    void SwapItems(CListBase& other) noexcept
-    {
-        m_items.Swap(other.m_items);
-    }
+    void SwapItems(CListBase& other) noexcept { m_items.Swap(other.m_items); }
 
 private:
     static POSITION ToPosition(int index) noexcept
@@ -177,14 +132,8 @@ class VARNOTIX_EXPORT CObList : public CListBase<CObject*, CObject*>
     explicit CObList(int blockSize = 10);
 
     /// The entry with this zero-based index; null outside the list.
-    CObject* At(int index) const noexcept
-    {
-        return index >= 0 && index < GetCount() ? begin()[index] : nullptr;
-    }
-    void Swap(CObList& other) noexcept
-    {
-        SwapItems(other);
-    }
+    CObject* At(int index) const noexcept { return index >= 0 && index < GetCount() ? begin()[index] : nullptr; }
+    void Swap(CObList& other) noexcept { SwapItems(other); }
 };
 
 /// A list of texts.
@@ -194,8 +143,5 @@ class VARNOTIX_EXPORT CStringList : public CListBase<CString, const CString&>
     /// `blockSize` is a hint that the geometric growth makes unnecessary.
     explicit CStringList(int blockSize = 10);
 
-    void Swap(CStringList& other) noexcept
-    {
-        SwapItems(other);
-    }
+    void Swap(CStringList& other) noexcept { SwapItems(other); }
 };

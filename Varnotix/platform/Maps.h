@@ -10,10 +10,7 @@
 /// Hashes a text as it compares: up to its first zero byte.
 struct CStringHash
 {
-    std::size_t operator()(const CString& text) const noexcept
-    {
-        return std::hash<std::string_view>()(text.CText());
-    }
+    std::size_t operator()(const CString& text) const noexcept { return std::hash<std::string_view>()(text.CText()); }
 };
 
 /// A hash map to objects, which it does not own.
@@ -24,14 +21,8 @@ template <class KEY, class ARG_KEY, class HASH>
 class CMapToOb : public CObject
 {
 public:
-    int GetCount() const noexcept
-    {
-        return static_cast<int>(m_entries.size());
-    }
-    bool IsEmpty() const noexcept
-    {
-        return m_entries.empty();
-    }
+    int GetCount() const noexcept { return static_cast<int>(m_entries.size()); }
+    bool IsEmpty() const noexcept { return m_entries.empty(); }
     /// Prepares for about `size` entries, so that adding them moves nothing. Below 1 it does nothing.
     void InitHashTable(int size)
     {
@@ -41,10 +32,7 @@ public:
         }
     }
     /// Adds the entry, or replaces the value of the one that has this key.
-    void SetAt(ARG_KEY key, CObject* value)
-    {
-        m_entries.insert_or_assign(key, value);
-    }
+    void SetAt(ARG_KEY key, CObject* value) { m_entries.insert_or_assign(key, value); }
     /// True when the key is there, with its value in `value`. Otherwise `value` stays as it was.
     bool Lookup(ARG_KEY key, CObject*& value) const
     {
@@ -57,19 +45,10 @@ public:
         return true;
     }
     /// True when there was an entry with this key.
-    bool RemoveKey(ARG_KEY key)
-    {
-        return m_entries.erase(key) != 0;
-    }
-    void RemoveAll() noexcept
-    {
-        m_entries.clear();
-    }
+    bool RemoveKey(ARG_KEY key) { return m_entries.erase(key) != 0; }
+    void RemoveAll() noexcept { m_entries.clear(); }
     /// A position to begin with; null when empty.
-    POSITION GetStartPosition() const noexcept
-    {
-        return ToPosition(m_entries.begin());
-    }
+    POSITION GetStartPosition() const noexcept { return ToPosition(m_entries.begin()); }
     /// Gives the entry at `position`, which moves on to another entry, or to null behind the last.
     void GetNextAssoc(POSITION& position, KEY& key, CObject*& value) const
     {

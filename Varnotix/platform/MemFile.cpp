@@ -1,7 +1,8 @@
 #include "Varnotix/platform/MemFile.h"
 
-#include <algorithm>
 #include <climits>
+
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <limits>
@@ -13,9 +14,7 @@ namespace
 constexpr ULONGLONG kMaxLength = INT_MAX;
 } // namespace
 
-CMemFile::CMemFile(UINT growBytes) : m_growBytes(growBytes)
-{
-}
+CMemFile::CMemFile(UINT growBytes) : m_growBytes(growBytes) {}
 
 CMemFile::CMemFile(BYTE* bytes, UINT count, UINT growBytes) : CMemFile(growBytes)
 {
@@ -169,9 +168,7 @@ void CMemFile::SetLength(ULONGLONG length)
     m_position = std::min(m_position, length);
 }
 
-void CMemFile::Flush()
-{
-}
+void CMemFile::Flush() {}
 
 void CMemFile::Close()
 {

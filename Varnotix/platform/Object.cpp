@@ -31,13 +31,9 @@ CRuntimeClass* CObject::GetRuntimeClass() const
     return &classCObject;
 }
 
-void CObject::Serialize(CArchive&)
-{
-}
+void CObject::Serialize(CArchive&) {}
 
-void CObject::AssertValid() const
-{
-}
+void CObject::AssertValid() const {}
 
 void CObject::Dump(CDumpContext& dc) const
 {

@@ -14,10 +14,7 @@ struct Failure
     CFileException::Cause cause = CFileException::none;
     long error = 0;
 
-    explicit operator bool() const noexcept
-    {
-        return cause != CFileException::none;
-    }
+    explicit operator bool() const noexcept { return cause != CFileException::none; }
 };
 
 struct OpenMode

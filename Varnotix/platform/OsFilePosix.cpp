@@ -18,40 +18,40 @@ OsFile::Failure FromErrno(int error)
     CFileException::Cause cause = CFileException::generic;
     switch (error)
     {
-        case ENOENT:
-            cause = CFileException::fileNotFound;
-            break;
-        case ENOTDIR:
-        case ENAMETOOLONG:
-        case ELOOP:
-            cause = CFileException::badPath;
-            break;
-        case EMFILE:
-        case ENFILE:
-            cause = CFileException::tooManyOpenFiles;
-            break;
-        case EACCES:
-        case EPERM:
-        case EROFS:
-        case ETXTBSY:
-            cause = CFileException::accessDenied;
-            break;
-        case EISDIR:
-        case EBADF:
-        case ENXIO:
-        case ENODEV:
-            cause = CFileException::invalidFile;
-            break;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            cause = CFileException::diskFull;
-            break;
-        case EIO:
-            cause = CFileException::hardIO;
-            break;
-        default:
-            break;
+    case ENOENT:
+        cause = CFileException::fileNotFound;
+        break;
+    case ENOTDIR:
+    case ENAMETOOLONG:
+    case ELOOP:
+        cause = CFileException::badPath;
+        break;
+    case EMFILE:
+    case ENFILE:
+        cause = CFileException::tooManyOpenFiles;
+        break;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case ETXTBSY:
+        cause = CFileException::accessDenied;
+        break;
+    case EISDIR:
+    case EBADF:
+    case ENXIO:
+    case ENODEV:
+        cause = CFileException::invalidFile;
+        break;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        cause = CFileException::diskFull;
+        break;
+    case EIO:
+        cause = CFileException::hardIO;
+        break;
+    default:
+        break;
     }
     return {cause, error};
 }

@@ -19,45 +19,45 @@ OsFile::Failure FromSystem(DWORD error)
     CFileException::Cause cause = CFileException::generic;
     switch (error)
     {
-        case ERROR_FILE_NOT_FOUND:
-        case ERROR_PATH_NOT_FOUND:
-            cause = CFileException::fileNotFound;
-            break;
-        case ERROR_BAD_PATHNAME:
-        case ERROR_INVALID_NAME:
-        case ERROR_INVALID_DRIVE:
-        case ERROR_FILENAME_EXCED_RANGE:
-            cause = CFileException::badPath;
-            break;
-        case ERROR_TOO_MANY_OPEN_FILES:
-            cause = CFileException::tooManyOpenFiles;
-            break;
-        case ERROR_ACCESS_DENIED:
-        case ERROR_SHARING_VIOLATION:
-        case ERROR_LOCK_VIOLATION:
-        case ERROR_WRITE_PROTECT:
-            cause = CFileException::accessDenied;
-            break;
-        case ERROR_INVALID_HANDLE:
-            cause = CFileException::invalidFile;
-            break;
-        case ERROR_DISK_FULL:
-        case ERROR_HANDLE_DISK_FULL:
-            cause = CFileException::diskFull;
-            break;
-        case ERROR_HANDLE_EOF:
-        case ERROR_NEGATIVE_SEEK:
-            cause = CFileException::endOfFile;
-            break;
-        case ERROR_CRC:
-        case ERROR_SEEK:
-        case ERROR_READ_FAULT:
-        case ERROR_WRITE_FAULT:
-        case ERROR_IO_DEVICE:
-            cause = CFileException::hardIO;
-            break;
-        default:
-            break;
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+        cause = CFileException::fileNotFound;
+        break;
+    case ERROR_BAD_PATHNAME:
+    case ERROR_INVALID_NAME:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_FILENAME_EXCED_RANGE:
+        cause = CFileException::badPath;
+        break;
+    case ERROR_TOO_MANY_OPEN_FILES:
+        cause = CFileException::tooManyOpenFiles;
+        break;
+    case ERROR_ACCESS_DENIED:
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_WRITE_PROTECT:
+        cause = CFileException::accessDenied;
+        break;
+    case ERROR_INVALID_HANDLE:
+        cause = CFileException::invalidFile;
+        break;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+        cause = CFileException::diskFull;
+        break;
+    case ERROR_HANDLE_EOF:
+    case ERROR_NEGATIVE_SEEK:
+        cause = CFileException::endOfFile;
+        break;
+    case ERROR_CRC:
+    case ERROR_SEEK:
+    case ERROR_READ_FAULT:
+    case ERROR_WRITE_FAULT:
+    case ERROR_IO_DEVICE:
+        cause = CFileException::hardIO;
+        break;
+    default:
+        break;
     }
     return {cause, static_cast<long>(error)};
 }

@@ -3,8 +3,9 @@
 #include "Varnotix/platform/Arrays.h"
 #include "Varnotix/platform/File.h"
 
-#include <algorithm>
 #include <climits>
+
+#include <algorithm>
 
 namespace
 {

@@ -2,9 +2,10 @@
 
 #include "Varnotix/platform/Exceptions.h"
 
+#include <climits>
+
 #include <algorithm>
 #include <cassert>
-#include <climits>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -58,22 +59,16 @@ int ToIndex(std::size_t place)
 }
 } // namespace
 
-CString::CString(const char* text) : m_text(Checked(FromC(text)))
-{
-}
+CString::CString(const char* text) : m_text(Checked(FromC(text))) {}
 
 CString::CString(const char* text, int length)
     : m_text(text == nullptr ? "" : text, text == nullptr ? 0 : Clamp(length))
 {
 }
 
-CString::CString(char ch, int repeat) : m_text(Clamp(repeat), ch)
-{
-}
+CString::CString(char ch, int repeat) : m_text(Clamp(repeat), ch) {}
 
-CString::CString(std::string_view text) : m_text(Checked(text))
-{
-}
+CString::CString(std::string_view text) : m_text(Checked(text)) {}
 
 CString& CString::operator=(const char* text)
 {

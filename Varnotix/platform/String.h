@@ -35,40 +35,19 @@ public:
     CString& operator=(char ch);
 
     /// The text with a terminating zero; valid until the text is changed.
-    operator const char*() const noexcept
-    {
-        return m_text.c_str();
-    }
+    operator const char*() const noexcept { return m_text.c_str(); }
     /// The whole text, zero bytes included; valid until the text is changed.
-    std::string_view View() const noexcept
-    {
-        return m_text;
-    }
+    std::string_view View() const noexcept { return m_text; }
     /// The text up to its first zero byte; valid until the text is changed.
-    std::string_view CText() const noexcept
-    {
-        return std::string_view(m_text.c_str());
-    }
+    std::string_view CText() const noexcept { return std::string_view(m_text.c_str()); }
 
     /// The length in bytes, zero bytes included.
-    int GetLength() const noexcept
-    {
-        return static_cast<int>(m_text.size());
-    }
-    bool IsEmpty() const noexcept
-    {
-        return m_text.empty();
-    }
-    void Empty() noexcept
-    {
-        m_text.clear();
-    }
+    int GetLength() const noexcept { return static_cast<int>(m_text.size()); }
+    bool IsEmpty() const noexcept { return m_text.empty(); }
+    void Empty() noexcept { m_text.clear(); }
     /// Makes room for `length` bytes, so that appending up to it moves nothing. Smaller sizes change nothing.
     void Reserve(int length);
-    void Swap(CString& other) noexcept
-    {
-        m_text.swap(other.m_text);
-    }
+    void Swap(CString& other) noexcept { m_text.swap(other.m_text); }
 
     /// The byte at `index`; throws std::out_of_range outside the text.
     char GetAt(int index) const;
@@ -116,14 +95,8 @@ public:
     /// C library refuses gives an empty text.
     void Format(const char* format, ...) VARNOTIX_PRINTF(2, 3);
 
-    friend bool operator==(const CString& left, const CString& right) noexcept
-    {
-        return left.CText() == right.CText();
-    }
-    friend bool operator==(const CString& left, const char* right) noexcept
-    {
-        return left.Compare(right) == 0;
-    }
+    friend bool operator==(const CString& left, const CString& right) noexcept { return left.CText() == right.CText(); }
+    friend bool operator==(const CString& left, const char* right) noexcept { return left.Compare(right) == 0; }
     friend std::strong_ordering operator<=>(const CString& left, const CString& right) noexcept
     {
         return left.Compare(right.m_text.c_str()) <=> 0;

@@ -1,0 +1,131 @@
+#include "Varnotix/platform/Arrays.h"
+#include "Varnotix/platform/DumpContext.h"
+#include "Varnotix/platform/DynLinkLibrary.h"
+#include "Varnotix/platform/Lists.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+
+class CShape : public CObject
+{
+    DECLARE_DYNAMIC(CShape)
+    void Serialize(CArchive&) override {}
+};
+
+class CCircle : public CShape
+{
+    DECLARE_DYNCREATE(CCircle)
+    int m_radius = 7;
+};
+
+class CHostBytes : public CByteArray
+{
+    DECLARE_DYNCREATE(CHostBytes)
+};
+
+// The derived classes come first: a record must not need its base's record to be ready.
+IMPLEMENT_DYNCREATE(CHostBytes, CByteArray)
+IMPLEMENT_DYNCREATE(CCircle, CShape)
+IMPLEMENT_DYNAMIC(CShape, CObject)
+
+TEST(RuntimeClass, RecordsTellNameSizeAndAncestry)
+{
+    const CCircle circle;
+    const CRuntimeClass* record = circle.GetRuntimeClass();
+    EXPECT_STREQ(record->m_lpszClassName, "CCircle");
+    EXPECT_EQ(record->m_nObjectSize, static_cast<int>(sizeof(CCircle)));
+    EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CShape)));
+    EXPECT_TRUE(circle.IsKindOf(RUNTIME_CLASS(CObject)));
+    EXPECT_FALSE(circle.IsKindOf(RUNTIME_CLASS(CByteArray)));
+    EXPECT_FALSE(circle.IsKindOf(nullptr));
+    EXPECT_FALSE(RUNTIME_CLASS(CShape)->IsDerivedFrom(RUNTIME_CLASS(CCircle)));
+}
+
+TEST(RuntimeClass, AncestryReachesAcrossTheLibraryBorder)
+{
+    const CHostBytes bytes;
+    EXPECT_TRUE(bytes.IsKindOf(RUNTIME_CLASS(CByteArray)));
+    EXPECT_TRUE(CByteArray().IsKindOf(RUNTIME_CLASS(CObject)));
+    EXPECT_FALSE(CByteArray().IsKindOf(RUNTIME_CLASS(CHostBytes)));
+}
+
+TEST(RuntimeClass, OnlyCreatableClassesAreCreatedByName)
+{
+    const std::unique_ptr<CObject> made(CRuntimeClass::CreateObject("CCircle"));
+    const CCircle* circle = dynamic_cast<CCircle*>(made.get());
+    ASSERT_NE(circle, nullptr);
+    EXPECT_EQ(circle->m_radius, 7);
+    EXPECT_NE(CRuntimeClass::FromName("CShape"), nullptr);
+    EXPECT_EQ(CRuntimeClass::CreateObject("CShape"), nullptr);
+    EXPECT_EQ(CRuntimeClass::CreateObject("CNobody"), nullptr);
+    EXPECT_EQ(CRuntimeClass::FromName("ccircle"), nullptr);
+    EXPECT_EQ(CRuntimeClass::FromName(nullptr), nullptr);
+}
+
+TEST(ClassChain, LibraryClassesAreFoundOnlyWhileJoined)
+{
+    const auto listed = [](const CRuntimeClass* record)
+    {
+        const std::vector<CRuntimeClass*> classes = CRuntimeClass::Classes();
+        return std::count(classes.begin(), classes.end(), record);
+    };
+    EXPECT_EQ(CRuntimeClass::FromName("CByteArray"), nullptr);
+    EXPECT_EQ(listed(RUNTIME_CLASS(CCircle)), 1);
+    {
+        const CDynLinkLibrary library;
+        {
+            const CDynLinkLibrary again;
+            EXPECT_EQ(listed(RUNTIME_CLASS(CByteArray)), 1);
+        }
+        EXPECT_EQ(CRuntimeClass::FromName("CByteArray"), RUNTIME_CLASS(CByteArray));
+        const std::unique_ptr<CObject> made(CRuntimeClass::CreateObject("CObList"));
+        EXPECT_NE(dynamic_cast<CObList*>(made.get()), nullptr);
+    }
+    EXPECT_EQ(CRuntimeClass::FromName("CByteArray"), nullptr);
+}
+
+TEST(ClassChain, AnEntryLeavesWithItsModule)
+{
+    static CRuntimeClass passing = {"CPassing", 1, nullptr, RUNTIME_CLASS(CObject), nullptr};
+    {
+        const CRuntimeClassEntry entry(passing, ClassModule::Host);
+        EXPECT_EQ(CRuntimeClass::FromName("CPassing"), &passing);
+    }
+    EXPECT_EQ(CRuntimeClass::FromName("CPassing"), nullptr);
+    EXPECT_NE(CRuntimeClass::FromName("CCircle"), nullptr);
+}
+
+TEST(DumpContext, WritesEveryKindOfValueAsText)
+{
+    CDumpContext dc;
+    const CCircle circle;
+    const CObject* nobody = nullptr;
+    dc << "a" << CString("bc") << ' ' << -1 << ' ' << 4000000000u << ' ' << BYTE{65} << ' ' << WORD{65535} << ' ';
+    dc << DWORD{7} << ' ' << -5000000000LL << ' ' << 0.5 << ' ' << reinterpret_cast<const void*>(0x1F) << ' ';
+    dc << circle << ' ' << &circle << ' ' << nobody << ' ' << static_cast<LPCTSTR>(nullptr);
+    EXPECT_STREQ(dc.Text(), "abc -1 4000000000 65 65535 7 -5000000000 0.5 0x1f CCircle CCircle (NULL) (NULL)");
+}
+
+TEST(DumpContext, TakesTextUpToItsFirstZeroByte)
+{
+    CDumpContext dc;
+    dc << CString("1.2\0junk", 8) << "|";
+    EXPECT_EQ(dc.Text().View(), "1.2|");
+}
+
+TEST(DumpContext, PassesTextOnToAStream)
+{
+    std::FILE* stream = std::tmpfile();
+    ASSERT_NE(stream, nullptr);
+    CDumpContext dc(stream);
+    dc << "row " << 3;
+    std::rewind(stream);
+    char text[16] = {};
+    EXPECT_EQ(std::fread(text, 1, sizeof(text), stream), 5u);
+    EXPECT_STREQ(text, "row 3");
+    EXPECT_TRUE(dc.Text().IsEmpty());
+    std::fclose(stream);
+}

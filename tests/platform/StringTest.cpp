@@ -1,0 +1,155 @@
+#include "Varnotix/platform/String.h"
+
+#include <climits>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <type_traits>
+
+TEST(StringTest, AZeroPaddedUidEqualsItsUid)
+{
+    const CString padded("1.2.840\0", 8);
+    EXPECT_EQ(padded.GetLength(), 8);
+    EXPECT_TRUE(padded == CString("1.2.840"));
+    EXPECT_TRUE(padded == "1.2.840");
+    EXPECT_TRUE("1.2.840" == padded);
+    EXPECT_FALSE(padded != "1.2.840");
+    EXPECT_TRUE(CString("a\0x", 3) == CString("a\0y", 3));
+    EXPECT_EQ(padded.View().size(), 8u);
+    EXPECT_EQ(padded.CText(), "1.2.840");
+}
+
+TEST(StringTest, OrdersByBytesWithoutSign)
+{
+    EXPECT_TRUE(CString("a") < CString("b"));
+    EXPECT_TRUE(CString("a") < "ab");
+    EXPECT_TRUE("b" > CString("a"));
+    EXPECT_GT(CString("\xE9").Compare("z"), 0);
+    EXPECT_EQ(CString("PaTient").CompareNoCase("pAtIENT"), 0);
+    EXPECT_LT(CString("A").CompareNoCase("b"), 0);
+    EXPECT_GT(CString("\xE9").CompareNoCase("Z"), 0);
+    EXPECT_LT(CString("ab").CompareNoCase("abc"), 0);
+    EXPECT_EQ(CString().Compare(nullptr), 0);
+}
+
+TEST(StringTest, NullAndNegativeLengthsGiveAnEmptyText)
+{
+    const char* nothing = nullptr;
+    EXPECT_TRUE(CString(nothing).IsEmpty());
+    EXPECT_TRUE(CString(nothing, 5).IsEmpty());
+    EXPECT_TRUE(CString("abc", -1).IsEmpty());
+    EXPECT_TRUE(CString('x', -1).IsEmpty());
+    CString text = "abc";
+    text += nothing;
+    EXPECT_EQ(text, "abc");
+    text = nothing;
+    EXPECT_TRUE(text.IsEmpty());
+    EXPECT_EQ(CString("abc").Find(nothing), -1);
+    EXPECT_EQ(CString("abc").SpanExcluding(nothing), "abc");
+}
+
+TEST(StringTest, PartsAreClampedToTheText)
+{
+    const CString text = "abcdef";
+    EXPECT_EQ(text.Mid(2), "cdef");
+    EXPECT_EQ(text.Mid(2, 2), "cd");
+    EXPECT_EQ(text.Mid(4, INT_MAX), "ef");
+    EXPECT_EQ(text.Mid(-3, 2), "ab");
+    EXPECT_EQ(text.Mid(99), "");
+    EXPECT_EQ(text.Mid(1, -1), "");
+    EXPECT_EQ(text.Left(2), "ab");
+    EXPECT_EQ(text.Left(-1), "");
+    EXPECT_EQ(text.Left(99), "abcdef");
+    EXPECT_EQ(text.Right(2), "ef");
+    EXPECT_EQ(text.Right(99), "abcdef");
+    EXPECT_EQ(text.Right(-1), "");
+    EXPECT_EQ(CString("10\\20").SpanExcluding("\\="), "10");
+    EXPECT_EQ(CString("1020").SpanExcluding("\\="), "1020");
+}
+
+TEST(StringTest, PartsKeepZeroBytes)
+{
+    const CString text("a\0b\0", 4);
+    EXPECT_EQ(text.Mid(1, 2).View(), std::string_view("\0b", 2));
+    EXPECT_EQ((text + text).GetLength(), 8);
+    EXPECT_EQ(text.Find('b'), 2);
+}
+
+TEST(StringTest, TrimsAllSixKindsOfWhiteSpaceAndNothingElse)
+{
+    CString text = " \t\n\v\f\rA B\r\f\v\n\t ";
+    CString left = text;
+    left.TrimLeft();
+    EXPECT_EQ(left, "A B\r\f\v\n\t ");
+    CString right = text;
+    right.TrimRight();
+    EXPECT_EQ(right, " \t\n\v\f\rA B");
+    text.Trim();
+    EXPECT_EQ(text, "A B");
+    CString blanks = " \t ";
+    blanks.TrimRight();
+    EXPECT_TRUE(blanks.IsEmpty());
+    CString noBreakSpace = "\xA0";
+    noBreakSpace.Trim();
+    EXPECT_EQ(noBreakSpace.GetLength(), 1);
+    CString zero("x\0", 2);
+    zero.Trim();
+    EXPECT_EQ(zero.GetLength(), 2);
+}
+
+TEST(StringTest, CaseConversionKnowsAsciiOnly)
+{
+    CString text = "aZ@[`{\xE9\xC9";
+    text.MakeUpper();
+    EXPECT_EQ(text, "AZ@[`{\xE9\xC9");
+    text.MakeLower();
+    EXPECT_EQ(text, "az@[`{\xE9\xC9");
+}
+
+TEST(StringTest, SearchesFromAStartAndFromTheEnd)
+{
+    const CString text = "a.b.c";
+    EXPECT_EQ(text.Find('.'), 1);
+    EXPECT_EQ(text.Find('.', 2), 3);
+    EXPECT_EQ(text.Find('.', 99), -1);
+    EXPECT_EQ(text.Find('.', -5), 1);
+    EXPECT_EQ(text.Find("b."), 2);
+    EXPECT_EQ(text.Find("b.", 3), -1);
+    EXPECT_EQ(text.ReverseFind('.'), 3);
+    EXPECT_EQ(text.ReverseFind('x'), -1);
+}
+
+TEST(StringTest, FormatsAnyLengthAndItsOwnText)
+{
+    CString text = "seed";
+    text.Format("%s-%04X", static_cast<LPCTSTR>(text), 0x10u);
+    EXPECT_EQ(text, "seed-0010");
+    text.Format("%5000d", 1);
+    EXPECT_EQ(text.GetLength(), 5000);
+    text.Format("%s", "");
+    EXPECT_TRUE(text.IsEmpty());
+}
+
+TEST(StringTest, SingleBytesAreCheckedOrThrow)
+{
+    CString text = "abc";
+    text.SetAt(1, 'X');
+    EXPECT_EQ(text.GetAt(1), 'X');
+    EXPECT_EQ(text[2], 'c');
+    EXPECT_EQ(text[3], '\0');
+    EXPECT_THROW(text.GetAt(3), std::out_of_range);
+    EXPECT_THROW(text.GetAt(-1), std::out_of_range);
+    EXPECT_THROW(text.SetAt(3, 'x'), std::out_of_range);
+}
+
+TEST(StringTest, JoinsTextsAndCharacters)
+{
+    const CString tag = "0010";
+    EXPECT_EQ(tag + "," + tag, "0010,0010");
+    EXPECT_EQ("[" + tag + ']', "[0010]");
+    EXPECT_EQ('(' + tag, "(0010");
+    CString twice = "ab";
+    twice += twice;
+    EXPECT_EQ(twice, "abab");
+    EXPECT_TRUE(std::is_nothrow_move_constructible_v<CString> && std::is_nothrow_move_assignable_v<CString>);
+}
