@@ -15,6 +15,9 @@
 
 namespace
 {
+/// Its address lies in this library. A function would not do: in some hosts its address is a stub of the host's.
+const char kInsideLibrary = 0;
+
 struct CloseFolder
 {
     void operator()(DIR* folder) const { ::closedir(folder); }
@@ -142,9 +145,8 @@ CString CurrentDirectory()
 
 CString LibraryDirectory()
 {
-    // A pointer to this very function names the module that holds it.
     Dl_info info = {};
-    if (::dladdr(reinterpret_cast<const void*>(&LibraryDirectory), &info) == 0 || info.dli_fname == nullptr)
+    if (::dladdr(&kInsideLibrary, &info) == 0 || info.dli_fname == nullptr)
     {
         return CString();
     }

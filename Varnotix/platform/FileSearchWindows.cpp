@@ -11,6 +11,9 @@
 
 namespace
 {
+/// Its address lies in this library. A function would not do: in some hosts its address is a stub of the host's.
+const char kInsideLibrary = 0;
+
 bool IsSeparator(char ch)
 {
     return ch == '\\' || ch == '/';
@@ -66,10 +69,9 @@ CString CurrentDirectory()
 
 CString LibraryDirectory()
 {
-    // A pointer to this very function names the module that holds it.
     HMODULE module = nullptr;
     if (!::GetModuleHandleExA(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                              reinterpret_cast<LPCSTR>(&LibraryDirectory), &module))
+                              &kInsideLibrary, &module))
     {
         return CString();
     }
