@@ -1,0 +1,335 @@
+#include "Varnotix/codec/ElementEncoder.h"
+
+#include "Varnotix/codec/ByteOrder.h"
+#include "Varnotix/codec/FrameEncoder.h"
+#include "Varnotix/codec/ItemTags.h"
+#include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/element/TypedValue.h"
+
+namespace
+{
+
+constexpr char kSeparator = '\\';
+constexpr DWORD kLongHeader = 12;
+constexpr DWORD kShortHeader = 8;
+
+bool IsExplicit(int syntax)
+{
+    return syntax == SYNTAX_EXPLICIT_LITTLE || syntax == SYNTAX_EXPLICIT_BIG;
+}
+
+/// Dates, times and ages are never padded: an odd one is malformed, and padding would hide it.
+bool IsPadded(int vr)
+{
+    return vr != VR_AS && vr != VR_DA && vr != VR_DT && vr != VR_TM;
+}
+
+/// Empty texts are not written, and a text element forgets them when it is encoded.
+void DropEmptyTexts(CStringArray& texts)
+{
+    int kept = 0;
+    for (int i = 0; i < texts.GetSize(); ++i)
+    {
+        if (!texts[i].IsEmpty())
+        {
+            if (kept != i)
+            {
+                texts[kept].Swap(texts[i]);
+            }
+            ++kept;
+        }
+    }
+    texts.SetSize(kept);
+}
+
+/// The bytes of typed numbers, as they lie in memory.
+std::string_view BytesOf(const STypedValue& typed)
+{
+    return std::visit(
+        [](const auto& values) -> std::string_view
+        {
+            using Values = std::decay_t<decltype(values)>;
+            if constexpr (std::is_same_v<Values, std::monostate> || std::is_same_v<Values, CStringArray>)
+            {
+                return {};
+            }
+            else
+            {
+                return {reinterpret_cast<const char*>(values.GetData()),
+                        static_cast<std::size_t>(values.GetSize()) * sizeof(*values.GetData())};
+            }
+        },
+        typed.values);
+}
+
+void PutSwapped(const BYTE* bytes, std::size_t size, std::size_t width, COutputBuffer& out)
+{
+    for (std::size_t done = 0; done < size;)
+    {
+        const std::size_t piece = std::min(size - done, COutputBuffer::kLargestPiece);
+        CopySwapped(bytes + done, piece, width, out.Room(piece));
+        done += piece;
+    }
+}
+
+} // namespace
+
+DWORD CElementEncoder::HeaderSize(int syntax, int vr)
+{
+    const bool longForm = VrRow(vr).longForm;
+    if (IsExplicit(syntax))
+    {
+        return longForm ? kLongHeader : kShortHeader;
+    }
+    return syntax == SYNTAX_IMPLICIT_LITTLE || !longForm ? kShortHeader : 0;
+}
+
+bool CElementEncoder::IsEncapsulated(const CDcmElement& element)
+{
+    return element.HoldsFrames() && element.m_frames->GetCount() >= 2;
+}
+
+void CElementEncoder::Prepare(CDcmElement& element)
+{
+    if (element.HasEntry())
+    {
+        if (element.m_items)
+        {
+            PrepareItems(element);
+        }
+        element.m_encodedValueSize = ValueSize(element);
+        element.m_encodedSyntax = element.m_syntax;
+    }
+}
+
+void CElementEncoder::PrepareSequence(CDcmElement& element)
+{
+    element.m_encodedValueSize = ItemsSize(element);
+    element.m_encodedSyntax = element.m_syntax;
+}
+
+DWORD CElementEncoder::ValueSize(CDcmElement& element)
+{
+    const EVrKind kind = VrKind(element.m_vr);
+    if (element.HoldsFrames())
+    {
+        return CFrameEncoder(*element.m_frames, element.m_vr, element.m_syntax).Size();
+    }
+    switch (kind)
+    {
+    case EVrKind::Text:
+        return TextSize(element);
+    case EVrKind::Items:
+        return element.m_items ? ItemsSize(element) : 0;
+    case EVrKind::RawOnly:
+        return 0;
+    default:
+        break;
+    }
+    if (element.m_valueFromRaw && kind != EVrKind::OtherWords)
+    {
+        // Whole numbers lie in the raw bytes as they will be written; a partial last one is not a value.
+        const std::size_t size = element.m_raw.Size();
+        return static_cast<DWORD>(size - size % SwapWidth(element.m_vr));
+    }
+    element.BuildValue();
+    return element.m_typed ? static_cast<DWORD>(BytesOf(*element.m_typed).size()) : 0;
+}
+
+DWORD CElementEncoder::TextSize(CDcmElement& element)
+{
+    std::size_t size = 0;
+    const bool asRead = element.m_valueFromRaw &&
+                        (element.Vm() == 1 || element.m_raw.Text().find(kSeparator) == std::string_view::npos);
+    if (asRead)
+    {
+        size = element.m_raw.Size();
+    }
+    else if (CStringArray* texts = element.Texts())
+    {
+        DropEmptyTexts(*texts);
+        for (const CString& text : *texts)
+        {
+            size += static_cast<std::size_t>(text.GetLength()) + 1;
+        }
+        size -= texts->IsEmpty() ? 0U : 1U;
+    }
+    return static_cast<DWORD>(size % 2 == 1 && IsPadded(element.m_vr) ? size + 1 : size);
+}
+
+void CElementEncoder::PrepareItems(CDcmElement& element)
+{
+    CDcmElementSet& items = *element.m_items;
+    items.Sort();
+    for (int i = 0; i < items.GetCount(); ++i)
+    {
+        items.GetAt(i)->SetSyntax(element.m_syntax);
+        Prepare(*items.GetAt(i));
+    }
+}
+
+DWORD CElementEncoder::ItemsSize(const CDcmElement& element)
+{
+    const CDcmElementSet& items = *element.m_items;
+    if (items.IsEmpty())
+    {
+        return 0;
+    }
+    std::uint64_t size = kItemHeaderSize; // The sequence delimiter counts too.
+    for (int i = 0; i < items.GetCount(); ++i)
+    {
+        size += kItemHeaderSize + items.GetAt(i)->EncodedSize();
+    }
+    return static_cast<DWORD>(size);
+}
+
+void CElementEncoder::Write(const CDcmElement& element, COutputBuffer& out)
+{
+    if (element.m_encodedSyntax != 0)
+    {
+        WriteHeader(element, out);
+        WriteValue(element, out);
+    }
+}
+
+void CElementEncoder::WriteHeader(const CDcmElement& element, COutputBuffer& out)
+{
+    const int syntax = element.m_encodedSyntax;
+    const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
+    const DWORD size = HeaderSize(syntax, element.m_vr);
+    const DWORD length = IsEncapsulated(element) ? kUndefinedLength : element.m_encodedValueSize;
+    BYTE* header = out.Room(size);
+    std::memset(header, 0, size);
+    if (syntax != SYNTAX_IMPLICIT_LITTLE && !IsExplicit(syntax))
+    {
+        return; // No such syntax has a layout for the header.
+    }
+    PutWord(header, element.m_group, bigEndian);
+    PutWord(header + 2, element.m_element, bigEndian);
+    if (syntax == SYNTAX_IMPLICIT_LITTLE)
+    {
+        PutDoubleWord(header + 4, length, bigEndian);
+        return;
+    }
+    std::memcpy(header + 4, VrText(element.m_vr), 2);
+    if (size == kLongHeader)
+    {
+        PutDoubleWord(header + 8, length, bigEndian);
+    }
+    else
+    {
+        PutWord(header + 6, length & 0xFFFFU, bigEndian); // The short form holds the low 16 bits of a length.
+    }
+}
+
+void CElementEncoder::WriteValue(const CDcmElement& element, COutputBuffer& out)
+{
+    if (element.HoldsFrames())
+    {
+        CFrameEncoder(*element.m_frames, element.m_vr, element.m_encodedSyntax).Write(out);
+        return;
+    }
+    switch (VrKind(element.m_vr))
+    {
+    case EVrKind::Text:
+        WriteText(element, out);
+        return;
+    case EVrKind::Items:
+        WriteItems(element, out);
+        return;
+    default:
+        break;
+    }
+    const BYTE* bytes = element.m_raw.Data();
+    if (!element.m_valueFromRaw && element.m_typed)
+    {
+        bytes = reinterpret_cast<const BYTE*>(BytesOf(*element.m_typed).data());
+    }
+    const std::size_t width = element.m_encodedSyntax == SYNTAX_EXPLICIT_BIG ? SwapWidth(element.m_vr) : 1;
+    if (width > 1)
+    {
+        PutSwapped(bytes, element.m_encodedValueSize, width, out);
+    }
+    else
+    {
+        out.Put(bytes, element.m_encodedValueSize);
+    }
+}
+
+void CElementEncoder::WriteText(const CDcmElement& element, COutputBuffer& out)
+{
+    std::size_t size = 0;
+    if (element.m_valueFromRaw)
+    {
+        size = element.m_raw.Size();
+        out.Put(element.m_raw.Data(), size);
+    }
+    else if (const CStringArray* texts = element.Texts())
+    {
+        for (int i = 0; i < texts->GetSize(); ++i)
+        {
+            if (i > 0)
+            {
+                out.Put(&kSeparator, 1);
+                ++size;
+            }
+            const std::string_view text = (*texts)[i].View();
+            out.Put(text.data(), text.size());
+            size += text.size();
+        }
+    }
+    if (size < element.m_encodedValueSize)
+    {
+        const char pad = element.m_vr == VR_UI ? '\0' : ' ';
+        out.Put(&pad, 1);
+    }
+}
+
+void CElementEncoder::WriteItems(const CDcmElement& element, COutputBuffer& out)
+{
+    if (!element.m_items || element.m_items->IsEmpty())
+    {
+        return;
+    }
+    const bool bigEndian = element.m_encodedSyntax == SYNTAX_EXPLICIT_BIG;
+    for (int i = 0; i < element.m_items->GetCount(); ++i)
+    {
+        const CDcmElement& item = *element.m_items->GetAt(i);
+        DWORD length = item.EncodedSize();
+        if (bigEndian)
+        {
+            // Item lengths in big endian have always been written with their halves in little endian order; readers
+            // of existing objects know them so.
+            length = (length >> 16U) | (length << 16U);
+        }
+        PutItemTag(out, kItemElement, bigEndian, length);
+        Write(item, out);
+    }
+    PutItemTag(out, kSequenceDelimiterElement, bigEndian, 0);
+}
+
+void CDcmElement::Encode()
+{
+    CElementEncoder::Prepare(*this);
+}
+
+DWORD CDcmElement::EncodedSize() const
+{
+    return m_encodedSyntax == 0 ? 0 : CElementEncoder::HeaderSize(m_encodedSyntax, m_vr) + m_encodedValueSize;
+}
+
+// Defined here, above the element layer, because the encoded bytes are made when they are written.
+void CDcmElement::Serialize(CArchive& archive)
+{
+    if (archive.IsStoring() && m_encodedSyntax != 0)
+    {
+        const int syntax = m_syntax;
+        m_syntax = m_encodedSyntax;
+        Encode(); // The value may have changed since; header and value must agree.
+        m_syntax = static_cast<signed char>(syntax);
+        COutputBuffer out(archive);
+        CElementEncoder::Write(*this, out);
+        out.Flush();
+    }
+}

@@ -1,0 +1,24 @@
+/// The tags of group FFFE that delimit items and sequences (PS3.5 section 7.5).
+#pragma once
+
+#include "Varnotix/codec/ByteOrder.h"
+#include "Varnotix/codec/OutputBuffer.h"
+
+inline constexpr int kItemGroup = 0xFFFE;
+inline constexpr int kItemElement = 0xE000;
+inline constexpr int kItemDelimiterElement = 0xE00D;
+inline constexpr int kSequenceDelimiterElement = 0xE0DD;
+
+inline constexpr DWORD kUndefinedLength = 0xFFFFFFFFU;
+
+/// Tag and 32-bit length.
+inline constexpr DWORD kItemHeaderSize = 8;
+
+/// Writes an item or delimiter tag and its length.
+inline void PutItemTag(COutputBuffer& out, int element, bool bigEndian, DWORD length)
+{
+    BYTE* header = out.Room(kItemHeaderSize);
+    PutWord(header, static_cast<DWORD>(kItemGroup), bigEndian);
+    PutWord(header + 2, static_cast<DWORD>(element), bigEndian);
+    PutDoubleWord(header + 4, length, bigEndian);
+}

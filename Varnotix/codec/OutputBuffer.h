@@ -1,0 +1,51 @@
+/// Gathers the small pieces of an encoded stream before they go to an archive.
+#pragma once
+
+#include "Varnotix/element/DcmElement.h"
+#include "Varnotix/platform/Archive.h"
+
+#include <array>
+#include <cstring>
+
+/// Small pieces are copied together; large ones, the frames above all, go to the archive from where they lie.
+class COutputBuffer
+{
+public:
+    explicit COutputBuffer(CArchive& archive) : m_archive(archive) {}
+
+    void Put(const void* bytes, std::size_t size)
+    {
+        if (size > m_bytes.size() - m_used)
+        {
+            PutLarge(bytes, size);
+        }
+        else if (size > 0)
+        {
+            std::memcpy(m_bytes.data() + m_used, bytes, size);
+            m_used += size;
+        }
+    }
+
+    /// Room for a piece that the caller fills in place; at most kLargestPiece bytes.
+    BYTE* Room(std::size_t size)
+    {
+        if (size > m_bytes.size() - m_used)
+        {
+            Flush();
+        }
+        BYTE* room = m_bytes.data() + m_used;
+        m_used += size;
+        return room;
+    }
+
+    void Flush();
+
+    static constexpr std::size_t kLargestPiece = 4096;
+
+private:
+    void PutLarge(const void* bytes, std::size_t size);
+
+    CArchive& m_archive;
+    std::size_t m_used = 0;
+    std::array<BYTE, 8 * kLargestPiece> m_bytes;
+};

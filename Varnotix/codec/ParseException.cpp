@@ -1,0 +1,26 @@
+#include "Varnotix/codec/ParseException.h"
+
+IMPLEMENT_DYNAMIC(CParseException, CException)
+
+const char* ParseFaultText(int fault)
+{
+    static constexpr const char* kTexts[] = {
+        "a value length is larger than the whole stream",
+        "a tag that the dictionary lacks, or an unknown VR",
+        "a tag that the dictionary lacks, or an unknown VR",
+        "the stream ends inside a length field",
+        "no such transfer syntax",
+        "the stream ends inside a value",
+        "encapsulated pixel data has more frames than its offset table has entries",
+        "the offset table of encapsulated pixel data is no item",
+        "the stream ends inside an item of encapsulated pixel data",
+        "an item stands outside every sequence",
+        "a tag without a VR",
+        "a fragment of encapsulated pixel data is no item, or the stream ends inside it",
+        "a tag that the dictionary lacks",
+        "the stream is shorter than six bytes",
+        "sequences are nested more than 64 levels deep",
+    };
+    const bool known = fault >= 0 && fault < static_cast<int>(sizeof kTexts / sizeof kTexts[0]);
+    return known ? kTexts[fault] : "unknown fault";
+}

@@ -1,0 +1,56 @@
+/// The decoder's place in a stream that lies in memory.
+#pragma once
+
+#include "Varnotix/element/SharedBytes.h"
+
+#include <cstring>
+
+/// Walks over bytes that somebody else keeps. No read leaves the stream: a read that does not fit says so, and the
+/// cursor then stands at the end of the stream, as after a short read from a file.
+class CStreamCursor
+{
+public:
+    /// @param block the block that holds the bytes, when there is one to share; otherwise empty.
+    CStreamCursor(const BYTE* data, std::size_t length, CSharedBytes block)
+        : m_data(data), m_length(length), m_block(std::move(block))
+    {
+    }
+
+    std::size_t Length() const { return m_length; }
+    std::size_t Position() const { return m_position; }
+    void Seek(std::size_t position) { m_position = position < m_length ? position : m_length; }
+
+    /// The next bytes, which are passed over; null when the stream holds fewer.
+    const BYTE* Take(std::size_t size)
+    {
+        if (m_length - m_position < size)
+        {
+            m_position = m_length;
+            return nullptr;
+        }
+        const BYTE* bytes = m_data + m_position;
+        m_position += size;
+        return bytes;
+    }
+
+    /// As many of the next bytes as the stream holds.
+    void TakeUpTo(std::size_t size, CByteArray& bytes)
+    {
+        const std::size_t taken = m_length - m_position < size ? m_length - m_position : size;
+        bytes.Assign(m_data + m_position, static_cast<int>(taken));
+        m_position += taken;
+    }
+
+    /// Bytes that Take has returned, as a view that stays valid: of the stream's own block, or of a copy.
+    CSharedBytes Keep(const BYTE* bytes, std::size_t size) const
+    {
+        return m_block.IsEmpty() ? CSharedBytes::Copy(bytes, size)
+                                 : m_block.Part(static_cast<std::size_t>(bytes - m_data), size);
+    }
+
+private:
+    const BYTE* m_data;
+    std::size_t m_length;
+    std::size_t m_position = 0;
+    CSharedBytes m_block;
+};

@@ -1,0 +1,285 @@
+#include "Varnotix/codec/StreamDecoder.h"
+
+#include "Varnotix/codec/ByteOrder.h"
+#include "Varnotix/codec/ItemTags.h"
+#include "Varnotix/registry/DcmRegistry.h"
+
+
+namespace
+{
+
+constexpr std::size_t kPreambleSize = 128;
+constexpr std::size_t kMagicSize = 4;
+constexpr std::size_t kShortestStream = 6;
+constexpr int kMetaGroup = 0x0002;
+
+// Values from here on are not copied out of a stream that the library itself holds. Below, a copy is cheaper than
+// keeping the whole stream alive for one value.
+constexpr std::size_t kSharedValue = 65536;
+
+bool IsMagic(const CByteArray& bytes)
+{
+    return CString(reinterpret_cast<const char*>(bytes.GetData()), bytes.GetSize()).CompareNoCase("dicm") == 0;
+}
+
+} // namespace
+
+int CStreamDecoder::UnknownFault() const
+{
+    switch (m_parser.m_currentSyntax)
+    {
+    case SYNTAX_EXPLICIT_LITTLE:
+        return PARSE_UNKNOWN_IN_LITTLE;
+    case SYNTAX_EXPLICIT_BIG:
+        return PARSE_UNKNOWN_IN_BIG;
+    default:
+        return PARSE_UNKNOWN_IN_IMPLICIT;
+    }
+}
+
+void CStreamDecoder::ReadStart()
+{
+    m_cursor.TakeUpTo(kPreambleSize, m_parser.m_preamble);
+    m_cursor.TakeUpTo(kMagicSize, m_parser.m_magic);
+    if (IsMagic(m_parser.m_magic))
+    {
+        return;
+    }
+    m_cursor.Seek(0);
+    m_cursor.TakeUpTo(kMagicSize, m_parser.m_magic);
+    if (!IsMagic(m_parser.m_magic))
+    {
+        m_cursor.Seek(0);
+    }
+}
+
+void CStreamDecoder::Decode(CDcmElementSet& set)
+{
+    if (m_cursor.Length() < kShortestStream)
+    {
+        throw CParseException(PARSE_SHORT_STREAM);
+    }
+    ReadStart();
+    CDcmRegistry::Global().ClearPrivateEntries();
+    set.RemoveAll();
+    DecodeLevel(set, m_cursor.Length());
+}
+
+CStreamDecoder::STag CStreamDecoder::ReadTag(const BYTE* header) const
+{
+    const int syntax = m_parser.m_currentSyntax;
+    if (syntax != SYNTAX_IMPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_BIG)
+    {
+        throw CParseException(PARSE_BAD_SYNTAX);
+    }
+    STag tag{};
+    tag.group = Word(header, IsBigEndian());
+    tag.element = Word(header + 2, IsBigEndian());
+    CDcmRegistry& registry = CDcmRegistry::Global();
+    tag.entry = registry.LookUpTag(tag.group, tag.element);
+    if (tag.entry == nullptr)
+    {
+        const CString vrText = IsExplicit() ? CString(reinterpret_cast<const char*>(header + 4), 2) : CString();
+        tag.entry = registry.AddPrivateEntry(tag.group, tag.element, vrText, 1);
+    }
+    if (tag.entry == nullptr)
+    {
+        throw CParseException(UnknownFault());
+    }
+    const int dictionaryVr = static_cast<int>(tag.entry->vr);
+    tag.vr = IsExplicit() ? VrCodeOfBytes(header[4], header[5]) : dictionaryVr;
+    if (tag.vr == VR_UNKNOWN && IsExplicit())
+    {
+        if (dictionaryVr != VR_NONE)
+        {
+            throw CParseException(UnknownFault());
+        }
+        tag.vr = VR_NONE;
+    }
+    return tag;
+}
+
+DWORD CStreamDecoder::ReadLength(bool shortForm)
+{
+    const BYTE* bytes = m_cursor.Take(shortForm ? 2 : 4);
+    if (bytes == nullptr)
+    {
+        throw CParseException(PARSE_SHORT_LENGTH);
+    }
+    return shortForm ? Word(bytes, IsBigEndian()) : DoubleWord(bytes, IsBigEndian());
+}
+
+/// Items leave no trace: all elements of all items of a sequence land in the one set of the sequence element, and
+/// item lengths never bound the reading.
+/// @return true when the delimiter ends the level.
+bool CStreamDecoder::ReadDelimiter(const STag& tag)
+{
+    const bool isItem = tag.element == kItemElement || tag.element == kItemDelimiterElement;
+    if (tag.group != kItemGroup || (!isItem && tag.element != kSequenceDelimiterElement))
+    {
+        throw CParseException(PARSE_NO_VR);
+    }
+    if (isItem && m_parser.m_depth == 0)
+    {
+        throw CParseException(PARSE_ITEM_AT_TOP);
+    }
+    ReadLength(false);
+    return !isItem;
+}
+
+void CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit)
+{
+    const std::size_t start = m_cursor.Position();
+    for (;;)
+    {
+        const BYTE* header = m_cursor.Take(kShortestStream);
+        if (header == nullptr)
+        {
+            return;
+        }
+        const STag tag = ReadTag(header);
+        // The two bytes behind the tag are the VR or the low half of a length; each form reads them for itself.
+        m_cursor.Seek(m_cursor.Position() - 2);
+        if (tag.vr > VR_NONE)
+        {
+            throw CParseException(PARSE_NO_VR);
+        }
+        bool levelEnds = false;
+        if (tag.vr == VR_NONE)
+        {
+            levelEnds = ReadDelimiter(tag);
+        }
+        else
+        {
+            const bool longForm = VrRow(tag.vr).longForm;
+            if (IsExplicit())
+            {
+                const std::size_t vrBytes = longForm ? 4 : 2;
+                if (m_cursor.Take(vrBytes) == nullptr)
+                {
+                    throw CParseException(PARSE_SHORT_LENGTH);
+                }
+            }
+            const DWORD length = ReadLength(IsExplicit() && !longForm);
+            if (tag.vr == VR_SQ)
+            {
+                ReadSequence(tag, length, set);
+            }
+            else if (longForm && tag.group == kPixelDataGroup && tag.element == kPixelDataElement)
+            {
+                auto element = std::make_unique<CDcmElement>(tag.group, tag.element, tag.vr, tag.entry);
+                element->SetRead();
+                CDcmElement& added = *element;
+                set.Add(element.release());
+                ReadPixelData(added, length);
+            }
+            else
+            {
+                CDcmElement& element = ReadValue(tag, length, set);
+                if (tag.group == kMetaGroup && !longForm)
+                {
+                    NoteMetaElement(element, start);
+                }
+            }
+        }
+        const std::size_t read = m_cursor.Position() - start;
+        PassMetaEnd(read);
+        if (levelEnds || read >= limit)
+        {
+            return;
+        }
+    }
+}
+
+void CStreamDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set)
+{
+    auto owned =
+        std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
+    CDcmElement& element = *owned;
+    element.SetRead();
+    set.Add(owned.release());
+    if (m_parser.m_depth == CDcmParser::kMaxDepth)
+    {
+        throw CParseException(PARSE_TOO_DEEP);
+    }
+    ++m_parser.m_depth;
+    if (element.Items() != nullptr)
+    {
+        DecodeLevel(*element.Items(), length);
+    }
+    else
+    {
+        // The dictionary gives the tag another VR, under which items cannot be kept.
+        CDcmElementSet dropped;
+        DecodeLevel(dropped, length);
+    }
+    --m_parser.m_depth;
+}
+
+CDcmElement& CStreamDecoder::ReadValue(const STag& tag, DWORD length, CDcmElementSet& set)
+{
+    if (length > m_cursor.Length())
+    {
+        throw CParseException(PARSE_LENGTH_BEYOND_STREAM);
+    }
+    const BYTE* bytes = m_cursor.Take(length);
+    if (bytes == nullptr)
+    {
+        throw CParseException(PARSE_SHORT_VALUE);
+    }
+    // The stream's VR chose the header form and the swapping; the value itself takes its VR from the dictionary.
+    auto element =
+        std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
+    element->SetRead();
+    const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
+    if (width > 1)
+    {
+        BYTE* swapped = nullptr;
+        CSharedBytes value = CSharedBytes::Allocate(length, swapped);
+        CopySwapped(bytes, length, width, swapped);
+        element->SetRawBytes(std::move(value));
+    }
+    else
+    {
+        element->SetRawBytes(length < kSharedValue ? m_smallValues.Store(bytes, length)
+                                                   : m_cursor.Keep(bytes, length));
+    }
+    CDcmElement& added = *element;
+    set.Add(element.release());
+    return added;
+}
+
+void CStreamDecoder::NoteMetaElement(CDcmElement& element, std::size_t levelStart)
+{
+    constexpr int kGroupLength = 0x0000;
+    constexpr int kTransferSyntaxUid = 0x0010;
+    if (element.HasTag(kMetaGroup, kGroupLength) && m_parser.m_metaEnd == 0)
+    {
+        const CUIntArray* length = element.Integers();
+        const DWORD value = length != nullptr && !length->IsEmpty() ? static_cast<DWORD>((*length)[0]) : 0;
+        m_parser.m_metaEnd = value + static_cast<DWORD>(m_cursor.Position() - levelStart);
+    }
+    else if (element.HasTag(kMetaGroup, kTransferSyntaxUid) && !m_parser.m_syntaxKnown)
+    {
+        const int syntax = SyntaxOfUid(element.JoinedText());
+        if (syntax != SYNTAX_UNKNOWN)
+        {
+            m_parser.m_pendingSyntax = syntax;
+            m_parser.m_syntaxKnown = true;
+        }
+    }
+}
+
+/// The meta end starts at 0, so the first element of a stream pushes it beyond the stream, unless that element is the
+/// group length that sets it. Meta information that does not begin with its group length never switches the syntax.
+void CStreamDecoder::PassMetaEnd(std::size_t read)
+{
+    if (read >= m_parser.m_metaEnd)
+    {
+        m_parser.m_metaEnd = static_cast<DWORD>(m_cursor.Length()) + 1;
+        if (m_parser.m_syntaxKnown)
+        {
+            m_parser.m_currentSyntax = m_parser.m_pendingSyntax;
+        }
+    }
+}

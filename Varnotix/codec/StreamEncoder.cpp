@@ -1,0 +1,118 @@
+// Writing an element set: group lengths, order and bytes.
+
+#include "Varnotix/codec/DcmParser.h"
+#include "Varnotix/codec/ElementEncoder.h"
+#include "Varnotix/platform/MemFile.h"
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include <algorithm>
+#include <climits>
+#include <vector>
+
+namespace
+{
+
+constexpr int kMetaGroup = 0x0002;
+constexpr int kGroupLength = 0x0000;
+
+/// Sorts a set of encoded elements, removes the first group length element of each group and, where wanted, makes one
+/// that holds the encoded sizes of the group's elements.
+template <class WANTED> void RemakeGroupLengths(CDcmElementSet& set, int syntax, const WANTED& wanted)
+{
+    struct SGroup
+    {
+        int group;
+        DWORD size;
+    };
+    set.Sort();
+    std::vector<SGroup> groups;
+    CDcmElementSet oldLengths;
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        const bool isFirst = groups.empty() || groups.back().group != element.Group();
+        if (isFirst)
+        {
+            groups.push_back({element.Group(), 0});
+        }
+        if (isFirst && element.Element() == kGroupLength)
+        {
+            oldLengths.Add(new CDcmElement(element));
+        }
+        else
+        {
+            groups.back().size += element.EncodedSize();
+        }
+    }
+    if (!oldLengths.IsEmpty())
+    {
+        set.RemoveTagsOf(oldLengths);
+    }
+    for (const SGroup& group : groups)
+    {
+        if (group.size == 0 || !wanted(group.group))
+        {
+            continue;
+        }
+        CDcmRegistry::Global().AddSharedPrivateEntry(group.group, kGroupLength, "UL", 1);
+        auto length = std::make_unique<CDcmElement>(group.group, kGroupLength);
+        length->AddInteger(group.size);
+        length->SetSyntax(group.group == kMetaGroup ? SYNTAX_EXPLICIT_LITTLE : syntax);
+        length->Encode();
+        set.Add(length.release());
+    }
+    set.Sort();
+}
+
+/// Encodes an element and all that is nested in it, the deepest first, so that each is encoded once.
+void EncodeTree(CDcmElement& element, int syntax, int groupLengthSyntax, bool groupLengths)
+{
+    element.SetSyntax(syntax);
+    CDcmElementSet* items = element.Items();
+    if (items == nullptr)
+    {
+        element.Encode();
+        return;
+    }
+    for (int i = 0; i < items->GetCount(); ++i)
+    {
+        EncodeTree(*items->GetAt(i), syntax, groupLengthSyntax, groupLengths);
+    }
+    RemakeGroupLengths(*items, groupLengthSyntax, [groupLengths](int) { return groupLengths; });
+    CElementEncoder::PrepareSequence(element);
+}
+
+} // namespace
+
+void CDcmParser::Store(CArchive& archive, CDcmElementSet& set)
+{
+    if (m_outputSyntax == SYNTAX_UNKNOWN)
+    {
+        return;
+    }
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        CDcmElement& element = *set.GetAt(i);
+        const int syntax = element.HasGroup(kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_outputSyntax;
+        EncodeTree(element, syntax, m_outputSyntax, m_groupLengths);
+    }
+    RemakeGroupLengths(set, m_outputSyntax,
+                       [this](int group) { return m_groupLengths || group == kMetaGroup; });
+
+    std::uint64_t total = 0;
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        total += set.GetAt(i)->EncodedSize();
+    }
+    archive.Flush();
+    if (auto* memory = dynamic_cast<CMemFile*>(archive.GetFile()))
+    {
+        memory->Reserve(static_cast<UINT>(std::min<std::uint64_t>(memory->GetPosition() + total, INT_MAX)));
+    }
+    COutputBuffer out(archive);
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        CElementEncoder::Write(*set.GetAt(i), out);
+    }
+    out.Flush();
+}

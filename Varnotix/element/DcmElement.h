@@ -1,0 +1,223 @@
+/// The working data element: one attribute of a data set with its value in every form the library needs.
+#pragma once
+
+#include "Varnotix/element/DmElement.h"
+#include "Varnotix/element/SharedBytes.h"
+#include "Varnotix/registry/DcmEntry.h"
+
+#include <memory>
+
+class CDcmElementSet;
+class CDcmFrameList;
+struct STypedValue;
+
+/// Transfer syntax codes of element encodings. Every encapsulated syntax is carried as explicit VR little endian.
+enum ESyntax : int
+{
+    SYNTAX_UNKNOWN = -1,
+    SYNTAX_IMPLICIT_LITTLE = 1,
+    SYNTAX_EXPLICIT_LITTLE = 2,
+    SYNTAX_EXPLICIT_BIG = 4
+};
+
+inline constexpr int kPixelDataGroup = 0x7FE0;
+inline constexpr int kPixelDataElement = 0x0010;
+
+/// A data element (PS3.5 section 7.1): tag, VR, VM and value.
+///
+/// The value lives in two forms: the raw value bytes as read or last set, and the typed values (texts, words, ...)
+/// of the element's VR. Typed values are built from the raw bytes when somebody first asks for them; until then an
+/// element that was read costs no more than its bytes. Typed setters leave the raw bytes as they are.
+///
+/// A sequence element owns an item set, which may share its elements with a module's member sequence. Pixel Data
+/// (7FE0,0010) owns a frame list.
+///
+/// An element whose tag the dictionary does not know has no entry: it keeps raw bytes, takes no typed value and is not
+/// encoded. No operation throws for a bad value; setters return false and change nothing.
+class VARNOTIX_EXPORT CDcmElement : public CObject
+{
+    DECLARE_DYNCREATE(CDcmElement)
+
+public:
+    CDcmElement();
+
+    /// An empty element of a tag; VR, VM and name are those of the dictionary.
+    CDcmElement(int group, int element);
+
+    /// As above, with the VR forced to a code, also for a tag that the dictionary lacks.
+    CDcmElement(int group, int element, int vr);
+
+    /// As the first form; the texts are read as hexadecimal ("0010", "00E0").
+    CDcmElement(const CString& group, const CString& element);
+
+    /// As the first form, with the value set from little-endian bytes (see SetRawBytes).
+    CDcmElement(int group, int element, const CByteArray& value);
+
+    /// For callers that have looked the tag up already.
+    CDcmElement(int group, int element, int vr, const CDcmEntry* entry);
+
+    CDcmElement(const CDcmElement& other);
+
+    /// Takes over the read flag and the raw bytes, and the typed value when both VRs are equal. Items are taken only
+    /// from an element of the same tag. Pixel Data takes the VR and frames of other Pixel Data. Tag, name, VM and
+    /// entry stay.
+    CDcmElement& operator=(const CDcmElement& other);
+
+    ~CDcmElement() override;
+
+    /// Equal tags, VR codes and typed values. Raw bytes and encoded forms are not compared. Texts compare up to their
+    /// first zero byte, so a padded UID equals its unpadded form. Frame lists compare by frame sizes.
+    bool operator==(const CDcmElement& other) const;
+    bool operator!=(const CDcmElement& other) const { return !(*this == other); }
+
+    int Group() const { return m_group; }
+    int Element() const { return m_element; }
+    /// Group and element in one number, group in the high half: tags order as these numbers do.
+    DWORD Tag() const { return (static_cast<DWORD>(m_group) << 16U) | m_element; }
+    int Vr() const { return m_vr; }
+    /// Value multiplicity of the dictionary: -1 one or more without bound, 0 no value.
+    int Vm() const { return m_entry != nullptr ? m_entry->multiplicity : 0; }
+    const CDcmEntry* Entry() const { return m_entry; }
+    /// Four lower-case hexadecimal digits.
+    CString GroupText() const;
+    CString ElementText() const;
+    CString VrName() const { return CString(VrText(m_vr)); }
+    /// The attribute's name in the dictionary; empty without entry.
+    CString Name() const { return m_entry != nullptr ? m_entry->name : CString(); }
+
+    /// True for an element that a stream decoder made.
+    bool IsRead() const { return m_read; }
+    void SetRead() { m_read = true; }
+    bool HasVr(int vr) const { return m_vr == vr; }
+    bool HasGroup(int group) const { return m_group == group; }
+    bool HasTag(int group, int element) const { return m_group == group && m_element == element; }
+    bool HasEntry() const { return m_entry != nullptr; }
+    bool IsPixelData() const { return HasTag(kPixelDataGroup, kPixelDataElement); }
+
+    /// Makes this element's VR another one. Only Pixel Data changes its VR after construction, between OB and OW.
+    void ForcePixelVr(int vr);
+
+    /// Copies read flag, group, element, VR, VM, name and VR text into the record. Then, when the record is raw, the
+    /// record's bytes become the element's raw bytes; otherwise the element's typed value is rebuilt from the record's
+    /// bytes, and the raw bytes stay.
+    void Exchange(CDmElement& record);
+
+    // Raw bytes.
+
+    /// Sets the value from little-endian bytes; an empty array changes nothing. Text is split at backslashes unless
+    /// the VM is 1; a partial last number is dropped.
+    void SetRawBytes(const CByteArray& bytes);
+    void SetRawBytes(CSharedBytes bytes);
+    const CSharedBytes& RawBytes() const { return m_raw; }
+
+    // Typed setters. Each returns true when the element took the value: it has an entry, its VR holds this kind of
+    // value and its VM allows it. A single value is appended when the VM is -1, replaces the value when it is 1, and
+    // is appended when it is n > 1 while there are not more than n values, so that n+1 values can gather.
+
+    /// An empty text clears an element of VM 1 and is not stored otherwise.
+    bool AddText(const CString& text);
+    /// Empties the texts and adds each; the result is that of the last one.
+    bool SetTexts(const CStringArray& texts);
+    /// AT, SS and US. With a VM of 0 one value is still taken.
+    bool AddWord(WORD value);
+    /// AT, SS, US, OW outside Pixel Data, OB outside Pixel Data (low byte first), SL and UL (widened).
+    bool SetWords(const CWordArray& values);
+    /// SL and UL; AT, SS and US take the low 16 bits; OB takes the four bytes, lowest first.
+    bool AddInteger(DWORD value);
+    /// SL and UL; AT, SS and US take the low 16 bits of each.
+    bool SetIntegers(const CUIntArray& values);
+    /// FL only.
+    bool AddFloat(float value);
+    /// FL and OF.
+    bool SetFloats(const CFloatArray& values);
+    /// FD only.
+    bool AddDouble(double value);
+    bool SetDoubles(const CDoubleArray& values);
+    /// OB and OW outside Pixel Data keep the bytes; OB Pixel Data takes them as one more frame; OW Pixel Data refuses.
+    bool SetBytes(const CByteArray& bytes);
+    /// SQ: the items become a copy of the given set's elements. A member sequence that shares them shows the copy.
+    bool SetItems(const CDcmElementSet& items);
+
+    // Typed values. Null when the VR does not hold that kind, or the element has no entry.
+
+    CStringArray* Texts();
+    CWordArray* Words();
+    CUIntArray* Integers();
+    CFloatArray* Floats();
+    CDoubleArray* Doubles();
+    /// The bytes of OB. For OW the bytes handed in by SetBytes, which are kept beside the words and not encoded.
+    CByteArray* Bytes();
+    CDcmElementSet* Items() { return m_items.get(); }
+    CDcmFrameList* Frames() { return m_frames.get(); }
+    const CStringArray* Texts() const { return const_cast<CDcmElement*>(this)->Texts(); }
+    const CWordArray* Words() const { return const_cast<CDcmElement*>(this)->Words(); }
+    const CUIntArray* Integers() const { return const_cast<CDcmElement*>(this)->Integers(); }
+    const CFloatArray* Floats() const { return const_cast<CDcmElement*>(this)->Floats(); }
+    const CDoubleArray* Doubles() const { return const_cast<CDcmElement*>(this)->Doubles(); }
+    const CByteArray* Bytes() const { return const_cast<CDcmElement*>(this)->Bytes(); }
+    const CDcmElementSet* Items() const { return m_items.get(); }
+    const CDcmFrameList* Frames() const { return m_frames.get(); }
+
+    /// The texts joined by one backslash between neighbours; empty for other VRs.
+    CString JoinedText() const;
+
+    /// True when the value's array is empty, every text is empty, Pixel Data has no frames, or every item element is
+    /// empty. An element without entry, of VR UN or of a VR without name never counts as empty.
+    bool IsEmptyValue() const;
+
+    /// Empties the value; tag, VR and raw bytes stay. The elements of a sequence's items are emptied and stay.
+    void EmptyValue();
+
+    /// SQ: replaces the items by copies of the non-empty ones, at every depth; nothing changes when none would stay.
+    void PruneEmptyItems();
+
+    // Encoding. An element remembers the length and syntax of its last encoding; its encoded bytes are made when they
+    // are written, so that no value is held twice.
+
+    /// The transfer syntax in which the element is to be encoded; implicit VR little endian at first.
+    int Syntax() const { return m_syntax; }
+    void SetSyntax(int syntax) { m_syntax = static_cast<signed char>(syntax); }
+
+    /// Encodes the element in its syntax: drops empty texts, sorts items, fixes the length. Nothing happens without
+    /// an entry.
+    void Encode();
+
+    /// Size in bytes of header and value as last encoded; 0 before.
+    DWORD EncodedSize() const;
+    /// Size in bytes of the value field as last encoded; 0 before.
+    DWORD EncodedValueSize() const { return m_encodedValueSize; }
+
+    /// Writes the encoded element; an element that was never encoded writes nothing. Loading is not supported: nothing
+    /// is read.
+    void Serialize(CArchive& archive) override;
+
+    /// Diagnostic text: tag, VM, VR, name, encoded size and values, each in brackets.
+    void Dump(CDumpContext& context) const override;
+
+private:
+    friend class CElementEncoder;
+
+    void CreateOwned();
+    bool TakesValue(EVrKind kind) const { return m_entry != nullptr && VrKind(m_vr) == kind; }
+    bool HoldsFrames() const;
+    void BuildValue() const;
+    void DropValues();
+    void BuildFrom(const CSharedBytes& raw) const;
+    STypedValue& Typed() const;
+    template <class ARRAY> ARRAY* ValuesOf(EVrKind kind) const;
+    template <class ARRAY, class VALUE> bool AddNumber(ARRAY& values, VALUE value);
+
+    const CDcmEntry* m_entry = nullptr;
+    WORD m_group = 0;
+    WORD m_element = 0;
+    BYTE m_vr = VR_UNKNOWN;
+    signed char m_syntax = SYNTAX_IMPLICIT_LITTLE;
+    signed char m_encodedSyntax = 0; // 0: never encoded.
+    bool m_read = false;
+    mutable bool m_valueFromRaw = false; // The typed value stands in the raw bytes and is not built yet.
+    DWORD m_encodedValueSize = 0;
+    CSharedBytes m_raw;
+    mutable std::unique_ptr<STypedValue> m_typed;
+    std::unique_ptr<CDcmElementSet> m_items;
+    std::unique_ptr<CDcmFrameList> m_frames;
+};

@@ -1,0 +1,454 @@
+#include "Varnotix/element/DcmElementSet.h"
+
+#include "Varnotix/element/ElementBody.h"
+#include "Varnotix/element/TagText.h"
+#include "Varnotix/platform/DumpContext.h"
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <unordered_map>
+#include <vector>
+
+IMPLEMENT_DYNCREATE(CDcmElementSet, CDcmList)
+
+namespace
+{
+
+constexpr unsigned kGroupShift = 16;
+
+DWORD TagNumber(int group, int element)
+{
+    return ((static_cast<DWORD>(group) & 0xFFFFU) << kGroupShift) | (static_cast<DWORD>(element) & 0xFFFFU);
+}
+
+const CDcmElement& ElementOf(const CObject* object)
+{
+    return static_cast<const CDcmElement&>(*object);
+}
+
+CDcmElement& ElementOf(CObject* object)
+{
+    return static_cast<CDcmElement&>(*object);
+}
+
+int LeadingDecimal(const CString& text)
+{
+    return static_cast<int>(std::strtol(text, nullptr, 10));
+}
+
+} // namespace
+
+CDcmElementSet::CDcmElementSet() : CDcmList(new CElementBody) {}
+
+CDcmElementSet::~CDcmElementSet() = default;
+
+CElementBody& CDcmElementSet::Elements() const
+{
+    return static_cast<CElementBody&>(Body());
+}
+
+int CDcmElementSet::GetCountAll() const
+{
+    int count = GetCount();
+    for (const CObject* object : Body().list)
+    {
+        if (const CDcmElementSet* items = ElementOf(object).Items())
+        {
+            count += items->GetCountAll();
+        }
+    }
+    return count;
+}
+
+CDcmElement* CDcmElementSet::Find(int group, int element) const
+{
+    return Elements().Find(TagNumber(group, element));
+}
+
+CDcmElement* CDcmElementSet::Find(const CString& group, const CString& element) const
+{
+    return Find(HexNumber(group), HexNumber(element));
+}
+
+CDcmElement* CDcmElementSet::Find(const CDcmElement& sameTag) const
+{
+    return Elements().Find(sameTag.Tag());
+}
+
+bool CDcmElementSet::IsEmptyOfValues() const
+{
+    return std::all_of(Body().list.begin(), Body().list.end(),
+                       [](const CObject* object) { return ElementOf(object).IsEmptyValue(); });
+}
+
+void CDcmElementSet::Add(CDcmElement* element)
+{
+    if (element != nullptr)
+    {
+        Elements().Append(element);
+    }
+}
+
+void CDcmElementSet::Declare(const CString& group, const CString& element)
+{
+    const DWORD tag = TagNumber(HexNumber(group), HexNumber(element));
+    if (Elements().Find(tag) == nullptr)
+    {
+        m_declared.Add(tag);
+        Elements().Shape().declared.push_back(tag);
+        Add(new CDcmElement(group, element));
+    }
+}
+
+CDcmElement* CDcmElementSet::AddKnown(const CString& group, const CString& element)
+{
+    if (group.IsEmpty() || element.IsEmpty() ||
+        CDcmRegistry::Global().LookUpTag(HexNumber(group), HexNumber(element)) == nullptr)
+    {
+        return nullptr;
+    }
+    Remove(group, element);
+    Add(new CDcmElement(group, element));
+    return GetAt(GetCount() - 1);
+}
+
+CDcmElement* CDcmElementSet::Insert(const CString& group, const CString& element, const CString& vr, const CString& vm)
+{
+    int groupNumber = 0;
+    int elementNumber = 0;
+    if (group.IsEmpty() || element.IsEmpty() || vr.IsEmpty() || vm.IsEmpty() || !ScanHexNumber(group, groupNumber) ||
+        !ScanHexNumber(element, elementNumber))
+    {
+        return nullptr;
+    }
+    CDcmRegistry& registry = CDcmRegistry::Global();
+    if (registry.LookUpTag(groupNumber, elementNumber) != nullptr)
+    {
+        return nullptr;
+    }
+    registry.AddSharedPrivateEntry(groupNumber, elementNumber, vr, LeadingDecimal(vm));
+    return AddKnown(group, element);
+}
+
+void CDcmElementSet::Remove(const CDcmElement* element)
+{
+    if (element != nullptr && Elements().Unlink(element))
+    {
+        delete element;
+    }
+}
+
+void CDcmElementSet::Remove(int group, int element)
+{
+    Remove(Find(group, element));
+}
+
+void CDcmElementSet::Remove(const CString& group, const CString& element)
+{
+    Remove(Find(group, element));
+}
+
+void CDcmElementSet::RemoveTagOf(const CDcmElement& sameTag)
+{
+    Remove(Find(sameTag));
+}
+
+void CDcmElementSet::RemoveTagsOf(const CDcmElementSet& other)
+{
+    if (this == &other)
+    {
+        RemoveAll();
+        return;
+    }
+    if (SharesBodyWith(other))
+    {
+        // Each element names its own tag, so all go; the other handle keeps the shared body, empty.
+        Elements().Clear();
+        return;
+    }
+    std::unordered_map<DWORD, int> toRemove;
+    for (const CObject* object : other.Body().list)
+    {
+        ++toRemove[ElementOf(object).Tag()];
+    }
+    std::vector<CObject*> kept;
+    std::vector<CObject*> removed;
+    kept.reserve(static_cast<std::size_t>(GetCount()));
+    for (CObject* object : Body().list)
+    {
+        const auto found = toRemove.find(ElementOf(object).Tag());
+        const bool remove = found != toRemove.end() && found->second-- > 0;
+        (remove ? removed : kept).push_back(object);
+    }
+    if (!removed.empty())
+    {
+        Elements().SetList(kept);
+        for (const CObject* object : removed)
+        {
+            delete object;
+        }
+    }
+}
+
+void CDcmElementSet::RemoveAll()
+{
+    m_declared.RemoveAll();
+    TakeBody(new CElementBody);
+}
+
+void CDcmElementSet::DestroyContents()
+{
+    m_declared.RemoveAll();
+    Elements().Clear();
+    if (CElementBody::SShape* shape = Elements().ShapeOrNull())
+    {
+        shape->declared.clear();
+        shape->bound.clear();
+    }
+}
+
+void CDcmElementSet::ForgetAll()
+{
+    Body().references = 1;
+    Elements().SetList({});
+}
+
+void CDcmElementSet::CopyByReference(const CDcmElementSet& other)
+{
+    ShareBody(other);
+}
+
+void CDcmElementSet::CopyByValue(const CDcmElementSet& other)
+{
+    if (this != &other)
+    {
+        CObList copies;
+        other.CopyElementsInto(copies);
+        CDWordArray declared(other.m_declared);
+        RemoveAll();
+        Elements().SetList({copies.begin(), copies.end()});
+        m_declared.Swap(declared);
+    }
+}
+
+void CDcmElementSet::CopyIntoBody(const CDcmElementSet& other)
+{
+    if (SharesBodyWith(other))
+    {
+        return;
+    }
+    CObList copies;
+    other.CopyElementsInto(copies);
+    Elements().Clear();
+    Elements().SetList({copies.begin(), copies.end()});
+    m_declared = other.m_declared;
+    Elements().Rebind(false);
+}
+
+void CDcmElementSet::ReplaceItems(const CDcmElementSet& items)
+{
+    if (SharesBodyWith(items))
+    {
+        return;
+    }
+    CObList copies;
+    items.CopyElementsInto(copies);
+    Elements().Clear();
+    Elements().SetList({copies.begin(), copies.end()});
+    Elements().Rebind(true);
+}
+
+void CDcmElementSet::UpdateValuesFrom(const CDcmElementSet& other)
+{
+    if (SharesBodyWith(other) || IsEmpty() || other.IsEmpty())
+    {
+        return;
+    }
+    for (CObject* object : Body().list)
+    {
+        if (const CDcmElement* source = other.Find(ElementOf(object)))
+        {
+            ElementOf(object) = *source;
+        }
+    }
+}
+
+void CDcmElementSet::Merge(const CDcmElementSet& other)
+{
+    if (SharesBodyWith(other))
+    {
+        return;
+    }
+    std::vector<CObject*> merged;
+    std::unordered_map<DWORD, const CDcmElement*> known;
+    for (const CObject* object : other.Body().list)
+    {
+        const CDcmElement& element = ElementOf(object);
+        if (Find(element) != nullptr)
+        {
+            known.emplace(element.Tag(), &element);
+        }
+        else
+        {
+            merged.push_back(new CDcmElement(element));
+        }
+    }
+    CElementBody* body = new CElementBody;
+    if (Body().references == 1)
+    {
+        // Nobody else sees the old body, so its elements move into the new one as they are.
+        merged.insert(merged.end(), Body().list.begin(), Body().list.end());
+        Elements().SetList({});
+    }
+    else
+    {
+        CObList copies;
+        CopyElementsInto(copies);
+        merged.insert(merged.end(), copies.begin(), copies.end());
+    }
+    body->SetList(merged);
+    TakeBody(body);
+    for (CObject* object : Body().list)
+    {
+        const auto source = known.find(ElementOf(object).Tag());
+        if (source != known.end())
+        {
+            ElementOf(object) = *source->second;
+        }
+    }
+}
+
+void CDcmElementSet::CopyNonEmptyInto(CDcmElementSet& target) const
+{
+    for (const CObject* object : Body().list)
+    {
+        if (!ElementOf(object).IsEmptyValue())
+        {
+            auto copy = std::make_unique<CDcmElement>(ElementOf(object));
+            copy->PruneEmptyItems();
+            target.Add(copy.release());
+        }
+    }
+}
+
+void CDcmElementSet::EmptyValues()
+{
+    for (CObject* object : Body().list)
+    {
+        ElementOf(object).EmptyValue();
+    }
+}
+
+void CDcmElementSet::EmptyValue(int group, int element)
+{
+    if (CDcmElement* found = Find(group, element))
+    {
+        found->EmptyValue();
+    }
+}
+
+void CDcmElementSet::Sort()
+{
+    Elements().Sort();
+}
+
+bool CDcmElementSet::operator==(const CDcmElementSet& other) const
+{
+    return SharesBodyWith(other) || EqualLists(Body().list, other.Body().list);
+}
+
+void CDcmElementSet::CopyElementsInto(CObList& target) const
+{
+    target.Reserve(target.GetCount() + GetCount());
+    for (const CObject* object : Body().list)
+    {
+        target.AddTail(new CDcmElement(ElementOf(object)));
+    }
+}
+
+bool CDcmElementSet::EqualLists(const CObList& left, const CObList& right) const
+{
+    if (left.GetCount() != right.GetCount())
+    {
+        return false;
+    }
+    // Equal elements have equal tags, so both lists are brought into tag order and matched tag by tag.
+    const auto inTagOrder = [](const CObList& list)
+    {
+        std::vector<const CDcmElement*> ordered;
+        ordered.reserve(static_cast<std::size_t>(list.GetCount()));
+        for (const CObject* object : list)
+        {
+            ordered.push_back(&ElementOf(object));
+        }
+        std::stable_sort(ordered.begin(), ordered.end(),
+                         [](const CDcmElement* a, const CDcmElement* b) { return a->Tag() < b->Tag(); });
+        return ordered;
+    };
+    const std::vector<const CDcmElement*> mine = inTagOrder(left);
+    std::vector<const CDcmElement*> unmatched = inTagOrder(right);
+    std::size_t first = 0; // All before it are matched; in lists of one order every search ends here at once.
+    for (const CDcmElement* element : mine)
+    {
+        std::size_t candidate = first;
+        while (candidate < unmatched.size() &&
+               (unmatched[candidate] == nullptr ||
+                (unmatched[candidate]->Tag() <= element->Tag() && !(*unmatched[candidate] == *element))))
+        {
+            ++candidate;
+        }
+        if (candidate == unmatched.size() || unmatched[candidate]->Tag() != element->Tag())
+        {
+            return false;
+        }
+        unmatched[candidate] = nullptr;
+        while (first < unmatched.size() && unmatched[first] == nullptr)
+        {
+            ++first;
+        }
+    }
+    return true;
+}
+
+void CDcmElementSet::DeclaredTags(CStringArray& texts) const
+{
+    texts.RemoveAll();
+    for (const DWORD tag : m_declared)
+    {
+        CString text;
+        text.Format("%04X", static_cast<unsigned>(tag >> kGroupShift));
+        texts.Add(text);
+        text.Format("%04X", static_cast<unsigned>(tag & 0xFFFFU));
+        texts.Add(text);
+    }
+}
+
+CDcmElement* CDcmElementSet::FindDeclared(int position) const
+{
+    const int index = position / 2;
+    return position >= 0 && index < m_declared.GetSize() ? Elements().Find(m_declared[index]) : nullptr;
+}
+
+void CDcmElementSet::BindSequence(const CString& group, const CString& element, CDcmElementSet& member)
+{
+    auto sequence = std::make_unique<CDcmElement>(group, element);
+    if (sequence->Items() != nullptr)
+    {
+        sequence->Items()->CopyByReference(member);
+        auto bound = std::make_unique<CElementBody::SShape::SBound>();
+        bound->tag = sequence->Tag();
+        bound->member.CopyByReference(member);
+        Elements().Shape().bound.push_back(std::move(bound));
+    }
+    Add(sequence.release());
+}
+
+void CDcmElementSet::Dump(CDumpContext& context) const
+{
+    context << "[m_list=" << static_cast<const void*>(&Body()) << "][cnt=" << GetCount() << "]\n";
+    for (const CObject* object : Body().list)
+    {
+        ElementOf(object).Dump(context);
+    }
+}

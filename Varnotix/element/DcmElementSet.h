@@ -1,0 +1,127 @@
+/// The container of data elements that every module, sequence and information object holds.
+#pragma once
+
+#include "Varnotix/element/DcmElement.h"
+#include "Varnotix/element/DcmList.h"
+
+class CElementBody;
+
+/// An ordered list of owned data elements, in insertion order until it is sorted.
+///
+/// A set is a handle to a counted body, so that one set can share another's elements (CopyByReference) or own copies
+/// of them (CopyByValue). Elements of equal tags may stand side by side: the items of a sequence are gathered in one
+/// set. Searches answer with the first element of a tag in list order; they are not linear in large sets.
+///
+/// A set also keeps the tags that a module declared, in order of declaration. A body that a module's member sequence
+/// shares with an SQ element remembers this shape: replacing its items keeps every declared element in place and every
+/// nested sequence bound to its member object.
+class VARNOTIX_EXPORT CDcmElementSet : public CDcmList
+{
+    DECLARE_DYNCREATE(CDcmElementSet)
+
+public:
+    CDcmElementSet();
+    ~CDcmElementSet() override;
+
+    // Counting and access.
+
+    /// GetCount (of CDcmList) plus the counts of all nested item sets, at every depth.
+    int GetCountAll() const;
+    /// The element at a list position, or null.
+    CDcmElement* GetAt(int index) const { return static_cast<CDcmElement*>(Body().list.At(index)); }
+    /// The first element of the tag, or null.
+    CDcmElement* Find(int group, int element) const;
+    CDcmElement* Find(const CString& group, const CString& element) const;
+    CDcmElement* Find(const CDcmElement& sameTag) const;
+    bool IsEmpty() const { return GetCount() == 0; }
+    /// True when every element counts as empty (see CDcmElement::IsEmptyValue).
+    bool IsEmptyOfValues() const;
+
+    // Adding and removing.
+
+    /// Appends an element and takes ownership; null is ignored. An element of the same tag stays.
+    void Add(CDcmElement* element);
+    /// Makes room for a number of elements.
+    void Reserve(int count) { Body().list.Reserve(count); }
+    /// Declares a tag: when no element of it exists, notes the tag as declared and adds an empty element.
+    void Declare(const CString& group, const CString& element);
+    /// Adds an empty element of a tag that the dictionary knows, in place of an element of that tag.
+    /// @return the element; null, and nothing changed, for an empty text or an unknown tag.
+    CDcmElement* AddKnown(const CString& group, const CString& element);
+    /// Enters a tag that the dictionary does not know as a private one, with VR and multiplicity, and adds it.
+    /// @return the element; null, and nothing changed, when a text is empty or not a number, when the dictionary knows
+    ///         the tag, or when its group is even.
+    CDcmElement* Insert(const CString& group, const CString& element, const CString& vr, const CString& vm);
+    /// Removes and destroys this very element, if it is in the list.
+    void Remove(const CDcmElement* element);
+    /// Removes and destroys the first element of the tag.
+    void Remove(int group, int element);
+    void Remove(const CString& group, const CString& element);
+    void RemoveTagOf(const CDcmElement& sameTag);
+    /// For each element of the other set, removes the first element of that tag here. The set itself as the argument
+    /// empties it.
+    void RemoveTagsOf(const CDcmElementSet& other);
+    /// Empties the declared tags and takes a fresh empty body; other handles of the old body keep their elements.
+    void RemoveAll();
+    /// Destroys the elements in the shared body and forgets the declared tags: every handle of the body sees it empty.
+    void DestroyContents();
+    /// Unlinks all elements without destroying them, whoever else shares the body: for a set that borrowed them.
+    void ForgetAll();
+
+    // Copying and merging.
+
+    /// Shares the other set's body.
+    void CopyByReference(const CDcmElementSet& other);
+    /// Becomes a set of copies of the other's elements, with its declared tags, in a fresh body.
+    void CopyByValue(const CDcmElementSet& other);
+    /// As CopyByValue, but in the body that this set shares with others; bound sequences stay bound.
+    void CopyIntoBody(const CDcmElementSet& other);
+    /// Replaces the elements by copies of the other's, in the body that this set shares with others. Declared elements
+    /// that the other lacks stay in place, empty; bound sequences stay bound.
+    void ReplaceItems(const CDcmElementSet& items);
+    /// Each element here takes the value of the first element of its tag in the other set, if there is one.
+    void UpdateValuesFrom(const CDcmElementSet& other);
+    /// Adds copies of the other's elements whose tags are not here, before this set's own elements; the others update
+    /// the values here. The body is replaced. Callers sort afterwards.
+    void Merge(const CDcmElementSet& other);
+    /// Adds copies of the elements that are not empty to the target; empty items are left out of sequences.
+    void CopyNonEmptyInto(CDcmElementSet& target) const;
+    /// Empties every element's value; the elements stay.
+    void EmptyValues();
+    void EmptyValue(int group, int element);
+
+    // Ordering and comparing.
+
+    /// Sorts ascending by group and element; elements of equal tags keep their order.
+    void Sort();
+    /// Equal when the bodies are shared, or when each element finds an equal one of its own in the other set, in
+    /// whatever order.
+    bool operator==(const CDcmElementSet& other) const;
+    bool operator!=(const CDcmElementSet& other) const { return !(*this == other); }
+
+    // Declared tags and bound sequences.
+
+    /// The declared tags, two texts a tag: group and element in four upper-case hexadecimal digits each.
+    void DeclaredTags(CStringArray& texts) const;
+    /// Number of texts in the declared-tag list: two a tag.
+    int DeclaredTagTexts() const { return m_declared.GetSize() * 2; }
+    /// The element of the tag whose group text stands at a position of the declared-tag list (0, 2, 4, ...); null for
+    /// a position outside the list or a tag that is not in the set.
+    CDcmElement* FindDeclared(int position) const;
+    /// Adds an SQ element whose items are the member set's elements from now on: what is written through either is
+    /// seen by the other, also after a copy or an assignment. The element of a tag
+    /// that is no SQ is added unbound.
+    void BindSequence(const CString& group, const CString& element, CDcmElementSet& member);
+
+    /// Diagnostic text: body identity, count and each element.
+    void Dump(CDumpContext& context) const override;
+
+protected:
+    void CopyElementsInto(CObList& target) const override;
+    bool EqualLists(const CObList& left, const CObList& right) const override;
+
+private:
+    CElementBody& Elements() const;
+
+    CDWordArray m_declared;
+};

@@ -1,0 +1,147 @@
+#include "Varnotix/element/DcmFrameList.h"
+
+#include "Varnotix/platform/DumpContext.h"
+
+#include <algorithm>
+
+
+IMPLEMENT_DYNAMIC(CDcmFrameList, CDcmList)
+
+namespace
+{
+
+constexpr int kOffsetSize = 4;
+
+CSharedBytes Shared(const CByteArray& bytes)
+{
+    return CSharedBytes::Copy(bytes.GetData(), static_cast<std::size_t>(bytes.GetSize()));
+}
+
+const CDcmFrame& Frame(const CObject* object)
+{
+    return static_cast<const CDcmFrame&>(*object);
+}
+
+} // namespace
+
+CDcmFrameList::CDcmFrameList() : CDcmList(new CDcmListBody) {}
+
+CDcmFrameList::CDcmFrameList(const CDcmFrameList& other)
+    : CDcmList(new CDcmListBody), m_offsetTable(other.m_offsetTable)
+{
+    other.CopyElementsInto(Body().list);
+}
+
+CDcmFrameList& CDcmFrameList::operator=(const CDcmFrameList& other)
+{
+    if (this != &other)
+    {
+        CObList copies;
+        other.CopyElementsInto(copies);
+        Body().DestroyObjects();
+        Body().list.Swap(copies);
+        m_offsetTable = other.m_offsetTable;
+    }
+    return *this;
+}
+
+CDcmFrameList::~CDcmFrameList() = default;
+
+bool CDcmFrameList::operator==(const CDcmFrameList& other) const
+{
+    return SharesBodyWith(other) || EqualLists(Body().list, other.Body().list);
+}
+
+void CDcmFrameList::CopyElementsInto(CObList& target) const
+{
+    target.Reserve(target.GetCount() + GetCount());
+    for (const CObject* frame : Body().list)
+    {
+        target.AddTail(new CDcmFrame(Frame(frame)));
+    }
+}
+
+bool CDcmFrameList::EqualLists(const CObList& left, const CObList& right) const
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](const CObject* a, const CObject* b) { return Frame(a).Size() == Frame(b).Size(); });
+}
+
+void CDcmFrameList::AddFrame(const CSharedBytes& bytes)
+{
+    Body().list.AddTail(new CDcmFrame(bytes, GetCount()));
+}
+
+void CDcmFrameList::AddFrame(const CByteArray& bytes)
+{
+    AddFrame(Shared(bytes));
+}
+
+void CDcmFrameList::AddFrame(const CWordArray& words)
+{
+    AddFrame(CSharedBytes::Copy(reinterpret_cast<const BYTE*>(words.GetData()),
+                                static_cast<std::size_t>(words.GetSize()) * sizeof(WORD)));
+}
+
+void CDcmFrameList::SetFrame(int index, const CSharedBytes& bytes)
+{
+    if (CDcmFrame* frame = GetFrame(index))
+    {
+        frame->Append(bytes);
+    }
+    else
+    {
+        Body().list.AddTail(new CDcmFrame(bytes, index));
+    }
+}
+
+void CDcmFrameList::SetFrame(int index, const CByteArray& bytes)
+{
+    SetFrame(index, Shared(bytes));
+}
+
+void CDcmFrameList::RemoveAll()
+{
+    Body().DestroyObjects();
+    m_offsetTable.RemoveAll();
+}
+
+std::uint64_t CDcmFrameList::TotalSize() const
+{
+    std::uint64_t total = 0;
+    for (const CObject* frame : Body().list)
+    {
+        total += Frame(frame).Size();
+    }
+    return total;
+}
+
+void CDcmFrameList::Describe(CStringArray& texts) const
+{
+    CString text;
+    text.Format("frame cnt = %d", GetCount());
+    texts.Add(text);
+    text.Format("total size = %llu", static_cast<unsigned long long>(TotalSize()));
+    texts.Add(text);
+    text.Format("offset entries = %d", m_offsetTable.GetSize() / kOffsetSize);
+    texts.Add(text);
+    text.Format("offset table size = %d", m_offsetTable.GetSize());
+    texts.Add(text);
+    for (const CObject* object : Body().list)
+    {
+        text.Format("frame number = %d", Frame(object).Number());
+        texts.Add(text);
+        text.Format("frame size = %llu", static_cast<unsigned long long>(Frame(object).Size()));
+        texts.Add(text);
+    }
+}
+
+void CDcmFrameList::Dump(CDumpContext& context) const
+{
+    CStringArray texts;
+    Describe(texts);
+    for (const CString& text : texts)
+    {
+        context << "[" << text << "]";
+    }
+}

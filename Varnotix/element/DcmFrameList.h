@@ -1,0 +1,63 @@
+/// The value of the Pixel Data element: frames and the basic offset table.
+#pragma once
+
+#include "Varnotix/element/DcmFrame.h"
+#include "Varnotix/element/DcmList.h"
+
+#include <cstdint>
+
+/// An ordered list of owned frames, with the basic offset table beside it (PS3.5 Annex A.4).
+///
+/// Two lists are equal when they have the same number of frames and each pair of frames has the same size. The bytes
+/// are not compared: objects are compared often, and pixel data is their bulk.
+class VARNOTIX_EXPORT CDcmFrameList : public CDcmList
+{
+    DECLARE_DYNAMIC(CDcmFrameList)
+
+public:
+    CDcmFrameList();
+    /// Copies the offset table and every frame; the frames' bytes are shared until somebody can write to them.
+    CDcmFrameList(const CDcmFrameList& other);
+    CDcmFrameList& operator=(const CDcmFrameList& other);
+    ~CDcmFrameList() override;
+
+    bool operator==(const CDcmFrameList& other) const;
+    bool operator!=(const CDcmFrameList& other) const { return !(*this == other); }
+
+    /// Appends a frame, numbered with the count of frames before it.
+    void AddFrame(const CSharedBytes& bytes);
+    void AddFrame(const CByteArray& bytes);
+    /// The words are stored as bytes, each word low byte first.
+    void AddFrame(const CWordArray& words);
+
+    /// Appends the bytes to the frame at a list position. When there is no such position, a new frame is added at the
+    /// tail: it carries the given number, whatever its position is.
+    void SetFrame(int index, const CSharedBytes& bytes);
+    void SetFrame(int index, const CByteArray& bytes);
+
+    /// The frame at a list position, or null.
+    CDcmFrame* GetFrame(int index) const { return static_cast<CDcmFrame*>(Body().list.At(index)); }
+
+    /// Removes all frames, and the offset table, which told where they lay.
+    void RemoveAll();
+
+    /// The basic offset table: little-endian 32-bit offsets as read from the first item of encapsulated pixel data.
+    void SetOffsetTable(const CByteArray& table) { m_offsetTable = table; }
+    const CByteArray& OffsetTable() const { return m_offsetTable; }
+
+    /// Sum of all frame sizes in bytes.
+    std::uint64_t TotalSize() const;
+
+    /// What a text document tells of the pixel data: counts and sizes, a text each.
+    void Describe(CStringArray& texts) const;
+
+    /// The description, each text in brackets.
+    void Dump(CDumpContext& context) const override;
+
+protected:
+    void CopyElementsInto(CObList& target) const override;
+    bool EqualLists(const CObList& left, const CObList& right) const override;
+
+private:
+    CByteArray m_offsetTable;
+};

@@ -1,0 +1,43 @@
+#include "Varnotix/element/DcmList.h"
+
+IMPLEMENT_DYNAMIC(CDcmListBody, CObject)
+IMPLEMENT_DYNAMIC(CDcmList, CObject)
+
+CDcmListBody::~CDcmListBody()
+{
+    DestroyObjects();
+}
+
+void CDcmListBody::DestroyObjects()
+{
+    CObList doomed;
+    doomed.Swap(list);
+    for (CObject* object : doomed)
+    {
+        delete object;
+    }
+}
+
+CDcmList::~CDcmList()
+{
+    TakeBody(nullptr);
+}
+
+void CDcmList::TakeBody(CDcmListBody* body)
+{
+    CDcmListBody* released = m_body;
+    m_body = body;
+    if (--released->references == 0)
+    {
+        delete released;
+    }
+}
+
+void CDcmList::ShareBody(const CDcmList& other)
+{
+    if (m_body != other.m_body)
+    {
+        ++other.m_body->references;
+        TakeBody(other.m_body);
+    }
+}

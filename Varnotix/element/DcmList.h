@@ -1,0 +1,59 @@
+/// The handle to a shared, counted body of owned objects: the base of element sets and frame lists.
+#pragma once
+
+#include "Varnotix/platform/Lists.h"
+
+/// The body behind one or more CDcmList handles. It owns the objects of its list.
+class VARNOTIX_EXPORT CDcmListBody : public CObject
+{
+    DECLARE_DYNAMIC(CDcmListBody)
+
+public:
+    CDcmListBody() = default;
+    CDcmListBody(const CDcmListBody&) = delete;
+    CDcmListBody& operator=(const CDcmListBody&) = delete;
+    ~CDcmListBody() override;
+
+    /// Destroys all objects; handles of the body then see an empty list.
+    void DestroyObjects();
+
+    CObList list;
+    int references = 1;
+};
+
+/// A handle to a list body. Several handles may share one body; the last one that releases it destroys the objects.
+class VARNOTIX_EXPORT CDcmList : public CObject
+{
+    DECLARE_DYNAMIC(CDcmList)
+
+public:
+    ~CDcmList() override;
+
+    /// Number of objects in the list.
+    int GetCount() const { return m_body->list.GetCount(); }
+
+    /// True when both handles share one body.
+    bool SharesBodyWith(const CDcmList& other) const { return m_body == other.m_body; }
+
+protected:
+    /// Takes over a fresh body.
+    explicit CDcmList(CDcmListBody* body) : m_body(body) {}
+    CDcmList(const CDcmList&) = delete;
+    CDcmList& operator=(const CDcmList&) = delete;
+
+    /// Adds a newly made copy of each object, in order.
+    virtual void CopyElementsInto(CObList& target) const = 0;
+    /// Compares the objects of two lists.
+    virtual bool EqualLists(const CObList& left, const CObList& right) const = 0;
+
+    CDcmListBody& Body() const { return *m_body; }
+
+    /// Releases the body and takes over another one, which is already counted for this handle.
+    void TakeBody(CDcmListBody* body);
+
+    /// Releases the body and shares the other handle's.
+    void ShareBody(const CDcmList& other);
+
+private:
+    CDcmListBody* m_body;
+};

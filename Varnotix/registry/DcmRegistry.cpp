@@ -1,0 +1,243 @@
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include "Varnotix/registry/DataFiles.h"
+#include "Varnotix/registry/DictionaryFile.h"
+#include "Varnotix/registry/EntryTable.h"
+#include "Varnotix/registry/NameList.h"
+
+#include <memory>
+
+IMPLEMENT_DYNCREATE(CDcmRegistry, CObject)
+
+class CDcmRegistryPrivate : public CObject
+{
+    DECLARE_DYNAMIC(CDcmRegistryPrivate)
+
+public:
+    CEntryTable dictionary;
+};
+
+IMPLEMENT_DYNAMIC(CDcmRegistryPrivate, CObject)
+
+namespace
+{
+
+constexpr const char* kPrivateName = "Private Data Element";
+
+/// The order of these names is the enumeration.
+constexpr const char* kPhotometricNames[] = {"monochrome1",     "monochrome2", "palette color", "rgb",
+                                             "ybr_full",        "ybr_full_422", "ybr_partial_422", "ybr_ict",
+                                             "ybr_rct",         "hsv",         "argb",          "cmyk"};
+
+/// What all registry instances share. It lives in a function, so that it exists before the first instance, whatever
+/// translation unit makes that one.
+struct SSharedTables
+{
+    int instances = 0;
+    CEntryTable publicDictionary;
+    CEntryTable privateDictionary;
+    CMapWordToOb types;
+    CNameList uids;
+    CNameList photometricNames;
+    CString dictionaryPath;
+    CString uidTablePath;
+
+    void Load();
+    void Clear();
+};
+
+SSharedTables& Shared()
+{
+    static SSharedTables tables;
+    return tables;
+}
+
+void SSharedTables::Load()
+{
+    for (int vr = 0; vr < kNamedVrCount; ++vr)
+    {
+        types.SetAt(static_cast<WORD>(vr), new CDcmType(vr));
+    }
+    for (const char* name : kPhotometricNames)
+    {
+        photometricNames.Add(name);
+    }
+    dictionaryPath = ReadDataFile("dictionary.txt", [this](std::string_view line)
+                                  { AddDictionaryLine(line, publicDictionary); });
+    uidTablePath = ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids); });
+}
+
+/// The name lists are left as they are: a registry made after all others are gone appends to them once more, so that
+/// the searches then answer from the second copy.
+void SSharedTables::Clear()
+{
+    publicDictionary.RemoveAll();
+    privateDictionary.RemoveAll();
+    POSITION position = types.GetStartPosition();
+    while (position != nullptr)
+    {
+        WORD vr = 0;
+        CObject* type = nullptr;
+        types.GetNextAssoc(position, vr, type);
+        delete type;
+    }
+    types.RemoveAll();
+}
+
+const CDcmEntry* AddTo(CEntryTable& table, int group, int element, const CString& vr, int multiplicity)
+{
+    const int vrCode = VrCode(vr.CText());
+    return table.Add(CEntryTable::KeyOfTag(group, element),
+                     std::make_unique<CDcmEntry>(vrCode == VR_UNKNOWN ? VR_OB : vrCode, multiplicity, kPrivateName));
+}
+
+/// Asks the layers of the dictionary in their order.
+template <class FIND> const CDcmEntry* FirstHit(const CEntryTable& instanceLayer, const FIND& find)
+{
+    const SSharedTables& shared = Shared();
+    const CDcmEntry* entry = find(shared.publicDictionary);
+    if (entry == nullptr)
+    {
+        entry = find(shared.privateDictionary);
+    }
+    return entry != nullptr ? entry : find(instanceLayer);
+}
+
+bool IsEvenGroup(int group)
+{
+    return (group & 1) == 0;
+}
+
+/// Made when the library is loaded, so that the tables stand before any client call.
+CDcmRegistry globalRegistry;
+
+} // namespace
+
+CDcmRegistry::CDcmRegistry() : m_private(new CDcmRegistryPrivate)
+{
+    if (Shared().instances++ == 0)
+    {
+        Shared().Load();
+    }
+}
+
+CDcmRegistry::~CDcmRegistry()
+{
+    if (--Shared().instances == 0)
+    {
+        Shared().Clear();
+    }
+    delete m_private;
+}
+
+CDcmRegistry& CDcmRegistry::Global()
+{
+    return globalRegistry;
+}
+
+const CDcmEntry* CDcmRegistry::LookUpDictionary(const CString& group, const CString& element) const
+{
+    CString key(group);
+    key.Trim();
+    CString elementKey(element);
+    elementKey.Trim();
+    return LookUpKey(key + elementKey);
+}
+
+const CDcmEntry* CDcmRegistry::LookUpKey(const CString& key) const
+{
+    CString upper(key);
+    upper.MakeUpper();
+    return FirstHit(m_private->dictionary, [&upper](const CEntryTable& layer) { return layer.Find(upper.View()); });
+}
+
+const CDcmEntry* CDcmRegistry::LookUpTag(int group, int element) const
+{
+    return FirstHit(m_private->dictionary,
+                    [group, element](const CEntryTable& layer) { return layer.FindTag(group, element); });
+}
+
+const CDcmEntry* CDcmRegistry::AddPrivateEntry(int group, int element, const CString& vr, int multiplicity)
+{
+    if (IsEvenGroup(group))
+    {
+        return nullptr;
+    }
+    // A tag of an odd group among 50xx and 60xx is not reached by LookUpTag. An earlier read may have learned it all
+    // the same; its lasting entry must be used, for elements keep pointing to the entry that they were made with.
+    if (const CDcmEntry* lasting = Shared().privateDictionary.Find(CEntryTable::KeyOfTag(group, element)))
+    {
+        return lasting;
+    }
+    return AddTo(m_private->dictionary, group, element, vr, multiplicity);
+}
+
+const CDcmEntry* CDcmRegistry::AddSharedPrivateEntry(int group, int element, const CString& vr, int multiplicity)
+{
+    return IsEvenGroup(group) ? nullptr : AddTo(Shared().privateDictionary, group, element, vr, multiplicity);
+}
+
+void CDcmRegistry::PromotePrivateEntries()
+{
+    m_private->dictionary.MoveInto(Shared().privateDictionary);
+}
+
+void CDcmRegistry::ClearPrivateEntries()
+{
+    m_private->dictionary.RemoveAll();
+}
+
+int CDcmRegistry::DictionarySize() const
+{
+    return Shared().publicDictionary.GetCount();
+}
+
+void CDcmRegistry::ExportPublicDictionary(CStringArray& lines) const
+{
+    for (const CEntryTable::SItem& item : Shared().publicDictionary.Items())
+    {
+        lines.Add(DictionaryLine(item.key, *item.entry));
+    }
+}
+
+int CDcmRegistry::UidDictionarySize() const
+{
+    return Shared().uids.GetCount();
+}
+
+const CString& CDcmRegistry::UidString(int index) const
+{
+    static CString result;
+    result = Shared().uids.At(index);
+    return result;
+}
+
+int CDcmRegistry::UidEnum(const CString& uid) const
+{
+    return Shared().uids.LastRowOf(uid);
+}
+
+const CString& CDcmRegistry::PhotoMetricString(int value) const
+{
+    static CString result;
+    result = Shared().photometricNames.At(value);
+    result.MakeUpper();
+    return result;
+}
+
+int CDcmRegistry::PhotoMetricEnum(const CString& name) const
+{
+    CString lower(name);
+    lower.MakeLower();
+    return Shared().photometricNames.LastRowOf(lower);
+}
+
+const CString& CDcmRegistry::DictionaryPath()
+{
+    return Shared().dictionaryPath;
+}
+
+const CString& CDcmRegistry::UidTablePath()
+{
+    return Shared().uidTablePath;
+}

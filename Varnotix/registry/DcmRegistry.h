@@ -1,0 +1,93 @@
+/// The data dictionary, the UID table and the photometric names.
+#pragma once
+
+#include "Varnotix/platform/Arrays.h"
+#include "Varnotix/platform/Maps.h"
+#include "Varnotix/registry/DcmEntry.h"
+
+class CEntryTable;
+
+/// The dictionary layer of one registry object: private entries learned during the decode that is in progress.
+class CDcmRegistryPrivate;
+
+/// The process-wide registry of dictionary entries, UIDs and photometric interpretations.
+///
+/// All tables but one are shared by every instance. The first instance builds them; the library makes one instance
+/// when it is loaded, before any client call, and keeps it until it is unloaded. A tag is searched in the public
+/// dictionary, then among the private entries learned by earlier reads, then among those of the read in progress.
+///
+/// The tables are read from "dictionary.txt" and "UidTable.txt". Each file is looked for in the current directory,
+/// then in the folder named by the environment variable VARNOTIX_DATA, then beside the loaded library, then in the
+/// installed share folder. A missing file leaves its table empty and is not reported: ask DictionarySize and
+/// UidDictionarySize.
+///
+/// The registry is not guarded: use the library from one thread at a time.
+class VARNOTIX_EXPORT CDcmRegistry : public CObject
+{
+    DECLARE_DYNCREATE(CDcmRegistry)
+
+public:
+    CDcmRegistry();
+    ~CDcmRegistry() override;
+    CDcmRegistry(const CDcmRegistry&) = delete;
+    CDcmRegistry& operator=(const CDcmRegistry&) = delete;
+
+    /// The library's own instance, which the element classes and the stream decoder consult.
+    static CDcmRegistry& Global();
+
+    /// The entry of a tag given as two hexadecimal texts ("0010", "0020"; "60xx" for a repeating group), in any case
+    /// and with blanks around. Null for a tag that no layer knows.
+    const CDcmEntry* LookUpDictionary(const CString& group, const CString& element) const;
+
+    /// Number of entries in the public dictionary.
+    int DictionarySize() const;
+
+    /// Appends one line an entry of the public dictionary: group, element, VR, multiplicity, name, and "ret" for a
+    /// retired one, joined by commas. A repeating group is written with 00 for its low byte.
+    void ExportPublicDictionary(CStringArray& lines) const;
+
+    /// Number of rows in the UID table.
+    int UidDictionarySize() const;
+
+    /// The UID in a row of the UID table; empty for an index outside it. The next call overwrites the result.
+    const CString& UidString(int index) const;
+
+    /// The row of a UID, blanks around it ignored; the last row where several match. -1 when none does.
+    int UidEnum(const CString& uid) const;
+
+    /// The upper-case name of a photometric interpretation (PS3.3 C.7.6.3.1.2) by its number, 0 MONOCHROME1 to
+    /// 11 CMYK; empty for any other number. The next call overwrites the result.
+    const CString& PhotoMetricString(int value) const;
+
+    /// The number of a photometric interpretation by name, without regard to case and blanks around; -1 for others.
+    int PhotoMetricEnum(const CString& name) const;
+
+    /// The entry under a dictionary key (eight hexadecimal digits, XX for a repeating group's low byte), or null.
+    const CDcmEntry* LookUpKey(const CString& key) const;
+
+    /// The entry of a tag, or null. Every group whose high byte is 60 or 50 is looked up as that repeating group.
+    const CDcmEntry* LookUpTag(int group, int element) const;
+
+    /// Enters a private tag into this instance's dictionary, under the name "Private Data Element".
+    /// @param vr VR text; OB is stored when it names no VR.
+    /// @return the entry that now stands for the tag; null for an even group, which is never private.
+    const CDcmEntry* AddPrivateEntry(int group, int element, const CString& vr, int multiplicity);
+
+    /// As AddPrivateEntry, into the dictionary that all instances share and that lasts.
+    const CDcmEntry* AddSharedPrivateEntry(int group, int element, const CString& vr, int multiplicity);
+
+    /// Moves this instance's private entries into the shared dictionary; an entry that stands there already stays.
+    void PromotePrivateEntries();
+
+    /// Discards this instance's private entries.
+    void ClearPrivateEntries();
+
+    /// The path from which "dictionary.txt" was loaded; empty when it was not found.
+    static const CString& DictionaryPath();
+
+    /// The path from which "UidTable.txt" was loaded; empty when it was not found.
+    static const CString& UidTablePath();
+
+private:
+    CDcmRegistryPrivate* m_private;
+};

@@ -1,0 +1,109 @@
+#include "Varnotix/registry/DictionaryFile.h"
+
+#include "Varnotix/registry/EntryTable.h"
+#include "Varnotix/registry/NameList.h"
+
+#include <climits>
+#include <cstdlib>
+
+namespace
+{
+
+constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
+
+std::string_view Trimmed(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(kWhiteSpace);
+    if (first == std::string_view::npos)
+    {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
+}
+
+/// Cuts the text up to the next comma off the front of the line.
+std::string_view TakeField(std::string_view& line)
+{
+    const std::size_t comma = line.find(',');
+    const std::string_view field = line.substr(0, comma);
+    line.remove_prefix(comma == std::string_view::npos ? line.size() : comma + 1);
+    return Trimmed(field);
+}
+
+/// The leading number of the multiplicity column ("1" of "1-n"); 1 where there is none.
+int LeadingNumber(std::string_view text)
+{
+    const std::string digits(text);
+    char* end = nullptr;
+    const long number = std::strtol(digits.c_str(), &end, 10);
+    if (end == digits.c_str() || number > INT_MAX || number < INT_MIN)
+    {
+        return 1;
+    }
+    return static_cast<int>(number);
+}
+
+std::string UpperKey(std::string_view group, std::string_view element)
+{
+    std::string key;
+    key.reserve(group.size() + element.size());
+    key.append(group).append(element);
+    for (char& character : key)
+    {
+        if (character >= 'a' && character <= 'z')
+        {
+            character = static_cast<char>(character - 'a' + 'A');
+        }
+    }
+    return key;
+}
+
+} // namespace
+
+void AddDictionaryLine(std::string_view line, CEntryTable& dictionary)
+{
+    if (line.empty())
+    {
+        return;
+    }
+    line = Trimmed(line);
+    if (!line.empty() && line.front() == '#')
+    {
+        return;
+    }
+    const std::string_view group = TakeField(line);
+    const std::string_view element = TakeField(line);
+    const std::string_view vr = TakeField(line);
+    const std::string_view multiplicity = TakeField(line);
+    const std::string_view name = TakeField(line);
+    const std::string key = UpperKey(group, element);
+    if (dictionary.Find(key) == nullptr)
+    {
+        dictionary.Add(key, std::make_unique<CDcmEntry>(VrCode(vr), LeadingNumber(multiplicity), CString(name)));
+    }
+}
+
+CString DictionaryLine(std::string_view key, const CDcmEntry& entry)
+{
+    constexpr std::size_t kGroupLength = 4;
+    std::string group(key.substr(0, kGroupLength));
+    if (group.size() == kGroupLength && group.compare(2, 2, "XX") == 0)
+    {
+        group.replace(2, 2, "00");
+    }
+    const std::string element(key.size() > kGroupLength ? key.substr(kGroupLength) : std::string_view());
+    CString line;
+    line.Format("%s,%s,%s,%d,", group.c_str(), element.c_str(), VrText(static_cast<int>(entry.vr)),
+                entry.multiplicity);
+    line += entry.name;
+    line += entry.retired != 0 ? ",ret" : ",";
+    return line;
+}
+
+void AddUidLine(std::string_view line, CNameList& uids)
+{
+    if (!line.empty())
+    {
+        uids.Add(CString(Trimmed(line.substr(0, line.find(' ')))));
+    }
+}

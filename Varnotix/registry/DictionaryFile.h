@@ -1,0 +1,24 @@
+/// The line formats of "dictionary.txt" and "UidTable.txt".
+#pragma once
+
+#include "Varnotix/platform/String.h"
+
+#include <string_view>
+
+class CDcmEntry;
+class CEntryTable;
+class CNameList;
+
+/// Takes one line of the dictionary file: group,element,VR,multiplicity,name.
+///
+/// An empty line and a line whose first visible character is # are skipped. Fields are trimmed, a missing one is
+/// empty. What follows the name is ignored. A multiplicity that does not begin with a number is 1. The first line of
+/// a tag stands. A malformed line yields an entry under whatever key it holds.
+void AddDictionaryLine(std::string_view line, CEntryTable& dictionary);
+
+/// One entry as a line of text; see CDcmRegistry::ExportPublicDictionary.
+CString DictionaryLine(std::string_view key, const CDcmEntry& entry);
+
+/// Takes one line of the UID table: the UID up to the first blank. A name may follow and is not kept. Empty lines
+/// are skipped; there are no comments.
+void AddUidLine(std::string_view line, CNameList& uids);

@@ -1,0 +1,72 @@
+/// The table behind each layer of the dictionary: keys to owned entries.
+#pragma once
+
+#include "Varnotix/registry/DcmEntry.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+/// Maps dictionary keys to entries, and owns the entries.
+///
+/// A key is a text: group and element as eight upper-case hexadecimal digits, with XX for the low byte of a repeating
+/// group. Decoding asks by number a hundred times for each time that somebody asks by text, so keys of that form are
+/// held as numbers in an open hash table; any other text (a malformed dictionary line makes one) goes to a side map.
+class CEntryTable
+{
+public:
+    struct SItem
+    {
+        std::string key;
+        std::unique_ptr<CDcmEntry> entry;
+    };
+
+    /// The entry of a key, or null. The key must be in upper case.
+    const CDcmEntry* Find(std::string_view key) const;
+
+    /// The entry of a tag, or null. Tags of the groups 50xx and 60xx are answered by their repeating group's key.
+    const CDcmEntry* FindTag(int group, int element) const
+    {
+        return FindCode(CodeOfTag(group, element));
+    }
+
+    /// Stores the entry, unless the key is taken: the first entry of a key stands.
+    /// @return the entry that now stands under the key.
+    const CDcmEntry* Add(std::string_view key, std::unique_ptr<CDcmEntry> entry);
+
+    /// The key of one tag, also of one in a repeating group: its own digits, never XX.
+    static std::string KeyOfTag(int group, int element);
+
+    /// Moves every entry whose key the target lacks into the target, and drops the others.
+    void MoveInto(CEntryTable& target);
+
+    void RemoveAll();
+
+    int GetCount() const { return static_cast<int>(m_items.size()); }
+
+    /// All items in the order in which they were added.
+    const std::vector<SItem>& Items() const { return m_items; }
+
+private:
+    using Code = std::uint64_t;
+
+    struct SSlot
+    {
+        Code code = 0;
+        const CDcmEntry* entry = nullptr;
+    };
+
+    static Code CodeOfTag(int group, int element);
+    static bool CodeOfKey(std::string_view key, Code& code);
+    const CDcmEntry* FindCode(Code code) const;
+    std::size_t SlotOf(Code code) const;
+    void Grow();
+
+    std::vector<SItem> m_items;
+    std::vector<SSlot> m_slots;
+    std::size_t m_codedCount = 0;
+    std::unordered_map<std::string, const CDcmEntry*> m_otherKeys;
+};

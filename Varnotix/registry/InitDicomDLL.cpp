@@ -1,0 +1,8 @@
+#include "Varnotix/registry/InitDicomDLL.h"
+
+#include "Varnotix/platform/DynLinkLibrary.h"
+
+void InitDicomDLL()
+{
+    static CDynLinkLibrary library;
+}

@@ -1,0 +1,24 @@
+#include "Varnotix/registry/NameList.h"
+
+void CNameList::Add(const CString& text)
+{
+    m_lastRow[std::string(text.CText())] = GetCount();
+    m_rows.push_back(text);
+}
+
+CString CNameList::At(int index) const
+{
+    return index >= 0 && index < GetCount() ? m_rows[static_cast<std::size_t>(index)] : CString();
+}
+
+int CNameList::LastRowOf(const CString& text) const
+{
+    if (text.IsEmpty())
+    {
+        return -1;
+    }
+    CString trimmed(text);
+    trimmed.Trim();
+    const auto found = m_lastRow.find(std::string(trimmed.CText()));
+    return found == m_lastRow.end() ? -1 : found->second;
+}

@@ -1,0 +1,93 @@
+/// The value representations (VR) that the library knows, their codes and what kind of value each holds.
+///
+/// VR codes are small integers that appear in interfaces, in stored entries and in element records. Their order is
+/// the alphabetical order of the two-letter names and must not change.
+#pragma once
+
+#include "Varnotix/platform/Export.h"
+#include "Varnotix/platform/String.h"
+#include "Varnotix/platform/Types.h"
+
+#include <string_view>
+
+/// VR codes (PS3.5 section 6.2). Code 27 is not used.
+enum EVr : int
+{
+    VR_AE = 0,
+    VR_AS,
+    VR_AT,
+    VR_CS,
+    VR_DA,
+    VR_DS,
+    VR_DT,
+    VR_FL,
+    VR_FD,
+    VR_IS,
+    VR_LO,
+    VR_LT,
+    VR_OB,
+    VR_OF,
+    VR_OW,
+    VR_PN,
+    VR_SH,
+    VR_SL,
+    VR_SQ,
+    VR_SS,
+    VR_ST,
+    VR_TM,
+    VR_UI,
+    VR_UL,
+    VR_UN,
+    VR_US,
+    VR_UT,
+    VR_NONE = 28,   ///< Item and delimitation tags of group FFFE, which have no VR.
+    VR_UNKNOWN = 29 ///< A VR text that is not recognised.
+};
+
+/// How many VRs have a two-letter name.
+inline constexpr int kNamedVrCount = 27;
+
+/// Which array of an element holds the values of a VR.
+enum class EVrKind : BYTE
+{
+    Text,       ///< A list of texts.
+    Words,      ///< 16-bit words: AT, SS, US.
+    Integers,   ///< 32-bit integers: SL, UL.
+    Floats,     ///< 32-bit floats: FL, OF.
+    Doubles,    ///< 64-bit floats: FD.
+    Bytes,      ///< Bytes: OB.
+    OtherWords, ///< 16-bit words that may also be handed in as bytes: OW.
+    Items,      ///< A nested element set: SQ.
+    RawOnly     ///< No typed value: UN and the codes without a name.
+};
+
+/// One row of the VR type table.
+struct VARNOTIX_EXPORT SVrRow
+{
+    const char* text;        ///< The two upper-case letters.
+    const char* description; ///< The letters, a blank and the long name.
+    DWORD maxLength;         ///< Maximum value length in bytes; 0 where none is stated.
+    EVrKind kind;
+    bool longForm; ///< Explicit headers carry two reserved bytes and a 32-bit length (PS3.5 section 7.1.2).
+};
+
+/// The row of a named VR.
+/// @param vr 0 to 26; any other code is answered with an empty row of kind RawOnly.
+VARNOTIX_EXPORT const SVrRow& VrRow(int vr);
+
+/// The text of a VR code: two letters, "NONE" for VR_NONE, the empty text for every other code.
+VARNOTIX_EXPORT const char* VrText(int vr);
+
+/// The code of a VR text, without regard to case. Besides the two-letter names it knows the dictionary's spellings
+/// for context-dependent VRs: usss, csob, usssow, obow and none.
+/// @return VR_UNKNOWN for any other text.
+VARNOTIX_EXPORT int VrCode(std::string_view text);
+
+/// The code of two VR bytes as they stand in an explicit stream, without regard to case; VR_UNKNOWN for others.
+VARNOTIX_EXPORT int VrCodeOfBytes(BYTE first, BYTE second);
+
+/// The kind of value that a VR holds.
+inline EVrKind VrKind(int vr)
+{
+    return VrRow(vr).kind;
+}
