@@ -1,0 +1,188 @@
+#include "Varnotix/asl/AslWriter.h"
+
+#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/platform/Archive.h"
+#include "Varnotix/platform/Exceptions.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+
+namespace
+{
+
+constexpr int kIndent = 3;
+constexpr int kLongestBytes = 5000;
+
+template <class NUMBER> void AppendFormatted(std::string& line, const char* format, NUMBER number)
+{
+    // The longest float of 64 bits has 309 digits before the point.
+    char text[352];
+    std::snprintf(text, sizeof text, format, number);
+    line += text;
+}
+
+template <class ARRAY, class NUMBER> void AppendNumbers(std::string& line, const ARRAY* values, const char* format)
+{
+    if (values != nullptr)
+    {
+        for (const auto value : *values)
+        {
+            AppendFormatted(line, format, static_cast<NUMBER>(value));
+            line += ',';
+        }
+    }
+}
+
+void AppendTexts(std::string& line, const CStringArray& texts)
+{
+    for (const CString& text : texts)
+    {
+        line += text.CText();
+        line += ',';
+    }
+}
+
+bool IsPrintable(BYTE byte)
+{
+    return byte >= 32 && byte <= 126;
+}
+
+void AppendBytes(std::string& line, const CByteArray& bytes)
+{
+    if (bytes.GetSize() > kLongestBytes)
+    {
+        AppendFormatted(line, "%d", bytes.GetSize());
+        line += ',';
+    }
+    else if (std::all_of(bytes.begin(), bytes.end(), IsPrintable))
+    {
+        line.append(bytes.begin(), bytes.end());
+    }
+    else
+    {
+        AppendNumbers<CByteArray, int>(line, &bytes, "%d");
+    }
+}
+
+void AppendFrames(std::string& line, const CDcmFrameList& frames)
+{
+    CStringArray texts;
+    frames.Describe(texts);
+    AppendTexts(line, texts);
+}
+
+/// The values between the brackets. False for an element whose line has no value list.
+bool AppendValues(std::string& line, const CDcmElement& element)
+{
+    const EVrKind kind = VrKind(element.Vr());
+    if (element.Frames() != nullptr &&
+        (kind == EVrKind::Words || kind == EVrKind::OtherWords || kind == EVrKind::Bytes))
+    {
+        AppendFrames(line, *element.Frames());
+        return true;
+    }
+    switch (kind)
+    {
+    case EVrKind::Text:
+        AppendTexts(line, *element.Texts());
+        return true;
+    case EVrKind::Words:
+    case EVrKind::OtherWords:
+        AppendNumbers<CWordArray, int>(line, element.Words(), "%d");
+        return true;
+    case EVrKind::Integers:
+        // Unsigned values are written as signed ones: documents have always read so.
+        AppendNumbers<CUIntArray, int>(line, element.Integers(), "%d");
+        return true;
+    case EVrKind::Floats:
+        AppendNumbers<CFloatArray, double>(line, element.Floats(), "%f");
+        return true;
+    case EVrKind::Doubles:
+        AppendNumbers<CDoubleArray, double>(line, element.Doubles(), "%f");
+        return true;
+    case EVrKind::Bytes:
+        AppendBytes(line, *element.Bytes());
+        return true;
+    case EVrKind::Items:
+        if (element.Items() != nullptr)
+        {
+            AppendFormatted(line, "%d", element.Items()->GetCount());
+        }
+        return element.Items() != nullptr;
+    case EVrKind::RawOnly:
+        break;
+    }
+    return false;
+}
+
+void AppendLines(const CDcmElementSet& set, int depth, CStringArray& lines)
+{
+    const CString indent(' ', depth * kIndent);
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        lines.Add(indent + AslElementLine(element));
+        if (element.HasVr(VR_SQ))
+        {
+            lines.Add(indent + "#SEQUENCE_BEGIN");
+            if (element.Items() != nullptr)
+            {
+                AppendLines(*element.Items(), depth + 1, lines);
+            }
+            lines.Add(indent + "#SEQUENCE_END");
+        }
+    }
+}
+
+} // namespace
+
+CString AslElementLine(const CDcmElement& element)
+{
+    if (!element.HasEntry() || element.HasVr(VR_UNKNOWN))
+    {
+        return CString();
+    }
+    std::string line;
+    AppendFormatted(line, "%04x,", static_cast<unsigned>(element.Group()));
+    AppendFormatted(line, "%04x,", static_cast<unsigned>(element.Element()));
+    line += VrText(element.Vr());
+    AppendFormatted(line, ",%d,", element.Vm());
+    line += element.Name().CText();
+    const std::size_t beforeList = line.size();
+    line += ",[";
+    if (AppendValues(line, element))
+    {
+        line += ']';
+    }
+    else
+    {
+        line.resize(beforeList);
+    }
+    return CString(line);
+}
+
+void AslLines(const CDcmElementSet& set, CStringArray& lines)
+{
+    AppendLines(set, 0, lines);
+}
+
+void WriteAslFile(const CString& path, const CStringArray& lines)
+{
+    try
+    {
+        CFile file(path, CFile::modeCreate | CFile::modeWrite);
+        CArchive archive(&file, CArchive::store, 4096);
+        for (const CString& line : lines)
+        {
+            archive.WriteString(line);
+            archive.WriteString("\n");
+        }
+        archive.Close();
+        file.Close();
+    }
+    catch (const CFileException&)
+    {
+        // A caller learns of it by looking for the file.
+    }
+}

@@ -1,0 +1,17 @@
+/// Writes element sets as lines of the Attribute Script Language (ASL), the text form of a data set.
+#pragma once
+
+#include "Varnotix/element/DcmElementSet.h"
+
+/// The line of one element: group,element,VR,multiplicity,name,[values]. Each value is followed by a comma; nothing is
+/// escaped. Texts are taken up to their first zero byte. The line is empty for an element that the dictionary does not
+/// know.
+VARNOTIX_EXPORT CString AslElementLine(const CDcmElement& element);
+
+/// Appends the line of each element in list order. The elements of a sequence follow it between "#SEQUENCE_BEGIN" and
+/// "#SEQUENCE_END", indented by three blanks a level.
+VARNOTIX_EXPORT void AslLines(const CDcmElementSet& set, CStringArray& lines);
+
+/// Creates or truncates a file and writes the lines, each followed by a line feed. A file that cannot be created or
+/// written is not reported; it may be missing or cut short.
+VARNOTIX_EXPORT void WriteAslFile(const CString& path, const CStringArray& lines);

@@ -1,0 +1,276 @@
+#include "Varnotix/iod/DcmIOD.h"
+
+#include "Varnotix/iod/DcmIODPrivate.h"
+
+IMPLEMENT_DYNCREATE(CDcmIOD, CObject)
+IMPLEMENT_DYNAMIC(CDcmIODPrivate, CObject)
+
+namespace
+{
+
+/// Copies of the module's elements that are not empty.
+void CopyNonEmpty(const CDcmModule& module, CDcmElementSet& copies)
+{
+    module.GetDcmElementSet().CopyNonEmptyInto(copies);
+}
+
+} // namespace
+
+CDcmIOD::CDcmIOD() : m_store(new CDcmElementSet), m_private(new CDcmIODPrivate) {}
+
+CDcmIOD::CDcmIOD(const CDcmIOD& other) : CObject(other), m_store(new CDcmElementSet), m_private(new CDcmIODPrivate)
+{
+    CopyFrom(other);
+}
+
+CDcmIOD::~CDcmIOD()
+{
+    delete m_store;
+    delete m_private;
+}
+
+CDcmIOD& CDcmIOD::operator=(const CDcmIOD& other)
+{
+    if (this != &other)
+    {
+        CopyFrom(other);
+        UpdateIod(false);
+    }
+    return *this;
+}
+
+void CDcmIOD::CopyFrom(const CDcmIOD& other)
+{
+    m_syntax = other.m_syntax;
+    m_requestedSyntax = other.m_requestedSyntax;
+    m_emptyElements = other.m_emptyElements;
+    m_groupLengths = other.m_groupLengths;
+    m_fileFormat = other.m_fileFormat;
+    m_preamble = other.m_preamble;
+    m_store->CopyByValue(*other.m_store);
+}
+
+bool CDcmIOD::operator==(const CDcmIOD& other) const
+{
+    return this == &other || *m_store == *other.m_store;
+}
+
+bool CDcmIOD::IsSubSet(const CDcmIOD& other) const
+{
+    for (int i = 0; i < other.m_store->GetCount(); ++i)
+    {
+        const CDcmElement& wanted = *other.m_store->GetAt(i);
+        const CDcmElement* mine = m_store->Find(wanted);
+        if (mine == nullptr || *mine != wanted)
+        {
+            return false;
+        }
+    }
+    return true;
+}
+
+CDcmIOD& CDcmIOD::operator+=(CDcmModule& module)
+{
+    AddSetIncludeEmpty(module);
+    UpdateIodModule(module, module.GetDcmElementSet());
+    return *this;
+}
+
+CDcmIOD& CDcmIOD::operator-=(CDcmModule& module)
+{
+    m_store->RemoveTagsOf(module.GetDcmElementSet());
+    if (CDcmModule* registered = FindIodModule(module.GetRuntimeClass()))
+    {
+        registered->EmptyModule();
+    }
+    return *this;
+}
+
+CDcmIOD& CDcmIOD::operator-=(const CDcmIOD& other)
+{
+    m_store->RemoveTagsOf(*other.m_store);
+    return *this;
+}
+
+CDcmIOD& CDcmIOD::operator&=(CDcmModule& module)
+{
+    CDcmElementSet values;
+    CopyNonEmpty(module, values);
+    m_store->UpdateValuesFrom(values);
+    UpdateIodModule(module, values);
+    return *this;
+}
+
+CDcmIOD& CDcmIOD::operator<(CDcmModule& module)
+{
+    CDcmElementSet values;
+    CopyNonEmpty(module, values);
+    m_store->RemoveTagsOf(module.GetDcmElementSet());
+    m_store->Merge(values);
+    m_store->Sort();
+    UpdateIodModule(module, values);
+    return *this;
+}
+
+CDcmIOD& CDcmIOD::operator<<(CDcmModule& module)
+{
+    CDcmElementSet values;
+    CopyNonEmpty(module, values);
+    m_store->RemoveTagsOf(values);
+    m_store->Merge(values);
+    m_store->Sort();
+    UpdateIodModule(module, values);
+    return *this;
+}
+
+CDcmIOD& CDcmIOD::operator>>(CDcmModule& module)
+{
+    UpdateIodModule(module);
+    return *this;
+}
+
+void CDcmIOD::UpdateIod(bool intoStore)
+{
+    if (!intoStore)
+    {
+        UpdateIodModuleSet();
+        return;
+    }
+    for (const CObject* module : m_modules)
+    {
+        if (m_emptyElements == EMPTY_ELEMENTS_INCLUDED)
+        {
+            AddSetIncludeEmpty(static_cast<const CDcmModule&>(*module));
+        }
+        else if (m_emptyElements == EMPTY_ELEMENTS_EXCLUDED)
+        {
+            AddSetExcludeEmpty(static_cast<const CDcmModule&>(*module));
+        }
+    }
+}
+
+int CDcmIOD::GetCount() const
+{
+    return m_store->GetCount();
+}
+
+int CDcmIOD::GetCountAll() const
+{
+    return m_store->GetCountAll();
+}
+
+void CDcmIOD::Sort()
+{
+    m_store->Sort();
+}
+
+void CDcmIOD::RemoveAll()
+{
+    m_store->RemoveAll();
+}
+
+void CDcmIOD::EmptyIodModules()
+{
+    for (CObject* module : m_modules)
+    {
+        static_cast<CDcmModule*>(module)->EmptyModule();
+    }
+}
+
+const std::vector<SReadTrial>& CDcmIOD::ReadTrials() const
+{
+    return m_private->readTrials;
+}
+
+void CDcmIOD::AddIodModule(CDcmModule& module)
+{
+    RemoveIodModule(module);
+    RemoveIodModule(module.GetRuntimeClass());
+    m_modules.Add(&module);
+}
+
+CDcmModule* CDcmIOD::FindIodModule(const CRuntimeClass* moduleClass) const
+{
+    for (CObject* module : m_modules)
+    {
+        if (moduleClass != nullptr && module->IsKindOf(moduleClass))
+        {
+            return static_cast<CDcmModule*>(module);
+        }
+    }
+    return nullptr;
+}
+
+CDcmModule* CDcmIOD::FindIodModule(const CDcmModule& module) const
+{
+    for (CObject* registered : m_modules)
+    {
+        if (registered == &module)
+        {
+            return static_cast<CDcmModule*>(registered);
+        }
+    }
+    return nullptr;
+}
+
+void CDcmIOD::RemoveIodModule(const CRuntimeClass* moduleClass)
+{
+    if (const CDcmModule* registered = FindIodModule(moduleClass))
+    {
+        RemoveIodModule(*registered);
+    }
+}
+
+void CDcmIOD::RemoveIodModule(const CDcmModule& module)
+{
+    for (int i = 0; i < m_modules.GetSize(); ++i)
+    {
+        if (m_modules[i] == &module)
+        {
+            m_modules.RemoveAt(i);
+            return;
+        }
+    }
+}
+
+void CDcmIOD::RemoveIodModules()
+{
+    m_modules.RemoveAll();
+}
+
+void CDcmIOD::AddSetIncludeEmpty(const CDcmModule& module)
+{
+    m_store->RemoveTagsOf(module.GetDcmElementSet());
+    m_store->Merge(module.GetDcmElementSet());
+    m_store->Sort();
+}
+
+void CDcmIOD::AddSetExcludeEmpty(const CDcmModule& module)
+{
+    CDcmElementSet values;
+    CopyNonEmpty(module, values);
+    m_store->RemoveTagsOf(values);
+    m_store->Merge(values);
+    m_store->Sort();
+}
+
+void CDcmIOD::UpdateIodModule(const CDcmModule& module, const CDcmElementSet& set)
+{
+    if (CDcmModule* registered = FindIodModule(module.GetRuntimeClass()))
+    {
+        registered->GetDcmElementSet().UpdateValuesFrom(set);
+    }
+}
+
+void CDcmIOD::UpdateIodModule(CDcmModule& module)
+{
+    module.GetDcmElementSet().UpdateValuesFrom(*m_store);
+}
+
+void CDcmIOD::UpdateIodModuleSet()
+{
+    for (CObject* module : m_modules)
+    {
+        UpdateIodModule(static_cast<CDcmModule&>(*module));
+    }
+}

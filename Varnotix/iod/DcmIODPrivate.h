@@ -1,0 +1,15 @@
+/// The part of an information object that is no interface.
+#pragma once
+
+#include "Varnotix/codec/ParseException.h"
+#include "Varnotix/platform/Object.h"
+
+#include <vector>
+
+class CDcmIODPrivate : public CObject
+{
+    DECLARE_DYNAMIC(CDcmIODPrivate)
+
+public:
+    std::vector<SReadTrial> readTrials;
+};

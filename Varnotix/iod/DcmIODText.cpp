@@ -1,0 +1,57 @@
+// The text document of an information object.
+
+#include "Varnotix/asl/AslWriter.h"
+#include "Varnotix/iod/DcmIOD.h"
+
+namespace
+{
+
+CString SyntaxWord(int syntax)
+{
+    switch (syntax)
+    {
+    case SYNTAX_UNKNOWN:
+        return "unknown";
+    case SYNTAX_IMPLICIT_LITTLE:
+        return "implicit_little_endian";
+    case SYNTAX_EXPLICIT_LITTLE:
+        return "explicit_little_endian";
+    case SYNTAX_EXPLICIT_BIG:
+        return "explicit_big_endian";
+    default:
+        CString number;
+        number.Format("%d", syntax);
+        return number;
+    }
+}
+
+CString CountLine(const char* key, int count)
+{
+    CString line;
+    line.Format("#%s=%d", key, count);
+    return line;
+}
+
+} // namespace
+
+void CDcmIOD::Export(CStringArray& lines) const
+{
+    lines.RemoveAll();
+    lines.Add("#Attribute Script Language(ASL)  written by Varnotix");
+    lines.Add(CString("#SOURCE_FILE=") + m_pathName);
+    lines.Add(CString("#IOD_KIND=") + GetRuntimeClass()->m_lpszClassName);
+    lines.Add(CString("#IOD_SYNTAX=") + SyntaxWord(m_syntax));
+    lines.Add(CountLine("COUNT", GetCount()));
+    lines.Add(CountLine("COUNT_ALL", GetCountAll()));
+    lines.Add("#ATTRIBUTE_SET_BEGIN");
+    AslLines(*m_store, lines);
+    lines.Add("#ATTRIBUTE_SET_END");
+}
+
+void CDcmIOD::Export(const CString& path) const
+{
+    CStringArray lines;
+    Export(lines);
+    lines.Add(CString());
+    WriteAslFile(path, lines);
+}

@@ -1,0 +1,3 @@
+#include "Varnotix/iod/DcmMetaFileInformation.h"
+
+IMPLEMENT_DCM_INITIALIZED_CLASS(CDcmMetaFileInformation, CDcmModule, InitializeModule)

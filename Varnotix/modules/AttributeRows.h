@@ -1,0 +1,240 @@
+/// The rows from which module and sequence classes are made.
+///
+/// A class reads like the standard's own table of its attributes: one row an attribute, which gives the kind of value,
+/// the accessor's name and the tag, each once.
+///
+///     class VARNOTIX_EXPORT CDcmSpecimenSequence : public CDcmSequence
+///     {
+///         DCM_SEQUENCE_CLASS(CDcmSpecimenSequence)
+///         DCM_TEXT    (SpecimenIdentifier, "0040", "0551")
+///         DCM_TEXT    (SlideIdentifier,    "0040", "06FA")
+///         DCM_SEQUENCE(SpecimenType, CDcmCodeSequenceMacroEx, "0040", "059A")
+///     };
+///
+/// One source file then holds IMPLEMENT_DCM_CLASS(CDcmSpecimenSequence, CDcmSequence).
+///
+/// The order of the rows is the order of declaration. Attributes are declared first, then the sequences are bound,
+/// then the set is sorted by tag. Each accessor finds its element by its place in the declaration, which the row's
+/// line number stands for: rows therefore keep to one line each, and a class to kMaxRowLines lines.
+///
+/// A row gives a getter without arguments, which returns a reference into the element's own value, and a setter. The
+/// getter of an attribute that is missing, or whose VR holds another kind of value, returns a library-wide empty
+/// value, which must not be written to. Such a setter changes nothing.
+#pragma once
+
+#include "Varnotix/modules/AttributeAccess.h"
+
+#include <utility>
+
+/// Lines that a class may span from its first macro to its last row.
+inline constexpr int kMaxRowLines = 160;
+
+/// Names a row by its line, so that overloads tell rows apart.
+template <int LINE> struct SRowLine
+{
+};
+
+/// Walks the rows of a class in their order. Friend of every class made of rows.
+struct SRowWalker
+{
+    /// Declares the attributes, binds the sequences and sorts the set.
+    template <class CLASS> static void Declare(CLASS& object)
+    {
+        Declare(object, std::make_integer_sequence<int, kMaxRowLines>());
+    }
+
+    /// The place of the row at a line among the declared-tag texts (0, 2, 4, ...).
+    template <class CLASS> static int PositionOf(int line)
+    {
+        static constexpr auto kPositions = Positions<CLASS>(std::make_integer_sequence<int, kMaxRowLines>());
+        return kPositions.byLine[line - CLASS::kDcmFirstLine];
+    }
+
+private:
+    struct SPositions
+    {
+        short byLine[kMaxRowLines];
+    };
+
+    template <class CLASS, int LINE>
+    static constexpr bool kDeclares = requires(CLASS& object) { object.DcmDeclareRow(SRowLine<LINE>()); };
+    template <class CLASS, int LINE>
+    static constexpr bool kBinds = requires(CLASS& object) { object.DcmBindRow(SRowLine<LINE>()); };
+
+    template <class CLASS, int... OFFSETS> static constexpr SPositions Positions(std::integer_sequence<int, OFFSETS...>)
+    {
+        SPositions positions{};
+        short next = 0;
+        ((positions.byLine[OFFSETS] = next,
+          next = static_cast<short>(next + (kDeclares<CLASS, CLASS::kDcmFirstLine + OFFSETS> ? 2 : 0))),
+         ...);
+        return positions;
+    }
+
+    template <int LINE, class CLASS> static void DeclareLine(CLASS& object)
+    {
+        if constexpr (kDeclares<CLASS, LINE>)
+        {
+            object.DcmDeclareRow(SRowLine<LINE>());
+        }
+    }
+
+    template <int LINE, class CLASS> static void BindLine(CLASS& object)
+    {
+        if constexpr (kBinds<CLASS, LINE>)
+        {
+            object.DcmBindRow(SRowLine<LINE>());
+        }
+    }
+
+    template <class CLASS, int... OFFSETS> static void Declare(CLASS& object, std::integer_sequence<int, OFFSETS...>)
+    {
+        (DeclareLine<CLASS::kDcmFirstLine + OFFSETS>(object), ...);
+        (BindLine<CLASS::kDcmFirstLine + OFFSETS>(object), ...);
+        object.GetDcmElementSet().Sort();
+    }
+};
+
+/// First in the body of a module class: constructors, assignment and run-time class. A copy is complete before it
+/// takes the other's values, so its sequences are bound to its own members.
+#define DCM_MODULE(Class) DCM_ROWS_CLASS(Class)
+
+/// First in the body of a sequence or macro class.
+#define DCM_SEQUENCE_CLASS(Class) DCM_ROWS_CLASS(Class)
+
+/// Beside DCM_MODULE, for a class that declares its rows in the virtual InitializeModule: calling it again destroys all
+/// elements and declares the rows anew.
+#define DCM_INITIALIZE_MODULE() DCM_INITIALIZE_ROWS(InitializeModule, DestroyModule)
+
+/// Beside DCM_SEQUENCE_CLASS, for a class that declares its rows in the virtual InitializeSequence.
+#define DCM_INITIALIZE_SEQUENCE() DCM_INITIALIZE_ROWS(InitializeSequence, DestroySequence)
+
+/// Single-valued text.
+#define DCM_TEXT(Name, Group, Element) DCM_VALUE(Name, Group, Element, CString&, const CString&, CTextAccess)
+/// Multi-valued text.
+#define DCM_TEXT_LIST(Name, Group, Element) \
+    DCM_VALUE(Name, Group, Element, CStringArray&, const CStringArray&, CTextListAccess)
+/// US, one value. Also SS and AT, as unsigned words.
+#define DCM_US(Name, Group, Element) DCM_VALUE(Name, Group, Element, unsigned short const&, unsigned short, CWordAccess)
+/// US with several values, and OW. Also SS and AT.
+#define DCM_US_LIST(Name, Group, Element) \
+    DCM_VALUE(Name, Group, Element, CWordArray&, const CWordArray&, CWordListAccess)
+/// UL, one value. Also SL, as its unsigned pattern.
+#define DCM_UL(Name, Group, Element) DCM_VALUE(Name, Group, Element, DWORD const&, DWORD, CIntegerAccess)
+/// UL with several values.
+#define DCM_UL_LIST(Name, Group, Element) \
+    DCM_VALUE(Name, Group, Element, CUIntArray&, const CUIntArray&, CIntegerListAccess)
+/// FD, one value.
+#define DCM_FD(Name, Group, Element) DCM_VALUE(Name, Group, Element, double const&, double, CDoubleAccess)
+/// FL with several values.
+#define DCM_FL_LIST(Name, Group, Element) \
+    DCM_VALUE(Name, Group, Element, CFloatArray&, const CFloatArray&, CFloatListAccess)
+/// OB.
+#define DCM_BYTES(Name, Group, Element) DCM_VALUE(Name, Group, Element, CByteArray&, const CByteArray&, CBytesAccess)
+
+/// An attribute that can be set but not read by accessor.
+#define DCM_TEXT_SETTER(Name, Group, Element) DCM_SETTER(Name, Group, Element, const CString&, CTextAccess)
+#define DCM_TEXT_LIST_SETTER(Name, Group, Element) \
+    DCM_SETTER(Name, Group, Element, const CStringArray&, CTextListAccess)
+
+/// A contained sequence: a member object whose elements are the items of the SQ element, and a getter that returns it.
+#define DCM_SEQUENCE(Name, Sequence, Group, Element) \
+    Sequence& Name() \
+    { \
+        return m_dcm##Name; \
+    } \
+    void DcmBindRow(SRowLine<__LINE__>) \
+    { \
+        GetDcmElementSet().BindSequence(Group, Element, m_dcm##Name.GetDcmElementSet()); \
+    } \
+\
+private: \
+    static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
+    Sequence m_dcm##Name; \
+\
+public:
+
+/// Any attribute: what its getter returns, what its setter takes, and the access that joins them to the element.
+#define DCM_VALUE(Name, Group, Element, Result, Argument, Access) \
+    Result Name() \
+    { \
+        return Access::Get(GetDcmElementSet(), DcmRowPosition(__LINE__)); \
+    } \
+    DCM_SETTER(Name, Group, Element, Argument, Access)
+
+#define DCM_SETTER(Name, Group, Element, Argument, Access) \
+    void Name(Argument value) \
+    { \
+        Access::Set(GetDcmElementSet(), DcmRowPosition(__LINE__), value); \
+    } \
+    void DcmDeclareRow(SRowLine<__LINE__>) \
+    { \
+        static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
+        GetDcmElementSet().Declare(Group, Element); \
+    }
+
+#define DCM_ROWS_CLASS(Class) \
+    DECLARE_DYNCREATE(Class) \
+\
+public: \
+    Class(); \
+    Class(const Class& other); \
+    ~Class() override; \
+    Class& operator=(const Class& other); \
+\
+private: \
+    friend struct SRowWalker; \
+    static constexpr int kDcmFirstLine = __LINE__; \
+    static int DcmRowPosition(int line); \
+\
+public:
+
+#define DCM_INITIALIZE_ROWS(Initialize, Destroy) \
+protected: \
+    void Initialize() override \
+    { \
+        Destroy(); \
+        DcmDeclareRows(); \
+    } \
+\
+private: \
+    void DcmDeclareRows(); \
+\
+public:
+
+/// In one source file: defines a class whose rows its constructor declares.
+#define IMPLEMENT_DCM_CLASS(Class, Base) \
+    IMPLEMENT_DCM_ROWS(Class, Base) \
+    Class::Class() \
+    { \
+        SRowWalker::Declare(*this); \
+    }
+
+/// In one source file: defines a class with DCM_INITIALIZE_MODULE or DCM_INITIALIZE_SEQUENCE.
+#define IMPLEMENT_DCM_INITIALIZED_CLASS(Class, Base, Initialize) \
+    IMPLEMENT_DCM_ROWS(Class, Base) \
+    Class::Class() \
+    { \
+        Class::Initialize(); \
+    } \
+    void Class::DcmDeclareRows() \
+    { \
+        SRowWalker::Declare(*this); \
+    }
+
+#define IMPLEMENT_DCM_ROWS(Class, Base) \
+    IMPLEMENT_DYNCREATE(Class, Base) \
+    Class::Class(const Class& other) : Class() \
+    { \
+        *this = other; \
+    } \
+    Class::~Class() = default; \
+    Class& Class::operator=(const Class& other) \
+    { \
+        Base::operator=(other); \
+        return *this; \
+    } \
+    int Class::DcmRowPosition(int line) \
+    { \
+        return SRowWalker::PositionOf<Class>(line); \
+    }

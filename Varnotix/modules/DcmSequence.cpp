@@ -1,0 +1,48 @@
+#include "Varnotix/modules/DcmSequence.h"
+
+IMPLEMENT_DYNAMIC(CSequencePrivate, CObject)
+IMPLEMENT_DYNCREATE(CDcmSequence, CDcmAttributeSet)
+
+CDcmSequence::CDcmSequence() : m_private(new CSequencePrivate) {}
+
+CDcmSequence::CDcmSequence(const CDcmSequence& other) : CDcmAttributeSet(other), m_private(new CSequencePrivate) {}
+
+CDcmSequence::~CDcmSequence()
+{
+    delete m_private;
+}
+
+CDcmSequence& CDcmSequence::operator=(const CDcmSequence& other)
+{
+    CDcmAttributeSet::operator=(other);
+    return *this;
+}
+
+CDcmSequence& CDcmSequence::operator<<(const CDcmSequence& other)
+{
+    CDcmAttributeSet::operator<<(other);
+    return *this;
+}
+
+CDcmSequence& CDcmSequence::operator>>(CDcmSequence& other)
+{
+    CDcmAttributeSet::operator>>(other);
+    return *this;
+}
+
+void CDcmSequence::EmptySequence()
+{
+    EmptyAll();
+}
+
+void CDcmSequence::InitializeSequence() {}
+
+void CDcmSequence::CopySequence(CDcmSequence& other)
+{
+    *this << other;
+}
+
+void CDcmSequence::DestroySequence()
+{
+    DestroySet();
+}
