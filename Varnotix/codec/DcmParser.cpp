@@ -83,6 +83,7 @@ void CDcmParser::Reset(int syntax)
     m_pendingSyntax = SYNTAX_UNKNOWN;
     m_metaEnd = 0;
     m_outputSyntax = SYNTAX_UNKNOWN;
+    m_notes.clear();
 }
 
 void CDcmParser::SetOutputSyntax(const CString& uid)
@@ -142,6 +143,7 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
         {
             registry.ClearPrivateEntries();
             set.RemoveAll();
+            m_notes.clear();
             break;
         }
         tried = true;

@@ -59,6 +59,10 @@ public:
     /// The trials of the last read that failed, in order. The last one made the read give up if the set is empty.
     const std::vector<SReadTrial>& Trials() const { return m_trials; }
 
+    /// What the last read could not keep as the stream held it, in stream order. For diagnosis: a host that writes the
+    /// object again can tell what is lost.
+    const std::vector<SReadNote>& Notes() const { return m_notes; }
+
 private:
     friend class CStreamDecoder;
 
@@ -75,4 +79,5 @@ private:
     CByteArray m_preamble;
     CByteArray m_magic;
     std::vector<SReadTrial> m_trials;
+    std::vector<SReadNote> m_notes;
 };

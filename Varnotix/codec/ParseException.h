@@ -43,7 +43,25 @@ public:
 /// What one trial of a read met.
 struct VARNOTIX_EXPORT SReadTrial
 {
-    int syntax; ///< The syntax in force when decoding ended (see ESyntax).
-    int fault;  ///< One of EParseFault.
+    int syntax;   ///< The syntax in force when decoding ended (see ESyntax).
+    int fault;    ///< One of EParseFault.
     DWORD offset; ///< The stream offset at which the decoder stood.
+};
+
+/// What a successful read could not keep as the stream held it.
+enum EReadNote : int
+{
+    READ_ITEMS_GATHERED = 0,  ///< Items that did not hold one element each are gathered in one set; count is the items.
+    READ_BEYOND_LENGTH = 1,   ///< A sequence took elements from behind its defined end; count is the bytes taken.
+    READ_ITEMS_DROPPED = 2,   ///< The dictionary gives a sequence another VR, so its items are gone.
+    READ_VR_OF_DICTIONARY = 3 ///< The element took the dictionary's VR; count is the code of the stream's VR.
+};
+
+/// One place of a stream of which a read kept less, or other, than it held.
+struct VARNOTIX_EXPORT SReadNote
+{
+    int note;     ///< One of EReadNote.
+    DWORD tag;    ///< Group in the high half, element in the low half.
+    DWORD offset; ///< Stream offset behind the element's header.
+    DWORD count;  ///< See EReadNote.
 };

@@ -62,7 +62,8 @@ void CStreamDecoder::Decode(CDcmElementSet& set)
     ReadStart();
     CDcmRegistry::Global().ClearPrivateEntries();
     set.RemoveAll();
-    DecodeLevel(set, m_cursor.Length());
+    DWORD items = 0;
+    DecodeLevel(set, m_cursor.Length(), items);
 }
 
 CStreamDecoder::STag CStreamDecoder::ReadTag(const BYTE* header) const
@@ -127,15 +128,18 @@ bool CStreamDecoder::ReadDelimiter(const STag& tag)
     return !isItem;
 }
 
-void CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit)
+bool CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& items)
 {
     const std::size_t start = m_cursor.Position();
-    for (;;)
+    bool oneEach = true;
+    int beforeItem = set.GetCount();
+    bool levelEnds = false;
+    while (!levelEnds)
     {
         const BYTE* header = m_cursor.Take(kShortestStream);
         if (header == nullptr)
         {
-            return;
+            break;
         }
         const STag tag = ReadTag(header);
         // The two bytes behind the tag are the VR or the low half of a length; each form reads them for itself.
@@ -144,57 +148,72 @@ void CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit)
         {
             throw CParseException(PARSE_NO_VR);
         }
-        bool levelEnds = false;
         if (tag.vr == VR_NONE)
         {
             levelEnds = ReadDelimiter(tag);
+            if (tag.element == kItemElement)
+            {
+                oneEach = oneEach && (items == 0 || set.GetCount() - beforeItem == 1);
+                beforeItem = set.GetCount();
+                ++items;
+            }
         }
         else
         {
-            const bool longForm = VrRow(tag.vr).longForm;
-            if (IsExplicit())
-            {
-                const std::size_t vrBytes = longForm ? 4 : 2;
-                if (m_cursor.Take(vrBytes) == nullptr)
-                {
-                    throw CParseException(PARSE_SHORT_LENGTH);
-                }
-            }
-            const DWORD length = ReadLength(IsExplicit() && !longForm);
-            if (tag.vr == VR_SQ)
-            {
-                ReadSequence(tag, length, set);
-            }
-            else if (longForm && tag.group == kPixelDataGroup && tag.element == kPixelDataElement)
-            {
-                auto element = std::make_unique<CDcmElement>(tag.group, tag.element, tag.vr, tag.entry);
-                element->SetRead();
-                CDcmElement& added = *element;
-                set.Add(element.release());
-                ReadPixelData(added, length);
-            }
-            else
-            {
-                CDcmElement& element = ReadValue(tag, length, set);
-                if (tag.group == kMetaGroup && !longForm)
-                {
-                    NoteMetaElement(element, start);
-                }
-            }
+            DecodeElement(tag, set, start);
         }
         const std::size_t read = m_cursor.Position() - start;
         PassMetaEnd(read);
-        if (levelEnds || read >= limit)
+        levelEnds = levelEnds || read >= limit;
+    }
+    return oneEach && (items == 0 || set.GetCount() - beforeItem == 1);
+}
+
+void CStreamDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart)
+{
+    const bool longForm = VrRow(tag.vr).longForm;
+    if (IsExplicit() && m_cursor.Take(longForm ? 4 : 2) == nullptr)
+    {
+        throw CParseException(PARSE_SHORT_LENGTH);
+    }
+    const DWORD length = ReadLength(IsExplicit() && !longForm);
+    if (tag.vr == VR_SQ)
+    {
+        ReadSequence(tag, length, set);
+    }
+    else if (longForm && tag.group == kPixelDataGroup && tag.element == kPixelDataElement)
+    {
+        auto element = std::make_unique<CDcmElement>(tag.group, tag.element, tag.vr, tag.entry);
+        element->SetRead();
+        CDcmElement& added = *element;
+        set.Add(element.release());
+        ReadPixelData(added, length);
+    }
+    else
+    {
+        CDcmElement& element = ReadValue(tag, length, set);
+        if (tag.vr != element.Vr())
         {
-            return;
+            Note(READ_VR_OF_DICTIONARY, tag, static_cast<DWORD>(tag.vr));
+        }
+        if (tag.group == kMetaGroup && !longForm)
+        {
+            NoteMetaElement(element, levelStart);
         }
     }
 }
 
+void CStreamDecoder::Note(EReadNote note, const STag& tag, DWORD count)
+{
+    m_parser.m_notes.push_back({note, (static_cast<DWORD>(tag.group) << 16U) | static_cast<DWORD>(tag.element),
+                                static_cast<DWORD>(m_cursor.Position()), count});
+}
+
+/// A sequence always takes at least one element, when the stream holds one: its length is looked at behind each
+/// element. An empty sequence of defined length therefore takes the element that follows it.
 void CStreamDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set)
 {
-    auto owned =
-        std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
+    auto owned = std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
     CDcmElement& element = *owned;
     element.SetRead();
     set.Add(owned.release());
@@ -203,17 +222,26 @@ void CStreamDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet&
         throw CParseException(PARSE_TOO_DEEP);
     }
     ++m_parser.m_depth;
-    if (element.Items() != nullptr)
-    {
-        DecodeLevel(*element.Items(), length);
-    }
-    else
-    {
-        // The dictionary gives the tag another VR, under which items cannot be kept.
-        CDcmElementSet dropped;
-        DecodeLevel(dropped, length);
-    }
+    const std::size_t start = m_cursor.Position();
+    // The dictionary may give the tag another VR, under which items cannot be kept.
+    CDcmElementSet dropped;
+    CDcmElementSet* kept = element.Items();
+    DWORD items = 0;
+    const bool oneEach = DecodeLevel(kept != nullptr ? *kept : dropped, length, items);
     --m_parser.m_depth;
+    const std::size_t read = m_cursor.Position() - start;
+    if (kept == nullptr)
+    {
+        Note(READ_ITEMS_DROPPED, tag, items);
+    }
+    else if (!oneEach)
+    {
+        Note(READ_ITEMS_GATHERED, tag, items);
+    }
+    if (length != kUndefinedLength && read > length)
+    {
+        Note(READ_BEYOND_LENGTH, tag, static_cast<DWORD>(read) - length);
+    }
 }
 
 CDcmElement& CStreamDecoder::ReadValue(const STag& tag, DWORD length, CDcmElementSet& set)

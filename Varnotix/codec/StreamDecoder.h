@@ -30,7 +30,10 @@ private:
     int UnknownFault() const;
 
     void ReadStart();
-    void DecodeLevel(CDcmElementSet& set, std::size_t limit);
+    /// @return true when all items, if there were any, held one element each.
+    bool DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& items);
+    void DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart);
+    void Note(EReadNote note, const STag& tag, DWORD count);
     STag ReadTag(const BYTE* header) const;
     bool ReadDelimiter(const STag& tag);
     DWORD ReadLength(bool shortForm);

@@ -182,6 +182,11 @@ const std::vector<SReadTrial>& CDcmIOD::ReadTrials() const
     return m_private->readTrials;
 }
 
+const std::vector<SReadNote>& CDcmIOD::ReadNotes() const
+{
+    return m_private->readNotes;
+}
+
 void CDcmIOD::AddIodModule(CDcmModule& module)
 {
     RemoveIodModule(module);

@@ -123,6 +123,8 @@ public:
 
     /// What the trials of the last read met that failed, in order; empty after a read that succeeded at once.
     const std::vector<SReadTrial>& ReadTrials() const;
+    /// What the last read could not keep as the stream held it, in stream order.
+    const std::vector<SReadNote>& ReadNotes() const;
 
 protected:
     friend class CDcmModule; // A module attaches itself to its owner.

@@ -12,4 +12,5 @@ class CDcmIODPrivate : public CObject
 
 public:
     std::vector<SReadTrial> readTrials;
+    std::vector<SReadNote> readNotes;
 };

@@ -77,6 +77,7 @@ void CDcmIOD::Serialize(CArchive& archive)
         parser.Preamble(m_preamble);
         parser.Magic(m_magic);
         m_private->readTrials = parser.Trials();
+        m_private->readNotes = parser.Notes();
     }
 }
 
