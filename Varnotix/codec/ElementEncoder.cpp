@@ -77,7 +77,7 @@ void PutSwapped(const BYTE* bytes, std::size_t size, std::size_t width, COutputB
 
 DWORD CElementEncoder::HeaderSize(int syntax, int vr)
 {
-    const bool longForm = VrRow(vr).longForm;
+    const bool longForm = HasLongForm(vr);
     if (IsExplicit(syntax))
     {
         return longForm ? kLongHeader : kShortHeader;

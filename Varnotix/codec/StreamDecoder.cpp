@@ -171,7 +171,7 @@ bool CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& 
 
 void CStreamDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart)
 {
-    const bool longForm = VrRow(tag.vr).longForm;
+    const bool longForm = HasLongForm(tag.vr);
     if (IsExplicit() && m_cursor.Take(longForm ? 4 : 2) == nullptr)
     {
         throw CParseException(PARSE_SHORT_LENGTH);

@@ -8,6 +8,9 @@ namespace
 // Below this size a scan is cheaper than making an index.
 constexpr int kScanLimit = 16;
 
+// So many elements at the end of a sorted list are put in their places one by one.
+constexpr int kFewAdded = 4;
+
 constexpr DWORD kGroupShift = 16;
 
 DWORD TagOf(const CObject* object)
@@ -114,12 +117,27 @@ void CElementBody::Clear()
 
 void CElementBody::Sort()
 {
-    if (!m_sorted)
+    if (m_sorted)
     {
-        std::vector<CObject*> elements(list.begin(), list.end());
-        std::stable_sort(elements.begin(), elements.end(), TagLess);
-        SetList(elements);
+        return;
     }
+    std::vector<CObject*> elements(list.begin(), list.end());
+    // Most sets are in order but for an element or two that were added last.
+    const auto unsorted = std::is_sorted_until(elements.begin(), elements.end(), TagLess);
+    if (elements.end() - unsorted <= kFewAdded)
+    {
+        for (auto added = unsorted; added != elements.end(); ++added)
+        {
+            std::rotate(std::upper_bound(elements.begin(), added, *added, TagLess), added, added + 1);
+        }
+    }
+    else
+    {
+        std::stable_sort(elements.begin(), elements.end(), TagLess);
+    }
+    list.Assign(elements);
+    m_firstOfTag.reset();
+    m_sorted = true;
 }
 
 CElementBody::SShape& CElementBody::Shape()

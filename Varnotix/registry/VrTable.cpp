@@ -5,40 +5,37 @@
 namespace
 {
 
-constexpr bool kShort = false;
-constexpr bool kLong = true;
-
 constexpr std::array<SVrRow, kNamedVrCount> kRows{{
-    {"AE", "AE Application Entity", 16, EVrKind::Text, kShort},
-    {"AS", "AS Age String", 4, EVrKind::Text, kShort},
-    {"AT", "AT Attribute Tag", 4, EVrKind::Words, kShort},
-    {"CS", "CS Code String", 16, EVrKind::Text, kShort},
-    {"DA", "DA Date", 8, EVrKind::Text, kShort},
-    {"DS", "DS Decimal String", 16, EVrKind::Text, kShort},
-    {"DT", "DT Date Time", 26, EVrKind::Text, kShort},
-    {"FL", "FL Floating Point Single", 4, EVrKind::Floats, kShort},
-    {"FD", "FD Floating Point Double", 8, EVrKind::Doubles, kShort},
-    {"IS", "IS Integer String", 12, EVrKind::Text, kShort},
-    {"LO", "LO Long String", 64, EVrKind::Text, kShort},
-    {"LT", "LT Long Text", 10240, EVrKind::Text, kShort},
-    {"OB", "OB Other Byte String", 0, EVrKind::Bytes, kLong},
-    {"OF", "OF Other Float String", 0, EVrKind::Floats, kLong},
-    {"OW", "OW Other Word String", 0, EVrKind::OtherWords, kLong},
-    {"PN", "PN Person Name", 64, EVrKind::Text, kShort},
-    {"SH", "SH Short String", 16, EVrKind::Text, kShort},
-    {"SL", "SL Signed Long", 4, EVrKind::Integers, kShort},
-    {"SQ", "SQ Sequence of Items", 0, EVrKind::Items, kLong},
-    {"SS", "SS Signed Short", 2, EVrKind::Words, kShort},
-    {"ST", "ST Short Text", 1024, EVrKind::Text, kShort},
-    {"TM", "TM Time", 16, EVrKind::Text, kShort},
-    {"UI", "UI Unique Identifier", 64, EVrKind::Text, kShort},
-    {"UL", "UL Unsigned Long", 4, EVrKind::Integers, kShort},
-    {"UN", "UN Unknown", 0, EVrKind::RawOnly, kLong},
-    {"US", "US Unsigned Short", 2, EVrKind::Words, kShort},
-    {"UT", "UT Unlimited Text", 0xFFFFFFFEU, EVrKind::Text, kLong},
+    {"AE", "AE Application Entity", 16},
+    {"AS", "AS Age String", 4},
+    {"AT", "AT Attribute Tag", 4},
+    {"CS", "CS Code String", 16},
+    {"DA", "DA Date", 8},
+    {"DS", "DS Decimal String", 16},
+    {"DT", "DT Date Time", 26},
+    {"FL", "FL Floating Point Single", 4},
+    {"FD", "FD Floating Point Double", 8},
+    {"IS", "IS Integer String", 12},
+    {"LO", "LO Long String", 64},
+    {"LT", "LT Long Text", 10240},
+    {"OB", "OB Other Byte String", 0},
+    {"OF", "OF Other Float String", 0},
+    {"OW", "OW Other Word String", 0},
+    {"PN", "PN Person Name", 64},
+    {"SH", "SH Short String", 16},
+    {"SL", "SL Signed Long", 4},
+    {"SQ", "SQ Sequence of Items", 0},
+    {"SS", "SS Signed Short", 2},
+    {"ST", "ST Short Text", 1024},
+    {"TM", "TM Time", 16},
+    {"UI", "UI Unique Identifier", 64},
+    {"UL", "UL Unsigned Long", 4},
+    {"UN", "UN Unknown", 0},
+    {"US", "US Unsigned Short", 2},
+    {"UT", "UT Unlimited Text", 0xFFFFFFFEU},
 }};
 
-constexpr SVrRow kNoRow{"", "", 0, EVrKind::RawOnly, kShort};
+constexpr SVrRow kNoRow{"", "", 0};
 
 constexpr int kLetters = 26;
 

@@ -67,12 +67,10 @@ struct VARNOTIX_EXPORT SVrRow
     const char* text;        ///< The two upper-case letters.
     const char* description; ///< The letters, a blank and the long name.
     DWORD maxLength;         ///< Maximum value length in bytes; 0 where none is stated.
-    EVrKind kind;
-    bool longForm; ///< Explicit headers carry two reserved bytes and a 32-bit length (PS3.5 section 7.1.2).
 };
 
 /// The row of a named VR.
-/// @param vr 0 to 26; any other code is answered with an empty row of kind RawOnly.
+/// @param vr 0 to 26; any other code is answered with an empty row.
 VARNOTIX_EXPORT const SVrRow& VrRow(int vr);
 
 /// The text of a VR code: two letters, "NONE" for VR_NONE, the empty text for every other code.
@@ -89,5 +87,21 @@ VARNOTIX_EXPORT int VrCodeOfBytes(BYTE first, BYTE second);
 /// The kind of value that a VR holds.
 inline EVrKind VrKind(int vr)
 {
-    return VrRow(vr).kind;
+    constexpr EVrKind kKinds[kNamedVrCount] = {
+        /* AE */ EVrKind::Text,     /* AS */ EVrKind::Text,   /* AT */ EVrKind::Words,
+        /* CS */ EVrKind::Text,     /* DA */ EVrKind::Text,   /* DS */ EVrKind::Text,
+        /* DT */ EVrKind::Text,     /* FL */ EVrKind::Floats, /* FD */ EVrKind::Doubles,
+        /* IS */ EVrKind::Text,     /* LO */ EVrKind::Text,   /* LT */ EVrKind::Text,
+        /* OB */ EVrKind::Bytes,    /* OF */ EVrKind::Floats, /* OW */ EVrKind::OtherWords,
+        /* PN */ EVrKind::Text,     /* SH */ EVrKind::Text,   /* SL */ EVrKind::Integers,
+        /* SQ */ EVrKind::Items,    /* SS */ EVrKind::Words,  /* ST */ EVrKind::Text,
+        /* TM */ EVrKind::Text,     /* UI */ EVrKind::Text,   /* UL */ EVrKind::Integers,
+        /* UN */ EVrKind::RawOnly,  /* US */ EVrKind::Words,  /* UT */ EVrKind::Text};
+    return vr >= 0 && vr < kNamedVrCount ? kKinds[vr] : EVrKind::RawOnly;
+}
+
+/// True for the VRs whose explicit headers carry two reserved bytes and a 32-bit length (PS3.5 section 7.1.2).
+inline bool HasLongForm(int vr)
+{
+    return vr == VR_OB || vr == VR_OF || vr == VR_OW || vr == VR_SQ || vr == VR_UN || vr == VR_UT;
 }
