@@ -1,6 +1,7 @@
 /// Everything that a host needs of the library, in one include.
 #pragma once
 
+#include "Varnotix/Version.h"
 #include "Varnotix/asl/AslWriter.h"
 #include "Varnotix/asl/DcmAttributeSet.h"
 #include "Varnotix/codec/DcmParser.h"

@@ -224,10 +224,9 @@ void CStreamDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet&
     ++m_parser.m_depth;
     const std::size_t start = m_cursor.Position();
     // The dictionary may give the tag another VR, under which items cannot be kept.
-    CDcmElementSet dropped;
     CDcmElementSet* kept = element.Items();
     DWORD items = 0;
-    const bool oneEach = DecodeLevel(kept != nullptr ? *kept : dropped, length, items);
+    const bool oneEach = kept != nullptr ? DecodeLevel(*kept, length, items) : DropLevel(length, items);
     --m_parser.m_depth;
     const std::size_t read = m_cursor.Position() - start;
     if (kept == nullptr)
@@ -242,6 +241,12 @@ void CStreamDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet&
     {
         Note(READ_BEYOND_LENGTH, tag, static_cast<DWORD>(read) - length);
     }
+}
+
+bool CStreamDecoder::DropLevel(std::size_t limit, DWORD& items)
+{
+    CDcmElementSet dropped;
+    return DecodeLevel(dropped, limit, items);
 }
 
 CDcmElement& CStreamDecoder::ReadValue(const STag& tag, DWORD length, CDcmElementSet& set)

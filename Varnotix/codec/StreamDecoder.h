@@ -32,6 +32,7 @@ private:
     void ReadStart();
     /// @return true when all items, if there were any, held one element each.
     bool DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& items);
+    bool DropLevel(std::size_t limit, DWORD& items);
     void DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart);
     void Note(EReadNote note, const STag& tag, DWORD count);
     STag ReadTag(const BYTE* header) const;

@@ -38,6 +38,7 @@ struct SSharedTables
     CEntryTable privateDictionary;
     CMapWordToOb types;
     CNameList uids;
+    CNameList uidNames;
     CNameList photometricNames;
     CString dictionaryPath;
     CString uidTablePath;
@@ -64,7 +65,7 @@ void SSharedTables::Load()
     }
     dictionaryPath = ReadDataFile("dictionary.txt", [this](std::string_view line)
                                   { AddDictionaryLine(line, publicDictionary); });
-    uidTablePath = ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids); });
+    uidTablePath = ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids, uidNames); });
 }
 
 /// The name lists are left as they are: a registry made after all others are gone appends to them once more, so that
@@ -210,6 +211,11 @@ const CString& CDcmRegistry::UidString(int index) const
     static CString result;
     result = Shared().uids.At(index);
     return result;
+}
+
+CString CDcmRegistry::UidName(int index) const
+{
+    return Shared().uidNames.At(index);
 }
 
 int CDcmRegistry::UidEnum(const CString& uid) const

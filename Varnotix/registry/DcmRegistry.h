@@ -52,6 +52,9 @@ public:
     /// The UID in a row of the UID table; empty for an index outside it. The next call overwrites the result.
     const CString& UidString(int index) const;
 
+    /// The name that the UID table gives in a row; empty for an index outside it.
+    CString UidName(int index) const;
+
     /// The row of a UID, blanks around it ignored; the last row where several match. -1 when none does.
     int UidEnum(const CString& uid) const;
 

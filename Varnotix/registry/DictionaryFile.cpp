@@ -100,10 +100,12 @@ CString DictionaryLine(std::string_view key, const CDcmEntry& entry)
     return line;
 }
 
-void AddUidLine(std::string_view line, CNameList& uids)
+void AddUidLine(std::string_view line, CNameList& uids, CNameList& names)
 {
     if (!line.empty())
     {
-        uids.Add(CString(Trimmed(line.substr(0, line.find(' ')))));
+        const std::size_t blank = line.find(' ');
+        uids.Add(CString(Trimmed(line.substr(0, blank))));
+        names.Add(CString(Trimmed(blank == std::string_view::npos ? std::string_view() : line.substr(blank))));
     }
 }

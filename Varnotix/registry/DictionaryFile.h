@@ -19,6 +19,6 @@ void AddDictionaryLine(std::string_view line, CEntryTable& dictionary);
 /// One entry as a line of text; see CDcmRegistry::ExportPublicDictionary.
 CString DictionaryLine(std::string_view key, const CDcmEntry& entry);
 
-/// Takes one line of the UID table: the UID up to the first blank. A name may follow and is not kept. Empty lines
-/// are skipped; there are no comments.
-void AddUidLine(std::string_view line, CNameList& uids);
+/// Takes one line of the UID table: the UID up to the first blank, then its name. Empty lines are skipped; there are no
+/// comments.
+void AddUidLine(std::string_view line, CNameList& uids, CNameList& names);
