@@ -1,0 +1,61 @@
+// Elements and sets written out in tests.
+#pragma once
+
+#include "Varnotix/element/DcmElementSet.h"
+#include "Bytes.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// An element of a dictionary tag that holds one text.
+inline CDcmElement* MakeText(int group, int element, const char* text)
+{
+    auto made = std::make_unique<CDcmElement>(group, element);
+    made->AddText(text);
+    return made.release();
+}
+
+inline CDcmElement* MakeWord(int group, int element, WORD value)
+{
+    auto made = std::make_unique<CDcmElement>(group, element);
+    made->AddWord(value);
+    return made.release();
+}
+
+/// An SQ element that holds the given elements and owns them.
+inline CDcmElement* MakeSequence(int group, int element, std::initializer_list<CDcmElement*> items)
+{
+    auto made = std::make_unique<CDcmElement>(group, element);
+    for (CDcmElement* item : items)
+    {
+        made->Items()->Add(item);
+    }
+    return made.release();
+}
+
+/// Tag and joined text of each element in list order: "00100010=DOE".
+inline std::vector<std::string> Listing(const CDcmElementSet& set)
+{
+    std::vector<std::string> lines;
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        CString line(element.GroupText() + element.ElementText());
+        line += "=";
+        line += element.JoinedText();
+        lines.emplace_back(line.CText());
+    }
+    return lines;
+}
+
+/// The texts of an array as standard texts, so that a failed comparison prints them.
+inline std::vector<std::string> Lines(const CStringArray& texts)
+{
+    std::vector<std::string> lines;
+    for (const CString& text : texts)
+    {
+        lines.emplace_back(text.View());
+    }
+    return lines;
+}
