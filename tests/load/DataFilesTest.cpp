@@ -1,0 +1,168 @@
+// The registry reads its files when its first instance is made. These tests end the library's own instance and make it
+// anew in a folder with files of their own, so they have a program to themselves.
+
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string_view>
+
+namespace
+{
+
+class DataFiles : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_before = std::filesystem::current_path();
+        m_folder = m_before / "own_files";
+        std::filesystem::create_directories(m_folder);
+    }
+
+    void TearDown() override
+    {
+        std::filesystem::current_path(m_before);
+        std::filesystem::remove_all(m_folder);
+    }
+
+    /// Loads the registry anew from the texts.
+    static CDcmRegistry& Load(std::string_view dictionary, std::string_view uids)
+    {
+        std::ofstream("own_files/dictionary.txt", std::ios::binary) << dictionary;
+        std::ofstream("own_files/UidTable.txt", std::ios::binary) << uids;
+        std::filesystem::current_path("own_files");
+        CDcmRegistry& registry = CDcmRegistry::Global();
+        std::destroy_at(&registry);
+        return *std::construct_at(&registry);
+    }
+
+private:
+    std::filesystem::path m_before;
+    std::filesystem::path m_folder;
+};
+
+} // namespace
+
+TEST_F(DataFiles, InTheCurrentDirectoryStandBeforeAllOthers)
+{
+    const CDcmRegistry& registry = Load("0010,0010,PN,1,Own Name\n", "1.2.3 Own\n");
+    EXPECT_EQ(registry.DictionarySize(), 1);
+    EXPECT_STREQ(CDcmRegistry::DictionaryPath(), "dictionary.txt");
+    EXPECT_STREQ(CDcmRegistry::UidTablePath(), "UidTable.txt");
+    EXPECT_STREQ(registry.LookUpTag(0x0010, 0x0010)->name, "Own Name");
+}
+
+TEST_F(DataFiles, FirstLineOfATagStands)
+{
+    const CDcmRegistry& registry = Load("0010,00AB,PN,2,First\n0010,00ab,LO,1,Second\n", "");
+    EXPECT_EQ(registry.DictionarySize(), 1);
+    const CDcmEntry* entry = registry.LookUpTag(0x0010, 0x00AB);
+    ASSERT_NE(entry, nullptr);
+    EXPECT_EQ(entry->vr, static_cast<DWORD>(VR_PN));
+    EXPECT_EQ(entry->multiplicity, 2);
+    EXPECT_STREQ(entry->name, "First");
+}
+
+TEST_F(DataFiles, LinesAreTrimmedAndCommentsSkipped)
+{
+    const CDcmRegistry& registry = Load("# a comment\r\n"
+                                        "   # another, behind blanks\n"
+                                        "\r\n"
+                                        "\n"
+                                        " 0010 ,\t0020 , lo , 1-n , Patient ID , [a,b] rest\r\n"
+                                        "0010,0030,DA,n,Birth Date\n"
+                                        "0010,0040,CS,-1,Sex", // The last line has no end.
+                                        "");
+    EXPECT_EQ(registry.DictionarySize(), 3);
+    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0020)->vr, static_cast<DWORD>(VR_LO));
+    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0020)->multiplicity, 1);
+    EXPECT_STREQ(registry.LookUpTag(0x0010, 0x0020)->name, "Patient ID");
+    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0030)->multiplicity, 1);
+    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0040)->multiplicity, -1);
+}
+
+TEST_F(DataFiles, MalformedLinesMakeEntriesUnderWhatKeyTheyHold)
+{
+    const CDcmRegistry& registry = Load("  \t\n0018\nzz\n0018,0010,QQ,3\n", "");
+    EXPECT_EQ(registry.DictionarySize(), 4);
+    const CDcmEntry* blank = registry.LookUpKey("");
+    ASSERT_NE(blank, nullptr);
+    EXPECT_EQ(blank->vr, static_cast<DWORD>(VR_UNKNOWN));
+    EXPECT_EQ(blank->multiplicity, 1);
+    EXPECT_TRUE(blank->name.IsEmpty());
+    EXPECT_NE(registry.LookUpDictionary("0018", ""), nullptr);
+    EXPECT_NE(registry.LookUpKey("ZZ"), nullptr);
+    EXPECT_EQ(registry.LookUpTag(0x0018, 0x0010)->vr, static_cast<DWORD>(VR_UNKNOWN));
+    EXPECT_EQ(registry.LookUpTag(0x0018, 0x0010)->multiplicity, 3);
+    CStringArray lines;
+    registry.ExportPublicDictionary(lines);
+    ASSERT_EQ(lines.GetSize(), 4);
+    EXPECT_STREQ(lines[0], ",,,1,,");
+    EXPECT_STREQ(lines[3], "0018,0010,,3,,");
+}
+
+TEST_F(DataFiles, RepeatingGroupsAreLoadedInAnyCaseAndExportedWithZeros)
+{
+    const CDcmRegistry& registry = Load("60XX,3000,obow,1,Overlay Data\n50xx,0005,usss,1,Curve Dimensions\n"
+                                        "6004,0010,US,1,Never reached by number\n",
+                                        "");
+    EXPECT_STREQ(registry.LookUpTag(0x6002, 0x3000)->name, "Overlay Data");
+    EXPECT_STREQ(registry.LookUpTag(0x5010, 0x0005)->name, "Curve Dimensions");
+    EXPECT_EQ(registry.LookUpTag(0x6004, 0x0010), nullptr);
+    EXPECT_NE(registry.LookUpDictionary("6004", "0010"), nullptr);
+    CStringArray lines;
+    registry.ExportPublicDictionary(lines);
+    EXPECT_STREQ(lines[0], "6000,3000,OB,1,Overlay Data,");
+    EXPECT_STREQ(lines[1], "5000,0005,US,1,Curve Dimensions,");
+}
+
+TEST_F(DataFiles, EmptyFilesGiveEmptyTables)
+{
+    const CDcmRegistry& registry = Load("", "");
+    EXPECT_EQ(registry.DictionarySize(), 0);
+    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0010), nullptr);
+    CStringArray lines;
+    registry.ExportPublicDictionary(lines);
+    EXPECT_TRUE(lines.IsEmpty());
+}
+
+TEST_F(DataFiles, UidLinesEndAtTheFirstBlankAndLaterRowsWin)
+{
+    CDcmRegistry& registry = CDcmRegistry::Global();
+    const int before = registry.UidDictionarySize();
+    Load("", "9.1 First name\n\n9.2\r\n # no comment\n9.1 Again\n");
+    // Rows are appended at every load; the enumeration answers with the last one.
+    ASSERT_EQ(registry.UidDictionarySize(), before + 4);
+    EXPECT_STREQ(registry.UidString(before), "9.1");
+    EXPECT_STREQ(registry.UidString(before + 1), "9.2");
+    EXPECT_TRUE(registry.UidString(before + 2).IsEmpty());
+    EXPECT_EQ(registry.UidEnum("9.1"), before + 3);
+    EXPECT_EQ(registry.UidEnum("9.2"), before + 1);
+}
+
+TEST_F(DataFiles, PhotometricNumbersMoveToTheCopyOfALaterLoad)
+{
+    CDcmRegistry& registry = CDcmRegistry::Global();
+    const int before = registry.PhotoMetricEnum("RGB");
+    Load("", "");
+    EXPECT_EQ(registry.PhotoMetricEnum("RGB"), before + 12);
+    EXPECT_STREQ(registry.PhotoMetricString(3), "RGB");
+}
+
+TEST_F(DataFiles, FurtherInstancesShareTheTablesAndLoadNothing)
+{
+    CDcmRegistry& registry = Load("0010,0010,PN,1,Name\n", "9.9 Row\n");
+    const int rows = registry.UidDictionarySize();
+    std::ofstream("dictionary.txt", std::ios::app) << "0010,0020,LO,1,ID\n";
+    {
+        const CDcmRegistry other;
+        EXPECT_EQ(other.DictionarySize(), 1);
+        EXPECT_EQ(other.UidDictionarySize(), rows);
+        EXPECT_EQ(other.LookUpTag(0x0010, 0x0010), registry.LookUpTag(0x0010, 0x0010));
+    }
+    EXPECT_EQ(registry.DictionarySize(), 1);
+}
