@@ -17,6 +17,7 @@
 #include "Varnotix/modules/DcmSequence.h"
 #include "Varnotix/modules/DcmSopSequence.h"
 #include "Varnotix/modules/DcmSpecimenSequence.h"
+#include "Varnotix/pdu/DcmProtocolDataUnit.h"
 #include "Varnotix/platform/Archive.h"
 #include "Varnotix/platform/Arrays.h"
 #include "Varnotix/platform/DumpContext.h"

@@ -94,8 +94,8 @@ CDcmElement& CDcmElement::operator=(const CDcmElement& other)
         return *this;
     }
     const bool sameVr = m_vr == other.m_vr;
-    const bool holdsFrames = HoldsFrames() && other.HoldsFrames();
-    if (sameVr && !holdsFrames && m_vr != VR_SQ && other.m_valueFromRaw && Vm() == other.Vm())
+    const bool takesFrames = m_frames != nullptr && other.HoldsFrames();
+    if (sameVr && !m_frames && m_vr != VR_SQ && other.m_valueFromRaw && Vm() == other.Vm())
     {
         // The other's value is still in its raw bytes alone: share those and build the value here when it is needed.
         DropValues();
@@ -108,8 +108,9 @@ CDcmElement& CDcmElement::operator=(const CDcmElement& other)
     other.BuildValue();
     m_read = other.m_read;
     m_raw = other.m_raw;
-    if (holdsFrames)
+    if (takesFrames)
     {
+        DropValues();
         m_vr = other.m_vr;
         *m_frames = *other.m_frames;
     }

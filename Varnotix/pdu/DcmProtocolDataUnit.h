@@ -1,0 +1,158 @@
+/// A protocol data unit of the DICOM upper layer (PS3.8 section 9.3).
+#pragma once
+
+#include "Varnotix/pdu/DcmUserData.h"
+#include "Varnotix/pdu/PresentationContext.h"
+#include "Varnotix/pdu/PresentationDataValue.h"
+
+/// PDU types (PS3.8 section 9.3.1).
+enum EPduType : int
+{
+    PDU_ASSOCIATE_RQ = 1,
+    PDU_ASSOCIATE_AC = 2,
+    PDU_ASSOCIATE_RJ = 3,
+    PDU_DATA_TF = 4,
+    PDU_RELEASE_RQ = 5,
+    PDU_RELEASE_RP = 6,
+    PDU_ABORT = 7
+};
+
+/// One PDU as typed fields and items, and as its byte image, the PDU field. It does no networking: the caller moves the
+/// bytes.
+///
+/// To send, set fields, add items and call Create(); the bytes are then in the PDU field. Start each PDU from a new
+/// object: bytes that an encoding does not name keep what the field held before. To receive, call Create(bytes).
+///
+/// Nothing is reported. Decoding stops quietly at the first length that does not fit and keeps what it has read. It
+/// scans past item types that it does not know byte by byte. Lengths beyond 16 bits are cut to their low 16 bits.
+class VARNOTIX_EXPORT CDcmProtocolDataUnit : public CObject
+{
+    DECLARE_DYNCREATE(CDcmProtocolDataUnit)
+
+public:
+    CDcmProtocolDataUnit();
+    /// Keeps a copy of the bytes as the PDU field and decodes nothing.
+    explicit CDcmProtocolDataUnit(const CByteArray& bytes);
+    /// Copies fields, byte image and every item.
+    CDcmProtocolDataUnit(const CDcmProtocolDataUnit& other);
+    ~CDcmProtocolDataUnit() override;
+    CDcmProtocolDataUnit& operator=(const CDcmProtocolDataUnit& other);
+
+    /// Encodes the fields and items into the PDU field. A PDU type outside 1 to 7 leaves it as it was.
+    void Create();
+    /// Takes the bytes as the PDU field and decodes them.
+    void Create(const CByteArray& bytes);
+    /// Copies the PDU field out.
+    void PduField(CByteArray& out) const { out = m_pduField; }
+
+    /// Decodes the PDU field into fields and items. The PDVs of a P-DATA-TF are added to those already there; an
+    /// A-ASSOCIATE PDU replaces all items.
+    void DecodeProtocol();
+
+    int PduType() const { return m_type; }
+    void PduType(int type) { m_type = type; }
+    /// 0 at first; PS3.8 asks for 1, which the caller sets. Low 16 bits on the wire.
+    int ProtocolVersion() const { return m_version; }
+    void ProtocolVersion(int version) { m_version = version; }
+    /// A-ASSOCIATE-RJ (PS3.8 table 9-21).
+    int Result() const { return m_result; }
+    void Result(int result) { m_result = result; }
+    /// A-ASSOCIATE-RJ and A-ABORT (PS3.8 tables 9-21 and 9-26).
+    int Source() const { return m_source; }
+    void Source(int source) { m_source = source; }
+    int Reason() const { return m_reason; }
+    void Reason(int reason) { m_reason = reason; }
+    /// The value of the PDU length field, set by decoding, and by encoding an A-ASSOCIATE or P-DATA-TF.
+    int PduLength() const { return m_length; }
+
+    /// The titles are written without padding: a short one is followed by zero bytes in a new PDU. One of more than 16
+    /// characters runs into the fields that follow, with a zero byte for its seventeenth character, as far as the fixed
+    /// part reaches; encoding cuts the stored title to 16.
+    void CalledAE(const CString& title) { m_calledAE = title; }
+    void CallingAE(const CString& title) { m_callingAE = title; }
+    const CString& CalledAE() const { return m_calledAE; }
+    const CString& CallingAE() const { return m_callingAE; }
+
+    void AddApplicationContextItem(const CString& name);
+    void AddPresentationContext(const CString& abstractSyntax, const CStringArray& transferSyntaxes, int id,
+                                int result);
+    /// Appends a copy with its ID and result replaced; null is ignored.
+    void AddPresentationContext(const CPresentationContext* context, int id, int result);
+    void AddPresentationDataValue(const CByteArray& data, int id, int messageControl);
+    /// Appends an item with the first 255 bytes of the data.
+    void AddUserDataItem(int type, const CByteArray& data);
+    /// The text's characters without a terminator.
+    void AddUserDataItem(int type, const CString& text);
+    /// Four bytes, least significant first. This is not network byte order: the bytes have always been handed through
+    /// so, and a host that wants the order of PS3.8 adds them as bytes.
+    void AddUserDataItem(int type, DWORD value);
+
+    /// Copies of the lists. Objects are copied as pointers and stay owned by the PDU.
+    void ApplicationContextItems(CStringArray& names) const { names = m_applicationContexts; }
+    void PresentationContextItems(CObArray& contexts) const { contexts = m_presentationContexts; }
+    void UserDataItems(CObArray& items) const { items = m_userData; }
+    void PresentationDataItems(CObArray& values) const { values = m_dataValues; }
+
+    /// The first context with the ID, or null.
+    CPresentationContext* FindPresentationContext(int id) const;
+    /// The first context with the abstract syntax, case ignored, or null.
+    CPresentationContext* FindPresentationContext(const CString& abstractSyntax) const;
+    /// The ID of that context, or -1.
+    int FindPresentationContextID(const CString& abstractSyntax) const;
+    /// The result of the context with the ID, or -1 when there is none.
+    int GetContextIDResult(int id) const;
+    /// True for a context that exists and was accepted.
+    bool IsValidContextID(int id) const { return GetContextIDResult(id) == 0; }
+
+    /// Appends a text dump, a line a field.
+    void Export(CStringArray& lines) const;
+
+protected:
+    void EncodeProtocol();
+    // The two association PDUs have one layout, and so have the two release PDUs; each name is part of the interface.
+    void CreateARequestProtocol();
+    void CreateAAceptProtocol() { CreateARequestProtocol(); }
+    void CreateRejectField();
+    void CreateTFField();
+    void CreateReleaseRequestField();
+    void CreateReleaseReplyField() { CreateReleaseRequestField(); }
+    void CreateAbortField();
+
+    /// Appends all variable items of an association PDU to the PDU field.
+    void CreateARequestVariableItems();
+    // Each of these replaces out by a fresh array.
+    void CreateItemField(int type, const CByteArray& data, CByteArray& out) const;
+    void CreateItemField(int type, const CStringArray& strings, CByteArray& out) const;
+    void CreatePresentationContextField(const CByteArray& subItems, CByteArray& out, int id, int result) const;
+    void CreatePresentationContextItems(CByteArray& out) const;
+    void CreateUserDataItems(CByteArray& out) const;
+    void CreatePresentationDataItem(const CPresentationDataValue& value, CByteArray& out) const;
+
+    void DestroyPresentationContextItems();
+    void DestroyUserDataItems();
+    void DestroyPresentationDataItems();
+
+private:
+    void CopyFrom(const CDcmProtocolDataUnit& other);
+    void WriteHeader(int fixedSize, int length);
+    void WriteTitle(CString& title, int offset);
+    void DecodeAssociation();
+    void DecodeDataValues();
+    bool DecodeApplicationContext(int& position);
+    bool DecodePresentationContext(int& position);
+    bool DecodeUserInformation(int& position);
+
+    CByteArray m_pduField;
+    int m_type = 0;
+    int m_version = 0;
+    int m_result = 0;
+    int m_source = 0;
+    int m_reason = 0;
+    int m_length = 0;
+    CString m_calledAE;
+    CString m_callingAE;
+    CStringArray m_applicationContexts;
+    CObArray m_presentationContexts; // Owned CPresentationContext.
+    CObArray m_userData;             // Owned CDcmUserData.
+    CObArray m_dataValues;           // Owned CPresentationDataValue.
+};
