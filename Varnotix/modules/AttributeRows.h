@@ -109,6 +109,25 @@ private:
 /// Beside DCM_SEQUENCE_CLASS, for a class that declares its rows in the virtual InitializeSequence.
 #define DCM_INITIALIZE_SEQUENCE() DCM_INITIALIZE_ROWS(InitializeSequence, DestroySequence)
 
+/// First in the body of a module class whose tags lie in one instance of a repeating group (PS3.5 section 7.6). Rows
+/// then give DCM_GROUP for their group.
+/// @param DefaultGroup the group of a default-constructed module, a text of four hexadecimal digits.
+#define DCM_REPEATING_MODULE(Class, DefaultGroup) \
+    DCM_ROWS_CLASS(Class) \
+    explicit Class(const CString& group); \
+    DCM_INITIALIZE_MODULE() \
+    DCM_REPEATING_GROUP(DefaultGroup)
+
+/// As DCM_REPEATING_MODULE, for a sequence class.
+#define DCM_REPEATING_SEQUENCE(Class, DefaultGroup) \
+    DCM_ROWS_CLASS(Class) \
+    explicit Class(const CString& group); \
+    DCM_INITIALIZE_SEQUENCE() \
+    DCM_REPEATING_GROUP(DefaultGroup)
+
+/// The group of a repeating module's rows.
+#define DCM_GROUP m_dcmGroup
+
 /// Single-valued text.
 #define DCM_TEXT(Name, Group, Element) DCM_VALUE(Name, Group, Element, CString&, const CString&, CTextAccess)
 /// Multi-valued text.
@@ -138,7 +157,13 @@ private:
     DCM_SETTER(Name, Group, Element, const CStringArray&, CTextListAccess)
 
 /// A contained sequence: a member object whose elements are the items of the SQ element, and a getter that returns it.
-#define DCM_SEQUENCE(Name, Sequence, Group, Element) \
+#define DCM_SEQUENCE(Name, Sequence, Group, Element) DCM_BOUND_SEQUENCE(Name, Sequence, Group, Element, {})
+
+/// A contained sequence whose own tags lie in the module's repeating group.
+#define DCM_REPEATING_MEMBER(Name, Sequence, Element) \
+    DCM_BOUND_SEQUENCE(Name, Sequence, DCM_GROUP, Element, {DCM_GROUP})
+
+#define DCM_BOUND_SEQUENCE(Name, Sequence, Group, Element, Initializer) \
     Sequence& Name() \
     { \
         return m_dcm##Name; \
@@ -150,7 +175,7 @@ private:
 \
 private: \
     static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
-    Sequence m_dcm##Name; \
+    Sequence m_dcm##Name Initializer; \
 \
 public:
 
@@ -189,6 +214,13 @@ private: \
 \
 public:
 
+#define DCM_REPEATING_GROUP(DefaultGroup) \
+private: \
+    static constexpr const char* kDcmDefaultGroup = DefaultGroup; \
+    CString m_dcmGroup = kDcmDefaultGroup; \
+\
+public:
+
 #define DCM_INITIALIZE_ROWS(Initialize, Destroy) \
 protected: \
     void Initialize() override \
@@ -222,18 +254,44 @@ public:
         SRowWalker::Declare(*this); \
     }
 
+/// In one source file: defines a class with DCM_REPEATING_MODULE or DCM_REPEATING_SEQUENCE.
+#define IMPLEMENT_DCM_REPEATING_CLASS(Class, Base, Initialize) \
+    IMPLEMENT_DCM_COMMON(Class, Base) \
+    Class::Class() : Class(CString(kDcmDefaultGroup)) {} \
+    Class::Class(const CString& group) : m_dcmGroup(group) \
+    { \
+        Class::Initialize(); \
+    } \
+    Class::Class(const Class& other) : Class(other.m_dcmGroup) \
+    { \
+        *this = other; \
+    } \
+    Class& Class::operator=(const Class& other) \
+    { \
+        Base::operator=(other); \
+        m_dcmGroup = other.m_dcmGroup; \
+        return *this; \
+    } \
+    void Class::DcmDeclareRows() \
+    { \
+        SRowWalker::Declare(*this); \
+    }
+
 #define IMPLEMENT_DCM_ROWS(Class, Base) \
-    IMPLEMENT_DYNCREATE(Class, Base) \
+    IMPLEMENT_DCM_COMMON(Class, Base) \
     Class::Class(const Class& other) : Class() \
     { \
         *this = other; \
     } \
-    Class::~Class() = default; \
     Class& Class::operator=(const Class& other) \
     { \
         Base::operator=(other); \
         return *this; \
-    } \
+    }
+
+#define IMPLEMENT_DCM_COMMON(Class, Base) \
+    IMPLEMENT_DYNCREATE(Class, Base) \
+    Class::~Class() = default; \
     int Class::DcmRowPosition(int line) \
     { \
         return SRowWalker::PositionOf<Class>(line); \
