@@ -1,0 +1,426 @@
+#include "Elements.h"
+
+#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/platform/DumpContext.h"
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include <gtest/gtest.h>
+
+
+namespace
+{
+
+/// An element whose VM is 0, which no public tag has.
+CDcmElement WithoutVm(int element, const char* vr)
+{
+    CDcmRegistry::Global().AddSharedPrivateEntry(0x0019, element, vr, 0);
+    return CDcmElement(0x0019, element);
+}
+
+} // namespace
+
+TEST(Element, TakesVrMultiplicityAndNameFromTheDictionary)
+{
+    const CDcmElement spacing(0x0028, 0x0030);
+    EXPECT_TRUE(spacing.HasEntry());
+    EXPECT_TRUE(spacing.HasVr(VR_DS));
+    EXPECT_EQ(spacing.Vm(), 2);
+    EXPECT_STREQ(spacing.VrName(), "DS");
+    EXPECT_STREQ(spacing.Name(), "Pixel Spacing");
+    EXPECT_FALSE(spacing.IsRead());
+    const CDcmElement byText("0028", "0030");
+    EXPECT_TRUE(byText == spacing);
+    const CDcmElement pixels("7FE0", "0010");
+    EXPECT_STREQ(pixels.GroupText(), "7fe0");
+    EXPECT_STREQ(pixels.ElementText(), "0010");
+    EXPECT_TRUE(pixels.HasGroup(0x7FE0));
+    EXPECT_TRUE(pixels.HasTag(0x7FE0, 0x0010));
+    EXPECT_FALSE(pixels.HasTag(0x7FE0, 0x0011));
+}
+
+TEST(Element, OnlyKnownSequencesHaveItemsAndOnlyPixelDataHasFrames)
+{
+    EXPECT_NE(CDcmElement(0x0008, 0x1120).Items(), nullptr);
+    EXPECT_NE(CDcmElement(0x0010, 0x0010, VR_SQ).Items(), nullptr);
+    EXPECT_EQ(CDcmElement(0x0008, 0x1120, VR_UN).Items(), nullptr);
+    EXPECT_EQ(CDcmElement(0x0008, 0x7771, VR_SQ).Items(), nullptr);
+    EXPECT_NE(CDcmElement(0x7FE0, 0x0010).Frames(), nullptr);
+    EXPECT_EQ(CDcmElement(0x7FE0, 0x0000).Frames(), nullptr);
+}
+
+TEST(Element, OfAnUnknownTagKeepsRawBytesOnly)
+{
+    CDcmElement unknown(0x0008, 0x7771, Bytes({'A', 'B'}));
+    EXPECT_FALSE(unknown.HasEntry());
+    EXPECT_EQ(unknown.Vr(), static_cast<int>(VR_UNKNOWN));
+    EXPECT_EQ(unknown.Vm(), 0);
+    EXPECT_TRUE(unknown.Name().IsEmpty());
+    EXPECT_EQ(unknown.RawBytes().Size(), 2U);
+    EXPECT_FALSE(unknown.AddText("A"));
+    EXPECT_FALSE(unknown.IsEmptyValue());
+    unknown.Encode();
+    EXPECT_EQ(unknown.EncodedSize(), 0U);
+
+    // A forced VR does not make up for the missing entry.
+    CDcmElement forced(0x0008, 0x7771, VR_LO);
+    EXPECT_STREQ(forced.VrName(), "LO");
+    EXPECT_FALSE(forced.AddText("A"));
+    EXPECT_EQ(forced.Texts(), nullptr);
+}
+
+TEST(SingleValueSetters, ReplaceUnderAMultiplicityOfOneAndAppendWithoutBound)
+{
+    CDcmElement rows(0x0028, 0x0010);
+    EXPECT_TRUE(rows.AddWord(1));
+    EXPECT_TRUE(rows.AddWord(2));
+    ASSERT_EQ(rows.Words()->GetSize(), 1);
+    EXPECT_EQ((*rows.Words())[0], 2);
+
+    CDcmElement times(0x0018, 0x9079);
+    for (int i = 0; i < 20; ++i)
+    {
+        EXPECT_TRUE(times.AddDouble(i));
+    }
+    EXPECT_EQ(times.Doubles()->GetSize(), 20);
+}
+
+TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityTells)
+{
+    CDcmElement spacing(0x0028, 0x0030);
+    CDcmElement fills(0x0018, 0x9066);
+    CDcmElement items(0x0008, 0x030B);
+    CDcmElement cursor(0x0018, 0x2043);
+    CDcmElement range(0x0008, 0x1163);
+    for (int i = 0; i < 5; ++i)
+    {
+        const bool taken = i < 3;
+        EXPECT_EQ(spacing.AddText("1"), taken) << i;
+        EXPECT_EQ(fills.AddWord(1), taken) << i;
+        EXPECT_EQ(items.AddInteger(1), taken) << i;
+        EXPECT_EQ(cursor.AddFloat(1), taken) << i;
+        EXPECT_EQ(range.AddDouble(1), taken) << i;
+    }
+    EXPECT_EQ(spacing.Texts()->GetSize(), 3);
+    EXPECT_EQ(fills.Words()->GetSize(), 3);
+    EXPECT_EQ(items.Integers()->GetSize(), 3);
+}
+
+TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWord)
+{
+    EXPECT_FALSE(WithoutVm(0x1001, "LO").AddText("A"));
+    EXPECT_FALSE(WithoutVm(0x1002, "UL").AddInteger(1));
+    EXPECT_FALSE(WithoutVm(0x1003, "FD").AddDouble(1));
+    CDcmElement word = WithoutVm(0x1004, "US");
+    EXPECT_TRUE(word.AddWord(1));
+    EXPECT_FALSE(word.AddWord(2));
+    EXPECT_EQ((*word.Words())[0], 1);
+}
+
+TEST(SingleValueSetters, ClearWithAnEmptyTextWhereThereIsOneValueOnly)
+{
+    CDcmElement name(0x0010, 0x0010);
+    EXPECT_TRUE(name.AddText("DOE"));
+    EXPECT_TRUE(name.AddText(""));
+    EXPECT_TRUE(name.Texts()->IsEmpty());
+    CDcmElement type(0x0008, 0x0008);
+    type.AddText("ORIGINAL");
+    type.AddText("");
+    EXPECT_STREQ(type.JoinedText(), "ORIGINAL");
+}
+
+TEST(Setters, RefuseAKindOfValueThatTheVrDoesNotHold)
+{
+    CDcmElement text(0x0010, 0x0010);
+    text.AddText("DOE");
+    EXPECT_FALSE(text.AddWord(1));
+    EXPECT_FALSE(text.AddInteger(1));
+    EXPECT_FALSE(text.AddDouble(1));
+    EXPECT_FALSE(text.SetBytes(Bytes({1})));
+    EXPECT_FALSE(text.SetItems(CDcmElementSet()));
+    EXPECT_EQ(text.Words(), nullptr);
+    EXPECT_STREQ(text.JoinedText(), "DOE");
+
+    CDcmElement number(0x0018, 0x9079); // FD
+    EXPECT_FALSE(number.AddText("1"));
+    EXPECT_FALSE(number.AddFloat(1));
+    EXPECT_FALSE(number.SetWords(CWordArray()));
+    EXPECT_TRUE(number.IsEmptyValue());
+    EXPECT_FALSE(CDcmElement(0x0018, 0x1638).AddFloat(1)); // OF takes whole arrays only.
+
+    CDcmElement unknown(0x0072, 0x006D); // UN
+    EXPECT_FALSE(unknown.AddText("1"));
+    EXPECT_FALSE(unknown.SetBytes(Bytes({1})));
+}
+
+TEST(Setters, PutAnIntegerIntoEachVrThatHoldsIntegers)
+{
+    CDcmElement word(0x0028, 0x0010);
+    EXPECT_TRUE(word.AddInteger(0x12345678));
+    EXPECT_EQ((*word.Words())[0], 0x5678);
+    CDcmElement longValue(0x0018, 0x6020); // SL
+    EXPECT_TRUE(longValue.AddInteger(0xFFFFFFFFU));
+    EXPECT_EQ((*longValue.Integers())[0], 0xFFFFFFFFU);
+    CDcmElement bytes(0x0002, 0x0001);
+    EXPECT_TRUE(bytes.AddInteger(0x12345678));
+    EXPECT_EQ(Numbers(*bytes.Bytes()), Numbers(Bytes({0x78, 0x56, 0x34, 0x12})));
+}
+
+TEST(Setters, KeepBytesOfOwBesideItsWords)
+{
+    CDcmElement table(0x0028, 0x1201);
+    CWordArray words;
+    words.Add(0x0102);
+    EXPECT_TRUE(table.SetWords(words));
+    EXPECT_TRUE(table.SetBytes(Bytes({9, 8, 7})));
+    EXPECT_EQ(table.Words()->GetSize(), 1);
+    EXPECT_EQ(Numbers(*table.Bytes()), Numbers(Bytes({9, 8, 7})));
+    table.EmptyValue();
+    EXPECT_TRUE(table.IsEmptyValue());
+}
+
+TEST(Setters, AddAFrameToObPixelDataAndRefuseOwPixelData)
+{
+    CDcmElement pixels(0x7FE0, 0x0010, VR_OB);
+    EXPECT_TRUE(pixels.SetBytes(Bytes({1, 2})));
+    EXPECT_TRUE(pixels.SetBytes(Bytes({3})));
+    ASSERT_EQ(pixels.Frames()->GetCount(), 2);
+    EXPECT_EQ(pixels.Frames()->GetFrame(1)->Number(), 1);
+    EXPECT_EQ(pixels.Bytes(), nullptr);
+    CDcmElement words(0x7FE0, 0x0010, VR_OW);
+    EXPECT_FALSE(words.SetBytes(Bytes({1, 2})));
+    EXPECT_EQ(words.Words(), nullptr);
+    EXPECT_EQ(words.Frames()->GetCount(), 0);
+}
+
+TEST(Setters, TakeAnElementsOwnArray)
+{
+    CDcmElement type(0x0008, 0x0008);
+    type.AddText("A");
+    type.AddText("B");
+    EXPECT_TRUE(type.SetTexts(*type.Texts()));
+    EXPECT_STREQ(type.JoinedText(), "A\\B");
+    EXPECT_FALSE(type.SetTexts(CStringArray()));
+    EXPECT_TRUE(type.IsEmptyValue());
+    CDcmElement sequence(0x0008, 0x1120);
+    sequence.Items()->Add(MakeText(0x0008, 0x1150, "1.2"));
+    EXPECT_TRUE(sequence.SetItems(*sequence.Items()));
+    EXPECT_EQ(sequence.Items()->GetCount(), 1);
+}
+
+TEST(Assignment, TakesRawBytesFlagAndValueButNeverTheTag)
+{
+    CDcmElement source(0x0010, 0x0010, TextBytes("DOE^JOHN"));
+    source.SetRead();
+    CDcmElement target(0x0010, 0x1001); // PN without bound on values.
+    target = source;
+    EXPECT_TRUE(target.HasTag(0x0010, 0x1001));
+    EXPECT_EQ(target.Vm(), -1);
+    EXPECT_TRUE(target.IsRead());
+    EXPECT_STREQ(target.JoinedText(), "DOE^JOHN");
+    EXPECT_EQ(target.RawBytes().Text(), "DOE^JOHN");
+
+    // The value that the source holds counts, not the bytes from which it was made.
+    CDcmElement whole(0x0010, 0x0010, TextBytes("A\\B"));
+    target = whole;
+    EXPECT_EQ(target.Texts()->GetSize(), 1);
+    whole.AddText("C");
+    target = whole;
+    EXPECT_STREQ(target.JoinedText(), "C");
+    EXPECT_EQ(target.RawBytes().Text(), "A\\B");
+    const CDcmElement& same = target;
+    target = same;
+    EXPECT_STREQ(target.JoinedText(), "C");
+}
+
+TEST(Assignment, BetweenDifferentVrsTakesRawBytesOnly)
+{
+    CDcmElement single(0x0018, 0x9079, VR_FL);
+    single.SetRawBytes(Bytes({0, 0, 0x80, 0x3F}));
+    CDcmElement twice(0x0018, 0x9079);
+    twice.AddDouble(7);
+    twice = single;
+    EXPECT_TRUE(twice.HasVr(VR_FD));
+    ASSERT_EQ(twice.Doubles()->GetSize(), 1);
+    EXPECT_EQ((*twice.Doubles())[0], 7);
+    EXPECT_EQ(twice.RawBytes().Size(), 4U);
+
+    // A value that still stands in the target's raw bytes stays too, although those bytes go.
+    CDcmElement unread(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0xF0, 0x3F}));
+    unread = single;
+    ASSERT_EQ(unread.Doubles()->GetSize(), 1);
+    EXPECT_EQ((*unread.Doubles())[0], 1);
+}
+
+TEST(Assignment, OfPixelDataTakesVrAndFrames)
+{
+    CDcmElement words(0x7FE0, 0x0010, VR_OW);
+    words.Frames()->AddFrame(Bytes({1, 2, 3, 4}));
+    words.Frames()->SetOffsetTable(Bytes({0, 0, 0, 0}));
+    for (const int vr : {VR_OB, VR_OW, VR_UN, VR_US})
+    {
+        CDcmElement target(0x7FE0, 0x0010, vr);
+        target.SetBytes(Bytes({9}));
+        target = words;
+        EXPECT_TRUE(target.HasVr(VR_OW)) << vr;
+        EXPECT_STREQ(target.VrName(), "OW");
+        EXPECT_TRUE(target == words);
+        EXPECT_EQ(target.Frames()->OffsetTable().GetSize(), 4);
+    }
+    // Other words are no frames.
+    CDcmElement table(0x0028, 0x1201, Bytes({1, 0}));
+    words = table;
+    EXPECT_EQ(words.Frames()->GetFrame(0)->Size(), 4U);
+}
+
+TEST(Assignment, OfASequenceCopiesItemsOfTheSameTagOnly)
+{
+    const std::unique_ptr<CDcmElement> source(MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x1150, "1.2")}));
+    CDcmElement same(0x0008, 0x1120);
+    same.Items()->Add(MakeText(0x0008, 0x1155, "9"));
+    same = *source;
+    EXPECT_EQ(Listing(*same.Items()), Listing(*source->Items()));
+    same.Items()->GetAt(0)->AddText("3.4");
+    EXPECT_STREQ(source->Items()->GetAt(0)->JoinedText(), "1.2");
+    CDcmElement other(0x0008, 0x1140);
+    other = *source;
+    EXPECT_EQ(other.Items()->GetCount(), 0);
+}
+
+TEST(Copy, IsDeep)
+{
+    const std::unique_ptr<CDcmElement> source(MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x1150, "1.2")}));
+    const CDcmElement copy(*source);
+    source->Items()->GetAt(0)->AddText("3");
+    EXPECT_STREQ(copy.Items()->GetAt(0)->JoinedText(), "1.2");
+    CDcmElement pixels(0x7FE0, 0x0010);
+    pixels.Frames()->AddFrame(Bytes({1, 2}));
+    const CDcmElement pixelCopy(pixels);
+    pixels.Frames()->GetFrame(0)->Array().Add(3);
+    EXPECT_EQ(pixelCopy.Frames()->GetFrame(0)->Size(), 2U);
+}
+
+TEST(Equality, ComparesTagVrAndTypedValueOnly)
+{
+    CDcmElement read(0x0010, 0x0010, TextBytes("DOE"));
+    read.SetRead();
+    CDcmElement set(0x0010, 0x0010);
+    set.AddText("DOE");
+    EXPECT_TRUE(read == set);
+    set.AddText("doe");
+    EXPECT_FALSE(read == set);
+    EXPECT_FALSE(CDcmElement(0x0010, 0x0010) == CDcmElement(0x0010, 0x0020));
+    EXPECT_FALSE(CDcmElement(0x0010, 0x0010) == CDcmElement(0x0010, 0x0010, VR_LO));
+    EXPECT_TRUE(CDcmElement(0x0028, 0x0010, Bytes({1, 0, 9})) == CDcmElement(0x0028, 0x0010, Bytes({1, 0})));
+    // The padding byte of a UID is no part of it.
+    EXPECT_TRUE(CDcmElement(0x0008, 0x0018, TextBytes({"1.2\0", 4})) == CDcmElement(0x0008, 0x0018, TextBytes("1.2")));
+    // Both hold nothing, one because it was emptied.
+    read.EmptyValue();
+    EXPECT_TRUE(read == CDcmElement(0x0010, 0x0010));
+}
+
+TEST(Equality, OfNumbersIsExact)
+{
+    CDcmElement left(0x0018, 0x9079);
+    CDcmElement right(0x0018, 0x9079);
+    left.AddDouble(0.0);
+    right.AddDouble(-0.0);
+    EXPECT_TRUE(left == right);
+    right.AddDouble(1);
+    EXPECT_FALSE(left == right);
+    CDcmElement notANumber(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x7F}));
+    const CDcmElement again(notANumber);
+    EXPECT_FALSE(notANumber == again);
+    EXPECT_TRUE(notANumber == notANumber);
+}
+
+TEST(ElementDump, TellsTagLengthAndValuesInBrackets)
+{
+    const auto dump = [](CDcmElement& element)
+    {
+        CDumpContext context;
+        element.Encode();
+        element.Dump(context);
+        return std::string(context.Text().View());
+    };
+    CDcmElement type(0x0008, 0x0008);
+    type.AddText("A");
+    type.AddText("B");
+    EXPECT_EQ(dump(type).rfind("[0008][0008][-1][CS][Image Type][vfl=4][sz=2][\"A\\B", 0), 0U) << dump(type);
+    CDcmElement rows(0x0028, 0x0010);
+    rows.AddWord(512);
+    EXPECT_EQ(dump(rows), "[0028][0010][1][US][Rows][vfl=2][sz=1][512]\n");
+    CDcmElement version(0x0002, 0x0001, Bytes({0, 1}));
+    EXPECT_EQ(dump(version), "[0002][0001][1][OB][File Meta Information Version][vfl=2][sz=2]\n");
+    const std::unique_ptr<CDcmElement> sequence(MakeSequence(0x0008, 0x1120, {}));
+    EXPECT_NE(dump(*sequence).find("[vfl=0]\nStart sequence items\n[m_list="), std::string::npos);
+    EXPECT_NE(dump(*sequence).find("[cnt=0]\nend sequence items\n"), std::string::npos);
+}
+
+TEST(Record, StartsWithoutTag)
+{
+    const CDmElement record;
+    EXPECT_TRUE(record.IsEqualGroup(-1));
+    EXPECT_TRUE(record.IsEqualElement(-1));
+    EXPECT_TRUE(record.IsEqualVr(-1));
+    EXPECT_TRUE(record.m_raw);
+    EXPECT_FALSE(record.m_present);
+    EXPECT_EQ(record.m_vm, 0);
+}
+
+TEST(Record, AssignmentLeavesTheFlags)
+{
+    CDmElement source;
+    source.m_present = true;
+    source.m_group = 0x0010;
+    source.m_element = 0x0020;
+    source.m_value = Bytes({1});
+    CDmElement target(false);
+    target.m_value = Bytes({7, 8, 9});
+    target = source;
+    EXPECT_TRUE(target.IsEqualGroupElement(0x0010, 0x0020));
+    EXPECT_FALSE(target.IsEqualGroupElement(0x0010, 0x0021));
+    EXPECT_EQ(target.m_value.GetSize(), 1);
+    EXPECT_FALSE(target.m_present);
+    EXPECT_FALSE(target.m_raw);
+}
+
+TEST(Record, RawReceivesTheElementsBytes)
+{
+    CDcmElement element(0x0028, 0x0030, TextBytes("1\\2"));
+    element.SetRead();
+    CDmElement record;
+    record.m_value = Bytes({9, 9, 9, 9, 9});
+    element.Exchange(record);
+    EXPECT_TRUE(record.m_present);
+    EXPECT_TRUE(record.IsEqualGroupElement(0x0028, 0x0030));
+    EXPECT_TRUE(record.IsEqualVr(VR_DS));
+    EXPECT_EQ(record.m_vm, 2);
+    EXPECT_STREQ(record.m_name, "Pixel Spacing");
+    EXPECT_STREQ(record.m_vrText, "DS");
+    EXPECT_EQ(Numbers(record.m_value), Numbers(TextBytes("1\\2")));
+    // A value that was set through a typed setter is not in the raw bytes.
+    element.AddText("3");
+    element.Exchange(record);
+    EXPECT_EQ(Numbers(record.m_value), Numbers(TextBytes("1\\2")));
+}
+
+TEST(Record, NotRawCarriesItsBytesIntoTheElement)
+{
+    CDcmElement element(0x0028, 0x0030, TextBytes("1\\2"));
+    CDmElement record(false);
+    element.Exchange(record); // No bytes: nothing to carry.
+    EXPECT_STREQ(element.JoinedText(), "1\\2");
+    record.m_value = TextBytes("3\\4\\5");
+    element.Exchange(record);
+    EXPECT_STREQ(element.JoinedText(), "3\\4\\5");
+    EXPECT_EQ(element.RawBytes().Text(), "1\\2");
+    EXPECT_EQ(record.m_value.GetSize(), 5);
+    EXPECT_TRUE(record.IsEqualGroup(0x0028));
+
+    CDcmElement pixels(0x7FE0, 0x0010, VR_OB);
+    pixels.SetBytes(Bytes({1}));
+    pixels.SetBytes(Bytes({2}));
+    pixels.Exchange(record);
+    ASSERT_EQ(pixels.Frames()->GetCount(), 1);
+    EXPECT_EQ(pixels.Frames()->GetFrame(0)->Size(), 5U);
+}

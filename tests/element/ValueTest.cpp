@@ -1,0 +1,145 @@
+// How raw bytes become values, and when a value counts as empty.
+
+#include "Elements.h"
+
+#include "Varnotix/element/DcmFrameList.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+std::vector<std::string> TextsOf(int group, int element, std::string_view value)
+{
+    const CDcmElement made(group, element, TextBytes(value));
+    return Lines(*made.Texts());
+}
+
+template <class ARRAY> auto Values(const ARRAY* array)
+{
+    return std::vector(array->begin(), array->end());
+}
+
+using Texts = std::vector<std::string>;
+
+} // namespace
+
+TEST(RawText, IsSplitAtBackslashesUnlessThereIsOneValueOnly)
+{
+    EXPECT_EQ(TextsOf(0x0008, 0x0008, "ORIGINAL\\PRIMARY"), (Texts{"ORIGINAL", "PRIMARY"}));
+    EXPECT_EQ(TextsOf(0x0008, 0x0060, "ORIGINAL\\PRIMARY"), (Texts{"ORIGINAL\\PRIMARY"}));
+}
+
+TEST(RawText, KeepsEmptyValuesButTheLast)
+{
+    EXPECT_EQ(TextsOf(0x0008, 0x0008, "A\\\\C"), (Texts{"A", "", "C"}));
+    EXPECT_EQ(TextsOf(0x0008, 0x0008, "A\\"), (Texts{"A"}));
+    EXPECT_EQ(TextsOf(0x0008, 0x0008, "A\\\\"), (Texts{"A", ""}));
+    EXPECT_EQ(TextsOf(0x0008, 0x0008, "\\A"), (Texts{"", "A"}));
+    EXPECT_EQ(TextsOf(0x0008, 0x0008, "\\"), (Texts{""}));
+}
+
+TEST(RawNumbers, AreLittleEndianAndAPartialLastOneIsDropped)
+{
+    EXPECT_EQ(Values(CDcmElement(0x0028, 0x0010, Bytes({1, 2, 3})).Words()), std::vector<WORD>{0x0201});
+    EXPECT_EQ(Values(CDcmElement(0x0028, 0x0010, Bytes({1})).Words()), std::vector<WORD>{});
+    EXPECT_EQ(Values(CDcmElement(0x0000, 0x0901, Bytes({8, 0, 5, 0})).Words()), (std::vector<WORD>{8, 5})); // AT
+    EXPECT_EQ(Values(CDcmElement(0x0018, 0x6020, Bytes({0xFE, 0xFF, 0xFF, 0xFF, 1, 2, 3})).Integers()),
+              std::vector<UINT>{0xFFFFFFFE});
+    EXPECT_EQ(Values(CDcmElement(0x0018, 0x605A, Bytes({0, 0, 0xC0, 0x3F, 0, 0, 0x80})).Floats()),
+              std::vector<float>{1.5F});
+    EXPECT_EQ(Values(CDcmElement(0x0018, 0x1638, Bytes({0, 0, 0, 0x40})).Floats()), std::vector<float>{2}); // OF
+    EXPECT_EQ(Values(CDcmElement(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 4, 0xC0, 1})).Doubles()),
+              std::vector<double>{-2.5});
+}
+
+TEST(RawBytes, FillOddWordsUpWithZero)
+{
+    EXPECT_EQ(Values(CDcmElement(0x0028, 0x1201, Bytes({1, 2, 3})).Words()), (std::vector<WORD>{0x0201, 3}));
+    EXPECT_EQ(Values(CDcmElement(0x0028, 0x1201, Bytes({7})).Words()), std::vector<WORD>{7});
+}
+
+TEST(RawBytes, BecomeTheOnlyFrameOfPixelData)
+{
+    CDcmElement pixels(0x7FE0, 0x0010, VR_OW);
+    pixels.Frames()->AddFrame(Bytes({9}));
+    pixels.SetRawBytes(Bytes({1, 2, 3}));
+    ASSERT_EQ(pixels.Frames()->GetCount(), 1);
+    EXPECT_EQ(Numbers(pixels.Frames()->GetFrame(0)->Array()), Numbers(Bytes({1, 2, 3})));
+}
+
+TEST(RawBytes, OfNoLengthChangeNothing)
+{
+    CDcmElement name(0x0010, 0x0010, TextBytes("DOE"));
+    name.SetRawBytes(CByteArray());
+    EXPECT_STREQ(name.JoinedText(), "DOE");
+    EXPECT_EQ(name.RawBytes().Size(), 3U);
+}
+
+TEST(RawBytes, StayWhenAValueIsSetOrEmptied)
+{
+    CDcmElement name(0x0010, 0x0010, TextBytes("DOE"));
+    name.AddText("ROE");
+    EXPECT_EQ(name.RawBytes().Text(), "DOE");
+    name.EmptyValue();
+    EXPECT_TRUE(name.IsEmptyValue());
+    EXPECT_TRUE(name.JoinedText().IsEmpty());
+    EXPECT_EQ(name.RawBytes().Text(), "DOE");
+    EXPECT_TRUE(name.HasVr(VR_PN));
+}
+
+TEST(Emptiness, OfTextsMeansThatEveryTextIsEmpty)
+{
+    EXPECT_TRUE(CDcmElement(0x0008, 0x0008).IsEmptyValue());
+    EXPECT_TRUE(CDcmElement(0x0008, 0x0008, TextBytes("\\\\")).IsEmptyValue());
+    EXPECT_FALSE(CDcmElement(0x0008, 0x0008, TextBytes("\\\\A")).IsEmptyValue());
+    EXPECT_FALSE(CDcmElement(0x0010, 0x0010, TextBytes("\\")).IsEmptyValue());
+    CDcmElement type(0x0008, 0x0008, TextBytes("\\\\"));
+    EXPECT_EQ(type.Texts()->GetSize(), 2);
+    EXPECT_TRUE(type.IsEmptyValue());
+    type.Encode();
+    EXPECT_EQ(type.EncodedValueSize(), 0U);
+}
+
+TEST(Emptiness, OfNumbersBytesAndFramesMeansThatThereAreNone)
+{
+    EXPECT_TRUE(CDcmElement(0x0028, 0x0010, Bytes({1})).IsEmptyValue());
+    EXPECT_FALSE(CDcmElement(0x0028, 0x0010, Bytes({0, 0})).IsEmptyValue());
+    EXPECT_TRUE(CDcmElement(0x0002, 0x0001).IsEmptyValue());
+    EXPECT_FALSE(CDcmElement(0x0002, 0x0001, Bytes({0})).IsEmptyValue());
+    CDcmElement pixels(0x7FE0, 0x0010);
+    EXPECT_TRUE(pixels.IsEmptyValue());
+    pixels.Frames()->AddFrame(CByteArray());
+    EXPECT_FALSE(pixels.IsEmptyValue());
+    pixels.EmptyValue();
+    EXPECT_TRUE(pixels.IsEmptyValue());
+    // An unknown value may be anything.
+    EXPECT_FALSE(CDcmElement(0x0072, 0x006D).IsEmptyValue());
+}
+
+TEST(Emptiness, OfASequenceMeansThatAllItsElementsAreEmpty)
+{
+    const std::unique_ptr<CDcmElement> sequence(MakeSequence(
+        0x0008, 0x1120,
+        {new CDcmElement(0x0008, 0x1150), MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1155, "1.2")})}));
+    EXPECT_FALSE(sequence->IsEmptyValue());
+    sequence->EmptyValue();
+    EXPECT_TRUE(sequence->IsEmptyValue());
+    EXPECT_EQ(sequence->Items()->GetCountAll(), 3);
+}
+
+TEST(Pruning, DropsEmptyItemsAtEveryDepthUnlessNoneWouldStay)
+{
+    const std::unique_ptr<CDcmElement> sequence(
+        MakeSequence(0x0008, 0x1120,
+                     {new CDcmElement(0x0008, 0x1150),
+                      MakeSequence(0x0008, 0x1140, {new CDcmElement(0x0008, 0x1150), MakeText(0x0008, 0x1155, "1")}),
+                      MakeSequence(0x0008, 0x1145, {new CDcmElement(0x0008, 0x1150)})}));
+    sequence->PruneEmptyItems();
+    EXPECT_EQ(Listing(*sequence->Items()), (Texts{"00081140="}));
+    EXPECT_EQ(Listing(*sequence->Items()->GetAt(0)->Items()), (Texts{"00081155=1"}));
+
+    const std::unique_ptr<CDcmElement> empty(MakeSequence(0x0008, 0x1120, {new CDcmElement(0x0008, 0x1150)}));
+    empty->PruneEmptyItems();
+    EXPECT_EQ(empty->Items()->GetCount(), 1);
+}
