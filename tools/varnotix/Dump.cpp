@@ -1,0 +1,73 @@
+#include "Input.h"
+#include "StandardStreams.h"
+#include "Verbs.h"
+
+#include <algorithm>
+#include <new>
+
+namespace
+{
+
+/// Prints one object. Throws CWriteFailure, after which no other object can be printed either.
+int DumpOne(const CString& path, const CReport& report)
+{
+    CDcmIOD object;
+    ULONGLONG bytesLeft = 0;
+    if (!ReadObject(path, object, report, bytesLeft))
+    {
+        return STATUS_UNREADABLE;
+    }
+    report.Detail(ShownName(path) + ": read as " + SyntaxName(object.IodSyntax()));
+    CStringArray lines;
+    object.Export(lines);
+    for (const CString& line : lines)
+    {
+        WriteStandardOutput(line.View());
+        WriteStandardOutput("\n");
+    }
+    FlushStandardOutput();
+    return STATUS_DONE;
+}
+
+} // namespace
+
+int Dump(const std::vector<std::string>& files, const CReport& report)
+{
+    if (!HasDataFiles(report, false))
+    {
+        return STATUS_UNREADABLE;
+    }
+    int status = STATUS_DONE;
+    int unread = 0;
+    for (const std::string& file : files)
+    {
+        const CString path{std::string_view(file)};
+        int result = STATUS_UNREADABLE;
+        try
+        {
+            result = DumpOne(path, report);
+        }
+        catch (const CWriteFailure& failure)
+        {
+            report.Error(failure.what());
+            return STATUS_UNWRITTEN;
+        }
+        catch (const CMemoryException& failure)
+        {
+            report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
+        }
+        catch (const std::bad_alloc&)
+        {
+            report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
+        }
+        unread += result == STATUS_DONE ? 0 : 1;
+        status = std::max(status, result);
+    }
+    if (unread > 0 && files.size() > 1)
+    {
+        CString summary;
+        summary.Format("%d of %zu inputs could not be read", unread, files.size());
+        report.Say(summary);
+    }
+    return status;
+}

@@ -1,0 +1,104 @@
+#include "Input.h"
+
+#include "StandardStreams.h"
+
+#include <new>
+
+namespace
+{
+
+void Load(CFile& file, CDcmIOD& object, ULONGLONG& bytesLeft)
+{
+    CArchive archive(&file, CArchive::load);
+    object.Serialize(archive);
+    archive.Close();
+    bytesLeft = file.GetLength() - file.GetPosition();
+}
+
+void ReportTrials(const CString& name, const CDcmIOD& object, const CReport& report)
+{
+    report.Error(name + ": not readable as DICOM");
+    if (object.ReadTrials().empty())
+    {
+        report.ErrorLine("there are no elements in it");
+    }
+    for (const SReadTrial& trial : object.ReadTrials())
+    {
+        CString line;
+        line.Format("%s: fault %d at offset %lu: %s", SyntaxName(trial.syntax), trial.fault,
+                    static_cast<unsigned long>(trial.offset), ParseFaultText(trial.fault));
+        report.ErrorLine(line);
+    }
+}
+
+void ReportMissingFile(const CReport& report, const char* what, const char* name)
+{
+    report.Error(CString("there is no ") + what + ": no '" + name + "' with rows in it was found in the current " +
+                 "directory, in the folder that VARNOTIX_DATA names, beside the library, or in the share folder");
+    report.ErrorLine("Put the file beside the library, or set VARNOTIX_DATA to its folder. "
+                     "'varnotix where' lists the places.");
+}
+
+} // namespace
+
+bool HasDataFiles(const CReport& report, bool needsUids)
+{
+    const CDcmRegistry& registry = CDcmRegistry::Global();
+    if (registry.DictionarySize() == 0)
+    {
+        ReportMissingFile(report, "data dictionary", "dictionary.txt");
+        return false;
+    }
+    if (needsUids && registry.UidDictionarySize() == 0)
+    {
+        ReportMissingFile(report, "UID table", "UidTable.txt");
+        return false;
+    }
+    return true;
+}
+
+CString ShownName(const CString& path)
+{
+    return path == "-" ? CString("standard input") : path;
+}
+
+bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report, ULONGLONG& bytesLeft)
+{
+    try
+    {
+        if (path == "-")
+        {
+            CByteArray bytes;
+            ReadStandardInput(bytes);
+            CMemFile file;
+            file.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
+            Load(file, object, bytesLeft);
+        }
+        else
+        {
+            CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
+            Load(file, object, bytesLeft);
+        }
+    }
+    catch (const CFileException& failure)
+    {
+        report.Error(failure.GetErrorMessage());
+        return false;
+    }
+    catch (const CMemoryException& failure)
+    {
+        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
+        return false;
+    }
+    catch (const std::bad_alloc&)
+    {
+        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
+        return false;
+    }
+    if (object.GetCount() == 0)
+    {
+        ReportTrials(ShownName(path), object, report);
+        return false;
+    }
+    return true;
+}

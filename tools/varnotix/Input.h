@@ -1,0 +1,16 @@
+/// Reading objects, with the reasons when they cannot be read.
+#pragma once
+
+#include "Report.h"
+
+/// False, with a message that tells how to mend it, when the data dictionary is missing, without which no stream can
+/// be read. The UID table is asked for where an output names its transfer syntax.
+bool HasDataFiles(const CReport& report, bool needsUids);
+
+/// The file name as messages show it.
+CString ShownName(const CString& path);
+
+/// Reads the object in a file, or on standard input for "-".
+/// @param bytesLeft number of bytes behind the last element, which the object does not hold.
+/// @return false, with a message that tells why, when there is no readable object.
+bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report, ULONGLONG& bytesLeft);

@@ -1,0 +1,44 @@
+/// Messages and exit statuses of the command-line host.
+#pragma once
+
+#include "Varnotix/Varnotix.h"
+
+/// Exit statuses; of several the largest counts.
+enum EStatus : int
+{
+    STATUS_DONE = 0,
+    STATUS_USAGE = 1,       ///< The command line makes no sense.
+    STATUS_UNREADABLE = 20, ///< An input could not be read, or cannot become what was asked for.
+    STATUS_UNWRITTEN = 40   ///< An output could not be written.
+};
+
+/// Writes messages to standard error, each line with the program's name before it.
+class CReport
+{
+public:
+    CReport(bool quiet, bool verbose) : m_quiet(quiet), m_verbose(verbose && !quiet) {}
+
+    /// A failure: always shown.
+    void Error(const CString& text) const;
+    /// What a user should know: shown unless quiet.
+    void Say(const CString& text) const;
+    /// Shown to those who asked for details.
+    void Detail(const CString& text) const;
+    /// A line below an error, without the program's name.
+    void ErrorLine(const CString& text) const;
+
+    bool IsVerbose() const { return m_verbose; }
+
+private:
+    bool m_quiet;
+    bool m_verbose;
+};
+
+/// "(gggg,eeee)" in upper-case digits.
+CString TagName(DWORD tag);
+
+/// TagName and the name that the dictionary gives the tag.
+CString TagAndName(DWORD tag);
+
+/// The syntax in words, for messages.
+const char* SyntaxName(int syntax);

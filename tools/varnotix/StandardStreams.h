@@ -1,0 +1,28 @@
+/// Standard input and output as streams of bytes.
+#pragma once
+
+#include "Varnotix/Varnotix.h"
+
+#include <stdexcept>
+#include <string_view>
+
+/// An output could not be written; the text names it and tells why.
+class CWriteFailure : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Makes the standard streams carry bytes unchanged, and a closed pipe a failed write instead of the program's end.
+/// To be called before either stream is used.
+void PrepareStandardStreams();
+
+/// Appends everything that standard input holds. Throws CMemoryException beyond 2^31-1 bytes, and CFileException when
+/// reading fails.
+void ReadStandardInput(CByteArray& bytes);
+
+/// Writes to standard output, which buffers. Throws CWriteFailure.
+void WriteStandardOutput(std::string_view text);
+
+/// Hands everything written to the system. Throws CWriteFailure.
+void FlushStandardOutput();

@@ -1,0 +1,18 @@
+/// The verbs of the command-line host. Each returns an exit status (see EStatus).
+#pragma once
+
+#include "Report.h"
+
+#include <string>
+#include <vector>
+
+/// Prints the text document of each object; "-" stands for standard input.
+int Dump(const std::vector<std::string>& files, const CReport& report);
+
+/// Rewrites an object as a PS3.10 file.
+/// @param syntax the syntax to write in (see ESyntax).
+/// @param output a path, or "-" for standard output.
+int Convert(const CString& input, const CString& output, int syntax, const CReport& report);
+
+/// Prints which data files were loaded, how many rows each gave, and where they are looked for.
+int Where(const CReport& report);

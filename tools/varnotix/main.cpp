@@ -1,0 +1,139 @@
+// The command line: verbs, arguments and help.
+
+#include "StandardStreams.h"
+#include "Varnotix/Version.h"
+#include "Verbs.h"
+
+#include <CLI/CLI.hpp>
+
+#include <sstream>
+
+namespace
+{
+
+constexpr const char* kFooter =
+    "Data goes to standard output, everything else to standard error.\n"
+    "Exit status: 0 done, 1 wrong usage, 20 an input could not be read, 40 an output could not be written.\n"
+    "The data dictionary is looked for in the current directory, in the folder that VARNOTIX_DATA names,\n"
+    "beside the library and in the share folder.";
+
+constexpr const char* kDumpFooter =
+    "The first lines of a document, with '#' before them, tell the file, the syntax that "
+    "it was read in and the number of elements.";
+
+constexpr const char* kConvertFooter =
+    "IN is a file with or without preamble and file meta information; OUT always gets both, and its Transfer Syntax\n"
+    "UID (0002,0010) is set. OUT appears when it is complete; IN and OUT may be the same file.\n"
+    "Compressed pixel data is not decompressed: 'explicit' keeps its transfer syntax, the others refuse it.\n"
+    "A rewrite regroups the items of sequences, one element an item, drops values of VR UN and empty values in\n"
+    "lists, and remakes group lengths. What the output no longer holds as IN did is told on standard error:\n"
+    "in one summary line, or in one line an element with -v.";
+
+struct SArguments
+{
+    std::vector<std::string> files;
+    std::string input;
+    std::string output;
+    std::string syntax;
+    bool quiet = false;
+    bool verbose = false;
+};
+
+void AddMessageFlags(CLI::App& verb, SArguments& arguments)
+{
+    CLI::Option* quiet = verb.add_flag("-q,--quiet", arguments.quiet, "Print errors alone");
+    verb.add_flag("-v,--verbose", arguments.verbose, "Print details")->excludes(quiet);
+}
+
+int SyntaxCode(const std::string& word)
+{
+    if (word == "implicit")
+    {
+        return SYNTAX_IMPLICIT_LITTLE;
+    }
+    return word == "big" ? SYNTAX_EXPLICIT_BIG : SYNTAX_EXPLICIT_LITTLE;
+}
+
+/// Help and version are data; complaints about the command line are not.
+int PrintParseResult(const CLI::App& app, const CLI::ParseError& result)
+{
+    std::ostringstream out;
+    std::ostringstream complaint;
+    const int code = app.exit(result, out, complaint);
+    if (code != 0)
+    {
+        CString text{std::string_view(complaint.view())};
+        text.TrimRight();
+        CReport(false, false).Error(text);
+        return STATUS_USAGE;
+    }
+    WriteStandardOutput(out.view());
+    FlushStandardOutput();
+    return STATUS_DONE;
+}
+
+int Run(int count, char** texts)
+{
+    SArguments arguments;
+    CLI::App app("Reads and writes DICOM files.", "varnotix");
+    app.set_version_flag("--version", std::string("varnotix ") + VARNOTIX_VERSION);
+    app.require_subcommand(1);
+    app.footer(kFooter);
+
+    CLI::App* dump = app.add_subcommand("dump", "Print the text document of each file");
+    dump->add_option("FILE", arguments.files, "Files to print; '-' is standard input")->required();
+    dump->footer(kDumpFooter);
+    AddMessageFlags(*dump, arguments);
+
+    CLI::App* convert = app.add_subcommand("convert", "Rewrite a file in another transfer syntax");
+    convert
+        ->add_option("-s,--syntax", arguments.syntax,
+                     "The syntax to write: implicit or explicit VR little endian, "
+                     "or explicit VR big endian")
+        ->required()
+        ->check(CLI::IsMember({"implicit", "explicit", "big"}));
+    convert->add_option("IN", arguments.input, "File to read; '-' is standard input")->required();
+    convert->add_option("OUT", arguments.output, "File to write; '-' is standard output")->required();
+    convert->footer(kConvertFooter);
+    AddMessageFlags(*convert, arguments);
+
+    CLI::App* where = app.add_subcommand("where", "Print which data files were loaded, and from where");
+
+    try
+    {
+        app.parse(count, texts);
+    }
+    catch (const CLI::ParseError& result)
+    {
+        return PrintParseResult(app, result);
+    }
+
+    const CReport report(arguments.quiet, arguments.verbose);
+    if (where->parsed())
+    {
+        return Where(report);
+    }
+    if (dump->parsed())
+    {
+        return Dump(arguments.files, report);
+    }
+    return Convert(CString(std::string_view(arguments.input)), CString(std::string_view(arguments.output)),
+                   SyntaxCode(arguments.syntax), report);
+}
+
+} // namespace
+
+int main(int count, char** texts)
+{
+    PrepareStandardStreams();
+    InitDicomDLL();
+    try
+    {
+        return Run(count, texts);
+    }
+    catch (const std::exception& failure)
+    {
+        CReport(false, false).Error(failure.what());
+        return STATUS_UNWRITTEN;
+    }
+}
