@@ -1,0 +1,68 @@
+#include "Bytes.h"
+
+#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/platform/DumpContext.h"
+
+#include <gtest/gtest.h>
+
+TEST(FrameList, NumbersFramesByTheCountBeforeThem)
+{
+    CDcmFrameList frames;
+    frames.AddFrame(Bytes({1}));
+    CWordArray words;
+    words.Add(0x0102);
+    words.Add(0x0304);
+    frames.AddFrame(words);
+    EXPECT_EQ(Numbers(frames.GetFrame(1)->Array()), Numbers(Bytes({2, 1, 4, 3})));
+    frames.SetFrame(0, Bytes({8, 9}));
+    frames.SetFrame(3, Bytes({7}));
+    ASSERT_EQ(frames.GetCount(), 3);
+    EXPECT_EQ(Numbers(frames.GetFrame(0)->Array()), Numbers(Bytes({1, 8, 9})));
+    EXPECT_EQ(frames.GetFrame(1)->Number(), 1);
+    EXPECT_EQ(frames.GetFrame(2)->Number(), 3);
+    EXPECT_EQ(frames.GetFrame(3), nullptr);
+    EXPECT_EQ(frames.TotalSize(), 8U);
+}
+
+TEST(FrameList, EqualityComparesFrameSizesOnly)
+{
+    CDcmFrameList left;
+    CDcmFrameList right;
+    left.AddFrame(Bytes({1, 2}));
+    right.AddFrame(Bytes({3, 4}));
+    right.SetOffsetTable(Bytes({0, 0, 0, 0}));
+    EXPECT_TRUE(left == right);
+    right.SetFrame(0, Bytes({5}));
+    EXPECT_FALSE(left == right);
+    EXPECT_FALSE(left == CDcmFrameList());
+}
+
+TEST(FrameList, CopiesShareBytesUntilOneIsWrittenTo)
+{
+    CDcmFrameList source;
+    source.AddFrame(Bytes({1, 2, 3}));
+    source.SetOffsetTable(Bytes({0, 0, 0, 0}));
+    CDcmFrameList copy(source);
+    EXPECT_EQ(copy.GetFrame(0)->Data(), source.GetFrame(0)->Data());
+    copy.GetFrame(0)->Array()[0] = 9;
+    EXPECT_EQ(source.GetFrame(0)->Data()[0], 1);
+    EXPECT_EQ(copy.OffsetTable().GetSize(), 4);
+    // A frame whose array was handed out may change at any time, so a copy of it takes bytes of its own.
+    const CDcmFrameList again(copy);
+    copy.GetFrame(0)->Array()[1] = 8;
+    EXPECT_EQ(again.GetFrame(0)->Data()[0], 9);
+    EXPECT_EQ(again.GetFrame(0)->Data()[1], 2);
+}
+
+TEST(FrameList, DumpNamesCountsAndSizes)
+{
+    CDcmFrameList frames;
+    frames.AddFrame(Bytes({1, 2, 3}));
+    CDumpContext context;
+    frames.Dump(context);
+    const std::string text(context.Text().View());
+    for (const char* label : {"[frame cnt = 1]", "[frame number = 0]", "[frame size = 3]", "[offset entries = 0]"})
+    {
+        EXPECT_NE(text.find(label), std::string::npos) << text;
+    }
+}

@@ -1,0 +1,74 @@
+#include "Elements.h"
+
+#include "Varnotix/element/DcmFrameList.h"
+
+#include <gtest/gtest.h>
+
+TEST(Record, StartsWithoutTag)
+{
+    const CDmElement record;
+    EXPECT_TRUE(record.IsEqualGroup(-1));
+    EXPECT_TRUE(record.IsEqualElement(-1));
+    EXPECT_TRUE(record.IsEqualVr(-1));
+    EXPECT_TRUE(record.m_raw);
+    EXPECT_FALSE(record.m_present);
+    EXPECT_EQ(record.m_vm, 0);
+}
+
+TEST(Record, AssignmentLeavesTheFlags)
+{
+    CDmElement source;
+    source.m_present = true;
+    source.m_group = 0x0010;
+    source.m_element = 0x0020;
+    source.m_value = Bytes({1});
+    CDmElement target(false);
+    target.m_value = Bytes({7, 8, 9});
+    target = source;
+    EXPECT_TRUE(target.IsEqualGroupElement(0x0010, 0x0020));
+    EXPECT_FALSE(target.IsEqualGroupElement(0x0010, 0x0021));
+    EXPECT_EQ(target.m_value.GetSize(), 1);
+    EXPECT_FALSE(target.m_present);
+    EXPECT_FALSE(target.m_raw);
+}
+
+TEST(Record, RawReceivesTheElementsBytes)
+{
+    CDcmElement element(0x0028, 0x0030, TextBytes("1\\2"));
+    element.SetRead();
+    CDmElement record;
+    record.m_value = Bytes({9, 9, 9, 9, 9});
+    element.Exchange(record);
+    EXPECT_TRUE(record.m_present);
+    EXPECT_TRUE(record.IsEqualGroupElement(0x0028, 0x0030));
+    EXPECT_TRUE(record.IsEqualVr(VR_DS));
+    EXPECT_EQ(record.m_vm, 2);
+    EXPECT_STREQ(record.m_name, "Pixel Spacing");
+    EXPECT_STREQ(record.m_vrText, "DS");
+    EXPECT_EQ(Numbers(record.m_value), Numbers(TextBytes("1\\2")));
+    // A value that was set through a typed setter is not in the raw bytes.
+    element.AddText("3");
+    element.Exchange(record);
+    EXPECT_EQ(Numbers(record.m_value), Numbers(TextBytes("1\\2")));
+}
+
+TEST(Record, NotRawCarriesItsBytesIntoTheElement)
+{
+    CDcmElement element(0x0028, 0x0030, TextBytes("1\\2"));
+    CDmElement record(false);
+    element.Exchange(record); // No bytes: nothing to carry.
+    EXPECT_STREQ(element.JoinedText(), "1\\2");
+    record.m_value = TextBytes("3\\4\\5");
+    element.Exchange(record);
+    EXPECT_STREQ(element.JoinedText(), "3\\4\\5");
+    EXPECT_EQ(element.RawBytes().Text(), "1\\2");
+    EXPECT_EQ(record.m_value.GetSize(), 5);
+    EXPECT_TRUE(record.IsEqualGroup(0x0028));
+
+    CDcmElement pixels(0x7FE0, 0x0010, VR_OB);
+    pixels.SetBytes(Bytes({1}));
+    pixels.SetBytes(Bytes({2}));
+    pixels.Exchange(record);
+    ASSERT_EQ(pixels.Frames()->GetCount(), 1);
+    EXPECT_EQ(pixels.Frames()->GetFrame(0)->Size(), 5U);
+}
