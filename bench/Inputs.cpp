@@ -5,11 +5,11 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <map>
 
 namespace
 {
@@ -139,15 +139,13 @@ const std::vector<SInput>& Inputs()
 
 const std::vector<CByteArray>& FilesOf(const SInput& input)
 {
-    static std::string name;
-    static std::vector<CByteArray> files;
-    if (name != input.name)
+    static std::map<std::string, std::vector<CByteArray>> made;
+    const auto [found, isNew] = made.try_emplace(input.name);
+    if (isNew)
     {
-        files.clear();
-        files = input.make();
-        name = input.name;
+        found->second = input.make();
     }
-    return files;
+    return found->second;
 }
 
 CByteArray MakeHeaderHeavy()

@@ -17,7 +17,7 @@ struct SInput
 /// The inputs that every toolkit reads and writes.
 const std::vector<SInput>& Inputs();
 
-/// The files of an input, made at the first call. Only the last input is kept, because some are large.
+/// The files of an input, made at the first call.
 const std::vector<CByteArray>& FilesOf(const SInput& input);
 
 /// About 250 elements of mixed VRs, some private, three short sequences, 8 KB of pixel data.

@@ -171,7 +171,7 @@ void Copy(benchmark::State& state, const SInput& input)
         }
         if (input.name.starts_with("bulk"))
         {
-            benchmark::RegisterBenchmark(("copy/" + input.name + "/memory").c_str(),
+            benchmark::RegisterBenchmark(("copy/" + input.name + "/memcpy").c_str(),
                                          [&](benchmark::State& state) { Copy(state, input); });
         }
     }

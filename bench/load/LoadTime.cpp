@@ -4,11 +4,10 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <vector>
-
 #include <dlfcn.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 namespace
 {

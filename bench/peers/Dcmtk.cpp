@@ -1,10 +1,9 @@
 #include "Toolkits.h"
 
 #include <dcmtk/config/osconfig.h>
-
-#include <dcmtk/dcmdata/dctk.h>
 #include <dcmtk/dcmdata/dcistrmb.h>
 #include <dcmtk/dcmdata/dcostrmb.h>
+#include <dcmtk/dcmdata/dctk.h>
 
 namespace
 {
