@@ -3,6 +3,7 @@
 
 #include "Varnotix/element/DmElement.h"
 #include "Varnotix/element/SharedBytes.h"
+#include "Varnotix/platform/Lists.h"
 #include "Varnotix/registry/DcmEntry.h"
 
 #include <memory>
@@ -137,6 +138,14 @@ public:
     bool SetBytes(const CByteArray& bytes);
     /// SQ: the items become a copy of the given set's elements. A member sequence that shares them shows the copy.
     bool SetItems(const CDcmElementSet& items);
+
+    /// Pixel Data of VR OB or OW: replaces all frames by one frame for each array, numbered from 0. All arrays must be
+    /// CByteArray, which makes the VR OB, or all CWordArray, which makes it OW; otherwise nothing changes. An empty
+    /// list counts as bytes.
+    bool SetFrames(const CObList& arrays);
+    /// Pixel Data: fills the list with the frames' byte arrays, which stay owned by the element and valid until the
+    /// pixel data changes. False, and the list left empty, for any other element.
+    bool GetFrames(CObList& arrays);
 
     // Typed values. Null when the VR does not hold that kind, or the element has no entry.
 

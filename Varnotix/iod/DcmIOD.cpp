@@ -136,15 +136,15 @@ void CDcmIOD::UpdateIod(bool intoStore)
         UpdateIodModuleSet();
         return;
     }
-    for (const CObject* module : m_modules)
+    for (int i = 0; i < m_modules.GetSize(); ++i)
     {
         if (m_emptyElements == EMPTY_ELEMENTS_INCLUDED)
         {
-            AddSetIncludeEmpty(static_cast<const CDcmModule&>(*module));
+            AddSetIncludeEmpty(m_modules[i]);
         }
         else if (m_emptyElements == EMPTY_ELEMENTS_EXCLUDED)
         {
-            AddSetExcludeEmpty(static_cast<const CDcmModule&>(*module));
+            AddSetExcludeEmpty(m_modules[i]);
         }
     }
 }
@@ -171,9 +171,9 @@ void CDcmIOD::RemoveAll()
 
 void CDcmIOD::EmptyIodModules()
 {
-    for (CObject* module : m_modules)
+    for (int i = 0; i < m_modules.GetSize(); ++i)
     {
-        static_cast<CDcmModule*>(module)->EmptyModule();
+        m_modules[i].EmptyModule();
     }
 }
 
@@ -189,53 +189,27 @@ const std::vector<SReadNote>& CDcmIOD::ReadNotes() const
 
 void CDcmIOD::AddIodModule(CDcmModule& module)
 {
-    RemoveIodModule(module);
-    RemoveIodModule(module.GetRuntimeClass());
-    m_modules.Add(&module);
+    m_modules.Add(module);
 }
 
 CDcmModule* CDcmIOD::FindIodModule(const CRuntimeClass* moduleClass) const
 {
-    for (CObject* module : m_modules)
-    {
-        if (moduleClass != nullptr && module->IsKindOf(moduleClass))
-        {
-            return static_cast<CDcmModule*>(module);
-        }
-    }
-    return nullptr;
+    return m_modules.Find(moduleClass);
 }
 
 CDcmModule* CDcmIOD::FindIodModule(const CDcmModule& module) const
 {
-    for (CObject* registered : m_modules)
-    {
-        if (registered == &module)
-        {
-            return static_cast<CDcmModule*>(registered);
-        }
-    }
-    return nullptr;
+    return m_modules.Find(module);
 }
 
 void CDcmIOD::RemoveIodModule(const CRuntimeClass* moduleClass)
 {
-    if (const CDcmModule* registered = FindIodModule(moduleClass))
-    {
-        RemoveIodModule(*registered);
-    }
+    m_modules.Remove(moduleClass);
 }
 
 void CDcmIOD::RemoveIodModule(const CDcmModule& module)
 {
-    for (int i = 0; i < m_modules.GetSize(); ++i)
-    {
-        if (m_modules[i] == &module)
-        {
-            m_modules.RemoveAt(i);
-            return;
-        }
-    }
+    m_modules.Remove(module);
 }
 
 void CDcmIOD::RemoveIodModules()
@@ -274,8 +248,8 @@ void CDcmIOD::UpdateIodModule(CDcmModule& module)
 
 void CDcmIOD::UpdateIodModuleSet()
 {
-    for (CObject* module : m_modules)
+    for (int i = 0; i < m_modules.GetSize(); ++i)
     {
-        UpdateIodModule(static_cast<CDcmModule&>(*module));
+        UpdateIodModule(m_modules[i]);
     }
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Varnotix/codec/ParseException.h"
-#include "Varnotix/modules/DcmModule.h"
+#include "Varnotix/modules/DcmModuleList.h"
 
 #include <vector>
 
@@ -115,6 +115,18 @@ public:
     /// Writes the elements alone, in the syntax of the UID, without preamble and "DICM". An unknown UID writes nothing.
     void Export(CByteArray& bytes, const CString& uid);
 
+    /// Anonymises the store: writes the text into every one of 32 identifying elements that the store holds, or, for an
+    /// empty text, removes those elements. Elements inside sequence items are not touched, nor are the registered
+    /// modules, until UpdateIod(false) is called.
+    void Anonymize55(const CString& text);
+
+    /// The registered module of a class, or null: iod.Module(RUNTIME_CLASS(CDcmPatientModule)).
+    CDcmModule* Module(const CRuntimeClass* moduleClass) const { return FindIodModule(moduleClass); }
+
+    /// Registered modules in the order of their registration.
+    int ModuleCount() const { return m_modules.GetSize(); }
+    CDcmModule& ModuleAt(int index) const { return m_modules[index]; }
+
     /// Replaces the lines by the object's text document.
     void Export(CStringArray& lines) const;
     /// Writes the text document to a file, with an empty line at its end. A file that cannot be written is not
@@ -162,7 +174,7 @@ private:
     bool m_groupLengths = false;
     bool m_fileFormat = true;
     CByteArray m_preamble;
-    CObArray m_modules;
+    CDcmModuleList m_modules;
     CByteArray m_magic;
     int m_syntax = SYNTAX_IMPLICIT_LITTLE;
     int m_requestedSyntax = SYNTAX_IMPLICIT_LITTLE;
