@@ -10,14 +10,12 @@ IMPLEMENT_DYNCREATE(CDcmProtocolDataUnit, CObject)
 namespace
 {
 
-/// Appends a new item. One for which there is no memory is dropped.
-template <class MAKE> void AddItem(CObArray& items, const MAKE& make)
+/// Does what adds an item. One for which there is no memory is dropped.
+template <class ADD> void DropWithoutMemory(const ADD& add)
 {
     try
     {
-        std::unique_ptr<CObject> item(make());
-        items.Add(item.get());
-        item.release();
+        add();
     }
     catch (const CMemoryException&)
     {
@@ -25,6 +23,17 @@ template <class MAKE> void AddItem(CObArray& items, const MAKE& make)
     catch (const std::bad_alloc&)
     {
     }
+}
+
+template <class MAKE> void AddItem(CObArray& items, const MAKE& make)
+{
+    DropWithoutMemory(
+        [&]
+        {
+            std::unique_ptr<CObject> item(make());
+            items.Add(item.get());
+            item.release();
+        });
 }
 
 template <class ITEM> void AddCopies(const CObArray& from, CObArray& to)
@@ -117,7 +126,7 @@ void CDcmProtocolDataUnit::Create(const CByteArray& bytes)
 
 void CDcmProtocolDataUnit::AddApplicationContextItem(const CString& name)
 {
-    m_applicationContexts.Add(name);
+    DropWithoutMemory([&] { m_applicationContexts.Add(name); });
 }
 
 void CDcmProtocolDataUnit::AddPresentationContext(const CString& abstractSyntax, const CStringArray& transferSyntaxes,
@@ -147,19 +156,27 @@ void CDcmProtocolDataUnit::AddUserDataItem(int type, const CByteArray& data)
 
 void CDcmProtocolDataUnit::AddUserDataItem(int type, const CString& text)
 {
-    CByteArray data;
-    data.Assign(reinterpret_cast<const BYTE*>(text.View().data()), text.GetLength());
-    AddUserDataItem(type, data);
+    DropWithoutMemory(
+        [&]
+        {
+            CByteArray data;
+            data.Assign(reinterpret_cast<const BYTE*>(text.View().data()), text.GetLength());
+            AddUserDataItem(type, data);
+        });
 }
 
 void CDcmProtocolDataUnit::AddUserDataItem(int type, DWORD value)
 {
-    CByteArray data;
-    for (unsigned shift = 0; shift < 32; shift += 8)
-    {
-        data.Add(static_cast<BYTE>(value >> shift));
-    }
-    AddUserDataItem(type, data);
+    DropWithoutMemory(
+        [&]
+        {
+            CByteArray data;
+            for (unsigned shift = 0; shift < 32; shift += 8)
+            {
+                data.Add(static_cast<BYTE>(value >> shift));
+            }
+            AddUserDataItem(type, data);
+        });
 }
 
 CPresentationContext* CDcmProtocolDataUnit::FindPresentationContext(int id) const

@@ -23,7 +23,7 @@ enum EPduType : int
 /// To send, set fields, add items and call Create(); the bytes are then in the PDU field. Start each PDU from a new
 /// object: bytes that an encoding does not name keep what the field held before. To receive, call Create(bytes).
 ///
-/// Nothing is reported. Decoding stops quietly at the first length that does not fit and keeps what it has read. It
+/// Nothing is reported. An item for which there is no memory is not added. Decoding stops quietly at the first length that does not fit and keeps what it has read. It
 /// scans past item types that it does not know byte by byte. Lengths beyond 16 bits are cut to their low 16 bits.
 class VARNOTIX_EXPORT CDcmProtocolDataUnit : public CObject
 {
@@ -109,13 +109,14 @@ public:
 
 protected:
     void EncodeProtocol();
-    // The two association PDUs have one layout, and so have the two release PDUs; each name is part of the interface.
+    // The two association PDUs have one layout, and so have the two release PDUs; each name is part of the interface,
+    // and none is inline, so that each is a symbol of the library.
     void CreateARequestProtocol();
-    void CreateAAceptProtocol() { CreateARequestProtocol(); }
+    void CreateAAceptProtocol();
     void CreateRejectField();
     void CreateTFField();
     void CreateReleaseRequestField();
-    void CreateReleaseReplyField() { CreateReleaseRequestField(); }
+    void CreateReleaseReplyField();
     void CreateAbortField();
 
     /// Appends all variable items of an association PDU to the PDU field.

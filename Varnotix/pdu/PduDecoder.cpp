@@ -161,7 +161,7 @@ bool CDcmProtocolDataUnit::DecodeApplicationContext(int& position)
     {
         return false;
     }
-    m_applicationContexts.Add(item.Text());
+    AddApplicationContextItem(item.Text());
     return true;
 }
 
@@ -172,7 +172,7 @@ bool CDcmProtocolDataUnit::DecodePresentationContext(int& position)
         return false;
     }
     const BYTE* header = m_pduField.GetData() + position;
-    const int end = position + kItemHeader + Big16(header + 2);
+    const std::int64_t end = std::int64_t{position} + kItemHeader + Big16(header + 2);
     CPresentationContext context;
     context.ContextID(header[4]);
     context.Result(header[6]);
@@ -201,7 +201,7 @@ bool CDcmProtocolDataUnit::DecodeUserInformation(int& position)
     {
         return false;
     }
-    const int end = position + kItemHeader + Big16(m_pduField.GetData() + position + 2);
+    const std::int64_t end = std::int64_t{position} + kItemHeader + Big16(m_pduField.GetData() + position + 2);
     position += kItemHeader;
     while (position < m_pduField.GetSize() && position < end)
     {

@@ -65,6 +65,11 @@ void CDcmProtocolDataUnit::CreateARequestProtocol()
     PutBig32(m_pduField.GetData() + 2, m_length);
 }
 
+void CDcmProtocolDataUnit::CreateAAceptProtocol()
+{
+    CreateARequestProtocol();
+}
+
 void CDcmProtocolDataUnit::CreateARequestVariableItems()
 {
     CByteArray items;
@@ -100,6 +105,11 @@ void CDcmProtocolDataUnit::CreateTFField()
 void CDcmProtocolDataUnit::CreateReleaseRequestField()
 {
     WriteHeader(kShortPduSize, kShortPduSize - kPduHeaderSize);
+}
+
+void CDcmProtocolDataUnit::CreateReleaseReplyField()
+{
+    CreateReleaseRequestField();
 }
 
 void CDcmProtocolDataUnit::CreateAbortField()
@@ -140,10 +150,10 @@ void CDcmProtocolDataUnit::CreatePresentationContextField(const CByteArray& subI
     CByteArray item;
     item.SetSize(kContextItemHeader);
     item[0] = static_cast<BYTE>(isAccept ? kPresentationContextAcItem : kPresentationContextRqItem);
-    PutBig16(item.GetData() + 2, subItems.GetSize() + kContextItemHeader - kItemHeader);
     item[4] = static_cast<BYTE>(id);
     item[6] = static_cast<BYTE>(isAccept ? result : 0);
     item.Append(subItems);
+    PutBig16(item.GetData() + 2, item.GetSize() - kItemHeader);
     out.Swap(item);
 }
 
@@ -187,9 +197,9 @@ void CDcmProtocolDataUnit::CreatePresentationDataItem(const CPresentationDataVal
 {
     CByteArray item;
     item.SetSize(kDataValueHeader);
-    PutBig32(item.GetData(), value.Data().GetSize() + 2);
     item[4] = static_cast<BYTE>(value.ContextID());
     item[5] = static_cast<BYTE>(value.MessageControl());
     item.Append(value.Data());
+    PutBig32(item.GetData(), item.GetSize() - kItemHeader);
     out.Swap(item);
 }
