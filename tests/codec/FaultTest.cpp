@@ -1,5 +1,7 @@
 #include "StreamBytes.h"
 
+#include "Varnotix/registry/DcmRegistry.h"
+
 #include <gtest/gtest.h>
 
 namespace
@@ -38,8 +40,13 @@ TEST(Fault, EachCodeComesWithTheOffsetWhereTheTrialEnded)
     // 5: the stream ends inside a value that is no longer than the stream.
     EXPECT_EQ(Faults(kLittle + Stream("1000 2000 'LO' 0400 'AB'")), "4:2@6 2:5@20");
     EXPECT_EQ(Faults(kLittle + Stream("E07F 1000 'OW' 0000 04000000 0102")), "4:2@6 2:5@24");
-    // 10: a tag of group FFFE that is no delimiter cannot be known; here the dictionary has another tag without VR.
+    // 10: a private tag that was entered without a VR is no delimiter.
+    CDcmRegistry::Global().AddSharedPrivateEntry(0x0801, 0x0001, "none", 1);
+    EXPECT_EQ(Faults("0108 0100 00000000"), "4:2@6 2:10@4");
+    EXPECT_EQ(Faults("0801 0001 00000000"), "4:10@4");
+    // 1 and 12: another tag of group FFFE is unknown.
     EXPECT_EQ(Faults(kLittle + Stream("FEFF 01E0 00000000")), "4:2@6 2:1@16 1:0@8");
+    EXPECT_EQ(Faults("FEFF 01E0 00000000"), "4:2@6 2:1@6 1:12@6");
     // 13: shorter than one tag.
     EXPECT_EQ(Faults("0800600043"), "4:13@0");
     EXPECT_EQ(Faults(Bytes()), "4:13@0");
