@@ -130,7 +130,6 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
         {
             CStreamDecoder(*this, cursor).Decode(set);
             m_outputSyntax = m_currentSyntax;
-            registry.PromotePrivateEntries();
             break;
         }
         catch (const CParseException& fault)

@@ -60,10 +60,22 @@ void CStreamDecoder::Decode(CDcmElementSet& set)
         throw CParseException(PARSE_SHORT_STREAM);
     }
     ReadStart();
-    CDcmRegistry::Global().ClearPrivateEntries();
+    CDcmRegistry& registry = CDcmRegistry::Global();
+    registry.ClearPrivateEntries();
     set.RemoveAll();
-    DWORD items = 0;
-    DecodeLevel(set, m_cursor.Length(), items);
+    try
+    {
+        DWORD items = 0;
+        DecodeLevel(set, m_cursor.Length(), items);
+        registry.PromotePrivateEntries();
+    }
+    catch (...)
+    {
+        // Elements may point to provisional entries, which go with the next read at the latest. That holds also when
+        // it is memory that ran out and the caller keeps the set.
+        set.DestroyContents();
+        throw;
+    }
 }
 
 CStreamDecoder::STag CStreamDecoder::ReadTag(const BYTE* header) const

@@ -13,7 +13,8 @@ class CStreamDecoder
 public:
     CStreamDecoder(CDcmParser& parser, CStreamCursor& cursor) : m_parser(parser), m_cursor(cursor) {}
 
-    /// Reads preamble and magic, then all elements of the stream into the set, which is emptied first.
+    /// Reads preamble and magic, then all elements of the stream into the set, which is emptied first and left empty
+    /// when anything is thrown on the way. The private tags that were met become lasting ones.
     void Decode(CDcmElementSet& set);
 
 private:
