@@ -49,8 +49,7 @@ int ConvertOne(const CString& input, const CString& output, int syntax, const CR
 {
     const CString name = ShownName(input);
     CDcmIOD object;
-    ULONGLONG bytesLeft = 0;
-    if (!ReadObject(input, object, report, bytesLeft))
+    if (!ReadObject(input, object, report))
     {
         return STATUS_UNREADABLE;
     }
@@ -62,12 +61,6 @@ int ConvertOne(const CString& input, const CString& output, int syntax, const CR
     }
     CLossReport losses;
     losses.AddReadNotes(object);
-    if (bytesLeft > 0)
-    {
-        CString text;
-        text.Format("%llu bytes behind the last element are left out", bytesLeft);
-        losses.Add(ELoss::BytesLeftOut, "end", text);
-    }
     if (form.syntax == SYNTAX_IMPLICIT_LITTLE && syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
     {
         GivePixelDataItsVr(object.ElementStore(), name, report);

@@ -12,8 +12,7 @@ namespace
 int DumpOne(const CString& path, const CReport& report)
 {
     CDcmIOD object;
-    ULONGLONG bytesLeft = 0;
-    if (!ReadObject(path, object, report, bytesLeft))
+    if (!ReadObject(path, object, report))
     {
         return STATUS_UNREADABLE;
     }

@@ -7,12 +7,11 @@
 namespace
 {
 
-void Load(CFile& file, CDcmIOD& object, ULONGLONG& bytesLeft)
+void Load(CFile& file, CDcmIOD& object)
 {
     CArchive archive(&file, CArchive::load);
     object.Serialize(archive);
     archive.Close();
-    bytesLeft = file.GetLength() - file.GetPosition();
 }
 
 void ReportTrials(const CString& name, const CDcmIOD& object, const CReport& report)
@@ -62,7 +61,7 @@ CString ShownName(const CString& path)
     return path == "-" ? CString("standard input") : path;
 }
 
-bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report, ULONGLONG& bytesLeft)
+bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
 {
     try
     {
@@ -72,12 +71,12 @@ bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report, ULO
             ReadStandardInput(bytes);
             CMemFile file;
             file.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
-            Load(file, object, bytesLeft);
+            Load(file, object);
         }
         else
         {
             CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
-            Load(file, object, bytesLeft);
+            Load(file, object);
         }
     }
     catch (const CFileException& failure)

@@ -11,6 +11,5 @@ bool HasDataFiles(const CReport& report, bool needsUids);
 CString ShownName(const CString& path);
 
 /// Reads the object in a file, or on standard input for "-".
-/// @param bytesLeft number of bytes behind the last element, which the object does not hold.
 /// @return false, with a message that tells why, when there is no readable object.
-bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report, ULONGLONG& bytesLeft);
+bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report);

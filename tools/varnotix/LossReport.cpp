@@ -25,7 +25,7 @@ constexpr SLossText kLossTexts[] = {
     {"1 group length remade", "%d group lengths remade"},
     {"1 offset table changed", "%d offset tables changed"},
     {"1 compressed frame without item headers", "%d compressed frames without item headers"},
-    {"bytes behind the last element left out", "bytes behind the last element left out"},
+    {"1 sequence that other readers may not read", "%d sequences that other readers may not read"},
 };
 static_assert(std::size(kLossTexts) == static_cast<std::size_t>(ELoss::Count));
 
@@ -54,16 +54,15 @@ void CLossReport::AddReadNotes(const CDcmIOD& object)
         switch (note.note)
         {
         case READ_ITEMS_GATHERED:
-            Add(ELoss::ItemsRegrouped, where,
-                Number("the elements of its %lu items are written one element an item", note.count));
+            Add(ELoss::ItemsRegrouped, where, Number("written one element an item; items read: %lu", note.count));
             break;
         case READ_BEYOND_LENGTH:
             Add(ELoss::ElementsSwallowed, where,
-                Number("elements in the %lu bytes behind its end are written inside it", note.count));
+                Number("what follows its end is written inside it; bytes: %lu", note.count));
             break;
         case READ_ITEMS_DROPPED:
             Add(ELoss::ItemsDropped, where,
-                Number("%lu items lost, for the dictionary gives the tag the VR ", note.count) + kept);
+                "its items are lost, for the dictionary gives it VR " + kept + Number("; items: %lu", note.count));
             break;
         case READ_VR_OF_DICTIONARY:
             Add(ELoss::VrChanged, where,

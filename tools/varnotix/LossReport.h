@@ -21,7 +21,7 @@ enum class ELoss
     GroupLengthRemade,
     OffsetTableChanged,
     FramesNotFramed,
-    BytesLeftOut,
+    ItemLengthsSwapped,
     Count
 };
 

@@ -189,6 +189,10 @@ void CComparison::CompareElements(const SSnapshot& before, SSnapshot& after, con
         return;
     }
     CompareValues(before, after, place);
+    if (m_rewrite.targetSyntax == SYNTAX_EXPLICIT_BIG && !after.items.empty())
+    {
+        m_losses.Add(ELoss::ItemLengthsSwapped, place, "its item lengths have a byte order that other readers lack");
+    }
     CompareLevels(before.items, after.items, path + TagName(before.tag) + ">");
 }
 

@@ -25,6 +25,7 @@ constexpr const char* kConvertFooter =
     "IN is a file with or without preamble and file meta information; OUT always gets both, and its Transfer Syntax\n"
     "UID (0002,0010) is set. OUT appears when it is complete; IN and OUT may be the same file.\n"
     "Compressed pixel data is not decompressed: 'explicit' keeps its transfer syntax, the others refuse it.\n"
+    "In big endian, item lengths have a byte order of this library's own, which other readers may not know.\n"
     "A rewrite regroups the items of sequences, one element an item, drops values of VR UN and empty values in\n"
     "lists, and remakes group lengths. What the output no longer holds as IN did is told on standard error:\n"
     "in one summary line, or in one line an element with -v.";

@@ -1,0 +1,167 @@
+// Runs the built command-line host in a folder of the test's own, and builds inputs for it byte by byte.
+#pragma once
+
+#include "Varnotix/Varnotix.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+#include <vector>
+
+inline const std::string kImplicitUid = "1.2.840.10008.1.2";
+inline const std::string kExplicitUid = "1.2.840.10008.1.2.1";
+inline const std::string kBigUid = "1.2.840.10008.1.2.2";
+inline const std::string kRleUid = "1.2.840.10008.1.2.5";
+
+inline std::string LittleEndian(unsigned long number, int bytes)
+{
+    std::string text;
+    for (int i = 0; i < bytes; ++i)
+    {
+        text += static_cast<char>(number >> (8 * i) & 0xFFU);
+    }
+    return text;
+}
+
+inline std::string Tag(unsigned long tag)
+{
+    return LittleEndian(tag >> 16U, 2) + LittleEndian(tag & 0xFFFFU, 2);
+}
+
+/// An element in explicit VR little endian; the value is taken as it is.
+inline std::string Explicit(unsigned long tag, const std::string& vr, const std::string& value)
+{
+    const bool isLong = vr == "OB" || vr == "OW" || vr == "OF" || vr == "SQ" || vr == "UN" || vr == "UT";
+    const std::string length =
+        isLong ? LittleEndian(0, 2) + LittleEndian(value.size(), 4) : LittleEndian(value.size(), 2);
+    return Tag(tag) + vr + length + value;
+}
+
+/// An element in implicit VR little endian.
+inline std::string Implicit(unsigned long tag, const std::string& value)
+{
+    return Tag(tag) + LittleEndian(value.size(), 4) + value;
+}
+
+inline std::string Item(const std::string& elements)
+{
+    return Implicit(0xFFFEE000, elements);
+}
+
+/// Pixel data of undefined length: an offset table and fragments.
+inline std::string Encapsulated(const std::string& table, const std::vector<std::string>& fragments)
+{
+    std::string text = Tag(0x7FE00010) + "OB" + LittleEndian(0, 2) + LittleEndian(0xFFFFFFFF, 4) + Item(table);
+    for (const std::string& fragment : fragments)
+    {
+        text += Item(fragment);
+    }
+    return text + Implicit(0xFFFEE0DD, "");
+}
+
+inline std::string PaddedUid(const std::string& uid)
+{
+    return uid.size() % 2 == 0 ? uid : uid + '\0';
+}
+
+/// Preamble, "DICM" and a group 0002 of group length and Transfer Syntax UID, before the data set.
+inline std::string Part10(const std::string& uid, const std::string& dataSet)
+{
+    const std::string meta = Explicit(0x00020010, "UI", PaddedUid(uid));
+    return std::string(128, '\0') + "DICM" + Explicit(0x00020000, "UL", LittleEndian(meta.size(), 4)) + meta + dataSet;
+}
+
+class ToolTest : public testing::Test
+{
+protected:
+    /// What a run left behind.
+    struct SRun
+    {
+        int status;
+        std::string out;
+        std::string err;
+    };
+
+    void SetUp() override
+    {
+        m_start = std::filesystem::current_path();
+        const testing::TestInfo& info = *testing::UnitTest::GetInstance()->current_test_info();
+        const std::filesystem::path folder =
+            m_start / (std::string("work-") + info.test_suite_name() + "-" + info.name());
+        std::filesystem::remove_all(folder);
+        std::filesystem::create_directories(folder);
+        std::filesystem::current_path(folder);
+    }
+
+    void TearDown() override { std::filesystem::current_path(m_start); }
+
+    /// Runs "varnotix ARGUMENTS", which may redirect; its standard output and error are caught.
+    static SRun Run(const std::string& arguments)
+    {
+        const SRun run = RunTo("out.txt", arguments);
+        return {run.status, Read("out.txt"), run.err};
+    }
+
+    /// As above, with the standard output going to a file or device.
+    static SRun RunTo(const std::string& out, const std::string& arguments)
+    {
+        const char* folder = std::getenv("VARNOTIX_BIN");
+        const std::filesystem::path program = std::filesystem::path(folder != nullptr ? folder : ".") / "varnotix";
+        std::string command = "\"" + program.string() + "\" " + arguments + " >" + out + " 2>err.txt";
+        if (std::filesystem::path::preferred_separator == '\\')
+        {
+            command = "\"" + command + "\""; // The shell there takes off the outermost quotes.
+        }
+        const int status = std::system(command.c_str());
+        return {status > 0xFF ? status >> 8 : status, std::string(), Read("err.txt")};
+    }
+
+    static void Write(const std::string& name, const std::string& bytes)
+    {
+        std::ofstream(name, std::ios::binary) << bytes;
+    }
+
+    static std::string Read(const std::string& name)
+    {
+        std::ifstream file(name, std::ios::binary);
+        std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        if (name == "err.txt")
+        {
+            std::erase(text, '\r'); // Messages have the line ends of their system.
+        }
+        return text;
+    }
+
+    static void ReadObject(const std::string& name, CDcmIOD& object)
+    {
+        CFile file(name.c_str(), CFile::modeRead);
+        CArchive archive(&file, CArchive::load);
+        object.Serialize(archive);
+    }
+
+    /// The files in the test's folder that begin as temporary outputs do.
+    static int CountTemporaries()
+    {
+        int count = 0;
+        for (const auto& entry : std::filesystem::directory_iterator("."))
+        {
+            count += entry.path().filename().string().starts_with(".varnotix-") ? 1 : 0;
+        }
+        return count;
+    }
+
+    static testing::AssertionResult Holds(const std::string& text, const std::string& part)
+    {
+        return text.find(part) != std::string::npos ? testing::AssertionSuccess()
+                                                    : testing::AssertionFailure() << "no \"" << part << "\" in:\n"
+                                                                                  << text;
+    }
+
+private:
+    std::filesystem::path m_start;
+};
