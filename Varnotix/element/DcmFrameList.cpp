@@ -4,7 +4,6 @@
 
 #include <algorithm>
 
-
 IMPLEMENT_DYNAMIC(CDcmFrameList, CDcmList)
 
 namespace
@@ -20,6 +19,13 @@ CSharedBytes Shared(const CByteArray& bytes)
 const CDcmFrame& Frame(const CObject* object)
 {
     return static_cast<const CDcmFrame&>(*object);
+}
+
+/// Hands a frame over to a list; it is destroyed when the list has no memory for it.
+void Append(CObList& list, std::unique_ptr<CDcmFrame> frame)
+{
+    list.AddTail(frame.get());
+    frame.release();
 }
 
 } // namespace
@@ -57,7 +63,7 @@ void CDcmFrameList::CopyElementsInto(CObList& target) const
     target.Reserve(target.GetCount() + GetCount());
     for (const CObject* frame : Body().list)
     {
-        target.AddTail(new CDcmFrame(Frame(frame)));
+        Append(target, std::make_unique<CDcmFrame>(Frame(frame)));
     }
 }
 
@@ -69,7 +75,7 @@ bool CDcmFrameList::EqualLists(const CObList& left, const CObList& right) const
 
 void CDcmFrameList::AddFrame(const CSharedBytes& bytes)
 {
-    Body().list.AddTail(new CDcmFrame(bytes, GetCount()));
+    Append(Body().list, std::make_unique<CDcmFrame>(bytes, GetCount()));
 }
 
 void CDcmFrameList::AddFrame(const CByteArray& bytes)
@@ -91,7 +97,7 @@ void CDcmFrameList::SetFrame(int index, const CSharedBytes& bytes)
     }
     else
     {
-        Body().list.AddTail(new CDcmFrame(bytes, index));
+        Append(Body().list, std::make_unique<CDcmFrame>(bytes, index));
     }
 }
 
