@@ -121,7 +121,8 @@ public:
     bool SetTexts(const CStringArray& texts);
     /// AT, SS and US. With a VM of 0 one value is still taken.
     bool AddWord(WORD value);
-    /// AT, SS, US, OW outside Pixel Data, OB outside Pixel Data (low byte first), SL and UL (widened).
+    /// AT, SS, US, OW, OB (low byte first), SL and UL (widened). Pixel Data takes the words as one more frame, low byte
+    /// first, and becomes OW.
     bool SetWords(const CWordArray& values);
     /// SL and UL; AT, SS and US take the low 16 bits; OB takes the four bytes, lowest first.
     bool AddInteger(DWORD value);

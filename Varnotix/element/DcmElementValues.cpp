@@ -277,6 +277,12 @@ bool CDcmElement::AddDouble(double value)
 
 bool CDcmElement::SetWords(const CWordArray& values)
 {
+    if (m_entry != nullptr && HoldsFrames())
+    {
+        ForcePixelVr(VR_OW);
+        m_frames->AddFrame(values);
+        return true;
+    }
     if (CWordArray* words = Words())
     {
         *words = values;

@@ -23,7 +23,7 @@ CDcmCompositeIE& CDcmCompositeIE::operator=(const CDcmCompositeIE& other)
 {
     if (this != &other)
     {
-        m_metaFileInformation = other.m_metaFileInformation;
+        AssignEntities(other);
         CDcmIOD::operator=(other);
     }
     return *this;

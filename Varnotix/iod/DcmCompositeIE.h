@@ -53,6 +53,9 @@ protected:
     /// Empties the list of registered modules and registers the meta information.
     void InitializeIod() override;
 
+    /// Assigns the meta information; derived classes assign the modules of their entities too.
+    void AssignEntities(const CDcmCompositeIE& other) { m_metaFileInformation = other.m_metaFileInformation; }
+
 private:
     CDcmMetaFileInformation m_metaFileInformation;
 };

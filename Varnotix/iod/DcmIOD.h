@@ -120,8 +120,8 @@ public:
     /// modules, until UpdateIod(false) is called.
     void Anonymize55(const CString& text);
 
-    /// The registered module of a class, or null: iod.Module(RUNTIME_CLASS(CDcmPatientModule)).
-    CDcmModule* Module(const CRuntimeClass* moduleClass) const { return FindIodModule(moduleClass); }
+    /// The registered module of a class, or null: iod.FindModule(RUNTIME_CLASS(CDcmPatientModule)).
+    CDcmModule* FindModule(const CRuntimeClass* moduleClass) const { return FindIodModule(moduleClass); }
 
     /// Registered modules in the order of their registration.
     int ModuleCount() const { return m_modules.GetSize(); }
