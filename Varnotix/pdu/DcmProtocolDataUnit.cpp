@@ -11,7 +11,8 @@ namespace
 {
 
 /// Does what adds an item. One for which there is no memory is dropped.
-template <class ADD> void DropWithoutMemory(const ADD& add)
+template <class ADD>
+void DropWithoutMemory(const ADD& add)
 {
     try
     {
@@ -25,7 +26,8 @@ template <class ADD> void DropWithoutMemory(const ADD& add)
     }
 }
 
-template <class MAKE> void AddItem(CObArray& items, const MAKE& make)
+template <class MAKE>
+void AddItem(CObArray& items, const MAKE& make)
 {
     DropWithoutMemory(
         [&]
@@ -36,7 +38,8 @@ template <class MAKE> void AddItem(CObArray& items, const MAKE& make)
         });
 }
 
-template <class ITEM> void AddCopies(const CObArray& from, CObArray& to)
+template <class ITEM>
+void AddCopies(const CObArray& from, CObArray& to)
 {
     for (const CObject* item : from)
     {
@@ -53,7 +56,8 @@ void DestroyItems(CObArray& items)
     items.RemoveAll();
 }
 
-template <class MATCHES> CPresentationContext* FindContext(const CObArray& contexts, const MATCHES& matches)
+template <class MATCHES>
+CPresentationContext* FindContext(const CObArray& contexts, const MATCHES& matches)
 {
     for (CObject* item : contexts)
     {
@@ -187,8 +191,7 @@ CPresentationContext* CDcmProtocolDataUnit::FindPresentationContext(int id) cons
 
 CPresentationContext* CDcmProtocolDataUnit::FindPresentationContext(const CString& abstractSyntax) const
 {
-    return FindContext(m_presentationContexts,
-                       [&abstractSyntax](const CPresentationContext& context)
+    return FindContext(m_presentationContexts, [&abstractSyntax](const CPresentationContext& context)
                        { return context.AbstractSyntax().CompareNoCase(abstractSyntax) == 0; });
 }
 

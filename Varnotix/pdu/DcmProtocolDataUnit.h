@@ -2,20 +2,9 @@
 #pragma once
 
 #include "Varnotix/pdu/DcmUserData.h"
+#include "Varnotix/pdu/PduNames.h"
 #include "Varnotix/pdu/PresentationContext.h"
 #include "Varnotix/pdu/PresentationDataValue.h"
-
-/// PDU types (PS3.8 section 9.3.1).
-enum EPduType : int
-{
-    PDU_ASSOCIATE_RQ = 1,
-    PDU_ASSOCIATE_AC = 2,
-    PDU_ASSOCIATE_RJ = 3,
-    PDU_DATA_TF = 4,
-    PDU_RELEASE_RQ = 5,
-    PDU_RELEASE_RP = 6,
-    PDU_ABORT = 7
-};
 
 /// One PDU as typed fields and items, and as its byte image, the PDU field. It does no networking: the caller moves the
 /// bytes.
@@ -23,8 +12,9 @@ enum EPduType : int
 /// To send, set fields, add items and call Create(); the bytes are then in the PDU field. Start each PDU from a new
 /// object: bytes that an encoding does not name keep what the field held before. To receive, call Create(bytes).
 ///
-/// Nothing is reported. An item for which there is no memory is not added. Decoding stops quietly at the first length that does not fit and keeps what it has read. It
-/// scans past item types that it does not know byte by byte. Lengths beyond 16 bits are cut to their low 16 bits.
+/// Nothing is reported. An item for which there is no memory is not added. Decoding stops quietly at the first length
+/// that does not fit and keeps what it has read. It scans past item types that it does not know byte by byte. Lengths
+/// beyond 16 bits are cut to their low 16 bits.
 class VARNOTIX_EXPORT CDcmProtocolDataUnit : public CObject
 {
     DECLARE_DYNCREATE(CDcmProtocolDataUnit)
