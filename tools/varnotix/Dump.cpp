@@ -65,7 +65,7 @@ int Dump(const std::vector<std::string>& files, const CReport& report)
     if (unread > 0 && files.size() > 1)
     {
         CString summary;
-        summary.Format("%d of %zu inputs could not be read", unread, files.size());
+        summary.Format("%d of %d inputs could not be read", unread, static_cast<int>(files.size()));
         report.Say(summary);
     }
     return status;

@@ -56,7 +56,7 @@ COutputFile::COutputFile(const CString& path) : m_path(path), m_shown(path)
         {
             // A link keeps pointing to the file; the file is what changes.
             const fs::path target = fs::canonical(wanted, error);
-            m_path = error ? m_path : CString(std::string_view(target.native()));
+            m_path = error ? m_path : CString(target.string().c_str());
         }
         else if (fs::exists(status))
         {

@@ -75,7 +75,7 @@ CSharedBytes WithoutEmptyValues(const CSharedBytes& text)
 CString Sizes(const char* format, std::size_t first, std::size_t second = 0)
 {
     CString text;
-    text.Format(format, first, second);
+    text.Format(format, static_cast<unsigned long long>(first), static_cast<unsigned long long>(second));
     return text;
 }
 
@@ -232,7 +232,7 @@ void CComparison::CompareFrames(const CDcmFrameList& before, const CDcmFrameList
     if (!(before.OffsetTable() == after.OffsetTable()) || before.GetCount() != after.GetCount())
     {
         m_losses.Add(ELoss::OffsetTableChanged, place,
-                     Sizes("offset table of %zu bytes is written as one of %zu",
+                     Sizes("offset table of %llu bytes is written as one of %llu",
                            static_cast<std::size_t>(before.OffsetTable().GetSize()),
                            static_cast<std::size_t>(after.OffsetTable().GetSize())));
     }
@@ -250,7 +250,7 @@ void CComparison::CompareValues(const SSnapshot& before, const SSnapshot& after,
     }
     else if (before.vr == VR_UN)
     {
-        m_losses.Add(ELoss::UnValueLost, place, Sizes("value of %zu bytes lost", before.raw.Size()));
+        m_losses.Add(ELoss::UnValueLost, place, Sizes("value of %llu bytes lost", before.raw.Size()));
     }
     else if (VrKind(before.vr) == EVrKind::Text && SameButPadding(WithoutEmptyValues(before.raw), after.raw))
     {
@@ -258,12 +258,13 @@ void CComparison::CompareValues(const SSnapshot& before, const SSnapshot& after,
     }
     else if (after.raw.IsEmpty())
     {
-        m_losses.Add(ELoss::ValueChanged, place, Sizes("value of %zu bytes lost", before.raw.Size()));
+        m_losses.Add(ELoss::ValueChanged, place, Sizes("value of %llu bytes lost", before.raw.Size()));
     }
     else
     {
-        m_losses.Add(ELoss::ValueChanged, place,
-                     Sizes("value of %zu bytes is written as another one of %zu", before.raw.Size(), after.raw.Size()));
+        m_losses.Add(
+            ELoss::ValueChanged, place,
+            Sizes("value of %llu bytes is written as another one of %llu", before.raw.Size(), after.raw.Size()));
     }
 }
 
@@ -286,7 +287,7 @@ CString FindTooLongValue(const CDcmElementSet& written)
         if (isExplicit && !HasLongForm(element.Vr()) && element.EncodedValueSize() > kLongestShortValue)
         {
             return TagAndName(element.Tag()) +
-                   Sizes(": a value of %zu bytes is too long for VR ",
+                   Sizes(": a value of %llu bytes is too long for VR ",
                          static_cast<std::size_t>(element.EncodedValueSize())) +
                    element.VrName() + " in an explicit syntax";
         }

@@ -135,6 +135,10 @@ int main(int count, char** texts)
     catch (const std::exception& failure)
     {
         CReport(false, false).Error(failure.what());
-        return STATUS_UNWRITTEN;
     }
+    catch (const CException& failure)
+    {
+        CReport(false, false).Error(failure.GetErrorMessage());
+    }
+    return STATUS_UNWRITTEN;
 }
