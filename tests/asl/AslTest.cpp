@@ -1,5 +1,4 @@
 #include "Elements.h"
-
 #include "Varnotix/asl/AslWriter.h"
 #include "Varnotix/asl/DcmAttributeSet.h"
 #include "Varnotix/element/DcmFrameList.h"
@@ -60,11 +59,12 @@ TEST(AslLine, WritesNumbersInTheirFixedForms)
               "0018,1624,US,3,Shutter Presentation Color CIELab Value,[1,2,3,]");
     EXPECT_EQ(LineOf(0x0018, 0x9219, Bytes({0xFF, 0xFF})), "0018,9219,SS,1,Tag Angle Second Axis,[65535,]");
     EXPECT_EQ(LineOf(0x0014, 0x0202, Bytes({8, 0, 0x60, 0})), "0014,0202,AT,1,Data Element,[8,96,]");
-    EXPECT_EQ(LineOf(0x0028, 0x1201, Bytes({1, 2, 3})),
-              "0028,1201,OW,1,Red Palette Color Lookup Table Data,[513,3,]");
-    EXPECT_EQ(LineOf(0x0002, 0x0037, Bytes({0xFF, 0xFF, 0xFF, 0xFF})), "0002,0037,UL,1,RTV Flow RTP Sampling Rate,[-1,]");
+    EXPECT_EQ(LineOf(0x0028, 0x1201, Bytes({1, 2, 3})), "0028,1201,OW,1,Red Palette Color Lookup Table Data,[513,3,]");
+    EXPECT_EQ(LineOf(0x0002, 0x0037, Bytes({0xFF, 0xFF, 0xFF, 0xFF})),
+              "0002,0037,UL,1,RTV Flow RTP Sampling Rate,[-1,]");
     EXPECT_EQ(LineOf(0x0018, 0x1320, Bytes({0, 0, 0xC0, 0x3F})), "0018,1320,FL,1,B1rms,[1.500000,]");
-    EXPECT_EQ(LineOf(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 4, 0xC0})), "0018,9079,FD,-1,Inversion Times,[-2.500000,]");
+    EXPECT_EQ(LineOf(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 4, 0xC0})),
+              "0018,9079,FD,-1,Inversion Times,[-2.500000,]");
     CDcmElement largest(0x0018, 0x9079);
     largest.AddDouble(1e308);
     EXPECT_EQ(LineOf(largest).size(), std::string("0018,9079,FD,-1,Inversion Times,[").size() + 309 + 7 + 2);
@@ -110,29 +110,26 @@ TEST(AslLine, EndsBehindTheNameWhereThereIsNoValueList)
 TEST(AslLines, BracketSequencesAndIndentThemALevelDeeper)
 {
     CDcmElementSet set;
-    set.Add(MakeSequence(0x0008, 0x1120,
-                         {MakeText(0x0008, 0x1150, "1.2"), MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1155, "3")})}));
+    set.Add(
+        MakeSequence(0x0008, 0x1120,
+                     {MakeText(0x0008, 0x1150, "1.2"), MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1155, "3")})}));
     set.Add(new CDcmElement(0x0008, 0x7771));
     set.Add(MakeText(0x0010, 0x0020, "7"));
     CStringArray lines;
     AslLines(set, lines);
-    EXPECT_EQ(Lines(lines), (Texts{"0008,1120,SQ,1,Referenced Patient Sequence,[2]",
-                                   "#SEQUENCE_BEGIN",
+    EXPECT_EQ(Lines(lines), (Texts{"0008,1120,SQ,1,Referenced Patient Sequence,[2]", "#SEQUENCE_BEGIN",
                                    "   0008,1150,UI,1,Referenced SOP Class UID,[1.2,]",
-                                   "   0008,1140,SQ,1,Referenced Image Sequence,[1]",
-                                   "   #SEQUENCE_BEGIN",
-                                   "      0008,1155,UI,1,Referenced SOP Instance UID,[3,]",
-                                   "   #SEQUENCE_END",
-                                   "#SEQUENCE_END",
-                                   "",
-                                   "0010,0020,LO,1,Patient ID,[7,]"}));
+                                   "   0008,1140,SQ,1,Referenced Image Sequence,[1]", "   #SEQUENCE_BEGIN",
+                                   "      0008,1155,UI,1,Referenced SOP Instance UID,[3,]", "   #SEQUENCE_END",
+                                   "#SEQUENCE_END", "", "0010,0020,LO,1,Patient ID,[7,]"}));
 }
 
 TEST(AttributeSetExport, AppendsHeaderAndLines)
 {
     CDcmAttributeSet set;
-    set.GetDcmElementSet().Add(MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x1150, "1"), MakeText(0x0008, 0x1155, "2"),
-                                                             MakeText(0x0008, 0x0060, "CT")}));
+    set.GetDcmElementSet().Add(
+        MakeSequence(0x0008, 0x1120,
+                     {MakeText(0x0008, 0x1150, "1"), MakeText(0x0008, 0x1155, "2"), MakeText(0x0008, 0x0060, "CT")}));
     EXPECT_EQ(set.GetCount(), 1);
     EXPECT_EQ(set.GetCountAll(), 4);
     CStringArray lines;

@@ -1,5 +1,4 @@
 #include "Elements.h"
-
 #include "Varnotix/platform/DumpContext.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
@@ -40,9 +39,10 @@ TEST(ElementSet, KeepsElementsOfOneTagAndFindsTheFirst)
 TEST(ElementSet, CountsNestedElementsAtEveryDepth)
 {
     CDcmElementSet set;
-    set.Add(MakeSequence(0x0008, 0x1120,
-                         {MakeText(0x0008, 0x1150, "1"), MakeText(0x0008, 0x1155, "2"),
-                          MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1150, "3"), MakeText(0x0008, 0x1155, "4")})}));
+    set.Add(
+        MakeSequence(0x0008, 0x1120,
+                     {MakeText(0x0008, 0x1150, "1"), MakeText(0x0008, 0x1155, "2"),
+                      MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1150, "3"), MakeText(0x0008, 0x1155, "4")})}));
     EXPECT_EQ(set.GetCount(), 1);
     EXPECT_EQ(set.GetCountAll(), 6);
 }
@@ -101,8 +101,8 @@ TEST(ElementSetSort, OrdersByGroupThenElementAndKeepsTheOrderOfEqualTags)
     // A few elements behind a sorted list are put in their places.
     Fill(set, {MakeText(0x0010, 0x0010, "C"), MakeText(0x0008, 0x0018, "4")});
     set.Sort();
-    EXPECT_EQ(Listing(set), (Texts{"00080016=3", "00080018=2", "00080018=4", "00100010=B", "00100010=A",
-                                   "00100010=C", "0020000d=1"}));
+    EXPECT_EQ(Listing(set), (Texts{"00080016=3", "00080018=2", "00080018=4", "00100010=B", "00100010=A", "00100010=C",
+                                   "0020000d=1"}));
     // Groups beyond 7FFF stand behind the lower ones.
     CDcmElementSet high;
     Fill(high, {new CDcmElement(0xFFFC, 0xFFFC), new CDcmElement(0x7FE0, 0x0010)});
@@ -245,8 +245,8 @@ TEST(ElementSetUpdate, GivesValuesToEveryElementOfATagAndAddsNone)
     CDcmElementSet target;
     Fill(target, {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0040, "M"), MakeText(0x0010, 0x0010, "B")});
     CDcmElementSet source;
-    Fill(source, {MakeText(0x0010, 0x0010, "first"), MakeText(0x0010, 0x0010, "second"),
-                  MakeText(0x0010, 0x0020, "1")});
+    Fill(source,
+         {MakeText(0x0010, 0x0010, "first"), MakeText(0x0010, 0x0010, "second"), MakeText(0x0010, 0x0020, "1")});
     target.UpdateValuesFrom(source);
     EXPECT_EQ(Listing(target), (Texts{"00100010=first", "00100040=M", "00100010=first"}));
     target.UpdateValuesFrom(CDcmElementSet());

@@ -1,11 +1,9 @@
 #include "Elements.h"
-
 #include "Varnotix/element/DcmFrameList.h"
 #include "Varnotix/platform/DumpContext.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>
-
 
 namespace
 {

@@ -1,5 +1,4 @@
 #include "Bytes.h"
-
 #include "Varnotix/element/DcmFrameList.h"
 #include "Varnotix/platform/DumpContext.h"
 

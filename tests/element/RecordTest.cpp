@@ -1,5 +1,4 @@
 #include "Elements.h"
-
 #include "Varnotix/element/DcmFrameList.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 // How raw bytes become values, and when a value counts as empty.
 
 #include "Elements.h"
-
 #include "Varnotix/element/DcmFrameList.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +14,8 @@ std::vector<std::string> TextsOf(int group, int element, std::string_view value)
     return Lines(*made.Texts());
 }
 
-template <class ARRAY> auto Values(const ARRAY* array)
+template <class ARRAY>
+auto Values(const ARRAY* array)
 {
     return std::vector(array->begin(), array->end());
 }

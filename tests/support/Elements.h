@@ -1,8 +1,8 @@
 // Elements and sets written out in tests.
 #pragma once
 
-#include "Varnotix/element/DcmElementSet.h"
 #include "Bytes.h"
+#include "Varnotix/element/DcmElementSet.h"
 
 #include <memory>
 #include <string>

@@ -1,0 +1,353 @@
+#include "Elements.h"
+#include "Varnotix/iod/DcmIOD.h"
+#include "Varnotix/iod/DcmMetaFileInformation.h"
+#include "Varnotix/modules/DcmPatientModule.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+/// The inner sequence of two levels.
+class CInnerSequence : public CDcmSequence
+{
+    // clang-format off
+    DCM_SEQUENCE_CLASS(CInnerSequence)
+    DCM_TEXT(InstanceUID, "0008", "1155")
+    DCM_TEXT(ClassUID,    "0008", "1150")
+    // clang-format on
+};
+
+class COuterSequence : public CDcmSequence
+{
+    // clang-format off
+    DCM_SEQUENCE_CLASS(COuterSequence)
+    DCM_INITIALIZE_SEQUENCE()
+    DCM_SEQUENCE(Inner, CInnerSequence, "0008", "1140")
+    DCM_TEXT(Label, "0008", "0104")
+    // clang-format on
+};
+
+/// One row of each kind, declared in another order than their tags.
+class CRowsModule : public CDcmModule
+{
+    // clang-format off
+    DCM_MODULE(CRowsModule)
+    DCM_INITIALIZE_MODULE()
+    DCM_TEXT            (Comments,     "0010", "4000")
+    DCM_SEQUENCE        (Outer, COuterSequence, "0008", "1120")
+    DCM_TEXT_LIST       (ImageType,    "0008", "0008")
+    DCM_US              (Rows,         "0028", "0010")
+    DCM_US_LIST         (Shutter,      "0018", "1624")
+    DCM_UL              (Rate,         "0002", "0037")
+    DCM_UL_LIST         (Dimensions,   "0064", "0007")
+    DCM_FD              (Offset,       "0012", "0052")
+    DCM_FL_LIST         (Cursor,       "0018", "2043")
+    DCM_BYTES           (Version,      "0002", "0001")
+    DCM_US_LIST         (RedTable,     "0028", "1201")
+    DCM_TEXT            (NumericText,  "0028", "0011")
+    DCM_US              (TextualWord,  "0010", "0020")
+    DCM_TEXT_SETTER     (Sex,          "0010", "0040")
+    DCM_TEXT_LIST_SETTER(OtherNames,   "0010", "1001")
+    DCM_VALUE(BytesByRef, "0002", "0031", const CByteArray&, CByteArray&, CBytesAccess)
+    // clang-format on
+
+public:
+    using CDcmModule::CopyModule;
+    using CDcmModule::DestroyModule;
+    void Declare() { InitializeModule(); }
+};
+
+IMPLEMENT_DCM_CLASS(CInnerSequence, CDcmSequence)
+IMPLEMENT_DCM_INITIALIZED_CLASS(COuterSequence, CDcmSequence, InitializeSequence)
+IMPLEMENT_DCM_INITIALIZED_CLASS(CRowsModule, CDcmModule, InitializeModule)
+
+namespace
+{
+
+template <class ARRAY, class VALUE>
+ARRAY ArrayOf(std::initializer_list<VALUE> values)
+{
+    ARRAY array;
+    for (const VALUE& value : values)
+    {
+        array.Add(value);
+    }
+    return array;
+}
+
+CDcmElement& ElementOf(CDcmModule& module, int group, int element)
+{
+    return *module.GetDcmElementSet().Find(group, element);
+}
+
+/// The inner item's element, reached through the SQ elements and not through the member objects.
+CString InnerText(CDcmModule& module, int element)
+{
+    const CDcmElementSet& outer = *ElementOf(module, 0x0008, 0x1120).Items();
+    return outer.Find(0x0008, 0x1140)->Items()->Find(0x0008, element)->JoinedText();
+}
+
+/// An item of the outer sequence in implicit little endian: the inner sequence with an instance UID, and a label.
+CByteArray OuterStream(const char* uid, const char* label)
+{
+    CDcmIOD iod;
+    iod.ElementStore().Add(
+        MakeSequence(0x0008, 0x1120,
+                     {MakeText(0x0008, 0x0104, label), MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1155, uid)})}));
+    CByteArray bytes;
+    iod.ExportFileFormat(bytes);
+    return bytes;
+}
+
+} // namespace
+
+TEST(Rows, DeclareInTheirOrderAndSortTheElements)
+{
+    CRowsModule module;
+    CStringArray texts;
+    module.GetDcmElementSet().DeclaredTags(texts);
+    ASSERT_EQ(texts.GetSize(), 30);
+    EXPECT_STREQ(texts[0], "0010");
+    EXPECT_STREQ(texts[1], "4000");
+    EXPECT_STREQ(texts[3], "0008"); // The sequence of the second row is no declared attribute.
+    EXPECT_EQ(module.GetCount(), 16);
+    EXPECT_EQ(module.GetCountAll(), 16 + 2 + 2);
+    for (int i = 1; i < module.GetCount(); ++i)
+    {
+        EXPECT_LT(module.GetDcmElementSet().GetAt(i - 1)->Tag(), module.GetDcmElementSet().GetAt(i)->Tag());
+    }
+    EXPECT_TRUE(module.GetDcmElementSet().IsEmptyOfValues());
+}
+
+TEST(Rows, ReadAndWriteEachKindOfValueInItsOwnElement)
+{
+    CRowsModule module;
+    module.Comments("text");
+    module.ImageType(ArrayOf<CStringArray, CString>({"A", "B"}));
+    module.Rows(512);
+    module.Shutter(ArrayOf<CWordArray, WORD>({1, 2, 3}));
+    module.Rate(0x89ABCDEF);
+    module.Dimensions(ArrayOf<CUIntArray, UINT>({4, 5}));
+    module.Offset(2.5);
+    module.Cursor(ArrayOf<CFloatArray, float>({1.5F}));
+    module.Version(Bytes({0, 1}));
+    module.RedTable(ArrayOf<CWordArray, WORD>({7, 8}));
+    module.Sex("F");
+    module.OtherNames(ArrayOf<CStringArray, CString>({"X", "Y"}));
+    CByteArray bytes(Bytes({5}));
+    module.BytesByRef(bytes);
+
+    EXPECT_STREQ(module.Comments(), "text");
+    EXPECT_EQ(Lines(module.ImageType()), (std::vector<std::string>{"A", "B"}));
+    EXPECT_EQ(module.Rows(), 512);
+    EXPECT_EQ(module.Shutter().GetSize(), 3);
+    EXPECT_EQ(module.Rate(), 0x89ABCDEFU);
+    EXPECT_EQ(module.Dimensions()[1], 5U);
+    EXPECT_EQ(module.Offset(), 2.5);
+    EXPECT_EQ(module.Cursor()[0], 1.5F);
+    EXPECT_EQ(module.Version()[1], 1);
+    EXPECT_EQ(module.RedTable()[1], 8);
+    EXPECT_EQ(module.BytesByRef()[0], 5);
+    EXPECT_STREQ(ElementOf(module, 0x0010, 0x0040).JoinedText(), "F");
+    EXPECT_STREQ(ElementOf(module, 0x0010, 0x1001).JoinedText(), "X\\Y");
+    EXPECT_EQ((*ElementOf(module, 0x0028, 0x0010).Words())[0], 512);
+    EXPECT_EQ((*ElementOf(module, 0x0002, 0x0037).Integers())[0], 0x89ABCDEFU);
+
+    // A reference that a getter gives writes into the element.
+    module.Comments() = "changed";
+    module.Shutter().Add(4);
+    EXPECT_STREQ(ElementOf(module, 0x0010, 0x4000).JoinedText(), "changed");
+    EXPECT_EQ(ElementOf(module, 0x0018, 0x1624).Words()->GetSize(), 4);
+    module.EmptyModule();
+    EXPECT_TRUE(module.GetDcmElementSet().IsEmptyOfValues());
+    EXPECT_EQ(module.GetCount(), 16);
+    module.Rows(1);
+    EXPECT_EQ(module.Rows(), 1);
+}
+
+TEST(Rows, OfAnotherKindThanTheVrReadEmptyAndIgnoreWrites)
+{
+    CRowsModule module;
+    ElementOf(module, 0x0028, 0x0011).AddWord(3);
+    ElementOf(module, 0x0010, 0x0020).AddText("ID");
+    module.NumericText("4");
+    module.TextualWord(4);
+    EXPECT_TRUE(module.NumericText().IsEmpty());
+    EXPECT_EQ(module.TextualWord(), 0);
+    EXPECT_EQ((*ElementOf(module, 0x0028, 0x0011).Words())[0], 3);
+    EXPECT_STREQ(ElementOf(module, 0x0010, 0x0020).JoinedText(), "ID");
+}
+
+TEST(Rows, OfAMissingElementReadEmptyValuesAndIgnoreWrites)
+{
+    CRowsModule module;
+    module.DestroyModule();
+    module.Comments("x");
+    module.Rows(1);
+    // Somebody writes to the empty value against the contract; the next reader finds it empty all the same.
+    module.Comments() = "spoilt";
+    module.Version().Add(1);
+    EXPECT_TRUE(module.Comments().IsEmpty());
+    EXPECT_TRUE(module.ImageType().IsEmpty());
+    EXPECT_EQ(module.Rows(), 0);
+    EXPECT_EQ(module.Rate(), 0U);
+    EXPECT_EQ(module.Offset(), 0);
+    EXPECT_TRUE(module.Version().IsEmpty());
+    EXPECT_TRUE(module.Cursor().IsEmpty());
+    EXPECT_EQ(module.GetCount(), 0);
+    module.Declare();
+    module.Rows(7);
+    module.Outer().Inner().ClassUID("1.2");
+    EXPECT_EQ(module.Rows(), 7);
+    EXPECT_EQ(module.GetCountAll(), 20);
+    EXPECT_STREQ(InnerText(module, 0x1150), "1.2");
+}
+
+TEST(PatientModule, FindsAttributesByDeclarationNotByTagOrder)
+{
+    CDcmPatientModule patient;
+    EXPECT_TRUE(patient.PatientSex().IsEmpty());
+    patient.PatientSex("F");
+    EXPECT_STREQ(ElementOf(patient, 0x0010, 0x0040).JoinedText(), "F");
+    CStringArray texts;
+    patient.GetDcmElementSet().DeclaredTags(texts);
+    const auto tagAt = [&texts](int position) { return std::string((texts[position] + texts[position + 1]).View()); };
+    EXPECT_EQ(tagAt(6), "00100040");
+    EXPECT_EQ(tagAt(12), "00101001");
+    EXPECT_EQ(tagAt(14), "00102160");
+    EXPECT_EQ(tagAt(18), "0040050A");
+    patient.ReferencedPatient().ReferencedSOPInstanceUID("1.2");
+    EXPECT_STREQ(ElementOf(patient, 0x0008, 0x1120).Items()->Find(0x0008, 0x1155)->JoinedText(), "1.2");
+}
+
+TEST(MetaFileInformation, HoldsGroup0002)
+{
+    CDcmMetaFileInformation meta;
+    EXPECT_EQ(meta.GetCount(), 9);
+    EXPECT_TRUE(meta.GetDcmElementSet().IsEmptyOfValues());
+    CByteArray version(Bytes({0, 1}));
+    meta.MetaVersion(version);
+    meta.TransferSyntaxUID("1.2.840.10008.1.2.1");
+    meta.PrivateInformation(Bytes({9}));
+    const CDcmMetaFileInformation copy(meta);
+    CDcmMetaFileInformation assigned;
+    assigned = copy;
+    EXPECT_EQ(assigned.MetaVersion()[1], 1);
+    EXPECT_EQ(assigned.PrivateInformation()[0], 9);
+    EXPECT_STREQ(ElementOf(assigned, 0x0002, 0x0010).JoinedText(), "1.2.840.10008.1.2.1");
+}
+
+TEST(ModuleCopy, ByValueTouchesCommonTagsOnly)
+{
+    CDcmPatientModule patient;
+    patient.PatientComments("comment");
+    patient.PatientName("DOE");
+    CRowsModule rows;
+    rows.Rows(3);
+    rows << patient;
+    EXPECT_STREQ(rows.Comments(), "comment");
+    EXPECT_EQ(rows.Rows(), 3);
+    EXPECT_EQ(rows.GetCount(), 16);
+    rows.Comments("back");
+    rows >> patient;
+    EXPECT_STREQ(patient.PatientComments(), "back");
+    EXPECT_STREQ(patient.PatientName(), "DOE");
+    CRowsModule other;
+    other.CopyModule(rows);
+    EXPECT_TRUE(other == rows);
+}
+
+TEST(Binding, HoldsAfterAReadAndWhatIsSetThenIsWritten)
+{
+    CDcmIOD iod;
+    CRowsModule module;
+    iod.Import(OuterStream("1.2.3", "before"));
+    iod >> module;
+    EXPECT_STREQ(module.Outer().Label(), "before");
+    EXPECT_STREQ(module.Outer().Inner().InstanceUID(), "1.2.3");
+    // The items that were read lack the class UID; it can be set all the same.
+    module.Outer().Inner().ClassUID("9.9");
+    module.Outer().Label("edited");
+    iod << module;
+    CByteArray bytes;
+    iod.ExportFileFormat(bytes);
+    CDcmIOD again;
+    again.Import(bytes);
+    const CDcmElementSet& outer = *again.ElementStore().Find(0x0008, 0x1120)->Items();
+    EXPECT_STREQ(outer.Find(0x0008, 0x0104)->JoinedText(), "edited");
+    const CDcmElementSet& inner = *outer.Find(0x0008, 0x1140)->Items();
+    EXPECT_STREQ(inner.Find(0x0008, 0x1150)->JoinedText(), "9.9");
+    EXPECT_STREQ(inner.Find(0x0008, 0x1155)->JoinedText(), "1.2.3");
+
+    // A second read replaces what the first one left, through the same member objects.
+    COuterSequence& sameMember = module.Outer();
+    iod.Import(OuterStream("4.5.6", "second"));
+    iod >> module;
+    EXPECT_STREQ(sameMember.Inner().InstanceUID(), "4.5.6");
+    EXPECT_TRUE(sameMember.Inner().ClassUID().IsEmpty());
+    sameMember.Inner().ClassUID("8.8");
+    EXPECT_STREQ(InnerText(module, 0x1150), "8.8");
+}
+
+TEST(Binding, ShowsTheFirstOfSeveralItems)
+{
+    CDcmIOD iod;
+    iod.ElementStore().Add(
+        MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x0104, "one"), MakeText(0x0008, 0x0104, "two")}));
+    CRowsModule module;
+    iod >> module;
+    EXPECT_STREQ(module.Outer().Label(), "one");
+    module.Outer().Label("three");
+    EXPECT_EQ(Listing(module.Outer().GetDcmElementSet()),
+              (std::vector<std::string>{"00080104=three", "00080104=two", "00081140="}));
+}
+
+TEST(Binding, OfACopyIsToItsOwnMembers)
+{
+    CRowsModule source;
+    source.Outer().Inner().InstanceUID("1");
+    CRowsModule copy(source);
+    CRowsModule assigned;
+    assigned.Outer().Label("gone");
+    assigned = source;
+    for (CRowsModule* module : {&copy, &assigned})
+    {
+        EXPECT_TRUE(*module == source);
+        EXPECT_TRUE(module->Outer().Label().IsEmpty());
+        module->EmptyModule();
+        module->Outer().Inner().InstanceUID("2");
+        EXPECT_STREQ(InnerText(*module, 0x1155), "2");
+    }
+    EXPECT_STREQ(source.Outer().Inner().InstanceUID(), "1");
+    const CRowsModule& itself = assigned;
+    assigned = itself;
+    EXPECT_STREQ(assigned.Outer().Inner().InstanceUID(), "2");
+    EXPECT_EQ(assigned.GetCountAll(), 20);
+}
+
+TEST(Binding, OutlivesTheObjectThatWasCopied)
+{
+    auto source = std::make_unique<CRowsModule>();
+    source->Outer().Inner().InstanceUID("1");
+    const auto copy = std::make_unique<CRowsModule>(*source);
+    COuterSequence sequence(source->Outer());
+    source.reset();
+    EXPECT_STREQ(copy->Outer().Inner().InstanceUID(), "1");
+    EXPECT_STREQ(sequence.Inner().InstanceUID(), "1");
+    sequence.Inner().InstanceUID("3");
+    EXPECT_STREQ(sequence.GetDcmElementSet().Find(0x0008, 0x1140)->Items()->Find(0x0008, 0x1155)->JoinedText(), "3");
+    EXPECT_STREQ(copy->Outer().Inner().InstanceUID(), "1");
+}
+
+TEST(Owner, MayBeMissing)
+{
+    CRowsModule module;
+    module.Rows(1);
+    module.AttachModule();
+    module.DetachModule();
+    EXPECT_EQ(module.Owner(), nullptr);
+    EXPECT_EQ(module.Rows(), 1);
+    module.RemoveModule();
+    EXPECT_EQ(module.GetCount(), 16);
+    EXPECT_TRUE(module.GetDcmElementSet().IsEmptyOfValues());
+}
