@@ -1,0 +1,204 @@
+// The side that answers: accepts associations, answers C-ECHO, confirms the release.
+
+#include "Association.h"
+#include "Echo.h"
+
+#include <cstdio>
+
+namespace
+{
+
+// PS3.8 tables 9-18 and 9-21.
+constexpr int kAccepted = 0;
+constexpr int kAbstractSyntaxNotSupported = 3;
+constexpr int kTransferSyntaxesNotSupported = 4;
+constexpr int kRejectedPermanently = 1;
+constexpr int kByUser = 1;
+constexpr int kByProvider = 2;
+constexpr int kApplicationContextNotSupported = 2;
+constexpr int kCalledTitleNotRecognized = 7;
+constexpr int kVersionNotSupported = 2;
+
+/// One line of the log, at once, so that a program that waits for it sees it.
+void Tell(const std::string& text)
+{
+    std::puts(text.c_str());
+    std::fflush(stdout);
+}
+
+struct SRefusal
+{
+    int source = 0;
+    int reason = 0;
+};
+
+/// Why a request cannot be taken at all; source 0 when it can.
+SRefusal FindRefusal(const CDcmProtocolDataUnit& request, const SEchoOptions& options)
+{
+    if ((request.ProtocolVersion() & 1) == 0)
+    {
+        return {kByProvider, kVersionNotSupported};
+    }
+    CStringArray names;
+    request.ApplicationContextItems(names);
+    if (names.GetSize() != 1 || names.GetAt(0) != CString(kApplicationContext))
+    {
+        return {kByUser, kApplicationContextNotSupported};
+    }
+    if (!options.ownTitle.empty() && PlainTitle(request.CalledAE()) != options.ownTitle)
+    {
+        return {kByUser, kCalledTitleNotRecognized};
+    }
+    return {};
+}
+
+void Reject(CConnection& connection, const SRefusal& refusal)
+{
+    CDcmProtocolDataUnit reject;
+    reject.PduType(PDU_ASSOCIATE_RJ);
+    reject.Result(kRejectedPermanently);
+    reject.Source(refusal.source);
+    reject.Reason(refusal.reason);
+    connection.Send(reject);
+    Tell(RejectText(reject));
+}
+
+int ResultOf(const CPresentationContext& context)
+{
+    if (context.AbstractSyntax() != CString(kVerificationClass))
+    {
+        return kAbstractSyntaxNotSupported;
+    }
+    for (const CString& syntax : context.TransferSyntaxes())
+    {
+        if (syntax == kImplicitLittleEndian)
+        {
+            return kAccepted;
+        }
+    }
+    return kTransferSyntaxesNotSupported;
+}
+
+void Accept(CConnection& connection, const CDcmProtocolDataUnit& request, CDcmProtocolDataUnit& accept)
+{
+    accept.PduType(PDU_ASSOCIATE_AC);
+    accept.ProtocolVersion(1);
+    accept.CalledAE(request.CalledAE());
+    accept.CallingAE(request.CallingAE());
+    accept.AddApplicationContextItem(kApplicationContext);
+    // Each answer holds one transfer syntax, though the library would write as many as the context has.
+    CStringArray syntaxes;
+    syntaxes.Add(kImplicitLittleEndian);
+    CObArray contexts;
+    request.PresentationContextItems(contexts);
+    for (const CObject* object : contexts)
+    {
+        const auto& context = static_cast<const CPresentationContext&>(*object);
+        accept.AddPresentationContext(context.AbstractSyntax(), syntaxes, context.ContextID(), ResultOf(context));
+    }
+    AddUserInformation(accept);
+    connection.Send(accept);
+    Tell("association from '" + PlainTitle(request.CallingAE()) + "' to '" + PlainTitle(request.CalledAE()) + "'");
+}
+
+void Answer(CConnection& connection, const CCommandFragments& fragments, const CDcmProtocolDataUnit& accept)
+{
+    SEchoMessage message;
+    if (!accept.IsValidContextID(fragments.ContextID()))
+    {
+        throw CProtocolFailure(ABORT_INVALID_VALUE, "a message came in a context that was not accepted");
+    }
+    if (!DecodeMessage(fragments.Bytes(), message) || message.command != kEchoRequest)
+    {
+        throw CProtocolFailure(ABORT_INVALID_VALUE, "a message came that is no C-ECHO request");
+    }
+    message.command = kEchoResponse;
+    SendMessage(connection, fragments.ContextID(), message);
+    Tell("C-ECHO " + std::to_string(message.messageId) + " answered");
+}
+
+/// Answers until the association ends.
+void Serve(CConnection& connection, const CDcmProtocolDataUnit& accept)
+{
+    CCommandFragments fragments;
+    for (;;)
+    {
+        CDcmProtocolDataUnit pdu;
+        if (!connection.Receive(pdu))
+        {
+            throw CEchoFailure("the other side closed the connection without a release");
+        }
+        switch (pdu.PduType())
+        {
+        case PDU_DATA_TF:
+            if (fragments.Take(pdu))
+            {
+                Answer(connection, fragments, accept);
+                fragments = CCommandFragments();
+            }
+            break;
+        case PDU_RELEASE_RQ:
+        {
+            CDcmProtocolDataUnit reply;
+            reply.PduType(PDU_RELEASE_RP);
+            connection.Send(reply);
+            Tell("released");
+            return;
+        }
+        case PDU_ABORT:
+            Tell(AbortText(pdu));
+            return;
+        default:
+            throw CProtocolFailure(ABORT_UNEXPECTED_PDU, UnexpectedText(pdu));
+        }
+    }
+}
+
+void AnswerCaller(CConnection& connection, const SEchoOptions& options)
+{
+    CDcmProtocolDataUnit request;
+    if (!connection.Receive(request))
+    {
+        throw CEchoFailure("the caller closed the connection at once");
+    }
+    if (request.PduType() != PDU_ASSOCIATE_RQ)
+    {
+        throw CProtocolFailure(ABORT_UNEXPECTED_PDU, UnexpectedText(request));
+    }
+    const SRefusal refusal = FindRefusal(request, options);
+    if (refusal.source != 0)
+    {
+        Reject(connection, refusal);
+        return;
+    }
+    CDcmProtocolDataUnit accept;
+    Accept(connection, request, accept);
+    Serve(connection, accept);
+}
+
+} // namespace
+
+void RunListener(const SEchoOptions& options)
+{
+    CConnection connection(options.timeout);
+    Tell("listening on port " + std::to_string(connection.Listen(std::stoi(options.port))));
+    for (int served = 0; (options.count == 0 || served < options.count) && connection.Accept(options.idle); ++served)
+    {
+        try
+        {
+            try
+            {
+                AnswerCaller(connection, options);
+            }
+            catch (const CProtocolFailure& failure)
+            {
+                SendAbort(connection, failure.Reason());
+                throw;
+            }
+        }
+        catch (const CEchoFailure& failure)
+        {
+            Tell(failure.what());
+        }
+    }
+}
