@@ -7,7 +7,7 @@ cd "$top"
 scripts/setup.sh release
 mkdir -p build/demo
 cmake --preset release >build/demo/configure.log 2>&1 || { cat build/demo/configure.log >&2; exit 1; }
-cmake --build --preset release --parallel "$(nproc)" --target varnotix example_phantom
+cmake --build --preset release --parallel "$(nproc)" --target varnotix example_phantom example_read_patient
 
 # show COMMAND...: prints the command as one would type it, then runs it.
 show()
@@ -16,12 +16,26 @@ show()
     "$@"
 }
 
+# show_part LINES COMMAND...: the same, with some lines of the output alone. The command runs to its end, as it would
+# otherwise meet a closed pipe.
+show_part()
+{
+    local lines=$1
+    shift
+    show "$@" | sed -n "1,2p;${lines}p" | cut -c 1-110
+}
+
 cd build/demo
 PATH=$top/build/release/bin:$PATH
+printf '\nA small host writes an object: a disc on a ramp, 64 by 64 pixels.\n'
 show example_phantom phantom.dcm
+printf '\nAnother one, of a few lines, reads the name from it.\n'
+show example_read_patient phantom.dcm
+printf '\nThe tool prints objects as text; here are the patient and the picture.\n'
+show_part '/^0010,/p;/^0028,001/p;/^7fe0,/' varnotix dump phantom.dcm
+printf '\nIt rewrites them in another transfer syntax, here with the bytes of each number turned round.\n'
+show varnotix convert --syntax big phantom.dcm phantom-big.dcm
+show_part '/^#IOD_SYNTAX/p;/^0002,0010/p;/^0028,0010/' varnotix dump phantom-big.dcm
+printf '\nAnd it tells where the data dictionary came from.\n'
 show varnotix where
-show varnotix dump phantom.dcm
-show varnotix convert --syntax big phantom.dcm -o phantom-big.dcm
-# Reads to the end, as the tool would otherwise meet a closed pipe.
-show varnotix dump phantom-big.dcm | sed -n '1,14p'
-printf '\nThe objects lie in %s\n' "$PWD"
+printf '\nThe objects lie in %s, the programs in %s\n' "$PWD" "$top/build/release/bin"
