@@ -17,7 +17,8 @@ constexpr int kGroupLength = 0x0000;
 
 /// Sorts a set of encoded elements, removes the first group length element of each group and, where wanted, makes one
 /// that holds the encoded sizes of the group's elements.
-template <class WANTED> void RemakeGroupLengths(CDcmElementSet& set, int syntax, const WANTED& wanted)
+template <class WANTED>
+void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, const WANTED& wanted)
 {
     struct SGroup
     {
@@ -57,7 +58,7 @@ template <class WANTED> void RemakeGroupLengths(CDcmElementSet& set, int syntax,
         CDcmRegistry::Global().AddSharedPrivateEntry(group.group, kGroupLength, "UL", 1);
         auto length = std::make_unique<CDcmElement>(group.group, kGroupLength);
         length->AddInteger(group.size);
-        length->SetSyntax(group.group == kMetaGroup ? SYNTAX_EXPLICIT_LITTLE : syntax);
+        length->SetSyntax(group.group == kMetaGroup ? metaSyntax : syntax);
         length->Encode();
         set.Add(length.release());
     }
@@ -65,7 +66,7 @@ template <class WANTED> void RemakeGroupLengths(CDcmElementSet& set, int syntax,
 }
 
 /// Encodes an element and all that is nested in it, the deepest first, so that each is encoded once.
-void EncodeTree(CDcmElement& element, int syntax, int groupLengthSyntax, bool groupLengths)
+void EncodeTree(CDcmElement& element, int syntax, bool groupLengths)
 {
     element.SetSyntax(syntax);
     CDcmElementSet* items = element.Items();
@@ -76,9 +77,9 @@ void EncodeTree(CDcmElement& element, int syntax, int groupLengthSyntax, bool gr
     }
     for (int i = 0; i < items->GetCount(); ++i)
     {
-        EncodeTree(*items->GetAt(i), syntax, groupLengthSyntax, groupLengths);
+        EncodeTree(*items->GetAt(i), syntax, groupLengths);
     }
-    RemakeGroupLengths(*items, groupLengthSyntax, [groupLengths](int) { return groupLengths; });
+    RemakeGroupLengths(*items, syntax, syntax, [groupLengths](int) { return groupLengths; });
     CElementEncoder::PrepareSequence(element);
 }
 
@@ -94,9 +95,9 @@ void CDcmParser::Store(CArchive& archive, CDcmElementSet& set)
     {
         CDcmElement& element = *set.GetAt(i);
         const int syntax = element.HasGroup(kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_outputSyntax;
-        EncodeTree(element, syntax, m_outputSyntax, m_groupLengths);
+        EncodeTree(element, syntax, m_groupLengths);
     }
-    RemakeGroupLengths(set, m_outputSyntax,
+    RemakeGroupLengths(set, m_outputSyntax, SYNTAX_EXPLICIT_LITTLE,
                        [this](int group) { return m_groupLengths || group == kMetaGroup; });
 
     std::uint64_t total = 0;

@@ -190,6 +190,15 @@ TEST(Encode, NestedSetsHaveTheirOwnGroupLengths)
     const std::string bare = WrittenText(set, SYNTAX_EXPLICIT_LITTLE, false);
     EXPECT_EQ(Show(set), "00400275 SQ {00400008 SQ {00080100 SH AB}}");
     EXPECT_EQ(bare.size(), 2u * (12 + 8 + 12 + 8 + 10 + 8 + 8));
+    // Within a sequence every element has the sequence's syntax, the meta group too.
+    CDcmElementSet strange;
+    strange.Add(new CDcmElement(0x0008, 0x1140));
+    AddText(*strange.GetAt(0)->Items(), 0x0002, 0x0013, "V1");
+    EXPECT_EQ(WrittenText(strange, SYNTAX_EXPLICIT_BIG, true).substr(2 * 12),
+              HexText(Stream("0008 1140 'SQ' 0000 0000002E"
+                             "FFFE E000 000C 0000 0002 0000 'UL' 0004 0000000A"
+                             "FFFE E000 000A 0000 0002 0013 'SH' 0002 'V1'"
+                             "FFFE E0DD 00000000")));
 }
 
 TEST(Encode, WhatHasNoValueFormIsWrittenEmptyOrNotAtAll)
