@@ -1,5 +1,4 @@
 #include "StreamBytes.h"
-
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>
@@ -16,15 +15,15 @@ constexpr const char* kValues = "00080060 CS MR; 00101010 AS 042Y; 00189091 FD 1
 
 const Bytes& Little()
 {
-    static const Bytes bytes = Stream("0800 6000 'CS' 0200 'MR'"            // (0008,0060) CS, short form
-                                      "1000 1010 'AS' 0400 '042Y'"          // (0010,1010) AS
-                                      "1800 9190 'FD' 0800 000000000000F83F" // (0018,9091) FD 1.5
-                                      "1800 7394 'FL' 0400 000000C0"        // (0018,9473) FL -2
-                                      "2800 0200 'US' 0200 0300"            // (0028,0002) US 3
-                                      "2800 0900 'AT' 0400 1800 6310"       // (0028,0009) AT (0018,1063)
-                                      "2800 0112 'OW' 0000 04000000 0201 0403" // (0028,1201) OW, long form
-                                      "4000 60A1 'UT' 0000 04000000 'text'"    // (0040,A160) UT, long form
-                                      "4800 1E02 'SL' 0400 02000100"           // (0048,021E) SL 65538
+    static const Bytes bytes = Stream("0800 6000 'CS' 0200 'MR'"                       // (0008,0060) CS, short form
+                                      "1000 1010 'AS' 0400 '042Y'"                     // (0010,1010) AS
+                                      "1800 9190 'FD' 0800 000000000000F83F"           // (0018,9091) FD 1.5
+                                      "1800 7394 'FL' 0400 000000C0"                   // (0018,9473) FL -2
+                                      "2800 0200 'US' 0200 0300"                       // (0028,0002) US 3
+                                      "2800 0900 'AT' 0400 1800 6310"                  // (0028,0009) AT (0018,1063)
+                                      "2800 0112 'OW' 0000 04000000 0201 0403"         // (0028,1201) OW, long form
+                                      "4000 60A1 'UT' 0000 04000000 'text'"            // (0040,A160) UT, long form
+                                      "4800 1E02 'SL' 0400 02000100"                   // (0048,021E) SL 65538
                                       "6400 0900 'OF' 0000 08000000 0000003F 000000C0" // (0064,0009) OF 0.5 -2
                                       "6600 2901 'OB' 0000 03000000 010203"); // (0066,0129) OB, odd as it stands
     return bytes;
@@ -32,17 +31,17 @@ const Bytes& Little()
 
 const Bytes& Big()
 {
-    static const Bytes bytes = Stream("0008 0060 'CS' 0002 'MR'"             // text: header swapped, value not
-                                      "0010 1010 'AS' 0004 '042Y'"           //
-                                      "0018 9091 'FD' 0008 3FF8000000000000" // eight bytes reversed
-                                      "0018 9473 'FL' 0004 C0000000"         // four bytes reversed
-                                      "0028 0002 'US' 0002 0003"             // two bytes swapped
-                                      "0028 0009 'AT' 0004 0018 1063"        // two and two, not four
+    static const Bytes bytes = Stream("0008 0060 'CS' 0002 'MR'"               // text: header swapped, value not
+                                      "0010 1010 'AS' 0004 '042Y'"             //
+                                      "0018 9091 'FD' 0008 3FF8000000000000"   // eight bytes reversed
+                                      "0018 9473 'FL' 0004 C0000000"           // four bytes reversed
+                                      "0028 0002 'US' 0002 0003"               // two bytes swapped
+                                      "0028 0009 'AT' 0004 0018 1063"          // two and two, not four
                                       "0028 1201 'OW' 0000 00000004 0102 0304" // length reversed, words swapped
                                       "0040 A160 'UT' 0000 00000004 'text'"    //
                                       "0048 021E 'SL' 0004 00010002"           // four bytes reversed
                                       "0064 0009 'OF' 0000 00000008 3F000000 C0000000" // four and four
-                                      "0066 0129 'OB' 0000 00000003 010203"); // bytes stay
+                                      "0066 0129 'OB' 0000 00000003 010203");          // bytes stay
     return bytes;
 }
 
@@ -99,9 +98,9 @@ TEST(Decode, FindsTheSyntaxByTrialAndSwapsByVr)
 
 TEST(Decode, WritesEachSyntaxBackAsItWasRead)
 {
-    for (const auto& [stream, syntax] : {std::pair(Little(), SYNTAX_EXPLICIT_LITTLE),
-                                         std::pair(Big(), SYNTAX_EXPLICIT_BIG),
-                                         std::pair(Implicit(), SYNTAX_IMPLICIT_LITTLE)})
+    for (const auto& [stream, syntax] :
+         {std::pair(Little(), SYNTAX_EXPLICIT_LITTLE), std::pair(Big(), SYNTAX_EXPLICIT_BIG),
+          std::pair(Implicit(), SYNTAX_IMPLICIT_LITTLE)})
     {
         SRead read(stream);
         EXPECT_EQ(HexText(Written(read.set, syntax)), HexText(stream));
@@ -226,18 +225,18 @@ TEST(Decode, GathersTheElementsOfAllItemsInOneSet)
     const Bytes after = Stream("1000 2000 'LO' 0200 '7 '");
     const auto withoutPad = [](std::string text) { return text.substr(0, text.find_last_not_of(' ') + 1); };
     const Bytes undefined = Stream("0800 4011 'SQ' 0000 FFFFFFFF"
-                                   "FEFF 00E0 FFFFFFFF"           // item of undefined length
-                                   "0800 0001 'SH' 0100 'A'"      //
-                                   "0800 0401 'LO' 0300 'one'"    //
-                                   "FEFF 0DE0 00000000"           // item delimiter
-                                   "FEFF 00E0 09000000"           // item of defined length
-                                   "0800 0001 'SH' 0100 'B'"      //
-                                   "FEFF DDE0 00000000");         // sequence delimiter
-    const Bytes defined = Stream("0800 4011 'SQ' 0000 2D000000"   // 8 + 9 + 11 + 8 + 9 bytes
-                                 "FEFF 00E0 14000000"             //
-                                 "0800 0001 'SH' 0100 'A'"        //
-                                 "0800 0401 'LO' 0300 'one'"      //
-                                 "FEFF 00E0 99999999"             // item lengths are never used
+                                   "FEFF 00E0 FFFFFFFF"         // item of undefined length
+                                   "0800 0001 'SH' 0100 'A'"    //
+                                   "0800 0401 'LO' 0300 'one'"  //
+                                   "FEFF 0DE0 00000000"         // item delimiter
+                                   "FEFF 00E0 09000000"         // item of defined length
+                                   "0800 0001 'SH' 0100 'B'"    //
+                                   "FEFF DDE0 00000000");       // sequence delimiter
+    const Bytes defined = Stream("0800 4011 'SQ' 0000 2D000000" // 8 + 9 + 11 + 8 + 9 bytes
+                                 "FEFF 00E0 14000000"           //
+                                 "0800 0001 'SH' 0100 'A'"      //
+                                 "0800 0401 'LO' 0300 'one'"    //
+                                 "FEFF 00E0 99999999"           // item lengths are never used
                                  "0800 0001 'SH' 0100 'B'");
     for (const Bytes& stream : {undefined, defined})
     {

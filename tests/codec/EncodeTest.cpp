@@ -1,5 +1,4 @@
 #include "StreamBytes.h"
-
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>
@@ -94,10 +93,10 @@ TEST(Encode, LengthsOfTheShortFormAreCutTo16Bits)
 
 TEST(Encode, GroupLengthsAreRemovedAndMadeAnew)
 {
-    const Bytes stream = Stream("0800 0000 'UL' 0400 99000000" // wrong, and remade
-                                "0800 1600 'UI' 0400 '1.2' 00" // 12 bytes
-                                "0800 6000 'CS' 0200 'MR'"     // 10 bytes
-                                "0900 1000 'LO' 0200 'PC'"     // 10 bytes
+    const Bytes stream = Stream("0800 0000 'UL' 0400 99000000"   // wrong, and remade
+                                "0800 1600 'UI' 0400 '1.2' 00"   // 12 bytes
+                                "0800 6000 'CS' 0200 'MR'"       // 10 bytes
+                                "0900 1000 'LO' 0200 'PC'"       // 10 bytes
                                 "1000 0000 'UL' 0400 99000000"); // of a group that holds nothing else
     SRead off(stream);
     EXPECT_EQ(WrittenText(off.set, SYNTAX_EXPLICIT_LITTLE),
@@ -134,12 +133,12 @@ TEST(Encode, EachNestedElementIsAnItemOfItsOwn)
     AddText(items, 0x0008, 0x1155, "1.2"); // out of order: items are sorted
     AddText(items, 0x0008, 0x0100, "AB");
     EXPECT_EQ(WrittenText(set, SYNTAX_EXPLICIT_LITTLE),
-              HexText(Stream("0800 4011 'SQ' 0000 2E000000"  // defined: 10 + 12 + 24
-                             "FEFF 00E0 0A000000"            // item
-                             "0800 0001 'SH' 0200 'AB'"      //
-                             "FEFF 00E0 0C000000"            // item
-                             "0800 5511 'UI' 0400 '1.2' 00"  //
-                             "FEFF DDE0 00000000")));        // and yet a sequence delimiter
+              HexText(Stream("0800 4011 'SQ' 0000 2E000000" // defined: 10 + 12 + 24
+                             "FEFF 00E0 0A000000"           // item
+                             "0800 0001 'SH' 0200 'AB'"     //
+                             "FEFF 00E0 0C000000"           // item
+                             "0800 5511 'UI' 0400 '1.2' 00" //
+                             "FEFF DDE0 00000000")));       // and yet a sequence delimiter
     EXPECT_EQ(WrittenText(set, SYNTAX_IMPLICIT_LITTLE),
               HexText(Stream("0800 4011 2E000000 FEFF 00E0 0A000000 0800 0001 02000000 'AB'"
                              "FEFF 00E0 0C000000 0800 5511 04000000 '1.2' 00 FEFF DDE0 00000000")));
@@ -175,17 +174,17 @@ TEST(Encode, NestedSetsHaveTheirOwnGroupLengths)
     outer.Add(new CDcmElement(0x0040, 0x0008));
     AddText(*outer.GetAt(0)->Items(), 0x0008, 0x0100, "AB");
     EXPECT_EQ(WrittenText(set, SYNTAX_EXPLICIT_LITTLE, true),
-              HexText(Stream("4000 0000 'UL' 0400 6A000000"     // 106 bytes
-                             "4000 7502 'SQ' 0000 5E000000"     // 94: 8 + 12, 8 + 58, 8
-                             "FEFF 00E0 0C000000"               //
-                             "4000 0000 'UL' 0400 3A000000"     // 58, with the inner group length
-                             "FEFF 00E0 3A000000"               //
-                             "4000 0800 'SQ' 0000 2E000000"     // 46: 8 + 12, 8 + 10, 8
-                             "FEFF 00E0 0C000000"               //
-                             "0800 0000 'UL' 0400 0A000000"     //
-                             "FEFF 00E0 0A000000"               //
-                             "0800 0001 'SH' 0200 'AB'"         //
-                             "FEFF DDE0 00000000"               //
+              HexText(Stream("4000 0000 'UL' 0400 6A000000" // 106 bytes
+                             "4000 7502 'SQ' 0000 5E000000" // 94: 8 + 12, 8 + 58, 8
+                             "FEFF 00E0 0C000000"           //
+                             "4000 0000 'UL' 0400 3A000000" // 58, with the inner group length
+                             "FEFF 00E0 3A000000"           //
+                             "4000 0800 'SQ' 0000 2E000000" // 46: 8 + 12, 8 + 10, 8
+                             "FEFF 00E0 0C000000"           //
+                             "0800 0000 'UL' 0400 0A000000" //
+                             "FEFF 00E0 0A000000"           //
+                             "0800 0001 'SH' 0200 'AB'"     //
+                             "FEFF DDE0 00000000"           //
                              "FEFF DDE0 00000000")));
     const std::string bare = WrittenText(set, SYNTAX_EXPLICIT_LITTLE, false);
     EXPECT_EQ(Show(set), "00400275 SQ {00400008 SQ {00080100 SH AB}}");
@@ -235,7 +234,8 @@ TEST(Encode, WhatHasNoValueFormIsWrittenEmptyOrNotAtAll)
 
 TEST(Encode, NumbersThatDoNotFillTheirWidthAreDropped)
 {
-    SRead read(Stream("2800 0200 'US' 0300 010002 4800 1E02 'SL' 0600 010000000200 2800 0112 'OW' 0000 03000000 010203"));
+    SRead read(
+        Stream("2800 0200 'US' 0300 010002 4800 1E02 'SL' 0600 010000000200 2800 0112 'OW' 0000 03000000 010203"));
     EXPECT_EQ(WrittenText(read.set, SYNTAX_EXPLICIT_LITTLE),
               HexText(Stream("2800 0200 'US' 0200 0100 2800 0112 'OW' 0000 04000000 01020300"
                              "4800 1E02 'SL' 0400 01000000"))); // the last word of OW is filled up

@@ -1,5 +1,4 @@
 #include "StreamBytes.h"
-
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>

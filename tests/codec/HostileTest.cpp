@@ -1,5 +1,4 @@
 #include "StreamBytes.h"
-
 #include "Varnotix/iod/DcmIOD.h"
 
 #include <gtest/gtest.h>
@@ -250,7 +249,8 @@ TEST(Hostile, AFileCutAtAnyByteIsReadUpToAnElementOrNotAtAll)
     int readable = 0;
     for (std::size_t size = 132; size < file.size(); ++size)
     {
-        readable += SurvivesRoundTrip(Bytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size))) > 0 ? 1 : 0;
+        readable +=
+            SurvivesRoundTrip(Bytes(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(size))) > 0 ? 1 : 0;
     }
     EXPECT_GT(readable, 7);
     EXPECT_LT(readable, static_cast<int>(file.size()) / 2);

@@ -75,8 +75,7 @@ TEST(PixelData, FragmentIsStoredBeforeTheFrameNumberMovesOn)
     // The fragments are remembered, so the offsets still hold when the frames are written.
     EXPECT_EQ(HexText(Written(read.set, SYNTAX_EXPLICIT_LITTLE)), HexText(stream));
     // An offset where no fragment begins keeps all that follows in one frame; so does a table that is used up.
-    EXPECT_EQ(Frames(SRead(kOpenOb + Item(Stream("01000000")) + Item({1}) + Item({2}) + kEnd)),
-              "7fe00010 OB 0:0102");
+    EXPECT_EQ(Frames(SRead(kOpenOb + Item(Stream("01000000")) + Item({1}) + Item({2}) + kEnd)), "7fe00010 OB 0:0102");
     EXPECT_EQ(Frames(SRead(kOpenOb + Item(Stream("00000000")) + Item({1}) + Item({2}) + Item({3}) + kEnd)),
               "7fe00010 OB 0:01 1:0203");
     // A table that is no whole number of entries is never read past its end.
@@ -116,9 +115,9 @@ TEST(PixelData, TagsOfFragmentsAreKnownInFourArrangements)
 TEST(PixelData, EncapsulatedFramesAreSwappedInBigEndianBothWays)
 {
     const Bytes words = Stream("7FE0 0010 'OW' 0000 FFFFFFFF"
-                               "FFFE E000 00000004 00000000"   // the table's entries stay little endian
-                               "FFFE E000 00000002 0201"       // fragments of words are swapped
-                               "FFFE E000 00000004 04030605"   //
+                               "FFFE E000 00000004 00000000" // the table's entries stay little endian
+                               "FFFE E000 00000002 0201"     // fragments of words are swapped
+                               "FFFE E000 00000004 04030605" //
                                "FFFE E0DD 00000000");
     SRead read(words);
     EXPECT_EQ(Frames(read), "7fe00010 OW 0:0102 1:03040506");

@@ -175,7 +175,8 @@ inline std::string Show(const CDcmElementSet& set)
             for (int frame = 0; frame < frames->GetCount(); ++frame)
             {
                 const CDcmFrame& each = *frames->GetFrame(frame);
-                value += (frame > 0 ? " " : "") + std::to_string(each.Number()) + ":" + HexText(each.Data(), each.Size());
+                value +=
+                    (frame > 0 ? " " : "") + std::to_string(each.Number()) + ":" + HexText(each.Data(), each.Size());
             }
         }
         else if (const CByteArray* bytes = element.Bytes())

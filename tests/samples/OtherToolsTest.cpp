@@ -2,7 +2,6 @@
 #if !defined(_WIN32)
 
 #include "Sample.h"
-
 #include "Varnotix/platform/Archive.h"
 
 #include <gtest/gtest.h>
@@ -167,8 +166,7 @@ TEST(SampleOtherTools, ReadWhatTheLibraryWritesAndShowTheSameValues)
         const auto found = kQuestions.find(name);
         const SQuestion question = found != kQuestions.end() ? found->second : SQuestion{"", ""};
         const bool refused = !Accepts("dcmdump", path);
-        EXPECT_EQ(std::string(refused ? "d" : "") + (Accepts("gdcmdump", path) ? "" : "g"), question.refusedBy)
-            << name;
+        EXPECT_EQ(std::string(refused ? "d" : "") + (Accepts("gdcmdump", path) ? "" : "g"), question.refusedBy) << name;
         if (!refused)
         {
             EXPECT_EQ(DifferentTags(SampleFolder() + "/" + name, path), question.tags) << name;

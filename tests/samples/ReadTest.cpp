@@ -31,9 +31,9 @@ std::string Measured(const std::string& name)
         trials += (trials.empty() ? "" : " ") + Text("%d:%d@%u", trial.syntax, trial.fault, trial.offset);
     }
     const bool read = object.IodSyntax() != SYNTAX_UNKNOWN;
-    return name + "\t" + (read ? std::to_string(object.IodSyntax()) : "-") + "\t" +
-           std::to_string(object.GetCount()) + "\t" + std::to_string(object.GetCountAll()) + "\t" +
-           std::to_string(frames) + "\t" + std::to_string(size) + "\t" + Text("%08x", crc.Value()) + "\t" + trials;
+    return name + "\t" + (read ? std::to_string(object.IodSyntax()) : "-") + "\t" + std::to_string(object.GetCount()) +
+           "\t" + std::to_string(object.GetCountAll()) + "\t" + std::to_string(frames) + "\t" + std::to_string(size) +
+           "\t" + Text("%08x", crc.Value()) + "\t" + trials;
 }
 
 } // namespace
