@@ -54,7 +54,8 @@ enum EReadNote : int
     READ_ITEMS_GATHERED = 0,  ///< Items that did not hold one element each are gathered in one set; count is the items.
     READ_BEYOND_LENGTH = 1,   ///< A sequence took elements from behind its defined end; count is the bytes taken.
     READ_ITEMS_DROPPED = 2,   ///< The dictionary gives a sequence another VR, so its items are gone.
-    READ_VR_OF_DICTIONARY = 3 ///< The element took the dictionary's VR; count is the code of the stream's VR.
+    READ_VR_OF_DICTIONARY = 3, ///< The element took the dictionary's VR; count is the code of the stream's VR.
+    READ_BYTES_LEFT = 4        ///< Bytes at the end of the stream were not read; count is how many, the tag is 0.
 };
 
 /// One place of a stream of which a read kept less, or other, than it held.
@@ -62,6 +63,6 @@ struct VARNOTIX_EXPORT SReadNote
 {
     int note;     ///< One of EReadNote.
     DWORD tag;    ///< Group in the high half, element in the low half.
-    DWORD offset; ///< Stream offset behind the element's header.
+    DWORD offset; ///< Stream offset behind the element; where the bytes begin for READ_BYTES_LEFT.
     DWORD count;  ///< See EReadNote.
 };

@@ -67,6 +67,13 @@ void CStreamDecoder::Decode(CDcmElementSet& set)
     {
         DWORD items = 0;
         DecodeLevel(set, m_cursor.Length(), items);
+    // A few bytes at the end hold no element, and a sequence delimiter outside every sequence ends the stream early.
+    const std::size_t left = m_bytesLeft + m_cursor.Length() - m_cursor.Position();
+    if (left > 0)
+    {
+        m_parser.m_notes.push_back({READ_BYTES_LEFT, 0, static_cast<DWORD>(m_cursor.Length() - left),
+                                    static_cast<DWORD>(left)});
+    }
         registry.PromotePrivateEntries();
     }
     catch (...)
@@ -148,9 +155,11 @@ bool CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& 
     bool levelEnds = false;
     while (!levelEnds)
     {
+        const std::size_t position = m_cursor.Position();
         const BYTE* header = m_cursor.Take(kShortestStream);
         if (header == nullptr)
         {
+            m_bytesLeft = m_cursor.Length() - position;
             break;
         }
         const STag tag = ReadTag(header);

@@ -53,4 +53,5 @@ private:
     CDcmParser& m_parser;
     CStreamCursor& m_cursor;
     CByteChunks m_smallValues;
+    std::size_t m_bytesLeft = 0; // Behind the last element, too few for another one.
 };

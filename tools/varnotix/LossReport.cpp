@@ -15,6 +15,7 @@ constexpr SLossText kLossTexts[] = {
     {"1 sequence regrouped", "%d sequences regrouped"},
     {"1 sequence with elements from behind its end", "%d sequences with elements from behind their ends"},
     {"1 sequence without its items", "%d sequences without their items"},
+    {"bytes behind the last element lost", "bytes behind the last element lost"},
     {"1 UN value lost", "%d UN values lost"},
     {"1 list without its empty values", "%d lists without their empty values"},
     {"1 value changed", "%d values changed"},
@@ -67,6 +68,10 @@ void CLossReport::AddReadNotes(const CDcmIOD& object)
         case READ_VR_OF_DICTIONARY:
             Add(ELoss::VrChanged, where,
                 CString("VR ") + VrText(static_cast<int>(note.count)) + " gave way to the dictionary's " + kept);
+            break;
+        case READ_BYTES_LEFT:
+            Add(ELoss::BytesLeft, Number("offset %lu", note.offset),
+                Number("bytes that are no element are lost: %lu", note.count));
             break;
         default:
             break;

@@ -11,6 +11,7 @@ enum class ELoss
     ItemsRegrouped,
     ElementsSwallowed,
     ItemsDropped,
+    BytesLeft,
     UnValueLost,
     EmptyValuesDropped,
     ValueChanged,
