@@ -1,0 +1,252 @@
+#include "GoldenPdus.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+/// The fixed part of an association PDU with a length of 0, which bounds nothing, and the items behind it.
+CByteArray Association(const CByteArray& items, int type = PDU_ASSOCIATE_RQ)
+{
+    return Join({Bytes({type}), Zeros(73), items});
+}
+
+/// The lines of the dump behind the eight scalar ones.
+std::vector<std::string> ItemsOf(const CByteArray& bytes)
+{
+    CDcmProtocolDataUnit pdu;
+    pdu.Create(bytes);
+    const std::vector<std::string> lines = DumpOf(pdu);
+    return {lines.begin() + 8, lines.end()};
+}
+
+using CLines = std::vector<std::string>;
+
+} // namespace
+
+TEST(PduDecodeTest, GoldenBytesBecomeFieldsAndItems)
+{
+    CDcmProtocolDataUnit pdu;
+    pdu.Create(RequestBytes());
+    EXPECT_EQ(DumpOf(pdu), (CLines{"PDU Type [1]", "PDU Length [120]", "Protocol Version [1]", "Called AE [B]",
+                                   "Calling AE [A]", "Result [0]", "Source [0]", "Reason [0]",
+                                   "PCI [(1.2.4) (1.5,1.6,) (3) (0)]", "ACI [1.2.3,]", "UDI [(51h) (0,64,0,0,)]"}));
+    pdu.Create(AcceptBytes());
+    EXPECT_EQ(DumpOf(pdu), (CLines{"PDU Type [2]", "PDU Length [107]", "Protocol Version [1]", "Called AE [B]",
+                                   "Calling AE [A]", "Result [0]", "Source [0]", "Reason [0]",
+                                   "PCI [() (1.5,1.6,) (3) (4)]", "ACI [1.2.3,]", "UDI [(55h)  ()]"}))
+        << "the items of the request before it are gone";
+    pdu.Create(RejectBytes());
+    EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RJ);
+    EXPECT_EQ(pdu.PduLength(), 4);
+    EXPECT_EQ(pdu.Result(), 1);
+    EXPECT_EQ(pdu.Source(), 2);
+    EXPECT_EQ(pdu.Reason(), 7);
+    pdu.Create(AbortBytes());
+    EXPECT_EQ(pdu.PduType(), PDU_ABORT);
+    EXPECT_EQ(pdu.Result(), 1) << "an abort has no result";
+    EXPECT_EQ(pdu.Source(), 2);
+    EXPECT_EQ(pdu.Reason(), 6);
+    pdu.Create(ReleaseBytes(PDU_RELEASE_RP));
+    EXPECT_EQ(pdu.PduType(), PDU_RELEASE_RP);
+    EXPECT_EQ(ItemsOf(DataBytes()), (CLines{"ACI []", "PDV [(1) (3) (10)]", "PDV [(5) (0) (0)]"}));
+}
+
+TEST(PduDecodeTest, ASecondDataPduAppendsAndAnAssociationStartsAnew)
+{
+    CDcmProtocolDataUnit pdu;
+    CObArray values;
+    pdu.Create(DataBytes());
+    pdu.Create(DataBytes());
+    pdu.PresentationDataItems(values);
+    ASSERT_EQ(values.GetSize(), 4);
+    EXPECT_EQ(static_cast<const CPresentationDataValue*>(values[2])->Data(), TextBytes("0123456789"));
+    pdu.Create(RequestBytes());
+    pdu.PresentationDataItems(values);
+    EXPECT_TRUE(values.IsEmpty());
+}
+
+TEST(PduDecodeTest, FewerThanSixBytesChangeTheTypeAlone)
+{
+    CDcmProtocolDataUnit pdu;
+    pdu.Create(RequestBytes());
+    CLines before = DumpOf(pdu);
+    pdu.Create(Bytes({4, 0, 0, 0, 0}));
+    before[0] = "PDU Type [0]";
+    EXPECT_EQ(DumpOf(pdu), before);
+}
+
+TEST(PduDecodeTest, TheLengthMayExceedWhatFollowsTheHeaderBySix)
+{
+    CByteArray bytes = RejectBytes();
+    for (const int length : {0, 8, 10, 11, 0x7F})
+    {
+        CDcmProtocolDataUnit pdu;
+        bytes[5] = static_cast<BYTE>(length);
+        pdu.Create(bytes);
+        EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RJ);
+        EXPECT_EQ(pdu.PduLength(), length);
+        EXPECT_EQ(pdu.Reason(), length <= 10 ? 7 : 0) << length;
+    }
+    CDcmProtocolDataUnit negative;
+    bytes[2] = 0xFF;
+    negative.Create(bytes);
+    EXPECT_LT(negative.PduLength(), 0) << "the field is a signed number, which no size is below";
+    EXPECT_EQ(negative.Reason(), 7);
+}
+
+TEST(PduDecodeTest, ShortRejectsAndAbortsKeepEarlierNumbers)
+{
+    for (CByteArray bytes : {RejectBytes(), AbortBytes()})
+    {
+        CDcmProtocolDataUnit pdu;
+        pdu.Result(11);
+        pdu.Source(12);
+        pdu.Reason(13);
+        bytes.SetSize(9);
+        pdu.Create(bytes);
+        EXPECT_EQ(pdu.PduType(), bytes[0]);
+        EXPECT_EQ(pdu.Result(), 11);
+        EXPECT_EQ(pdu.Source(), 12);
+        EXPECT_EQ(pdu.Reason(), 13);
+    }
+}
+
+TEST(PduDecodeTest, EveryPrefixGivesWhatItsBytesCarry)
+{
+    for (int size = 0; size <= 126; ++size)
+    {
+        CByteArray bytes = RequestBytes();
+        bytes[5] = 0; // So that the length lets every prefix pass.
+        bytes.SetSize(size);
+        CDcmProtocolDataUnit pdu;
+        pdu.Create(bytes);
+
+        CLines expected = {size >= 6 ? "PDU Type [1]" : "PDU Type [0]", "PDU Length [0]"};
+        expected.emplace_back(size >= 42 ? "Protocol Version [1]" : "Protocol Version [0]");
+        expected.emplace_back(size >= 42 ? "Called AE [B]" : "Called AE []");
+        expected.emplace_back(size >= 42 ? "Calling AE [A]" : "Calling AE []");
+        expected.insert(expected.end(), {"Result [0]", "Source [0]", "Reason [0]"});
+        if (size >= 91) // A context whose header is there is kept, cut short as it may be.
+        {
+            expected.push_back(std::string("PCI [(") + (size >= 100 ? "1.2.4" : "") + ") (" +
+                               (size >= 107 ? "1.5," : "") + (size >= 114 ? "1.6," : "") + ") (3) (0)]");
+        }
+        expected.emplace_back(size >= 83 ? "ACI [1.2.3,]" : "ACI []");
+        if (size >= 126)
+        {
+            expected.emplace_back("UDI [(51h) (0,64,0,0,)]");
+        }
+        EXPECT_EQ(DumpOf(pdu), expected) << size;
+    }
+}
+
+TEST(PduDecodeTest, APrefixShorterThanItsLengthCarriesTypeAndLengthAlone)
+{
+    for (int size = 6; size <= 126; ++size)
+    {
+        CByteArray bytes = RequestBytes();
+        bytes.SetSize(size);
+        CDcmProtocolDataUnit pdu;
+        pdu.Create(bytes);
+        EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RQ);
+        EXPECT_EQ(pdu.PduLength(), 120);
+        EXPECT_EQ(pdu.ProtocolVersion(), size >= 120 ? 1 : 0) << size;
+    }
+}
+
+TEST(PduDecodeTest, TitlesEndAtAZeroAndKeepTheirSpaces)
+{
+    CByteArray bytes = Association(CByteArray());
+    const std::string called = "TITLE_OF        ";
+    const std::string calling = std::string("AB\0CD", 5);
+    std::copy(called.begin(), called.end(), bytes.begin() + 10);
+    std::copy(calling.begin(), calling.end(), bytes.begin() + 26);
+    bytes[6] = 0xAB;
+    bytes[7] = 0xCD;
+    CDcmProtocolDataUnit pdu;
+    pdu.ProtocolVersion(0x120001);
+    pdu.Create(bytes);
+    EXPECT_EQ(pdu.CalledAE().View(), called);
+    EXPECT_EQ(pdu.CallingAE().View(), "AB");
+    EXPECT_EQ(pdu.ProtocolVersion(), 0x12ABCD) << "the low 16 bits are replaced";
+}
+
+TEST(PduDecodeTest, UnknownItemsAreScannedThroughByteByByte)
+{
+    const CByteArray user = Bytes({0x50, 0, 0, 5, 0x52, 0, 0, 1, '1'});
+    EXPECT_EQ(ItemsOf(Association(Join({Bytes({0x55, 0, 0, 2, 0xAA, 0xBB}), user}))),
+              (CLines{"ACI []", "UDI [(52h)  (1)]"}));
+    EXPECT_EQ(ItemsOf(Association(Join({Bytes({0x55, 0, 0, 2, 0x10, 0x00}), user}))), (CLines{"ACI []"}))
+        << "the 10H inside is taken for an item of 5000H bytes";
+    EXPECT_EQ(ItemsOf(Association(Join({Bytes({0x55, 0, 0, 5, 0x10, 0, 0, 1, 'x'}), user}))),
+              (CLines{"ACI [x,]", "UDI [(52h)  (1)]"}))
+        << "what looks like an item inside is read as one";
+}
+
+TEST(PduDecodeTest, ContextsReadBothFormsAndPassOverOtherSubItems)
+{
+    const CByteArray subItems =
+        Bytes({0x30, 0, 0, 1, 'a', 0x40, 0, 0, 1, 't', 0x99, 0, 0, 2, 'x', 'y', 0x30, 0, 0, 1, 'b', 0x40, 0, 0, 0});
+    for (const int itemType : {0x20, 0x21})
+    {
+        const CByteArray item = Join({Bytes({itemType, 0xEE, 0, 29, 5, 0xEE, 2, 0xEE}), subItems});
+        EXPECT_EQ(ItemsOf(Association(Join({item, Bytes({0x10, 0, 0, 1, 'n'})}))),
+                  (CLines{"PCI [(b) (t,,) (5) (2)]", "ACI [n,]"}));
+    }
+    EXPECT_EQ(ItemsOf(Association(Bytes({0x20, 0, 0, 0, 5, 0, 1, 0, 0x10, 0, 0, 1, 'n'}))),
+              (CLines{"PCI [() () (5) (1)]", "ACI [n,]"}))
+        << "an item length below 4 leaves room for no sub-item";
+}
+
+TEST(PduDecodeTest, ASubItemMayRunPastItsItemButNotPastTheField)
+{
+    // The item says 9 bytes, the sub-item in it 4 where there is room for 1.
+    const CByteArray item = Bytes({0x20, 0, 0, 9, 5, 0, 0, 0, 0x40, 0, 0, 4, 'w', 'x', 'y', 'z'});
+    EXPECT_EQ(ItemsOf(Association(Join({item, Bytes({0x10, 0, 0, 1, 'n'})}))),
+              (CLines{"PCI [() (wxyz,) (5) (0)]", "ACI [n,]"}))
+        << "the next item is looked for behind the sub-item";
+    CByteArray cut = item;
+    cut.SetSize(15);
+    EXPECT_EQ(ItemsOf(Association(cut)), (CLines{"PCI [() () (5) (0)]", "ACI []"}));
+}
+
+TEST(PduDecodeTest, ABadLengthEndsTheDecodingAndKeepsWhatWasRead)
+{
+    const CByteArray name = Bytes({0x10, 0, 0, 1, 'n'});
+    const CByteArray good = Bytes({0x50, 0, 0, 5, 0x52, 0, 0, 1, '1'});
+    EXPECT_EQ(ItemsOf(Association(Join({name, Bytes({0x10, 0, 1, 0}), good}))), (CLines{"ACI [n,]"}));
+    EXPECT_EQ(ItemsOf(Association(Join({name, Bytes({0x10, 0, 0})}))), (CLines{"ACI [n,]"}));
+    EXPECT_EQ(ItemsOf(Association(Join({name, Bytes({0x20, 0, 0, 9, 5, 0, 0})}))), (CLines{"ACI [n,]"}));
+    EXPECT_EQ(ItemsOf(Association(Join({Bytes({0x20, 0, 0, 9, 5, 0, 0, 0, 0x40, 0, 1, 0}), name}))),
+              (CLines{"PCI [() () (5) (0)]", "ACI []"}));
+    EXPECT_EQ(ItemsOf(Association(Join({good, Bytes({0x50, 0, 0, 5, 0x52, 0, 1, 0}), name}))),
+              (CLines{"ACI []", "UDI [(52h)  (1)]"}));
+    EXPECT_EQ(ItemsOf(Association(Join({good, Bytes({0x50, 0, 0})}))), (CLines{"ACI []", "UDI [(52h)  (1)]"}));
+}
+
+TEST(PduDecodeTest, ALongUserDataItemIsCutAndTheNextOneIsStillFound)
+{
+    CDcmProtocolDataUnit pdu;
+    pdu.Create(Association(
+        Join({Bytes({0x50, 0, 0x01, 0x35, 0x58, 0, 0x01, 0x2C}), Zeros(300), Bytes({0x55, 0, 0, 1, 'v'})})));
+    CObArray items;
+    pdu.UserDataItems(items);
+    ASSERT_EQ(items.GetSize(), 2);
+    EXPECT_EQ(static_cast<const CDcmUserData*>(items[0])->Data(), Zeros(255));
+    EXPECT_EQ(static_cast<const CDcmUserData*>(items[1])->Data(), TextBytes("v"));
+}
+
+TEST(PduDecodeTest, DataValuesAreBoundedByTheFieldAlone)
+{
+    const CByteArray header = Bytes({4, 0, 0, 0, 0, 0});
+    const CByteArray value = Bytes({0, 0, 0, 3, 1, 2, 0xAB});
+    const CLines one = {"ACI []", "PDV [(1) (2) (1)]"};
+    EXPECT_EQ(ItemsOf(Join({header, value})), one) << "the PDU length of 0 does not count";
+    EXPECT_EQ(ItemsOf(Join({header, value, Bytes({0, 0, 0, 2, 1})})), one) << "five bytes are no item";
+    EXPECT_EQ(ItemsOf(Join({header, value, Bytes({0, 0, 0, 3, 1, 0})})), one) << "one byte is missing";
+    EXPECT_EQ(ItemsOf(Join({header, value, Bytes({0xFF, 0xFF, 0xFF, 0xFF, 1, 0})})), one);
+    EXPECT_EQ(ItemsOf(Join({header, Bytes({0, 0, 0, 0}), value})),
+              (CLines{"ACI []", "PDV [(0) (0) (0)]", "PDV [(1) (2) (1)]"}))
+        << "a length of 0 moves on by its own four bytes";
+}

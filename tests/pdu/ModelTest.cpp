@@ -1,0 +1,125 @@
+#include "GoldenPdus.h"
+
+#include <gtest/gtest.h>
+
+TEST(PduModelTest, ANewPduIsEmptyAndAsksForNoVersion)
+{
+    const CDcmProtocolDataUnit pdu;
+    EXPECT_EQ(DumpOf(pdu),
+              (std::vector<std::string>{"PDU Type [0]", "PDU Length [0]", "Protocol Version [0]", "Called AE []",
+                                        "Calling AE []", "Result [0]", "Source [0]", "Reason [0]", "ACI []"}));
+    EXPECT_TRUE(FieldOf(pdu).IsEmpty());
+}
+
+TEST(PduModelTest, TheConstructorFromBytesDecodesNothing)
+{
+    CDcmProtocolDataUnit pdu(RejectBytes());
+    EXPECT_EQ(pdu.PduType(), 0);
+    EXPECT_EQ(FieldOf(pdu), RejectBytes());
+    pdu.DecodeProtocol();
+    EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RJ);
+}
+
+TEST(PduModelTest, LookupsAnswerWithTheFirstMatch)
+{
+    CDcmProtocolDataUnit pdu;
+    pdu.AddPresentationContext("1.2.A", Texts({"1"}), 1, 3);
+    pdu.AddPresentationContext("1.2.b", Texts({"2"}), 3, 0);
+    pdu.AddPresentationContext("1.2.a", Texts({"3"}), 3, 4);
+
+    ASSERT_NE(pdu.FindPresentationContext(3), nullptr);
+    EXPECT_EQ(pdu.FindPresentationContext(3)->AbstractSyntax(), "1.2.b");
+    ASSERT_NE(pdu.FindPresentationContext("1.2.a"), nullptr);
+    EXPECT_EQ(pdu.FindPresentationContext("1.2.a")->ContextID(), 1) << "case is ignored";
+    EXPECT_EQ(pdu.FindPresentationContextID("1.2.B"), 3);
+    EXPECT_EQ(pdu.FindPresentationContext(5), nullptr);
+    EXPECT_EQ(pdu.FindPresentationContext("1.2"), nullptr);
+    EXPECT_EQ(pdu.FindPresentationContextID("1.2"), -1);
+
+    EXPECT_EQ(pdu.GetContextIDResult(1), 3);
+    EXPECT_EQ(pdu.GetContextIDResult(5), -1);
+    EXPECT_FALSE(pdu.IsValidContextID(1));
+    EXPECT_TRUE(pdu.IsValidContextID(3));
+    EXPECT_FALSE(pdu.IsValidContextID(5));
+}
+
+TEST(PduModelTest, AContextIsTakenAsACopyWithItsOwnIdAndResult)
+{
+    CPresentationContext context("1.2", Texts({"1.5"}), 7, 4);
+    CDcmProtocolDataUnit pdu;
+    pdu.AddPresentationContext(nullptr, 1, 0);
+    pdu.AddPresentationContext(&context, 9, 0);
+    context.AbstractSyntax("changed");
+    ASSERT_NE(pdu.FindPresentationContext(9), nullptr);
+    EXPECT_EQ(pdu.FindPresentationContext(9)->AbstractSyntax(), "1.2");
+    EXPECT_EQ(pdu.FindPresentationContext(9)->TransferSyntaxes().GetAt(0), "1.5");
+    EXPECT_EQ(pdu.GetContextIDResult(9), 0);
+    EXPECT_EQ(context.ContextID(), 7);
+    CObArray contexts;
+    pdu.PresentationContextItems(contexts);
+    EXPECT_EQ(contexts.GetSize(), 1) << "null is ignored";
+}
+
+TEST(PduModelTest, CopiesHaveItemsOfTheirOwn)
+{
+    CDcmProtocolDataUnit copy;
+    CDcmProtocolDataUnit assigned;
+    assigned.AddUserDataItem(0x55, CString("old"));
+    assigned.AddPresentationDataValue(CByteArray(), 1, 0);
+    {
+        CDcmProtocolDataUnit original;
+        BuildRequest(original);
+        original.AddPresentationDataValue(TextBytes("data"), 1, 2);
+        original.Result(1);
+        original.Create();
+        const CDcmProtocolDataUnit constructed(original);
+        copy = constructed;
+        assigned = original;
+        EXPECT_EQ(DumpOf(constructed), DumpOf(original));
+        original.FindPresentationContext(3)->AbstractSyntax("changed");
+        assigned = *&assigned;
+    }
+    EXPECT_EQ(DumpOf(copy), (std::vector<std::string>{"PDU Type [1]", "PDU Length [120]", "Protocol Version [1]",
+                                                      "Called AE [B]", "Calling AE [A]", "Result [1]", "Source [0]",
+                                                      "Reason [0]", "PCI [(1.2.4) (1.5,1.6,) (3) (0)]", "ACI [1.2.3,]",
+                                                      "UDI [(51h) (0,64,0,0,)]", "PDV [(1) (2) (4)]"}));
+    EXPECT_EQ(DumpOf(assigned), DumpOf(copy));
+    EXPECT_EQ(FieldOf(assigned), RequestBytes());
+}
+
+TEST(PduModelTest, TheDumpTellsTextFromNumbersByOneBlank)
+{
+    CDcmProtocolDataUnit pdu;
+    pdu.PduType(0x1A);
+    pdu.AddApplicationContextItem("1.2");
+    pdu.AddApplicationContextItem("1.3");
+    pdu.AddPresentationContext("1.4", CStringArray(), 1, 3);
+    pdu.AddUserDataItem(0x52, CString("1.2.3"));
+    pdu.AddUserDataItem(0x51, Bytes({0x00, 0x40}));
+    pdu.AddUserDataItem(0x55, CString());
+    pdu.AddUserDataItem(0x56, TextBytes(" ~"));
+    pdu.AddUserDataItem(0x57, TextBytes("a\x7F"));
+    pdu.AddUserDataItem(0x58, TextBytes("\xE9"));
+    CStringArray lines = Texts({"kept"});
+    pdu.Export(lines);
+    EXPECT_EQ(lines.GetAt(0), "kept");
+    EXPECT_EQ(lines.GetAt(1), "PDU Type [1a]");
+    const std::vector<std::string> dump = DumpOf(pdu);
+    EXPECT_EQ(std::vector<std::string>(dump.begin() + 8, dump.end()),
+              (std::vector<std::string>{"PCI [(1.4) () (1) (3)]", "ACI [1.2,1.3,]", "UDI [(52h)  (1.2.3)]",
+                                        "UDI [(51h) (0,64,)]", "UDI [(55h)  ()]", "UDI [(56h)  ( ~)]",
+                                        "UDI [(57h) (97,127,)]", "UDI [(58h) (233,)]"}));
+}
+
+TEST(PduModelTest, CodesAreToldInWords)
+{
+    EXPECT_STREQ(PduTypeName(PDU_DATA_TF), "P-DATA-TF");
+    EXPECT_STREQ(PduTypeName(8), "unknown");
+    EXPECT_STREQ(RejectReasonText(1, 7), "called AE title not recognized");
+    EXPECT_STREQ(RejectReasonText(3, 1), "temporary congestion") << "a reason's meaning depends on its source";
+    EXPECT_STREQ(RejectReasonText(0, 0x107), "unknown");
+    EXPECT_STREQ(AbortReasonText(2, 2), "unexpected PDU");
+    EXPECT_STREQ(AbortReasonText(0, 2), "no reason given") << "a service user gives none";
+    EXPECT_STREQ(ContextResultText(4), "transfer syntaxes not supported");
+    EXPECT_STREQ(ContextResultText(-1), "unknown");
+}
