@@ -168,6 +168,11 @@ TEST(Decode, OnlyMetaInformationThatBeginsWithItsLengthSwitches)
     const SRead without(Part10(version + bigUid + Little()));
     EXPECT_EQ(without.parser.OutputSyntax(), SYNTAX_EXPLICIT_LITTLE);
     EXPECT_EQ(without.set.GetCount(), 2 + 11);
+    // A group length that comes later ends nothing.
+    const Bytes late = Stream("0200 0000 'UL' 0400 1C000000");
+    const SRead second(Part10(version + late + bigUid + Little()));
+    EXPECT_EQ(second.parser.OutputSyntax(), SYNTAX_EXPLICIT_LITTLE);
+    EXPECT_EQ(second.set.GetCount(), 3 + 11);
     // The first known UID counts, whether or not an unknown one stands before it.
     const Bytes unknown = Stream("0200 1000 'UI' 0400 '1.2' 00");
     Bytes length = Stream("0200 0000 'UL' 0400 44000000"); // 12 + 28 + 28 bytes follow it in group 0002.
