@@ -36,6 +36,14 @@ CDcmAttributeSet& CDcmAttributeSet::operator>>(CDcmAttributeSet& other)
 
 bool CDcmAttributeSet::operator==(const CDcmAttributeSet& other) const
 {
+    if (m_isPart || other.m_isPart)
+    {
+        CDcmElementSet mine;
+        CDcmElementSet others;
+        PartInto(mine);
+        other.PartInto(others);
+        return mine == others;
+    }
     return *m_elements == *other.m_elements;
 }
 
@@ -59,6 +67,23 @@ void CDcmAttributeSet::Empty(const CDmElement& element)
 
 void CDcmAttributeSet::CopyByCreate(const CDcmAttributeSet& source)
 {
+    if (m_elements->SharesBodyWith(*source.m_elements))
+    {
+        return;
+    }
+    if (m_isPart)
+    {
+        EmptyAll();
+        TakeDeclared(*source.m_elements);
+        return;
+    }
+    if (source.m_isPart)
+    {
+        CDcmElementSet part;
+        source.PartInto(part);
+        m_elements->CopyIntoBody(part);
+        return;
+    }
     m_elements->CopyIntoBody(*source.m_elements);
 }
 
@@ -69,17 +94,88 @@ void CDcmAttributeSet::CopyByReference(CDcmAttributeSet& source)
 
 void CDcmAttributeSet::CopyByValue(const CDcmAttributeSet& source)
 {
-    m_elements->UpdateValuesFrom(*source.m_elements);
+    if (m_isPart)
+    {
+        TakeDeclared(*source.m_elements);
+    }
+    else if (source.m_isPart)
+    {
+        CDcmElementSet part;
+        source.PartInto(part);
+        m_elements->UpdateValuesFrom(part);
+    }
+    else
+    {
+        m_elements->UpdateValuesFrom(*source.m_elements);
+    }
 }
 
 void CDcmAttributeSet::EmptyAll()
 {
-    m_elements->EmptyValues();
+    if (!m_isPart)
+    {
+        m_elements->EmptyValues();
+        return;
+    }
+    for (int position = 0; position < m_elements->DeclaredTagTexts(); position += 2)
+    {
+        if (CDcmElement* element = m_elements->FindDeclared(position))
+        {
+            element->EmptyValue();
+        }
+    }
 }
 
 void CDcmAttributeSet::DestroySet()
 {
     m_elements->DestroyContents();
+}
+
+void CDcmAttributeSet::IncludeIn(CDcmAttributeSet& whole)
+{
+    CStringArray tags;
+    m_elements->DeclaredTags(tags);
+    for (int i = 0; i + 1 < tags.GetSize(); i += 2)
+    {
+        whole.m_elements->Declare(tags[i], tags[i + 1]);
+    }
+    m_elements->CopyByReference(*whole.m_elements);
+    m_isPart = true;
+}
+
+/// Fills a fresh set with copies of a part's elements; a whole set is shared instead.
+void CDcmAttributeSet::PartInto(CDcmElementSet& part) const
+{
+    if (!m_isPart)
+    {
+        part.CopyByReference(*m_elements);
+        return;
+    }
+    CStringArray tags;
+    m_elements->DeclaredTags(tags);
+    for (int i = 0; i + 1 < tags.GetSize(); i += 2)
+    {
+        part.Declare(tags[i], tags[i + 1]);
+    }
+    part.UpdateValuesFrom(*m_elements);
+}
+
+/// The declared elements take the values of the source's elements of their tags.
+void CDcmAttributeSet::TakeDeclared(const CDcmElementSet& source)
+{
+    if (m_elements->SharesBodyWith(source))
+    {
+        return;
+    }
+    for (int position = 0; position < m_elements->DeclaredTagTexts(); position += 2)
+    {
+        CDcmElement* element = m_elements->FindDeclared(position);
+        const CDcmElement* other = element != nullptr ? source.Find(*element) : nullptr;
+        if (other != nullptr)
+        {
+            *element = *other;
+        }
+    }
 }
 
 void CDcmAttributeSet::Export(CStringArray& lines) const

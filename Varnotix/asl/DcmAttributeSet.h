@@ -6,6 +6,10 @@
 /// A set of attributes: one element set with the library's copy disciplines and its export as text.
 ///
 /// Nothing here reports failure: an operation on a tag that is not there does nothing.
+///
+/// A macro that stands in an item beside other attributes is a part of that item's set (see IncludeIn). Copying,
+/// emptying and comparing a part touch its own attributes only; counting, sorting and exporting it take in the whole
+/// item.
 class VARNOTIX_EXPORT CDcmAttributeSet : public CObject
 {
     DECLARE_DYNCREATE(CDcmAttributeSet)
@@ -58,6 +62,14 @@ protected:
     /// Removes all elements and forgets the declared tags.
     void DestroySet();
 
+    /// Declares this set's tags in another one, whose elements it shows from then on: what is written through either
+    /// is seen by the other. The values that this set held are lost. For sets without sequences of their own.
+    void IncludeIn(CDcmAttributeSet& whole);
+
 private:
+    void PartInto(CDcmElementSet& part) const;
+    void TakeDeclared(const CDcmElementSet& source);
+
     CDcmElementSet* m_elements;
+    bool m_isPart = false;
 };

@@ -125,6 +125,16 @@ void CDoubleAccess::Set(CDcmElementSet& set, int position, double value)
     SetValue(set, position, &CDcmElement::AddDouble, value);
 }
 
+CDoubleArray& CDoubleListAccess::Get(CDcmElementSet& set, int position)
+{
+    return ArrayOf(set, position, static_cast<CDoubleArray* (CDcmElement::*)()>(&CDcmElement::Doubles));
+}
+
+void CDoubleListAccess::Set(CDcmElementSet& set, int position, const CDoubleArray& value)
+{
+    SetValue<const CDoubleArray&>(set, position, &CDcmElement::SetDoubles, value);
+}
+
 CFloatArray& CFloatListAccess::Get(CDcmElementSet& set, int position)
 {
     return ArrayOf(set, position, static_cast<CFloatArray* (CDcmElement::*)()>(&CDcmElement::Floats));

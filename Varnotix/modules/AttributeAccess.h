@@ -51,6 +51,12 @@ struct VARNOTIX_EXPORT CDoubleAccess
     static void Set(CDcmElementSet& set, int position, double value);
 };
 
+struct VARNOTIX_EXPORT CDoubleListAccess
+{
+    static CDoubleArray& Get(CDcmElementSet& set, int position);
+    static void Set(CDcmElementSet& set, int position, const CDoubleArray& value);
+};
+
 struct VARNOTIX_EXPORT CFloatListAccess
 {
     static CFloatArray& Get(CDcmElementSet& set, int position);

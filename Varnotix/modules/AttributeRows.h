@@ -43,6 +43,9 @@ struct SRowWalker
         Declare(object, std::make_integer_sequence<int, kMaxRowLines>());
     }
 
+    /// Makes a macro's attributes a part of the object's own.
+    template <class CLASS, class MACRO> static void Include(CLASS& object, MACRO& macro) { macro.IncludeIn(object); }
+
     /// The place of the row at a line among the declared-tag texts (0, 2, 4, ...).
     template <class CLASS> static int PositionOf(int line)
     {
@@ -145,25 +148,56 @@ private:
     DCM_VALUE(Name, Group, Element, CUIntArray&, const CUIntArray&, CIntegerListAccess)
 /// FD, one value.
 #define DCM_FD(Name, Group, Element) DCM_VALUE(Name, Group, Element, double const&, double, CDoubleAccess)
+/// FD with several values.
+#define DCM_FD_LIST(Name, Group, Element) \
+    DCM_VALUE(Name, Group, Element, CDoubleArray&, const CDoubleArray&, CDoubleListAccess)
 /// FL with several values.
 #define DCM_FL_LIST(Name, Group, Element) \
     DCM_VALUE(Name, Group, Element, CFloatArray&, const CFloatArray&, CFloatListAccess)
 /// OB.
 #define DCM_BYTES(Name, Group, Element) DCM_VALUE(Name, Group, Element, CByteArray&, const CByteArray&, CBytesAccess)
 
+/// An attribute without accessors; hosts reach it through the element set.
+#define DCM_DECLARED(Group, Element) \
+    void DcmDeclareRow(SRowLine<__LINE__>) \
+    { \
+        static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
+        GetDcmElementSet().Declare(Group, Element); \
+    }
+
+/// An attribute that can be read but not set under this name.
+#define DCM_US_LIST_GETTER(Name, Group, Element) DCM_GETTER(Name, Group, Element, CWordArray&, CWordListAccess)
+
 /// An attribute that can be set but not read by accessor.
 #define DCM_TEXT_SETTER(Name, Group, Element) DCM_SETTER(Name, Group, Element, const CString&, CTextAccess)
 #define DCM_TEXT_LIST_SETTER(Name, Group, Element) \
     DCM_SETTER(Name, Group, Element, const CStringArray&, CTextListAccess)
 
+/// One more setter for the attribute of the row above, which this one does not declare again.
+#define DCM_TEXT_LIST_SETTER_TOO(Name) DCM_SETTER_TOO(Name, const CStringArray&, CTextListAccess)
+#define DCM_US_LIST_SETTER_TOO(Name) DCM_SETTER_TOO(Name, const CWordArray&, CWordListAccess)
+
+/// A macro whose attributes stand in this very item, not in a sequence of their own: a member object that shows them,
+/// and a getter that returns it. They are declared after the rows' own attributes.
+#define DCM_INCLUDE(Name, Macro) \
+    Macro& Name() \
+    { \
+        return m_dcm##Name; \
+    } \
+    void DcmBindRow(SRowLine<__LINE__>) \
+    { \
+        SRowWalker::Include(*this, m_dcm##Name); \
+    } \
+\
+private: \
+    static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
+    Macro m_dcm##Name; \
+\
+public:
+
 /// A contained sequence: a member object whose elements are the items of the SQ element, and a getter that returns it.
-#define DCM_SEQUENCE(Name, Sequence, Group, Element) DCM_BOUND_SEQUENCE(Name, Sequence, Group, Element, {})
-
-/// A contained sequence whose own tags lie in the module's repeating group.
-#define DCM_REPEATING_MEMBER(Name, Sequence, Element) \
-    DCM_BOUND_SEQUENCE(Name, Sequence, DCM_GROUP, Element, {DCM_GROUP})
-
-#define DCM_BOUND_SEQUENCE(Name, Sequence, Group, Element, Initializer) \
+/// Further arguments go to the member's constructor.
+#define DCM_SEQUENCE(Name, Sequence, Group, Element, ...) \
     Sequence& Name() \
     { \
         return m_dcm##Name; \
@@ -175,7 +209,26 @@ private:
 \
 private: \
     static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
-    Sequence m_dcm##Name Initializer; \
+    Sequence m_dcm##Name{__VA_ARGS__}; \
+\
+public:
+
+/// A contained sequence whose own tags lie in the module's repeating group.
+#define DCM_REPEATING_MEMBER(Name, Sequence, Element) \
+    Sequence& Name() \
+    { \
+        return m_dcm##Name; \
+    } \
+    void DcmBindRow(SRowLine<__LINE__>) \
+    { \
+        /* The module may have been assigned another one's group since the member was made. */ \
+        m_dcm##Name = Sequence(DCM_GROUP); \
+        GetDcmElementSet().BindSequence(DCM_GROUP, Element, m_dcm##Name.GetDcmElementSet()); \
+    } \
+\
+private: \
+    static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
+    Sequence m_dcm##Name; \
 \
 public:
 
@@ -187,15 +240,24 @@ public:
     } \
     DCM_SETTER(Name, Group, Element, Argument, Access)
 
+#define DCM_GETTER(Name, Group, Element, Result, Access) \
+    Result Name() \
+    { \
+        return Access::Get(GetDcmElementSet(), DcmRowPosition(__LINE__)); \
+    } \
+    DCM_DECLARED(Group, Element)
+
 #define DCM_SETTER(Name, Group, Element, Argument, Access) \
     void Name(Argument value) \
     { \
         Access::Set(GetDcmElementSet(), DcmRowPosition(__LINE__), value); \
     } \
-    void DcmDeclareRow(SRowLine<__LINE__>) \
+    DCM_DECLARED(Group, Element)
+
+#define DCM_SETTER_TOO(Name, Argument, Access) \
+    void Name(Argument value) \
     { \
-        static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
-        GetDcmElementSet().Declare(Group, Element); \
+        Access::Set(GetDcmElementSet(), DcmRowPosition(__LINE__) - 2, value); \
     }
 
 #define DCM_ROWS_CLASS(Class) \
@@ -216,8 +278,11 @@ public:
 
 #define DCM_REPEATING_GROUP(DefaultGroup) \
 private: \
-    static constexpr const char* kDcmDefaultGroup = DefaultGroup; \
-    CString m_dcmGroup = kDcmDefaultGroup; \
+    static const char* DcmDefaultGroup() \
+    { \
+        return DefaultGroup; \
+    } \
+    CString m_dcmGroup = DcmDefaultGroup(); \
 \
 public:
 
@@ -256,20 +321,28 @@ public:
 
 /// In one source file: defines a class with DCM_REPEATING_MODULE or DCM_REPEATING_SEQUENCE.
 #define IMPLEMENT_DCM_REPEATING_CLASS(Class, Base, Initialize) \
-    IMPLEMENT_DCM_COMMON(Class, Base) \
-    Class::Class() : Class(CString(kDcmDefaultGroup)) {} \
+    IMPLEMENT_DCM_REPEATING_ROWS(Class, Base, Initialize) \
     Class::Class(const CString& group) : m_dcmGroup(group) \
     { \
         Class::Initialize(); \
-    } \
+    }
+
+/// As IMPLEMENT_DCM_REPEATING_CLASS without the constructor from a group, for a class that judges its group.
+#define IMPLEMENT_DCM_REPEATING_ROWS(Class, Base, Initialize) \
+    IMPLEMENT_DCM_COMMON(Class, Base) \
+    Class::Class() : Class(CString(DcmDefaultGroup())) {} \
     Class::Class(const Class& other) : Class(other.m_dcmGroup) \
     { \
         *this = other; \
     } \
     Class& Class::operator=(const Class& other) \
     { \
+        if (m_dcmGroup != other.m_dcmGroup) \
+        { \
+            m_dcmGroup = other.m_dcmGroup; \
+            Class::Initialize(); \
+        } \
         Base::operator=(other); \
-        m_dcmGroup = other.m_dcmGroup; \
         return *this; \
     } \
     void Class::DcmDeclareRows() \

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Varnotix/modules/AttributeRows.h"
+#include "Varnotix/modules/DcmModule.h"
+
+/// MR Image Module (PS3.3 C.8.3.1): a magnetic resonance image.
+class VARNOTIX_EXPORT CDcmMRImageModule : public CDcmModule
+{
+    // clang-format off
+    DCM_MODULE(CDcmMRImageModule)
+    DCM_INITIALIZE_MODULE()
+    DCM_TEXT_LIST(ImageType,                     "0008", "0008")
+    DCM_US       (SamplesPerPixel,               "0028", "0002")
+    DCM_TEXT     (PhotoMetricInterpretation,     "0028", "0004")
+    DCM_US       (BitsAllocated,                 "0028", "0100")
+    DCM_TEXT_LIST(ScanningSequence,              "0018", "0020")
+    DCM_TEXT_LIST(SequenceVariant,               "0018", "0021")
+    DCM_TEXT_LIST(ScanOptions,                   "0018", "0022")
+    DCM_TEXT     (MRAcquisitionType,             "0018", "0023")
+    DCM_TEXT     (RepetitionTime,                "0018", "0080")
+    DCM_TEXT     (EchoTime,                      "0018", "0081")
+    DCM_TEXT     (EchoTrainLength,               "0018", "0091")
+    DCM_TEXT     (InversionTime,                 "0018", "0082")
+    DCM_TEXT     (TriggerTime,                   "0018", "1060")
+    DCM_TEXT     (SequenceName,                  "0018", "0024")
+    DCM_TEXT     (AngioFlag,                     "0018", "0025")
+    DCM_TEXT     (NumberOfAverages,              "0018", "0083")
+    DCM_TEXT     (ImagingFrequency,              "0018", "0084")
+    DCM_TEXT     (ImagedNucleus,                 "0018", "0085")
+    DCM_TEXT_LIST(EchoNumber,                    "0018", "0086")
+    DCM_TEXT     (MagneticFieldStrength,         "0018", "0087")
+    DCM_TEXT     (SpacingBetweenSlices,          "0018", "0088")
+    DCM_TEXT     (NumberPhaseEncodingSteps,      "0018", "0089")
+    DCM_TEXT     (PercentSampling,               "0018", "0093")
+    DCM_TEXT     (PercentPhaseFieldView,         "0018", "0094")
+    DCM_TEXT     (PixelBandwidth,                "0018", "0095")
+    DCM_TEXT     (NominalInterval,               "0018", "1062")
+    DCM_TEXT     (BeatRejectionFlag,             "0018", "1080")
+    DCM_TEXT     (LowRRValue,                    "0018", "1081")
+    DCM_TEXT     (HighRRValue,                   "0018", "1082")
+    DCM_TEXT     (IntervalsAcquired,             "0018", "1083")
+    DCM_TEXT     (IntervalsRejected,             "0018", "1084")
+    DCM_TEXT     (PVCRejection,                  "0018", "1085")
+    DCM_TEXT     (SkipBeats,                     "0018", "1086")
+    DCM_TEXT     (HeartRate,                     "0018", "1088")
+    DCM_TEXT     (CardiacNumberImages,           "0018", "1090")
+    DCM_TEXT     (TriggerWindow,                 "0018", "1094")
+    DCM_TEXT     (ReconstructionDiameter,        "0018", "1100")
+    DCM_TEXT     (ReceiveCoilName,               "0018", "1250")
+    DCM_TEXT     (TransmitCoilName,              "0018", "1251")
+    DCM_US_LIST  (AcquisitionMatrix,             "0018", "1310")
+    DCM_TEXT     (InPlanePhaseEncodingDirection, "0018", "1312")
+    DCM_TEXT     (FlipAngle,                     "0018", "1314")
+    DCM_TEXT     (SAR,                           "0018", "1316")
+    DCM_TEXT     (VariableFlipAngleFlag,         "0018", "1315")
+    DCM_TEXT     (dB_dt,                         "0018", "1318")
+    DCM_TEXT     (TemporalPositionIdentifier,    "0020", "0100")
+    DCM_TEXT     (NumberTemporalPositions,       "0020", "0105")
+    DCM_TEXT     (TemporalResolution,            "0020", "0110")
+    // clang-format on
+};

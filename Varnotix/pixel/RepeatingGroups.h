@@ -1,0 +1,10 @@
+/// The instances of the repeating groups that modules use unless they are told another (PS3.5 section 7.6).
+#pragma once
+
+#include "Varnotix/platform/Export.h"
+
+/// "5000", the first instance of the curve groups.
+extern VARNOTIX_EXPORT const char* const kDefaultCurveGroup;
+
+/// "6000", the first instance of the overlay groups.
+extern VARNOTIX_EXPORT const char* const kDefaultOverlayGroup;
