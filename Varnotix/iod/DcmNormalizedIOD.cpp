@@ -1,0 +1,76 @@
+#include "Varnotix/iod/DcmNormalizedIOD.h"
+
+#include "Varnotix/platform/Archive.h"
+
+IMPLEMENT_DYNCREATE(CDcmNormalizedIOD, CDcmIOD)
+IMPLEMENT_DYNCREATE(CPatientInformationIOD, CDcmNormalizedIOD)
+
+CDcmNormalizedIOD::CDcmNormalizedIOD()
+{
+    CDcmNormalizedIOD::InitializeIod();
+}
+
+CDcmNormalizedIOD::CDcmNormalizedIOD(const CDcmNormalizedIOD& other) : CDcmNormalizedIOD()
+{
+    *this = other;
+}
+
+CDcmNormalizedIOD::~CDcmNormalizedIOD() = default;
+
+CDcmNormalizedIOD& CDcmNormalizedIOD::operator=(const CDcmNormalizedIOD& other)
+{
+    CDcmIOD::operator=(other);
+    return *this;
+}
+
+void CDcmNormalizedIOD::InitializeIod()
+{
+    RemoveIodModules();
+    AddIodModule(m_sopCommon);
+    AddIodModule(m_metaFileInformation);
+}
+
+void CDcmNormalizedIOD::Serialize(CArchive& archive)
+{
+    if (archive.IsLoading())
+    {
+        CDcmIOD::Serialize(archive);
+        for (int i = 0; i < ModuleCount(); ++i)
+        {
+            *this >> ModuleAt(i);
+        }
+        return;
+    }
+    for (int i = 0; i < ModuleCount(); ++i)
+    {
+        *this << ModuleAt(i);
+    }
+    CDcmIOD::Serialize(archive);
+}
+
+CPatientInformationIOD::CPatientInformationIOD()
+{
+    CPatientInformationIOD::InitializeIod();
+}
+
+CPatientInformationIOD::CPatientInformationIOD(const CPatientInformationIOD& other) : CPatientInformationIOD()
+{
+    *this = other;
+}
+
+CPatientInformationIOD::~CPatientInformationIOD() = default;
+
+CPatientInformationIOD& CPatientInformationIOD::operator=(const CPatientInformationIOD& other)
+{
+    CDcmNormalizedIOD::operator=(other);
+    return *this;
+}
+
+void CPatientInformationIOD::InitializeIod()
+{
+    CDcmNormalizedIOD::InitializeIod();
+    AddIodModule(m_relationship);
+    AddIodModule(m_identification);
+    AddIodModule(m_demographic);
+    AddIodModule(m_medical);
+}
