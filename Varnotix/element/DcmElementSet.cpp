@@ -86,7 +86,9 @@ void CDcmElementSet::Add(CDcmElement* element)
 {
     if (element != nullptr)
     {
+        std::unique_ptr<CDcmElement> owned(element); // Goes when the list has no memory for it.
         Elements().Append(element);
+        owned.release();
     }
 }
 

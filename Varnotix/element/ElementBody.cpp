@@ -1,6 +1,7 @@
 #include "Varnotix/element/ElementBody.h"
 
 #include <algorithm>
+#include <new>
 
 namespace
 {
@@ -61,12 +62,20 @@ CDcmElement* CElementBody::Find(DWORD tag) const
 
 void CElementBody::Append(CDcmElement* element)
 {
+    const bool inOrder = list.IsEmpty() || TagOf(list.GetTail()) <= element->Tag();
+    list.AddTail(element);
+    m_sorted = m_sorted && inOrder;
     if (m_firstOfTag)
     {
-        m_firstOfTag->emplace(element->Tag(), element);
+        try
+        {
+            m_firstOfTag->emplace(element->Tag(), element);
+        }
+        catch (const std::bad_alloc&)
+        {
+            m_firstOfTag.reset(); // The next search makes it anew.
+        }
     }
-    m_sorted = m_sorted && (list.IsEmpty() || TagOf(list.GetTail()) <= element->Tag());
-    list.AddTail(element);
 }
 
 int CElementBody::IndexOf(const CDcmElement* element) const

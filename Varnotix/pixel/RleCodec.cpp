@@ -86,7 +86,7 @@ void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels
     {
         const std::uint32_t start = NumberAt(rle, 4 + 4 * i);
         const std::uint32_t next = i + 1 < kOffsets ? NumberAt(rle, 8 + 4 * i) : 0;
-        const std::int64_t end = next != 0 ? next : static_cast<std::int64_t>(size) - kHeaderSize;
+        const std::int64_t end = next != 0 ? next : static_cast<std::int64_t>(size) - static_cast<std::int64_t>(kHeaderSize);
         if (start < size && end > start)
         {
             BYTE* target = decoded.GetData() + (interleaved ? i : i * capacity);
