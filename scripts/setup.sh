@@ -6,7 +6,7 @@ set -euo pipefail
 
 [ $# -gt 0 ] || set -- release asan installed windows clang bench fuzz style
 
-packages=(g++ cmake ninja-build libcli11-dev libasio-dev)
+packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev)
 for stage in "$@"; do
     case $stage in
         release | asan | installed) packages+=(libgtest-dev dcmtk libgdcm-tools) ;;

@@ -27,6 +27,7 @@ public:
     /// A line below an error, without the program's name.
     void ErrorLine(const CString& text) const;
 
+    bool IsQuiet() const { return m_quiet; }
     bool IsVerbose() const { return m_verbose; }
 
 private:

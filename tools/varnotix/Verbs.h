@@ -14,5 +14,9 @@ int Dump(const std::vector<std::string>& files, const CReport& report);
 /// @param output a path, or "-" for standard output.
 int Convert(const CString& input, const CString& output, int syntax, const CReport& report);
 
+/// Writes each frame of an object's pixel data to a file of its own: as it lies, or as a picture.
+/// @param folder where to; it is made when it is missing.
+int Frames(const CString& input, const CString& folder, bool asPictures, const CReport& report);
+
 /// Prints which data files were loaded, how many rows each gave, and where they are looked for.
 int Where(const CReport& report);

@@ -30,12 +30,21 @@ constexpr const char* kConvertFooter =
     "lists, and remakes group lengths. What the output no longer holds as IN did is told on standard error:\n"
     "in one summary line, or in one line an element with -v.";
 
+constexpr const char* kFramesFooter =
+    "The files are frame-0001 and so on, with the extension jpg, j2k or jls for what these decoders read, and bin for\n"
+    "the rest. Uncompressed samples of more than one byte are in little endian, whatever the file has.\n"
+    "Pictures (--png) have eight bits a channel. Grayscale is shown through the first window, or over the range of "
+    "the\n"
+    "values in the frame; MONOCHROME1, RGB, YBR_FULL, YBR_FULL_422 and PALETTE COLOR are understood, uncompressed or\n"
+    "run length encoded. Overlays are not drawn. What cannot be drawn is told on standard error.";
+
 struct SArguments
 {
     std::vector<std::string> files;
     std::string input;
     std::string output;
     std::string syntax;
+    bool asPictures = false;
     bool quiet = false;
     bool verbose = false;
 };
@@ -98,6 +107,14 @@ int Run(int count, char** texts)
     convert->footer(kConvertFooter);
     AddMessageFlags(*convert, arguments);
 
+    CLI::App* frames = app.add_subcommand("frames", "Write each frame of the pixel data to a file");
+    frames->add_option("FILE", arguments.input, "File to read; '-' is standard input")->required();
+    frames->add_option("-o,--output", arguments.output, "Folder to write to; it is made when it is missing")
+        ->required();
+    frames->add_flag("--png", arguments.asPictures, "Write pictures to look at instead of the frames as they lie");
+    frames->footer(kFramesFooter);
+    AddMessageFlags(*frames, arguments);
+
     CLI::App* where = app.add_subcommand("where", "Print which data files were loaded, and from where");
 
     try
@@ -117,6 +134,11 @@ int Run(int count, char** texts)
     if (dump->parsed())
     {
         return Dump(arguments.files, report);
+    }
+    if (frames->parsed())
+    {
+        return Frames(CString(std::string_view(arguments.input)), CString(std::string_view(arguments.output)),
+                      arguments.asPictures, report);
     }
     return Convert(CString(std::string_view(arguments.input)), CString(std::string_view(arguments.output)),
                    SyntaxCode(arguments.syntax), report);

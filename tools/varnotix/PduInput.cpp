@@ -1,0 +1,127 @@
+#include "PduInput.h"
+
+#include "Input.h"
+#include "StandardStreams.h"
+
+#include <climits>
+
+#include <algorithm>
+#include <new>
+
+namespace
+{
+
+bool IsTextByte(BYTE byte)
+{
+    return (byte >= 0x20 && byte <= 0x7E) || (byte >= '\t' && byte <= '\r');
+}
+
+bool IsFiller(BYTE byte)
+{
+    return byte <= ' ' || byte == ',' || byte == ':';
+}
+
+/// The value of a hexadecimal digit, or -1.
+int Digit(BYTE byte)
+{
+    if (byte >= '0' && byte <= '9')
+    {
+        return byte - '0';
+    }
+    const int letter = byte | 0x20;
+    return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
+}
+
+void ReadAll(const CString& path, CByteArray& bytes)
+{
+    if (path == "-")
+    {
+        ReadStandardInput(bytes);
+        return;
+    }
+    CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
+    if (file.GetLength() > INT_MAX)
+    {
+        ThrowMemoryException();
+    }
+    bytes.SetSize(static_cast<int>(file.GetLength()));
+    bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
+}
+
+/// The bytes that a text spells.
+/// @return the offset of the first character that does not fit, or -1.
+int FromHexadecimal(const CByteArray& text, CByteArray& bytes)
+{
+    const int size = text.GetSize();
+    for (int i = 0; i < size;)
+    {
+        if (text[i] == '#')
+        {
+            while (i < size && text[i] != '\n')
+            {
+                ++i;
+            }
+        }
+        else if (IsFiller(text[i]))
+        {
+            ++i;
+        }
+        else if (i + 1 < size && text[i] == '0' && (text[i + 1] | 0x20) == 'x')
+        {
+            i += 2;
+        }
+        else if (i + 1 < size && Digit(text[i]) >= 0 && Digit(text[i + 1]) >= 0)
+        {
+            bytes.Add(static_cast<BYTE>(Digit(text[i]) << 4 | Digit(text[i + 1])));
+            i += 2;
+        }
+        else
+        {
+            return i;
+        }
+    }
+    return -1;
+}
+
+} // namespace
+
+bool ReadPduBytes(const CString& path, CByteArray& bytes, const CReport& report)
+{
+    try
+    {
+        ReadAll(path, bytes);
+        if (std::all_of(bytes.begin(), bytes.end(), IsTextByte))
+        {
+            CByteArray text;
+            text.Swap(bytes);
+            const int wrong = FromHexadecimal(text, bytes);
+            if (wrong >= 0)
+            {
+                const int line = 1 + static_cast<int>(std::count(text.begin(), text.begin() + wrong, BYTE{'\n'}));
+                CString place;
+                place.Format(": offset %d, line %d: not a pair of hexadecimal digits", wrong, line);
+                report.Error(ShownName(path) + place);
+                return false;
+            }
+        }
+        if (bytes.IsEmpty())
+        {
+            report.Error(ShownName(path) + ": there are no bytes in it");
+            return false;
+        }
+        return true;
+    }
+    catch (const CFileException& failure)
+    {
+        report.Error(failure.GetErrorMessage());
+    }
+    catch (const CMemoryException& failure)
+    {
+        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
+    }
+    catch (const std::bad_alloc&)
+    {
+        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
+    }
+    return false;
+}

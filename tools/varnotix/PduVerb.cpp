@@ -1,0 +1,128 @@
+#include "PduVerb.h"
+
+#include "Input.h"
+#include "PduFields.h"
+#include "PduInput.h"
+#include "StandardStreams.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int kHeaderSize = 6;
+constexpr int kBytesALine = 16;
+
+/// The size of the PDU that starts here. Everything that is left belongs to a PDU that is cut off, and to one of a
+/// type that nobody knows, whose length says nothing.
+int PduSize(const CByteArray& stream, int start)
+{
+    const int left = stream.GetSize() - start;
+    const BYTE* header = stream.GetData() + start;
+    if (left < kHeaderSize || header[0] < PDU_ASSOCIATE_RQ || header[0] > PDU_ABORT)
+    {
+        return left;
+    }
+    DWORD length = 0;
+    for (int i = 2; i < kHeaderSize; ++i)
+    {
+        length = length << 8U | header[i];
+    }
+    return length > static_cast<DWORD>(left - kHeaderSize) ? left : kHeaderSize + static_cast<int>(length);
+}
+
+CString Hexadecimal(const BYTE* bytes, int count)
+{
+    CString text;
+    for (int i = 0; i < count; ++i)
+    {
+        CString byte;
+        byte.Format(i == 0 ? "%02x" : " %02x", static_cast<unsigned>(bytes[i]));
+        text += byte;
+    }
+    return text;
+}
+
+/// The field's bytes in lines of sixteen; name and meaning stand in the first.
+void PrintField(const SPduField& field, const CByteArray& pdu, int start)
+{
+    for (int done = 0; done < field.size; done += kBytesALine)
+    {
+        const CString bytes =
+            Hexadecimal(pdu.GetData() + field.offset + done, std::min(kBytesALine, field.size - done));
+        CString line;
+        if (done > 0)
+        {
+            line.Format("%8d  %s\n", start + field.offset + done, static_cast<const char*>(bytes));
+        }
+        else
+        {
+            line.Format("%8d  %-47s  %s%s%s\n", start + field.offset, static_cast<const char*>(bytes),
+                        static_cast<const char*>(field.name), field.meaning.IsEmpty() ? "" : ": ",
+                        static_cast<const char*>(field.meaning));
+        }
+        WriteStandardOutput(line.View());
+    }
+}
+
+void PrintDump(const CByteArray& bytes)
+{
+    CDcmProtocolDataUnit pdu;
+    pdu.Create(bytes);
+    CStringArray lines;
+    pdu.Export(lines);
+    for (const CString& line : lines)
+    {
+        WriteStandardOutput(line.View());
+        WriteStandardOutput("\n");
+    }
+}
+
+void ShowPdu(const CByteArray& bytes, const std::vector<SPduField>& fields, int number, int start, bool showFields)
+{
+    CString heading;
+    heading.Format("# PDU %d at offset %d, %d bytes: %s\n", number, start, bytes.GetSize(), PduTypeName(bytes[0]));
+    WriteStandardOutput(heading.View());
+    if (!showFields)
+    {
+        PrintDump(bytes);
+        return;
+    }
+    for (const SPduField& field : fields)
+    {
+        PrintField(field, bytes, start);
+    }
+}
+
+} // namespace
+
+int ShowPdus(const CString& path, bool showFields, const CReport& report)
+{
+    CByteArray stream;
+    if (!ReadPduBytes(path, stream, report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    int status = STATUS_DONE;
+    int number = 0;
+    for (int start = 0; start < stream.GetSize();)
+    {
+        CByteArray pdu;
+        pdu.Assign(stream.GetData() + start, PduSize(stream, start));
+        ++number;
+        const std::vector<SPduField> fields = ListPduFields(pdu);
+        ShowPdu(pdu, fields, number, start, showFields);
+        const SPduField& last = fields.back();
+        if (last.isUnread)
+        {
+            CString message;
+            message.Format(": PDU %d: %d bytes from offset %d on are unread: %s", number, last.size,
+                           start + last.offset, static_cast<const char*>(last.meaning));
+            report.Error(ShownName(path) + message);
+            status = STATUS_UNREADABLE;
+        }
+        start += pdu.GetSize();
+    }
+    FlushStandardOutput();
+    return status;
+}
