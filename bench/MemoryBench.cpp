@@ -3,7 +3,7 @@
 
 #include "Inputs.h"
 #include "Toolkits.h"
-#include "Varnotix/iod/DcmIOD.h"
+#include "Varnotix/iod/ImageIODs.h"
 #include "Varnotix/platform/Archive.h"
 #include "Varnotix/platform/File.h"
 
@@ -95,6 +95,22 @@ void PeakOfRead(benchmark::State& state, const SToolkit& toolkit)
     Report(state, [&] { return PeakOf([&] { return toolkit.read(stream) != nullptr; }); });
 }
 
+/// With modules that hold the pixel data too.
+void PeakOfTypedRead(benchmark::State& state)
+{
+    Report(state,
+           []
+           {
+               return PeakOf(
+                   []
+                   {
+                       CMRImageIOD object;
+                       object.Import(FilesOf(Bulk()).front());
+                       return object.GetCount() > 0;
+                   });
+           });
+}
+
 /// Both through the archive of a file, as a host does.
 bool ReadFile(CDcmIOD& iod, const std::string& path)
 {
@@ -168,6 +184,7 @@ void PeakOfFileRead(benchmark::State& state)
             ->Iterations(1)
             ->Repetitions(1);
     }
+    benchmark::RegisterBenchmark("memory/read_bulk_typed/varnotix", PeakOfTypedRead)->Iterations(1)->Repetitions(1);
     benchmark::RegisterBenchmark("memory/read_bulk_file/varnotix", PeakOfFileRead)->Iterations(1)->Repetitions(1);
     benchmark::RegisterBenchmark("memory/write_bulk_file/varnotix", PeakOfFileWrite)->Iterations(1)->Repetitions(1);
     return true;

@@ -36,7 +36,7 @@ if [ $# -eq 0 ]; then
     for growing in elements items nesting frames; do
         measure "^RoundTrip/$growing/"
     done
-    measure 'Module$'
+    measure '^(Construct|Update|Read|Encode|Decode|Data)[A-Z]'
 fi
 
 awk '
