@@ -267,7 +267,9 @@ TEST(Assignment, OfPixelDataTakesVrAndFrames)
     // Other words are no frames.
     CDcmElement table(0x0028, 0x1201, Bytes({1, 0}));
     words = table;
-    EXPECT_EQ(words.Frames()->GetFrame(0)->Size(), 4U);
+    CDcmElement next(0x7FE0, 0x0010, VR_OW);
+    next = words;
+    EXPECT_EQ(next.Frames()->GetFrame(0)->Size(), 4U);
 }
 
 TEST(Assignment, OfASequenceCopiesItemsOfTheSameTagOnly)

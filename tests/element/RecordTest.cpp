@@ -56,7 +56,7 @@ TEST(Record, NotRawCarriesItsBytesIntoTheElement)
     CDcmElement element(0x0028, 0x0030, TextBytes("1\\2"));
     CDmElement record(false);
     element.Exchange(record); // No bytes: nothing to carry.
-    EXPECT_STREQ(element.JoinedText(), "1\\2");
+    EXPECT_STREQ(CDcmElement(element).JoinedText(), "1\\2");
     record.m_value = TextBytes("3\\4\\5");
     element.Exchange(record);
     EXPECT_STREQ(element.JoinedText(), "3\\4\\5");

@@ -23,14 +23,20 @@ inline CDcmElement* MakeWord(int group, int element, WORD value)
     return made.release();
 }
 
+/// Appends the elements; the set owns them.
+inline void Fill(CDcmElementSet& set, std::initializer_list<CDcmElement*> elements)
+{
+    for (CDcmElement* element : elements)
+    {
+        set.Add(element);
+    }
+}
+
 /// An SQ element that holds the given elements and owns them.
 inline CDcmElement* MakeSequence(int group, int element, std::initializer_list<CDcmElement*> items)
 {
     auto made = std::make_unique<CDcmElement>(group, element);
-    for (CDcmElement* item : items)
-    {
-        made->Items()->Add(item);
-    }
+    Fill(*made->Items(), items);
     return made.release();
 }
 
