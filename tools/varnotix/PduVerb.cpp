@@ -3,6 +3,7 @@
 #include "Input.h"
 #include "PduFields.h"
 #include "PduInput.h"
+#include "PduMeanings.h"
 #include "StandardStreams.h"
 
 #include <algorithm>
@@ -116,8 +117,8 @@ int ShowPdus(const CString& path, bool showFields, const CReport& report)
         if (last.isUnread)
         {
             CString message;
-            message.Format(": PDU %d: %d bytes from offset %d on are unread: %s", number, last.size,
-                           start + last.offset, static_cast<const char*>(last.meaning));
+            message.Format(": PDU %d: unread from offset %d on, %s: %s", number, start + last.offset,
+                           static_cast<const char*>(SizeText(last.size)), static_cast<const char*>(last.meaning));
             report.Error(ShownName(path) + message);
             status = STATUS_UNREADABLE;
         }
