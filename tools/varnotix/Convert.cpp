@@ -1,49 +1,10 @@
+#include "CheckedWrite.h"
 #include "FileMeta.h"
 #include "Input.h"
-#include "OutputFile.h"
-#include "RewriteCheck.h"
 #include "Verbs.h"
-
-#include <new>
 
 namespace
 {
-
-void Refuse(const CString& reason)
-{
-    throw CWriteFailure(std::string(reason.View()));
-}
-
-/// Writes the object and compares what was written with what was read. Throws CWriteFailure when the output would not
-/// be what it says it is.
-void WriteChecked(CDcmIOD& object, const CString& input, const SRewrite& rewrite, CFile& file, CLossReport& losses)
-{
-    const std::vector<SSnapshot> before = TakeSnapshot(object.ElementStore());
-    CArchive out(&file, CArchive::store);
-    object.Serialize(out);
-    out.Close();
-    const CString tooLong = FindTooLongValue(object.ElementStore());
-    if (!tooLong.IsEmpty())
-    {
-        Refuse(input + ": " + tooLong);
-    }
-    file.Flush();
-    file.Seek(0, CFile::begin);
-    CDcmIOD written;
-    CArchive in(&file, CArchive::load);
-    written.Serialize(in);
-    in.Close();
-    if (written.GetCount() == 0 || written.IodSyntax() != rewrite.targetSyntax)
-    {
-        Refuse(input + ": nothing is written, because the output would not be readable as " +
-               SyntaxName(rewrite.targetSyntax));
-    }
-    const CString fault = CheckRewrite(before, TakeSnapshot(written.ElementStore()), rewrite, losses);
-    if (!fault.IsEmpty())
-    {
-        Refuse(input + ": nothing is written, because of an internal error: " + fault);
-    }
-}
 
 int ConvertOne(const CString& input, const CString& output, int syntax, const CReport& report)
 {
@@ -70,7 +31,9 @@ int ConvertOne(const CString& input, const CString& output, int syntax, const CR
     object.IodSyntax(CDcmRegistry::Global().UidString(syntax));
 
     COutputFile target(output);
-    WriteChecked(object, name, {form.syntax, syntax, form.compressed}, target.File(), losses);
+    CDcmIOD written;
+    WriteChecked(object, TakeSnapshot(object.ElementStore()), name, {form.syntax, syntax, form.compressed},
+                 target.File(), losses, written);
     target.Commit();
     losses.Tell(name, report);
     return STATUS_DONE;
@@ -84,25 +47,5 @@ int Convert(const CString& input, const CString& output, int syntax, const CRepo
     {
         return STATUS_UNREADABLE;
     }
-    try
-    {
-        return ConvertOne(input, output, syntax, report);
-    }
-    catch (const CWriteFailure& failure)
-    {
-        report.Error(failure.what());
-    }
-    catch (const CFileException& failure)
-    {
-        report.Error(WriteFailureOf(failure, output).what());
-    }
-    catch (const CMemoryException& failure)
-    {
-        report.Error(output + ": " + failure.GetErrorMessage());
-    }
-    catch (const std::bad_alloc&)
-    {
-        report.Error(output + ": " + CMemoryException().GetErrorMessage());
-    }
-    return STATUS_UNWRITTEN;
+    return TellingFailures(output, report, [&] { return ConvertOne(input, output, syntax, report); });
 }

@@ -1,15 +1,14 @@
+#include "CheckedWrite.h"
 #include "FileMeta.h"
 #include "FrameSource.h"
 #include "Input.h"
-#include "OutputFile.h"
+#include "OutputFolder.h"
 #include "PngWriter.h"
 #include "Progress.h"
 #include "RleFrame.h"
 #include "Verbs.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <new>
+#include <memory>
 
 namespace
 {
@@ -100,9 +99,7 @@ int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
         return STATUS_UNREADABLE;
     }
 
-    // A folder that cannot be made shows when the first file is written to it.
-    std::error_code ignored;
-    std::filesystem::create_directories(std::string(m_folder.CText()), ignored);
+    MakeFolder(m_folder);
     CProgress progress(source.Count(), m_report);
     int status = STATUS_DONE;
     for (std::size_t i = 0; i < source.Count(); ++i)
@@ -173,25 +170,6 @@ int Frames(const CString& input, const CString& folder, bool asPictures, const C
     {
         return STATUS_UNREADABLE;
     }
-    try
-    {
-        return CFrameWriter(ShownName(input), folder, report).WriteAll(object, asPictures);
-    }
-    catch (const CWriteFailure& failure)
-    {
-        report.Error(failure.what());
-    }
-    catch (const CFileException& failure)
-    {
-        report.Error(WriteFailureOf(failure, folder).what());
-    }
-    catch (const CMemoryException& failure)
-    {
-        report.Error(ShownName(input) + ": " + failure.GetErrorMessage());
-    }
-    catch (const std::bad_alloc&)
-    {
-        report.Error(ShownName(input) + ": " + CMemoryException().GetErrorMessage());
-    }
-    return STATUS_UNWRITTEN;
+    return TellingFailures(folder, report,
+                           [&] { return CFrameWriter(ShownName(input), folder, report).WriteAll(object, asPictures); });
 }

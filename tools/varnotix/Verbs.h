@@ -18,5 +18,16 @@ int Convert(const CString& input, const CString& output, int syntax, const CRepo
 /// @param folder where to; it is made when it is missing.
 int Frames(const CString& input, const CString& folder, bool asPictures, const CReport& report);
 
+struct SAnonymize
+{
+    CString text;      ///< Goes into the identifying attributes; empty: they are removed.
+    bool deep = false; ///< Also in items; private groups go.
+};
+
+/// Writes each object without what tells who its patient is, and tells what stays.
+/// @param output a folder, or, for a single input, a file or "-" for standard output.
+int Anonymize(const std::vector<std::string>& files, const CString& output, const SAnonymize& wanted,
+              const CReport& report);
+
 /// Prints which data files were loaded, how many rows each gave, and where they are looked for.
 int Where(const CReport& report);

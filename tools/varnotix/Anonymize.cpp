@@ -1,0 +1,264 @@
+#include "CheckedWrite.h"
+#include "FileMeta.h"
+#include "Identity.h"
+#include "Input.h"
+#include "OutputFolder.h"
+#include "Progress.h"
+#include "Verbs.h"
+
+#include <algorithm>
+#include <set>
+
+namespace
+{
+
+constexpr UINT kPreambleSize = 128;
+
+/// Anonymises and writes one object.
+class CAnonymizer
+{
+public:
+    CAnonymizer(const CString& name, const SAnonymize& wanted, const CReport& report)
+        : m_name(name), m_wanted(wanted), m_report(report)
+    {
+    }
+
+    int Write(CDcmIOD& object, const CString& output);
+
+private:
+    CString UidToKeep(const SObjectForm& form) const;
+    void Apply(CDcmIOD& object) const;
+    void TellReplaced(const CDcmElementSet& store) const;
+    void ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const;
+    void ClearPreamble(CFile& file) const;
+    void TellUncovered(const CDcmElementSet& written) const;
+
+    CString m_name;
+    const SAnonymize& m_wanted;
+    const CReport& m_report;
+};
+
+int CAnonymizer::Write(CDcmIOD& object, const CString& output)
+{
+    const SObjectForm form = FormOf(object);
+    const CString uid = UidToKeep(form);
+    if (uid.IsEmpty())
+    {
+        return STATUS_UNREADABLE;
+    }
+    CLossReport losses;
+    losses.AddReadNotes(object);
+    Apply(object);
+    SetFileMeta(object, form, m_name, uid, m_report);
+    object.IodSyntax(CDcmRegistry::Global().UidString(form.syntax));
+    std::vector<SSnapshot> before = TakeSnapshot(object.ElementStore());
+    ExpectTexts(before, true);
+
+    COutputFile target(output);
+    CDcmIOD written;
+    WriteChecked(object, before, m_name, {form.syntax, form.syntax, form.compressed}, target.File(), losses, written);
+    const CString identity = FindIdentity(written.ElementStore(), m_wanted.text, m_wanted.deep);
+    if (!identity.IsEmpty())
+    {
+        throw CWriteFailure(std::string(
+            (m_name + ": nothing is written, because of an internal error: " + identity + " keeps its value").View()));
+    }
+    ClearPreamble(target.File());
+    target.Commit();
+    losses.Tell(m_name, m_report);
+    TellUncovered(written.ElementStore());
+    return STATUS_DONE;
+}
+
+/// Compressed pixel data keeps its transfer syntax, as it is not touched.
+CString CAnonymizer::UidToKeep(const SObjectForm& form) const
+{
+    if (form.compressed && SyntaxOfUid(form.transferSyntax) == form.syntax)
+    {
+        return form.transferSyntax;
+    }
+    return UidToWrite(form, m_name, form.syntax, m_report);
+}
+
+/// The object has no modules, so nothing can put an old value back when it is written.
+void CAnonymizer::Apply(CDcmIOD& object) const
+{
+    CDcmElementSet& store = object.ElementStore();
+    TellReplaced(store);
+    object.Anonymize55(m_wanted.text);
+    if (m_wanted.text.IsEmpty())
+    {
+        RemoveIdentifying(store); // Tags that stand there twice.
+    }
+    if (m_wanted.deep)
+    {
+        RemovePrivateGroups(store);
+        AnonymizeItems(store, m_wanted.text);
+        SetIdentityRemoved(store);
+    }
+}
+
+void CAnonymizer::TellReplaced(const CDcmElementSet& store) const
+{
+    const bool isNumber = !m_wanted.text.IsEmpty() && m_wanted.text.View()[0] >= '0' && m_wanted.text.View()[0] <= '9';
+    for (int i = 0; i < store.GetCount(); ++i)
+    {
+        const CDcmElement& element = *store.GetAt(i);
+        if (!IsIdentifying(element.Tag()))
+        {
+            continue;
+        }
+        CString what(m_wanted.text.IsEmpty() ? ": removed" : ": replaced");
+        if (!m_wanted.text.IsEmpty() && !isNumber &&
+            (element.HasVr(VR_DA) || element.HasVr(VR_TM) || element.HasVr(VR_AS) || element.HasVr(VR_DS)))
+        {
+            what += ", though the text is no value of VR " + element.VrName();
+        }
+        m_report.Detail(m_name + ": " + TagAndName(element.Tag()) + what);
+    }
+}
+
+/// The attributes hold their texts, but not yet the raw bytes that a write makes of them.
+void CAnonymizer::ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const
+{
+    for (SSnapshot& snapshot : level)
+    {
+        if (isReached && IsIdentifying(snapshot.tag))
+        {
+            const std::string_view text = m_wanted.text.View();
+            snapshot.raw = CSharedBytes::Copy(reinterpret_cast<const BYTE*>(text.data()), text.size());
+        }
+        ExpectTexts(snapshot.items, m_wanted.deep);
+    }
+}
+
+/// A preamble may hold anything; that of an input without one is made of the first bytes of its data set.
+void CAnonymizer::ClearPreamble(CFile& file) const
+{
+    BYTE preamble[kPreambleSize] = {};
+    file.Seek(0, CFile::begin);
+    file.Read(preamble, kPreambleSize);
+    if (std::any_of(std::begin(preamble), std::end(preamble), [](BYTE byte) { return byte != 0; }))
+    {
+        std::fill(std::begin(preamble), std::end(preamble), BYTE{0});
+        file.Seek(0, CFile::begin);
+        file.Write(preamble, kPreambleSize);
+        m_report.Detail(m_name + ": the preamble is cleared");
+    }
+}
+
+void CAnonymizer::TellUncovered(const CDcmElementSet& written) const
+{
+    const SUncovered found = FindUncovered(written);
+    std::vector<CString> parts;
+    if (!found.nested.empty() && !m_wanted.deep)
+    {
+        CString part("1 identifying attribute in sequence items");
+        if (found.nested.size() > 1)
+        {
+            part.Format("%d identifying attributes in sequence items", static_cast<int>(found.nested.size()));
+        }
+        parts.push_back(part);
+        for (const CString& path : found.nested)
+        {
+            m_report.Detail(m_name + ": not covered: " + path);
+        }
+    }
+    if (!found.privateGroups.empty())
+    {
+        CString part("private groups");
+        for (const int group : found.privateGroups)
+        {
+            CString number;
+            number.Format(" %04X", static_cast<unsigned>(group));
+            part += number;
+        }
+        parts.push_back(part);
+    }
+    if (found.isBurnedIn)
+    {
+        parts.push_back(TagAndName(0x00280301) + " is YES: its pixels may show who the patient is");
+    }
+    CString text;
+    for (const CString& part : parts)
+    {
+        text += (text.IsEmpty() ? "" : "; ") + part;
+    }
+    if (!text.IsEmpty())
+    {
+        m_report.Say(m_name + ": not covered: " + text);
+    }
+}
+
+bool IsUsable(const std::vector<std::string>& files, const CString& output, bool intoFolder, const SAnonymize& wanted,
+              const CReport& report)
+{
+    const bool isControlled = std::any_of(wanted.text.View().begin(), wanted.text.View().end(),
+                                          [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
+    if (isControlled)
+    {
+        report.Error("--text: a backslash or a control character cannot stand in a value");
+        return false;
+    }
+    if (intoFolder && (output == "-" || std::find(files.begin(), files.end(), "-") != files.end()))
+    {
+        report.Error("-o: standard input and output go with a single FILE, and with a file to write to");
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+int Anonymize(const std::vector<std::string>& files, const CString& output, const SAnonymize& wanted,
+              const CReport& report)
+{
+    const bool intoFolder = files.size() > 1 || MeansFolder(output);
+    if (!IsUsable(files, output, intoFolder, wanted, report))
+    {
+        return STATUS_USAGE;
+    }
+    if (!HasDataFiles(report, true))
+    {
+        return STATUS_UNREADABLE;
+    }
+    if (intoFolder)
+    {
+        MakeFolder(output);
+    }
+    CProgress progress(files.size(), report);
+    std::set<std::string> taken;
+    int status = STATUS_DONE;
+    int failed = 0;
+    for (std::size_t i = 0; i < files.size(); ++i)
+    {
+        progress.Step(i);
+        const CString input{std::string_view(files[i])};
+        const CString path = intoFolder ? JoinPath(output, PlainName(input)) : output;
+        int result = STATUS_UNWRITTEN;
+        if (!taken.insert(std::string(path.CText())).second)
+        {
+            report.Error(input + ": not written, because another input of that name was written to " + path);
+        }
+        else
+        {
+            result = TellingFailures(path, report,
+                                     [&]
+                                     {
+                                         CDcmIOD object;
+                                         return ReadObject(input, object, report)
+                                                    ? CAnonymizer(ShownName(input), wanted, report).Write(object, path)
+                                                    : STATUS_UNREADABLE;
+                                     });
+        }
+        failed += result == STATUS_DONE ? 0 : 1;
+        status = std::max(status, result);
+    }
+    if (failed > 0 && files.size() > 1)
+    {
+        CString summary;
+        summary.Format("%d of %d inputs were not anonymised", failed, static_cast<int>(files.size()));
+        report.Say(summary);
+    }
+    return status;
+}

@@ -1,0 +1,35 @@
+/// What in an object tells who its patient is.
+#pragma once
+
+#include "Report.h"
+
+#include <set>
+#include <vector>
+
+/// True for the 32 attributes that anonymisation knows.
+bool IsIdentifying(DWORD tag);
+
+/// What anonymisation does not reach.
+struct SUncovered
+{
+    std::vector<CString> nested; ///< Paths of identifying attributes in sequence items that hold a value.
+    std::set<int> privateGroups; ///< Odd groups, at every depth.
+    bool isBurnedIn = false;     ///< Burned In Annotation is YES.
+};
+
+SUncovered FindUncovered(const CDcmElementSet& store);
+
+/// Writes the text into the identifying attributes of every item, or removes them for an empty text.
+void AnonymizeItems(CDcmElementSet& store, const CString& text);
+
+/// Removes every element of odd groups, at every depth.
+void RemovePrivateGroups(CDcmElementSet& set);
+
+/// Removes every identifying element from one set.
+void RemoveIdentifying(CDcmElementSet& set);
+
+/// Patient Identity Removed and the method (PS3.3 C.7.1.1).
+void SetIdentityRemoved(CDcmElementSet& store);
+
+/// The path of an identifying attribute that holds another value than the text; empty when there is none.
+CString FindIdentity(const CDcmElementSet& set, const CString& text, bool inItems);
