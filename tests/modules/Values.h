@@ -1,0 +1,84 @@
+// Short ways to write and compare the values of modules in tests.
+#pragma once
+
+#include "Varnotix/asl/DcmAttributeSet.h"
+
+#include <string>
+
+template <class ARRAY, class VALUE>
+ARRAY ArrayOf(std::initializer_list<VALUE> values)
+{
+    ARRAY array;
+    for (const VALUE& value : values)
+    {
+        array.Add(value);
+    }
+    return array;
+}
+
+inline CWordArray Words(std::initializer_list<WORD> values)
+{
+    return ArrayOf<CWordArray>(values);
+}
+
+inline void AddNumbers(std::string& text, const auto* values)
+{
+    for (const auto value : *values)
+    {
+        text += std::to_string(value) + " ";
+    }
+}
+
+/// Each element with a value as "tag=value ", the items of a sequence in braces.
+inline std::string Values(const CDcmElementSet& set)
+{
+    std::string text;
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        CDcmElement& element = *set.GetAt(i);
+        if (element.IsEmptyValue())
+        {
+            continue;
+        }
+        text += (element.GroupText() + element.ElementText() + "=").CText();
+        if (element.Items() != nullptr)
+        {
+            text += "{" + Values(*element.Items()) + "} ";
+        }
+        else if (element.Texts() != nullptr)
+        {
+            text += element.JoinedText().CText();
+            text += " ";
+        }
+        else if (element.Words() != nullptr)
+        {
+            AddNumbers(text, element.Words());
+        }
+        else if (element.Integers() != nullptr)
+        {
+            AddNumbers(text, element.Integers());
+        }
+        else if (element.Bytes() != nullptr)
+        {
+            AddNumbers(text, element.Bytes());
+        }
+        else if (element.Floats() != nullptr)
+        {
+            AddNumbers(text, element.Floats());
+        }
+        else if (element.Doubles() != nullptr)
+        {
+            AddNumbers(text, element.Doubles());
+        }
+        else
+        {
+            text += "(pixels) ";
+        }
+    }
+    return text;
+}
+
+inline std::string Values(const CDcmAttributeSet& set)
+{
+    return Values(set.GetDcmElementSet());
+}
