@@ -62,6 +62,17 @@ std::size_t Product(std::initializer_list<std::size_t> factors)
     return static_cast<std::size_t>(product);
 }
 
+/// One sample of each pixel.
+std::vector<BYTE> Plane(const CByteArray& data, std::size_t sample, std::size_t pixels)
+{
+    std::vector<BYTE> plane(pixels);
+    for (std::size_t k = 0; k < pixels; ++k)
+    {
+        plane[k] = data.GetData()[kRgbSamples * k + sample];
+    }
+    return plane;
+}
+
 } // namespace
 
 void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels)
@@ -106,26 +117,20 @@ void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels
 
 void RleEncode(const SRleImage& image, CByteArray& data)
 {
-    std::vector<std::vector<BYTE>> planes;
+    const auto size = static_cast<std::size_t>(data.GetSize());
+    std::vector<std::vector<BYTE>> segments;
     if (IsGrayOrPalette(image.photometric))
     {
-        planes.emplace_back(data.begin(), data.end());
+        segments.push_back(EncodePackBits({data.GetData(), size}));
     }
     else if (image.photometric == kRgb)
     {
-        const std::size_t plane =
-            Product({static_cast<std::size_t>(image.rows), static_cast<std::size_t>(image.columns)});
-        planes.resize(kRgbSamples);
-        if (static_cast<std::size_t>(data.GetSize()) / kRgbSamples >= plane)
+        const std::uint64_t pixels =
+            static_cast<std::uint64_t>(image.rows) * static_cast<std::uint64_t>(image.columns);
+        const std::size_t plane = pixels <= size / kRgbSamples ? static_cast<std::size_t>(pixels) : 0;
+        for (std::size_t sample = 0; sample < kRgbSamples; ++sample)
         {
-            for (std::size_t sample = 0; sample < kRgbSamples; ++sample)
-            {
-                planes[sample].resize(plane);
-                for (std::size_t k = 0; k < plane; ++k)
-                {
-                    planes[sample][k] = data.GetData()[kRgbSamples * k + sample];
-                }
-            }
+            segments.push_back(EncodePackBits(Plane(data, sample, plane)));
         }
     }
     else
@@ -133,17 +138,23 @@ void RleEncode(const SRleImage& image, CByteArray& data)
         return;
     }
     BYTE header[kHeaderSize] = {};
-    PutNumber(header, static_cast<std::uint32_t>(planes.size()));
-    CByteArray segments;
-    for (std::size_t i = 0; i < planes.size(); ++i)
+    PutNumber(header, static_cast<std::uint32_t>(segments.size()));
+    std::uint64_t total = kHeaderSize;
+    for (std::size_t i = 0; i < segments.size(); ++i)
     {
-        PutNumber(header + 4 + 4 * i, static_cast<std::uint32_t>(kHeaderSize) +
-                                          static_cast<std::uint32_t>(segments.GetSize()));
-        const std::vector<BYTE> segment = EncodePackBits(planes[i]);
-        segments.AppendRaw(segment.data(), static_cast<int>(segment.size()));
+        PutNumber(header + 4 + 4 * i, static_cast<std::uint32_t>(total));
+        total += segments[i].size();
+    }
+    if (total > static_cast<std::uint64_t>(INT_MAX))
+    {
+        throw CMemoryException();
     }
     CByteArray encoded;
-    encoded.Assign(header, static_cast<int>(kHeaderSize));
-    encoded.Append(segments);
+    encoded.Reserve(static_cast<int>(total));
+    encoded.AppendRaw(header, static_cast<int>(kHeaderSize));
+    for (const std::vector<BYTE>& segment : segments)
+    {
+        encoded.AppendRaw(segment.data(), static_cast<int>(segment.size()));
+    }
     data.Swap(encoded);
 }

@@ -1,0 +1,222 @@
+#include "RleFrames.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace
+{
+
+using Stream = std::vector<int>;
+
+} // namespace
+
+TEST(RleDecode, FillsWhatASegmentLacksWithZeros)
+{
+    const CByteArray segment(Bytes({2, 1, 2, 3, 0x80, 0xFE, 9}));
+    EXPECT_EQ(Decoded(Image(2, 4, 8, "MONOCHROME2"), RleFrame({segment})), (Stream{1, 2, 3, 9, 9, 9, 0, 0}));
+    EXPECT_EQ(Decoded(Image(1, 4, 16, "MONOCHROME2"), RleFrame({segment})), (Stream{1, 2, 3, 9, 9, 9, 0, 0}));
+    EXPECT_EQ(Decoded(Image(3, 1, 12, "MONOCHROME2"), RleFrame({segment})), (Stream{1, 2, 3}));
+    EXPECT_EQ(Decoded(Image(2, 4, 1, "MONOCHROME2"), RleFrame({segment})), Stream());
+}
+
+TEST(RleDecode, StopsWhenTheCapacityIsUsedUp)
+{
+    EXPECT_EQ(Decoded(Image(1, 3, 8, "RGB"), RleFrame({Bytes({4, 1, 2, 3, 4, 5, 0, 6})})), (Stream{1, 2, 3}));
+    EXPECT_EQ(Decoded(Image(1, 3, 8, "RGB"), RleFrame({Bytes({0, 1, 0x81, 2})})), (Stream{1, 2, 2}));
+}
+
+TEST(RleDecode, TheLastSegmentEnds64BytesBeforeTheInput)
+{
+    CByteArray runs;
+    Stream all;
+    for (int i = 0; i < 40; ++i)
+    {
+        runs.Append(Bytes({0xFF, i}));
+        all.insert(all.end(), {i, i});
+    }
+    Stream cut(all.begin(), all.begin() + 16); // Eight runs, in the 16 bytes that are left of 80.
+    cut.resize(80);
+    EXPECT_EQ(Decoded(Image(8, 10, 8, "MONOCHROME2"), RleFrame({runs}, 0)), cut);
+    EXPECT_EQ(Decoded(Image(8, 10, 8, "MONOCHROME2"), RleFrame({runs}, 64)), all);
+    EXPECT_EQ(Decoded(Image(1, 4, 8, "MONOCHROME2"), RleFrame({Bytes({0xFD, 7})}, 0)), Stream(4));
+
+    // The segments before it end where the next one starts.
+    Stream interleaved;
+    for (int i = 0; i < 80; ++i)
+    {
+        interleaved.insert(interleaved.end(), {all[static_cast<std::size_t>(i)], cut[static_cast<std::size_t>(i)]});
+    }
+    EXPECT_EQ(Decoded(Image(8, 10, 8, "MONOCHROME2"), RleFrame({runs, runs}, 0)), interleaved);
+}
+
+TEST(RleDecode, ALiteralMayReachBeyondItsSegment)
+{
+    // The first segment holds the control byte alone; its bytes are those of the second.
+    EXPECT_EQ(Decoded(Image(1, 4, 8, "RGB"), RleFrame({Bytes({3}), Bytes({1, 2, 3, 4})})),
+              (Stream{1, 2, 3, 4, 2, 3, 0, 0}));
+}
+
+TEST(RleDecode, InterleavesTwoSegmentsOfAGreyOrPaletteImage)
+{
+    const CByteArray frame(RleFrame({Bytes({1, 1, 2}), Bytes({0xFF, 9})}));
+    for (const char* photometric : {"MONOCHROME1", "MONOCHROME2", "PALETTE COLOR"})
+    {
+        EXPECT_EQ(Decoded(Image(1, 2, 8, photometric), frame), (Stream{1, 9, 2, 9})) << photometric;
+    }
+    // Each segment has the capacity of the whole 16-bit image: high bytes first, and as many zeros behind.
+    EXPECT_EQ(Decoded(Image(1, 2, 16, "MONOCHROME2"), frame), (Stream{1, 9, 2, 9, 0, 0, 0, 0}));
+}
+
+TEST(RleDecode, InterleavesThreeSegmentsOfAnRgbImage)
+{
+    const CByteArray frame(RleFrame({Bytes({1, 1, 2}), Bytes({1, 3, 4}), Bytes({1, 5, 6})}));
+    EXPECT_EQ(Decoded(Image(1, 2, 8, "RGB"), frame), (Stream{1, 3, 5, 2, 4, 6}));
+}
+
+TEST(RleDecode, AppendsAnyOtherSegments)
+{
+    const CByteArray one(Bytes({1, 1, 2}));
+    const CByteArray two(Bytes({0xFF, 3}));
+    const auto appended = [](const char* photometric, const std::vector<CByteArray>& segments)
+    {
+        CByteArray pixels(Bytes({77}));
+        Image(1, 2, 8, photometric).DcmRleDecode(RleFrame(segments), pixels);
+        return Numbers(pixels);
+    };
+    EXPECT_EQ(appended("MONOCHROME2", {one, two, one}), (Stream{77, 1, 2, 3, 3, 1, 2}));
+    EXPECT_EQ(appended("RGB", {one, two}), (Stream{77, 1, 2, 3, 3}));
+    EXPECT_EQ(appended("YBR_FULL", {one, two, two}), (Stream{77, 1, 2, 3, 3, 3, 3}));
+    EXPECT_EQ(appended("", {one, two}), (Stream{77, 1, 2, 3, 3}));
+    EXPECT_EQ(appended("RGB", {one, one, one, one}), (Stream{77, 1, 2, 1, 2, 1, 2, 1, 2}));
+    EXPECT_EQ(appended("RGB", {}), Stream{77});
+    // The other layouts replace what the array held.
+    EXPECT_EQ(appended("", {one}), (Stream{1, 2}));
+    EXPECT_EQ(appended("MONOCHROME1", {one, two}), (Stream{1, 3, 2, 3}));
+    EXPECT_EQ(appended("RGB", {one, two, one}), (Stream{1, 3, 1, 2, 3, 2}));
+}
+
+TEST(RleDecode, TheFirstBytesOfTheDataEndTheFifteenthSegment)
+{
+    const auto fifteenth = [](DWORD dataStart)
+    {
+        CByteArray frame(Zeros(kRleHeader + 4));
+        PutNumber(frame, 0, 15);
+        for (int segment = 0; segment < 15; ++segment)
+        {
+            PutNumber(frame, 4 + 4 * segment, kRleHeader + 4);
+        }
+        PutNumber(frame, kRleHeader, dataStart);
+        frame.Append(Bytes({0xFF, 9, 0xFF, 8}));
+        frame.Append(Zeros(64));
+        const Stream pixels = Decoded(Image(1, 4, 8, ""), frame);
+        EXPECT_EQ(pixels.size(), 60U);
+        return Stream(pixels.end() - 4, pixels.end());
+    };
+    EXPECT_EQ(fifteenth(kRleHeader + 6), (Stream{9, 9, 0, 0}));
+    EXPECT_EQ(fifteenth(kRleHeader + 8), (Stream{9, 9, 8, 8}));
+    EXPECT_EQ(fifteenth(0), (Stream{9, 9, 8, 8}));
+    EXPECT_EQ(fifteenth(1), Stream(4));
+}
+
+TEST(RleDecode, GivesBackWhatWasEncoded)
+{
+    std::minstd_rand random(7);
+    for (const auto& [photometric, samples] : {std::pair{"MONOCHROME2", 1}, std::pair{"RGB", 3}})
+    {
+        for (int side : {12, 40, 129, 260})
+        {
+            // Runs of up to 200 bytes in every plane, now and then a few single bytes.
+            std::vector<CByteArray> planes(static_cast<std::size_t>(samples));
+            for (CByteArray& plane : planes)
+            {
+                while (plane.GetSize() < side * side)
+                {
+                    const int length = random() % 5 == 0 ? 1 : static_cast<int>(random() % 200);
+                    plane.Append(Repeated(static_cast<int>(random()), length));
+                }
+                plane.SetSize(side * side);
+            }
+            CByteArray data;
+            for (int i = 0; i < side * side; ++i)
+            {
+                for (const CByteArray& plane : planes)
+                {
+                    data.Add(plane[i]);
+                }
+            }
+            CDcmImagePixelModule image(Image(side, side, 8, photometric));
+            CByteArray encoded(data);
+            image.DcmRleEncode(encoded);
+            EXPECT_LT(encoded.GetSize(), data.GetSize());
+            encoded.Append(Zeros(64));
+            image.DcmRleDecode(encoded, encoded);
+            EXPECT_TRUE(encoded == data) << photometric << " " << side;
+        }
+    }
+}
+
+TEST(RleDecodeHostile, NoHeaderReachesOutsideTheInput)
+{
+    const CByteArray good(RleFrame({Bytes({1, 1, 2}), Bytes({0xFF, 9}), Bytes({0x81, 5, 127})}));
+    const DWORD hostile[] = {0, 1, 16, 17, 63, 64, 66, 69, 70, 127, 255, 256, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
+    for (const char* photometric : {"MONOCHROME2", "RGB", ""})
+    {
+        for (int field = 0; field < kRleHeader; field += 4)
+        {
+            for (const DWORD value : hostile)
+            {
+                CByteArray frame(good);
+                PutNumber(frame, field, value);
+                const std::size_t size = Decoded(Image(3, 5, 8, photometric), frame).size();
+                EXPECT_EQ(size, 15U * (field == 0 ? std::min<DWORD>(value, 16) : 3U));
+            }
+        }
+    }
+    EXPECT_EQ(Decoded(Image(3, 5, 8, "RGB"), Repeated(0xFF, 200)), Stream(15 * 16));
+}
+
+TEST(RleDecodeHostile, ATruncatedFrameGivesZeros)
+{
+    CByteArray good(RleFrame({Bytes({1, 1, 2}), Bytes({0xFF, 9}), Bytes({0x81, 5})}));
+    while (!good.IsEmpty())
+    {
+        good.SetSize(good.GetSize() - 1);
+        CByteArray exact(good); // Of this very size, so that a read behind it is found.
+        const Stream pixels = Decoded(Image(3, 5, 8, "RGB"), exact);
+        EXPECT_EQ(pixels.size(), good.IsEmpty() ? 0U : 45U);
+    }
+}
+
+TEST(RleDecodeHostile, RandomBytesGiveSomeMultipleOfTheCapacity)
+{
+    std::minstd_rand random(3);
+    for (int round = 0; round < 3000; ++round)
+    {
+        CByteArray frame;
+        frame.SetSize(static_cast<int>(random() % 300));
+        for (BYTE& byte : frame)
+        {
+            byte = static_cast<BYTE>(random());
+        }
+        for (int field = 0; field + 4 <= std::min(frame.GetSize(), kRleHeader) && round % 2 == 0; field += 4)
+        {
+            PutNumber(frame, field, static_cast<DWORD>(random() % (field == 0 ? 17 : 320)));
+        }
+        const std::size_t size = Decoded(Image(7, 9, 16, round % 3 == 0 ? "RGB" : "MONOCHROME1"), frame).size();
+        EXPECT_EQ(size % (7 * 9 * 2), 0U);
+        EXPECT_LE(size, 16U * 7 * 9 * 2);
+    }
+}
+
+TEST(RleDecodeHostile, SizesThatNoArrayHoldsThrowBeforeAnythingIsAllocated)
+{
+    CByteArray pixels(Bytes({1}));
+    const CByteArray one(RleFrame({Bytes({1, 1, 2})}));
+    EXPECT_THROW(Image(65535, 65535, 8, "RGB").DcmRleDecode(one, pixels), CMemoryException);
+    EXPECT_THROW(Image(65535, 32768, 8, "RGB").DcmRleDecode(RleFrame({one, one}), pixels), CMemoryException);
+    EXPECT_THROW(Image(1, 65535, 65535, "RGB").DcmRleDecode(RleFrame(std::vector<CByteArray>(5, one)), pixels),
+                 CMemoryException);
+    EXPECT_EQ(Numbers(pixels), Stream{1});
+    EXPECT_EQ(Decoded(Image(0, 65535, 65535, "RGB"), one), Stream());
+}

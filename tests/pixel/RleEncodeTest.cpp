@@ -1,0 +1,140 @@
+#include "RleFrames.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+/// The segment of a monochrome frame, behind a header that is checked here. A run of 100 zeros follows the bytes, which
+/// gives the encoder room to spare; what it is encoded as is taken off again.
+std::vector<int> Segment(const CByteArray& bytes)
+{
+    CByteArray data(Join({bytes, Zeros(100)}));
+    Image(1, data.GetSize(), 8, "MONOCHROME2").DcmRleEncode(data);
+    const std::vector<int> encoded = Numbers(data);
+    CByteArray header(Zeros(kRleHeader));
+    PutNumber(header, 0, 1);
+    PutNumber(header, 4, kRleHeader);
+    EXPECT_EQ(std::vector<int>(encoded.begin(), encoded.begin() + kRleHeader), Numbers(header));
+    EXPECT_EQ(std::vector<int>(encoded.end() - 2, encoded.end()), (std::vector<int>{0x9D, 0x00}));
+    return {encoded.begin() + kRleHeader, encoded.end() - 2};
+}
+
+using Stream = std::vector<int>;
+
+} // namespace
+
+TEST(RleEncode, RunsAndLiteralsFollowEachOther)
+{
+    EXPECT_EQ(Segment({}), Stream());
+    EXPECT_EQ(Segment(Bytes({5, 5, 5})), (Stream{0xFE, 5}));
+    EXPECT_EQ(Segment(Bytes({1, 2, 3})), (Stream{2, 1, 2, 3}));
+    EXPECT_EQ(Segment(Bytes({5, 5, 5, 1, 2})), (Stream{0xFE, 5, 1, 1, 2}));
+    EXPECT_EQ(Segment(Bytes({5, 5, 5, 6, 6})), (Stream{0xFE, 5, 0xFF, 6}));
+    EXPECT_EQ(Segment(Bytes({1, 2, 7, 7, 7, 3})), (Stream{1, 1, 2, 0xFE, 7, 0, 3}));
+}
+
+TEST(RleEncode, ARunOfTwoIsFoldedOnlyBetweenLiterals)
+{
+    EXPECT_EQ(Segment(Bytes({1, 2, 7, 7, 3})), (Stream{4, 1, 2, 7, 7, 3}));
+    EXPECT_EQ(Segment(Bytes({1, 7, 7, 2, 8, 8, 3})), (Stream{6, 1, 7, 7, 2, 8, 8, 3}));
+    EXPECT_EQ(Segment(Bytes({1, 2, 7, 7, 8, 8, 8})), (Stream{1, 1, 2, 0xFF, 7, 0xFE, 8}));
+    EXPECT_EQ(Segment(Bytes({7, 7, 1})), (Stream{0xFF, 7, 0, 1}));
+    EXPECT_EQ(Segment(Bytes({1, 7, 7, 8, 8, 2})), (Stream{0, 1, 0xFF, 7, 0xFF, 8, 0, 2}));
+}
+
+TEST(RleEncode, LongRunsAreCutAt128)
+{
+    EXPECT_EQ(Segment(Repeated(5, 128)), (Stream{0x81, 5}));
+    EXPECT_EQ(Segment(Repeated(5, 129)), (Stream{0x81, 5, 0, 5}));
+    EXPECT_EQ(Segment(Repeated(5, 130)), (Stream{0x81, 5, 0xFF, 5}));
+    EXPECT_EQ(Segment(Repeated(5, 300)), (Stream{0x81, 5, 0x81, 5, 0xD5, 5}));
+    // Behind a literal, the rest of a run is no run of two that could be folded.
+    EXPECT_EQ(Segment(Join({Bytes({1}), Repeated(5, 129)})), (Stream{0, 1, 0x81, 5, 0, 5}));
+    EXPECT_EQ(Segment(Join({Bytes({1}), Repeated(5, 130), Bytes({2})})), (Stream{0, 1, 0x81, 5, 0xFF, 5, 0, 2}));
+}
+
+TEST(RleEncode, LiteralsEndAt128Bytes)
+{
+    const auto literal = [](const CByteArray& bytes) { return Numbers(Join({Bytes({bytes.GetSize() - 1}), bytes})); };
+    EXPECT_EQ(Segment(Counting(1, 128)), literal(Counting(1, 128)));
+    Stream expected = literal(Counting(1, 128));
+    expected.insert(expected.end(), {1, 129, 130});
+    EXPECT_EQ(Segment(Counting(1, 130)), expected);
+
+    // 126 bytes and a folded run of two make a full literal; with 127 the run stays a run.
+    const CByteArray behind(Bytes({200, 200, 1}));
+    expected = literal(Join({Counting(1, 126), Bytes({200, 200})}));
+    expected.insert(expected.end(), {0, 1});
+    EXPECT_EQ(Segment(Join({Counting(1, 126), behind})), expected);
+    expected = literal(Counting(1, 127));
+    expected.insert(expected.end(), {0xFF, 200, 0, 1});
+    EXPECT_EQ(Segment(Join({Counting(1, 127), behind})), expected);
+}
+
+TEST(RleEncode, InputThatDoesNotShrinkStartsOverItsOwnOutput)
+{
+    // Two full literals of 128 bytes need two bytes more than there is room: the second moves to the start.
+    CByteArray data(Counting(0, 256));
+    Image(16, 16, 8, "MONOCHROME1").DcmRleEncode(data);
+    ASSERT_EQ(data.GetSize(), kRleHeader + 258);
+    EXPECT_EQ(data[kRleHeader], 127);
+    EXPECT_EQ(data[kRleHeader + 1], 128);
+    EXPECT_EQ(data[kRleHeader + 128], 255);
+
+    // The room for less than a step is no room for a run either: each run goes to the start.
+    data = Bytes({1, 1, 2, 2});
+    Image(2, 2, 8, "MONOCHROME1").DcmRleEncode(data);
+    ASSERT_EQ(data.GetSize(), kRleHeader + 4);
+    EXPECT_EQ(data[kRleHeader], 0xFF);
+    EXPECT_EQ(data[kRleHeader + 1], 2);
+    for (int size = 1; size < 6; ++size)
+    {
+        CByteArray tiny(Counting(0, size));
+        Image(1, size, 8, "PALETTE COLOR").DcmRleEncode(tiny);
+        EXPECT_EQ(tiny.GetSize(), kRleHeader + size + 1);
+    }
+}
+
+TEST(RleEncode, SplitsRgbIntoPlanes)
+{
+    CByteArray data;
+    for (int pixel = 0; pixel < 20; ++pixel)
+    {
+        data.Append(Bytes({1, pixel < 10 ? 2 : 3, 4}));
+    }
+    Image(4, 5, 8, "RGB").DcmRleEncode(data);
+    CByteArray expected(Zeros(kRleHeader));
+    PutNumber(expected, 0, 3);
+    PutNumber(expected, 4, kRleHeader);
+    PutNumber(expected, 8, kRleHeader + 2);
+    PutNumber(expected, 12, kRleHeader + 6);
+    expected.Append(Bytes({0xED, 1, 0xF7, 2, 0xF7, 3, 0xED, 4}));
+    EXPECT_EQ(Numbers(data), Numbers(expected));
+}
+
+TEST(RleEncode, AnRgbFrameThatIsTooShortGivesEmptySegments)
+{
+    CByteArray expected(Zeros(kRleHeader));
+    PutNumber(expected, 0, 3);
+    for (int segment = 0; segment < 3; ++segment)
+    {
+        PutNumber(expected, 4 + 4 * segment, kRleHeader);
+    }
+    CByteArray data(Repeated(7, 4 * 5 * 3 - 1));
+    Image(4, 5, 8, "RGB").DcmRleEncode(data);
+    EXPECT_EQ(Numbers(data), Numbers(expected));
+    data = Repeated(7, 100);
+    Image(65535, 65535, 8, "RGB").DcmRleEncode(data);
+    EXPECT_EQ(Numbers(data), Numbers(expected));
+}
+
+TEST(RleEncode, LeavesOtherPhotometricInterpretationsAlone)
+{
+    for (const char* photometric : {"YBR_FULL", "ARGB", "no such", ""})
+    {
+        CByteArray data(Repeated(7, 60));
+        Image(4, 5, 8, photometric).DcmRleEncode(data);
+        EXPECT_EQ(Numbers(data), Numbers(Repeated(7, 60))) << photometric;
+    }
+}
