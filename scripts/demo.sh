@@ -36,6 +36,9 @@ show_part '/^0010,/p;/^0028,001/p;/^7fe0,/' varnotix dump phantom.dcm
 printf '\nIt rewrites them in another transfer syntax, here with the bytes of each number turned round.\n'
 show varnotix convert --syntax big phantom.dcm phantom-big.dcm
 show_part '/^#IOD_SYNTAX/p;/^0002,0010/p;/^0028,0010/' varnotix dump phantom-big.dcm
+printf '\nIt writes the frames as pictures to look at.\n'
+show varnotix frames --png -o pictures phantom.dcm
+ls pictures
 printf '\nAnd it tells where the data dictionary came from.\n'
 show varnotix where
 printf '\nThe objects lie in %s, the programs in %s\n' "$PWD" "$top/build/release/bin"
