@@ -1,5 +1,6 @@
 #include "Input.h"
 #include "StandardStreams.h"
+#include "TypedObject.h"
 #include "Verbs.h"
 
 #include <algorithm>
@@ -7,6 +8,8 @@
 
 namespace
 {
+
+constexpr const char* kSourceLine = "#SOURCE_FILE=";
 
 /// Prints one object. Throws CWriteFailure, after which no other object can be printed either.
 int DumpOne(const CString& path, const CReport& report)
@@ -17,11 +20,17 @@ int DumpOne(const CString& path, const CReport& report)
         return STATUS_UNREADABLE;
     }
     report.Detail(ShownName(path) + ": read as " + SyntaxName(object.IodSyntax()));
+    const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
     CStringArray lines;
-    object.Export(lines);
+    typed->Export(lines);
     for (const CString& line : lines)
     {
         WriteStandardOutput(line.View());
+        if (line == kSourceLine)
+        {
+            // The typed object was made from the one that was read, and has no path of its own.
+            WriteStandardOutput(object.PathName().View());
+        }
         WriteStandardOutput("\n");
     }
     FlushStandardOutput();

@@ -29,5 +29,9 @@ struct SAnonymize
 int Anonymize(const std::vector<std::string>& files, const CString& output, const SAnonymize& wanted,
               const CReport& report);
 
+/// Prints an object by entity and module, each attribute by name with its value.
+/// @param withGaps also the attributes that a module declares and the object lacks.
+int Modules(const CString& input, bool withGaps, const CReport& report);
+
 /// Prints which data files were loaded, how many rows each gave, and where they are looked for.
 int Where(const CReport& report);

@@ -44,6 +44,11 @@ constexpr const char* kFramesFooter =
     "the values in the frame; MONOCHROME1, RGB, YBR_FULL, YBR_FULL_422 and PALETTE COLOR are understood,\n"
     "uncompressed or run length encoded. Overlays are not drawn. What cannot be drawn is told on standard error.";
 
+constexpr const char* kModulesFooter =
+    "The modules are those of the object that the SOP Class UID names: CT, MR, CR, nuclear medicine, ultrasound,\n"
+    "secondary capture or patient information. Of any other object all attributes stand under 'attributes that no\n"
+    "module declares'. The elements of all items of a sequence stand in one list, as a read gathers them.";
+
 struct SArguments
 {
     std::vector<std::string> files;
@@ -53,6 +58,7 @@ struct SArguments
     std::string text = "ANONYMOUS";
     bool deep = false;
     bool asPictures = false;
+    bool withGaps = false;
     bool quiet = false;
     bool verbose = false;
 };
@@ -136,6 +142,12 @@ int Run(int count, char** texts)
     frames->footer(kFramesFooter);
     AddMessageFlags(*frames, arguments);
 
+    CLI::App* modules = app.add_subcommand("modules", "Print a file by entity and module, with names and values");
+    modules->add_option("FILE", arguments.input, "File to read; '-' is standard input")->required();
+    modules->add_flag("--gaps", arguments.withGaps, "Also name the attributes that are absent");
+    modules->footer(kModulesFooter);
+    AddMessageFlags(*modules, arguments);
+
     CLI::App* where = app.add_subcommand("where", "Print which data files were loaded, and from where");
 
     try
@@ -155,6 +167,10 @@ int Run(int count, char** texts)
     if (dump->parsed())
     {
         return Dump(arguments.files, report);
+    }
+    if (modules->parsed())
+    {
+        return Modules(CString(std::string_view(arguments.input)), arguments.withGaps, report);
     }
     if (anonymize->parsed())
     {

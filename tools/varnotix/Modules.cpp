@@ -1,0 +1,174 @@
+#include "CheckedWrite.h"
+#include "Input.h"
+#include "StandardStreams.h"
+#include "TypedObject.h"
+#include "ValueText.h"
+#include "Verbs.h"
+
+#include <set>
+
+namespace
+{
+
+/// The modules of an entity are registered one behind the other; these come first in theirs.
+struct SEntityStart
+{
+    const CRuntimeClass* moduleClass;
+    const char* entity;
+};
+
+const SEntityStart kEntityStarts[] = {
+    {RUNTIME_CLASS(CDcmMetaFileInformation), "File"},
+    {RUNTIME_CLASS(CDcmPatientModule), "Patient"},
+    {RUNTIME_CLASS(CDcmPatientRelationshipModule), "Patient"},
+    {RUNTIME_CLASS(CDcmGeneralStudyModule), "Study"},
+    {RUNTIME_CLASS(CDcmGeneralSeriesModule), "Series"},
+    {RUNTIME_CLASS(CDcmGeneralEquipmentModule), "Equipment"},
+    {RUNTIME_CLASS(CDcmFrameOfReferenceModule), "Frame of reference"},
+    {RUNTIME_CLASS(CDcmGeneralImageModule), "Image"},
+    {RUNTIME_CLASS(CDcmCurveIdentificationModule), "Curve"},
+};
+
+CString EntityStarting(const CDcmModule& module)
+{
+    for (const SEntityStart& start : kEntityStarts)
+    {
+        if (module.GetRuntimeClass() == start.moduleClass)
+        {
+            return start.entity;
+        }
+    }
+    return CString();
+}
+
+/// Prints one object.
+class CModulePrinter
+{
+public:
+    CModulePrinter(const CDcmIOD& object, bool withGaps) : m_object(object), m_withGaps(withGaps) {}
+
+    void Print();
+
+private:
+    void PrintModule(const CDcmModule& module);
+    void PrintRest();
+    void PrintAttribute(const CDcmElement& element, int depth) const;
+    static void PrintLine(const CString& text, int depth);
+
+    const CDcmIOD& m_object;
+    bool m_withGaps;
+    CString m_entity; // To be printed before the next module.
+    std::set<DWORD> m_declared;
+};
+
+void CModulePrinter::Print()
+{
+    PrintLine(CString("object ") + m_object.GetRuntimeClass()->m_lpszClassName, 0);
+    for (int i = 0; i < m_object.ModuleCount(); ++i)
+    {
+        const CDcmModule& module = m_object.ModuleAt(i);
+        const CString starting = EntityStarting(module);
+        m_entity = starting.IsEmpty() ? m_entity : starting;
+        PrintModule(module);
+    }
+    PrintRest();
+}
+
+void CModulePrinter::PrintModule(const CDcmModule& module)
+{
+    const CDcmElementSet& store = m_object.ElementStore();
+    const CDcmElementSet& declared = const_cast<CDcmModule&>(module).GetDcmElementSet();
+    bool isNamed = false;
+    for (int i = 0; i < declared.GetCount(); ++i)
+    {
+        const CDcmElement& attribute = *declared.GetAt(i);
+        const CDcmElement* present = store.Find(attribute);
+        m_declared.insert(attribute.Tag());
+        if (present == nullptr && !m_withGaps)
+        {
+            continue;
+        }
+        if (!isNamed)
+        {
+            if (!m_entity.IsEmpty())
+            {
+                PrintLine("entity " + m_entity, 0);
+                m_entity.Empty();
+            }
+            PrintLine(CString("module ") + module.GetRuntimeClass()->m_lpszClassName, 1);
+            isNamed = true;
+        }
+        if (present != nullptr)
+        {
+            PrintAttribute(*present, 2);
+        }
+        else
+        {
+            PrintLine(AttributeName(attribute) + ": absent", 2);
+        }
+    }
+}
+
+void CModulePrinter::PrintRest()
+{
+    const CDcmElementSet& store = m_object.ElementStore();
+    bool isNamed = false;
+    for (int i = 0; i < store.GetCount(); ++i)
+    {
+        const CDcmElement& element = *store.GetAt(i);
+        // A tag that stands there twice was printed once.
+        if (m_declared.contains(element.Tag()) && store.Find(element) == &element)
+        {
+            continue;
+        }
+        if (!isNamed)
+        {
+            PrintLine("attributes that no module declares", 0);
+            isNamed = true;
+        }
+        PrintAttribute(element, 2);
+    }
+}
+
+void CModulePrinter::PrintAttribute(const CDcmElement& element, int depth) const
+{
+    const CString value = ValueText(element);
+    PrintLine(AttributeName(element) + (value.IsEmpty() ? ":" : ": ") + value, depth);
+    if (const CDcmElementSet* items = element.Items())
+    {
+        for (int i = 0; i < items->GetCount(); ++i)
+        {
+            PrintAttribute(*items->GetAt(i), depth + 1);
+        }
+    }
+}
+
+void CModulePrinter::PrintLine(const CString& text, int depth)
+{
+    WriteStandardOutput(std::string(static_cast<std::size_t>(depth) * 2, ' '));
+    WriteStandardOutput(text.View());
+    WriteStandardOutput("\n");
+}
+
+} // namespace
+
+int Modules(const CString& input, bool withGaps, const CReport& report)
+{
+    if (!HasDataFiles(report, false))
+    {
+        return STATUS_UNREADABLE;
+    }
+    CDcmIOD object;
+    if (!ReadObject(input, object, report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    return TellingFailures("standard output", report,
+                           [&]
+                           {
+                               const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
+                               CModulePrinter(*typed, withGaps).Print();
+                               FlushStandardOutput();
+                               return STATUS_DONE;
+                           });
+}
