@@ -14,7 +14,8 @@ namespace
 constexpr int kIndent = 3;
 constexpr int kLongestBytes = 5000;
 
-template <class NUMBER> void AppendFormatted(std::string& line, const char* format, NUMBER number)
+template <class NUMBER>
+void AppendFormatted(std::string& line, const char* format, NUMBER number)
 {
     // The longest float of 64 bits has 309 digits before the point.
     char text[352];
@@ -22,7 +23,8 @@ template <class NUMBER> void AppendFormatted(std::string& line, const char* form
     line += text;
 }
 
-template <class ARRAY, class NUMBER> void AppendNumbers(std::string& line, const ARRAY* values, const char* format)
+template <class ARRAY, class NUMBER>
+void AppendNumbers(std::string& line, const ARRAY* values, const char* format)
 {
     if (values != nullptr)
     {

@@ -68,8 +68,7 @@ int SyntaxOfUid(const CString& uid)
     {
         return row;
     }
-    const bool carriedAsLittle =
-        row == kDeflatedRow || (row >= kFirstEncapsulatedRow && row <= kLastEncapsulatedRow);
+    const bool carriedAsLittle = row == kDeflatedRow || (row >= kFirstEncapsulatedRow && row <= kLastEncapsulatedRow);
     return carriedAsLittle ? SYNTAX_EXPLICIT_LITTLE : SYNTAX_UNKNOWN;
 }
 

@@ -5,9 +5,7 @@
 #include "Varnotix/element/DcmFrameList.h"
 
 CFrameEncoder::CFrameEncoder(const CDcmFrameList& frames, int vr, int syntax)
-    : m_frames(frames),
-      m_bigEndian(syntax == SYNTAX_EXPLICIT_BIG),
-      m_swapped(m_bigEndian && vr == VR_OW)
+    : m_frames(frames), m_bigEndian(syntax == SYNTAX_EXPLICIT_BIG), m_swapped(m_bigEndian && vr == VR_OW)
 {
 }
 

@@ -51,9 +51,9 @@ struct VARNOTIX_EXPORT SReadTrial
 /// What a successful read could not keep as the stream held it.
 enum EReadNote : int
 {
-    READ_ITEMS_GATHERED = 0,  ///< Items that did not hold one element each are gathered in one set; count is the items.
-    READ_BEYOND_LENGTH = 1,   ///< A sequence took elements from behind its defined end; count is the bytes taken.
-    READ_ITEMS_DROPPED = 2,   ///< The dictionary gives a sequence another VR, so its items are gone.
+    READ_ITEMS_GATHERED = 0, ///< Items that did not hold one element each are gathered in one set; count is the items.
+    READ_BEYOND_LENGTH = 1,  ///< A sequence took elements from behind its defined end; count is the bytes taken.
+    READ_ITEMS_DROPPED = 2,  ///< The dictionary gives a sequence another VR, so its items are gone.
     READ_VR_OF_DICTIONARY = 3, ///< The element took the dictionary's VR; count is the code of the stream's VR.
     READ_BYTES_LEFT = 4        ///< Bytes at the end of the stream were not read; count is how many, the tag is 0.
 };

@@ -16,7 +16,8 @@ namespace
 constexpr DWORD kItemTags[] = {0xFFFEE000U, 0xE000FFFEU, 0xFEFF00E0U, 0x00E0FEFFU};
 constexpr DWORD kDelimiterTags[] = {0xFFFEE0DDU, 0xE0DDFFFEU, 0xFEFFDDE0U, 0xDDE0FEFFU};
 
-template <std::size_t COUNT> bool IsOneOf(DWORD tag, const DWORD (&tags)[COUNT])
+template <std::size_t COUNT>
+bool IsOneOf(DWORD tag, const DWORD (&tags)[COUNT])
 {
     return std::find(std::begin(tags), std::end(tags), tag) != std::end(tags);
 }

@@ -4,7 +4,6 @@
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
-
 namespace
 {
 
@@ -67,13 +66,14 @@ void CStreamDecoder::Decode(CDcmElementSet& set)
     {
         DWORD items = 0;
         DecodeLevel(set, m_cursor.Length(), items);
-    // A few bytes at the end hold no element, and a sequence delimiter outside every sequence ends the stream early.
-    const std::size_t left = m_bytesLeft + m_cursor.Length() - m_cursor.Position();
-    if (left > 0)
-    {
-        m_parser.m_notes.push_back({READ_BYTES_LEFT, 0, static_cast<DWORD>(m_cursor.Length() - left),
-                                    static_cast<DWORD>(left)});
-    }
+        // A few bytes at the end hold no element, and a sequence delimiter outside every sequence ends the stream
+        // early.
+        const std::size_t left = m_bytesLeft + m_cursor.Length() - m_cursor.Position();
+        if (left > 0)
+        {
+            m_parser.m_notes.push_back(
+                {READ_BYTES_LEFT, 0, static_cast<DWORD>(m_cursor.Length() - left), static_cast<DWORD>(left)});
+        }
         registry.PromotePrivateEntries();
     }
     catch (...)
@@ -282,8 +282,7 @@ CDcmElement& CStreamDecoder::ReadValue(const STag& tag, DWORD length, CDcmElemen
         throw CParseException(PARSE_SHORT_VALUE);
     }
     // The stream's VR chose the header form and the swapping; the value itself takes its VR from the dictionary.
-    auto element =
-        std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
+    auto element = std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
     element->SetRead();
     const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
     if (width > 1)
@@ -295,8 +294,7 @@ CDcmElement& CStreamDecoder::ReadValue(const STag& tag, DWORD length, CDcmElemen
     }
     else
     {
-        element->SetRawBytes(length < kSharedValue ? m_smallValues.Store(bytes, length)
-                                                   : m_cursor.Keep(bytes, length));
+        element->SetRawBytes(length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length));
     }
     CDcmElement& added = *element;
     set.Add(element.release());

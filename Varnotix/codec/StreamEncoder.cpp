@@ -5,8 +5,9 @@
 #include "Varnotix/platform/MemFile.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
-#include <algorithm>
 #include <climits>
+
+#include <algorithm>
 #include <vector>
 
 namespace

@@ -214,8 +214,10 @@ private:
     void DropValues();
     void BuildFrom(const CSharedBytes& raw) const;
     STypedValue& Typed() const;
-    template <class ARRAY> ARRAY* ValuesOf(EVrKind kind) const;
-    template <class ARRAY, class VALUE> bool AddNumber(ARRAY& values, VALUE value);
+    template <class ARRAY>
+    ARRAY* ValuesOf(EVrKind kind) const;
+    template <class ARRAY, class VALUE>
+    bool AddNumber(ARRAY& values, VALUE value);
 
     const CDcmEntry* m_entry = nullptr;
     WORD m_group = 0;

@@ -8,7 +8,8 @@
 namespace
 {
 
-template <class ARRAY> void DumpNumbers(CDumpContext& context, const ARRAY* values)
+template <class ARRAY>
+void DumpNumbers(CDumpContext& context, const ARRAY* values)
 {
     const int count = values != nullptr ? values->GetSize() : 0;
     context << "[sz=" << count << "]";

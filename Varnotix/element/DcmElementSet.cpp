@@ -158,6 +158,16 @@ void CDcmElementSet::RemoveTagOf(const CDcmElement& sameTag)
 
 void CDcmElementSet::RemoveTagsOf(const CDcmElementSet& other)
 {
+    RemoveTags(other, false);
+}
+
+void CDcmElementSet::RemoveEveryTagOf(const CDcmElementSet& other)
+{
+    RemoveTags(other, true);
+}
+
+void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
+{
     if (this == &other)
     {
         RemoveAll();
@@ -180,7 +190,7 @@ void CDcmElementSet::RemoveTagsOf(const CDcmElementSet& other)
     for (CObject* object : Body().list)
     {
         const auto found = toRemove.find(ElementOf(object).Tag());
-        const bool remove = found != toRemove.end() && found->second-- > 0;
+        const bool remove = found != toRemove.end() && (every || found->second-- > 0);
         (remove ? removed : kept).push_back(object);
     }
     if (!removed.empty())

@@ -61,6 +61,8 @@ public:
     /// For each element of the other set, removes the first element of that tag here. The set itself as the argument
     /// empties it.
     void RemoveTagsOf(const CDcmElementSet& other);
+    /// As RemoveTagsOf, but removes every element of those tags.
+    void RemoveEveryTagOf(const CDcmElementSet& other);
     /// Empties the declared tags and takes a fresh empty body; other handles of the old body keep their elements.
     void RemoveAll();
     /// Destroys the elements in the shared body and forgets the declared tags: every handle of the body sees it empty.
@@ -122,6 +124,7 @@ protected:
 
 private:
     CElementBody& Elements() const;
+    void RemoveTags(const CDcmElementSet& other, bool every);
 
     CDWordArray m_declared;
 };

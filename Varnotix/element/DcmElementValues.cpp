@@ -32,7 +32,8 @@ void SplitTexts(std::string_view text, int vm, CStringArray& texts)
 }
 
 /// Fills an array with consecutive little-endian numbers; a partial last one is dropped.
-template <class ARRAY> void TakeNumbers(const CSharedBytes& raw, ARRAY& numbers)
+template <class ARRAY>
+void TakeNumbers(const CSharedBytes& raw, ARRAY& numbers)
 {
     constexpr std::size_t kWidth = sizeof(*numbers.GetData());
     const std::size_t count = raw.Size() / kWidth;
@@ -127,7 +128,8 @@ void CDcmElement::BuildFrom(const CSharedBytes& raw) const
     }
 }
 
-template <class ARRAY> ARRAY* CDcmElement::ValuesOf(EVrKind kind) const
+template <class ARRAY>
+ARRAY* CDcmElement::ValuesOf(EVrKind kind) const
 {
     if (!TakesValue(kind))
     {
@@ -224,7 +226,8 @@ bool CDcmElement::SetTexts(const CStringArray& texts)
     return taken;
 }
 
-template <class ARRAY, class VALUE> bool CDcmElement::AddNumber(ARRAY& values, VALUE value)
+template <class ARRAY, class VALUE>
+bool CDcmElement::AddNumber(ARRAY& values, VALUE value)
 {
     if (Vm() == 1)
     {

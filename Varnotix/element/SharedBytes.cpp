@@ -2,8 +2,9 @@
 
 #include "Varnotix/platform/Exceptions.h"
 
-#include <algorithm>
 #include <climits>
+
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <utility>

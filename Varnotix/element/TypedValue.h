@@ -22,7 +22,8 @@ struct STypedValue
     STypedValue& operator=(const STypedValue&) = delete;
 
     /// The array of one kind; made on first use.
-    template <class ARRAY> ARRAY& Of()
+    template <class ARRAY>
+    ARRAY& Of()
     {
         if (!std::holds_alternative<ARRAY>(values))
         {

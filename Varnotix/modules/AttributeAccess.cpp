@@ -5,7 +5,8 @@ namespace
 
 /// The library-wide empty value of a type. A caller may have written to it against the contract, so each use begins
 /// with an empty one.
-template <class VALUE> VALUE& EmptyValue()
+template <class VALUE>
+VALUE& EmptyValue()
 {
     static VALUE value;
     value = VALUE();
@@ -13,7 +14,8 @@ template <class VALUE> VALUE& EmptyValue()
 }
 
 /// The array of an element, chosen by one of the element's getters, or the empty one.
-template <class ARRAY> ARRAY& ArrayOf(CDcmElementSet& set, int position, ARRAY* (CDcmElement::*values)())
+template <class ARRAY>
+ARRAY& ArrayOf(CDcmElementSet& set, int position, ARRAY* (CDcmElement::*values)())
 {
     CDcmElement* element = set.FindDeclared(position);
     ARRAY* array = element != nullptr ? (element->*values)() : nullptr;

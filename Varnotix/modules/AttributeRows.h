@@ -30,7 +30,8 @@
 inline constexpr int kMaxRowLines = 160;
 
 /// Names a row by its line, so that overloads tell rows apart.
-template <int LINE> struct SRowLine
+template <int LINE>
+struct SRowLine
 {
 };
 
@@ -38,16 +39,22 @@ template <int LINE> struct SRowLine
 struct SRowWalker
 {
     /// Declares the attributes, binds the sequences and sorts the set.
-    template <class CLASS> static void Declare(CLASS& object)
+    template <class CLASS>
+    static void Declare(CLASS& object)
     {
         Declare(object, std::make_integer_sequence<int, kMaxRowLines>());
     }
 
     /// Makes a macro's attributes a part of the object's own.
-    template <class CLASS, class MACRO> static void Include(CLASS& object, MACRO& macro) { macro.IncludeIn(object); }
+    template <class CLASS, class MACRO>
+    static void Include(CLASS& object, MACRO& macro)
+    {
+        macro.IncludeIn(object);
+    }
 
     /// The place of the row at a line among the declared-tag texts (0, 2, 4, ...).
-    template <class CLASS> static int PositionOf(int line)
+    template <class CLASS>
+    static int PositionOf(int line)
     {
         static constexpr auto kPositions = Positions<CLASS>(std::make_integer_sequence<int, kMaxRowLines>());
         return kPositions.byLine[line - CLASS::kDcmFirstLine];
@@ -60,11 +67,18 @@ private:
     };
 
     template <class CLASS, int LINE>
-    static constexpr bool kDeclares = requires(CLASS& object) { object.DcmDeclareRow(SRowLine<LINE>()); };
+    static constexpr bool kDeclares = requires(CLASS& object)
+    {
+        object.DcmDeclareRow(SRowLine<LINE>());
+    };
     template <class CLASS, int LINE>
-    static constexpr bool kBinds = requires(CLASS& object) { object.DcmBindRow(SRowLine<LINE>()); };
+    static constexpr bool kBinds = requires(CLASS& object)
+    {
+        object.DcmBindRow(SRowLine<LINE>());
+    };
 
-    template <class CLASS, int... OFFSETS> static constexpr SPositions Positions(std::integer_sequence<int, OFFSETS...>)
+    template <class CLASS, int... OFFSETS>
+    static constexpr SPositions Positions(std::integer_sequence<int, OFFSETS...>)
     {
         SPositions positions{};
         short next = 0;
@@ -74,7 +88,8 @@ private:
         return positions;
     }
 
-    template <int LINE, class CLASS> static void DeclareLine(CLASS& object)
+    template <int LINE, class CLASS>
+    static void DeclareLine(CLASS& object)
     {
         if constexpr (kDeclares<CLASS, LINE>)
         {
@@ -82,7 +97,8 @@ private:
         }
     }
 
-    template <int LINE, class CLASS> static void BindLine(CLASS& object)
+    template <int LINE, class CLASS>
+    static void BindLine(CLASS& object)
     {
         if constexpr (kBinds<CLASS, LINE>)
         {
@@ -90,7 +106,8 @@ private:
         }
     }
 
-    template <class CLASS, int... OFFSETS> static void Declare(CLASS& object, std::integer_sequence<int, OFFSETS...>)
+    template <class CLASS, int... OFFSETS>
+    static void Declare(CLASS& object, std::integer_sequence<int, OFFSETS...>)
     {
         (DeclareLine<CLASS::kDcmFirstLine + OFFSETS>(object), ...);
         (BindLine<CLASS::kDcmFirstLine + OFFSETS>(object), ...);

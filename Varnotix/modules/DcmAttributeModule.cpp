@@ -6,7 +6,8 @@ namespace
 {
 
 /// Copies an array out, when the element holds one.
-template <class ARRAY> bool CopyOut(const ARRAY* from, ARRAY& to)
+template <class ARRAY>
+bool CopyOut(const ARRAY* from, ARRAY& to)
 {
     if (from == nullptr)
     {
@@ -17,7 +18,8 @@ template <class ARRAY> bool CopyOut(const ARRAY* from, ARRAY& to)
 }
 
 /// Copies the first number out, when there is one.
-template <class ARRAY, class NUMBER> bool FirstOut(const ARRAY* from, NUMBER& to)
+template <class ARRAY, class NUMBER>
+bool FirstOut(const ARRAY* from, NUMBER& to)
 {
     if (from == nullptr || from->IsEmpty())
     {
@@ -141,8 +143,7 @@ bool CDcmAttributeModule::SetValueField(const CString& group, const CString& ele
 bool CDcmAttributeModule::SetValueField(const CString& group, const CString& element, const CDcmAttributeModule& item,
                                         CDmElement* record)
 {
-    return With(group, element, record,
-                [&](CDcmElement& target) { return target.SetItems(item.GetDcmElementSet()); });
+    return With(group, element, record, [&](CDcmElement& target) { return target.SetItems(item.GetDcmElementSet()); });
 }
 
 bool CDcmAttributeModule::GetValueField(const CString& group, const CString& element, CString& value,
@@ -200,8 +201,7 @@ bool CDcmAttributeModule::GetValueField(const CString& group, const CString& ele
     return With(group, element, record, [&](const CDcmElement& source) { return CopyOut(source.Floats(), value); });
 }
 
-bool CDcmAttributeModule::GetValueField(const CString& group, const CString& element, double& value,
-                                        CDmElement* record)
+bool CDcmAttributeModule::GetValueField(const CString& group, const CString& element, double& value, CDmElement* record)
 {
     return With(group, element, record, [&](const CDcmElement& source) { return FirstOut(source.Doubles(), value); });
 }

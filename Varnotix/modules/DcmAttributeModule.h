@@ -52,8 +52,7 @@ public:
 
     /// The first text; empty for an element without value.
     bool GetValueField(const CString& group, const CString& element, CString& value, CDmElement* record = nullptr);
-    bool GetValueField(const CString& group, const CString& element, CStringArray& value,
-                       CDmElement* record = nullptr);
+    bool GetValueField(const CString& group, const CString& element, CStringArray& value, CDmElement* record = nullptr);
     /// The first number; false for an element without value.
     bool GetValueField(const CString& group, const CString& element, unsigned short& value,
                        CDmElement* record = nullptr);
@@ -63,8 +62,7 @@ public:
     bool GetValueField(const CString& group, const CString& element, float& value, CDmElement* record = nullptr);
     bool GetValueField(const CString& group, const CString& element, CFloatArray& value, CDmElement* record = nullptr);
     bool GetValueField(const CString& group, const CString& element, double& value, CDmElement* record = nullptr);
-    bool GetValueField(const CString& group, const CString& element, CDoubleArray& value,
-                       CDmElement* record = nullptr);
+    bool GetValueField(const CString& group, const CString& element, CDoubleArray& value, CDmElement* record = nullptr);
     bool GetValueField(const CString& group, const CString& element, CByteArray& value, CDmElement* record = nullptr);
     /// Pixel Data: the frames' byte arrays, which stay owned by the element.
     bool GetValueField(const CString& group, const CString& element, CObList& frames, CDmElement* record = nullptr);
@@ -76,5 +74,6 @@ public:
     void RemoveAll();
 
 private:
-    template <class USE> bool With(const CString& group, const CString& element, CDmElement* record, const USE& use);
+    template <class USE>
+    bool With(const CString& group, const CString& element, CDmElement* record, const USE& use);
 };

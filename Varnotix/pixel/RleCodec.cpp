@@ -3,8 +3,9 @@
 #include "Varnotix/pixel/PackBits.h"
 #include "Varnotix/platform/Exceptions.h"
 
-#include <algorithm>
 #include <climits>
+
+#include <algorithm>
 #include <cstdint>
 
 namespace
@@ -97,7 +98,8 @@ void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels
     {
         const std::uint32_t start = NumberAt(rle, 4 + 4 * i);
         const std::uint32_t next = i + 1 < kOffsets ? NumberAt(rle, 8 + 4 * i) : 0;
-        const std::int64_t end = next != 0 ? next : static_cast<std::int64_t>(size) - static_cast<std::int64_t>(kHeaderSize);
+        const std::int64_t end =
+            next != 0 ? next : static_cast<std::int64_t>(size) - static_cast<std::int64_t>(kHeaderSize);
         if (start < size && end > start)
         {
             BYTE* target = decoded.GetData() + (interleaved ? i : i * capacity);
@@ -125,8 +127,7 @@ void RleEncode(const SRleImage& image, CByteArray& data)
     }
     else if (image.photometric == kRgb)
     {
-        const std::uint64_t pixels =
-            static_cast<std::uint64_t>(image.rows) * static_cast<std::uint64_t>(image.columns);
+        const std::uint64_t pixels = static_cast<std::uint64_t>(image.rows) * static_cast<std::uint64_t>(image.columns);
         const std::size_t plane = pixels <= size / kRgbSamples ? static_cast<std::size_t>(pixels) : 0;
         for (std::size_t sample = 0; sample < kRgbSamples; ++sample)
         {

@@ -99,32 +99,32 @@ protected:
 #define RUNTIME_CLASS(className) (&className::class##className)
 
 /// At the top of a class body: gives the class a run-time record. Leaves the access at `public:`.
-#define DECLARE_DYNAMIC(className)                                                                                     \
-public:                                                                                                                \
-    static CRuntimeClass class##className;                                                                             \
+#define DECLARE_DYNAMIC(className) \
+public: \
+    static CRuntimeClass class##className; \
     CRuntimeClass* GetRuntimeClass() const override;
 
 /// As DECLARE_DYNAMIC, for a class that can be created by its record. It needs a default constructor.
-#define DECLARE_DYNCREATE(className)                                                                                   \
-    DECLARE_DYNAMIC(className)                                                                                         \
+#define DECLARE_DYNCREATE(className) \
+    DECLARE_DYNAMIC(className) \
     static CObject* CreateObject();
 
-#define VARNOTIX_IMPLEMENT_CLASS(className, baseName, createFunction)                                                  \
-    CRuntimeClass className::class##className = {#className, static_cast<int>(sizeof(className)), createFunction,      \
-                                                 RUNTIME_CLASS(baseName), nullptr};                                    \
-    static const CRuntimeClassEntry entry##className(className::class##className, VARNOTIX_CLASS_MODULE);              \
-    CRuntimeClass* className::GetRuntimeClass() const                                                                  \
-    {                                                                                                                  \
-        return &className::class##className;                                                                           \
+#define VARNOTIX_IMPLEMENT_CLASS(className, baseName, createFunction) \
+    CRuntimeClass className::class##className = {#className, static_cast<int>(sizeof(className)), createFunction, \
+                                                 RUNTIME_CLASS(baseName), nullptr}; \
+    static const CRuntimeClassEntry entry##className(className::class##className, VARNOTIX_CLASS_MODULE); \
+    CRuntimeClass* className::GetRuntimeClass() const \
+    { \
+        return &className::class##className; \
     }
 
 /// In one source file, outside namespaces: defines what DECLARE_DYNAMIC declared.
 #define IMPLEMENT_DYNAMIC(className, baseName) VARNOTIX_IMPLEMENT_CLASS(className, baseName, nullptr)
 
 /// In one source file, outside namespaces: defines what DECLARE_DYNCREATE declared.
-#define IMPLEMENT_DYNCREATE(className, baseName)                                                                       \
-    CObject* className::CreateObject()                                                                                 \
-    {                                                                                                                  \
-        return new className;                                                                                          \
-    }                                                                                                                  \
+#define IMPLEMENT_DYNCREATE(className, baseName) \
+    CObject* className::CreateObject() \
+    { \
+        return new className; \
+    } \
     VARNOTIX_IMPLEMENT_CLASS(className, baseName, &className::CreateObject)

@@ -25,9 +25,9 @@ namespace
 constexpr const char* kPrivateName = "Private Data Element";
 
 /// The order of these names is the enumeration.
-constexpr const char* kPhotometricNames[] = {"monochrome1",     "monochrome2", "palette color", "rgb",
-                                             "ybr_full",        "ybr_full_422", "ybr_partial_422", "ybr_ict",
-                                             "ybr_rct",         "hsv",         "argb",          "cmyk"};
+constexpr const char* kPhotometricNames[] = {
+    "monochrome1",     "monochrome2", "palette color", "rgb", "ybr_full", "ybr_full_422",
+    "ybr_partial_422", "ybr_ict",     "ybr_rct",       "hsv", "argb",     "cmyk"};
 
 /// What all registry instances share. It lives in a function, so that it exists before the first instance, whatever
 /// translation unit makes that one.
@@ -63,8 +63,8 @@ void SSharedTables::Load()
     {
         photometricNames.Add(name);
     }
-    dictionaryPath = ReadDataFile("dictionary.txt", [this](std::string_view line)
-                                  { AddDictionaryLine(line, publicDictionary); });
+    dictionaryPath =
+        ReadDataFile("dictionary.txt", [this](std::string_view line) { AddDictionaryLine(line, publicDictionary); });
     uidTablePath = ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids, uidNames); });
 }
 
@@ -93,7 +93,8 @@ const CDcmEntry* AddTo(CEntryTable& table, int group, int element, const CString
 }
 
 /// Asks the layers of the dictionary in their order.
-template <class FIND> const CDcmEntry* FirstHit(const CEntryTable& instanceLayer, const FIND& find)
+template <class FIND>
+const CDcmEntry* FirstHit(const CEntryTable& instanceLayer, const FIND& find)
 {
     const SSharedTables& shared = Shared();
     const CDcmEntry* entry = find(shared.publicDictionary);

@@ -4,6 +4,7 @@
 #include "Varnotix/registry/NameList.h"
 
 #include <climits>
+
 #include <cstdlib>
 
 namespace
@@ -93,8 +94,7 @@ CString DictionaryLine(std::string_view key, const CDcmEntry& entry)
     }
     const std::string element(key.size() > kGroupLength ? key.substr(kGroupLength) : std::string_view());
     CString line;
-    line.Format("%s,%s,%s,%d,", group.c_str(), element.c_str(), VrText(static_cast<int>(entry.vr)),
-                entry.multiplicity);
+    line.Format("%s,%s,%s,%d,", group.c_str(), element.c_str(), VrText(static_cast<int>(entry.vr)), entry.multiplicity);
     line += entry.name;
     line += entry.retired != 0 ? ",ret" : ",";
     return line;

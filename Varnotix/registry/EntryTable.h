@@ -28,10 +28,7 @@ public:
     const CDcmEntry* Find(std::string_view key) const;
 
     /// The entry of a tag, or null. Tags of the groups 50xx and 60xx are answered by their repeating group's key.
-    const CDcmEntry* FindTag(int group, int element) const
-    {
-        return FindCode(CodeOfTag(group, element));
-    }
+    const CDcmEntry* FindTag(int group, int element) const { return FindCode(CodeOfTag(group, element)); }
 
     /// Stores the entry, unless the key is taken: the first entry of a key stands.
     /// @return the entry that now stands under the key.

@@ -88,15 +88,15 @@ VARNOTIX_EXPORT int VrCodeOfBytes(BYTE first, BYTE second);
 inline EVrKind VrKind(int vr)
 {
     constexpr EVrKind kKinds[kNamedVrCount] = {
-        /* AE */ EVrKind::Text,     /* AS */ EVrKind::Text,   /* AT */ EVrKind::Words,
-        /* CS */ EVrKind::Text,     /* DA */ EVrKind::Text,   /* DS */ EVrKind::Text,
-        /* DT */ EVrKind::Text,     /* FL */ EVrKind::Floats, /* FD */ EVrKind::Doubles,
-        /* IS */ EVrKind::Text,     /* LO */ EVrKind::Text,   /* LT */ EVrKind::Text,
-        /* OB */ EVrKind::Bytes,    /* OF */ EVrKind::Floats, /* OW */ EVrKind::OtherWords,
-        /* PN */ EVrKind::Text,     /* SH */ EVrKind::Text,   /* SL */ EVrKind::Integers,
-        /* SQ */ EVrKind::Items,    /* SS */ EVrKind::Words,  /* ST */ EVrKind::Text,
-        /* TM */ EVrKind::Text,     /* UI */ EVrKind::Text,   /* UL */ EVrKind::Integers,
-        /* UN */ EVrKind::RawOnly,  /* US */ EVrKind::Words,  /* UT */ EVrKind::Text};
+        /* AE */ EVrKind::Text,    /* AS */ EVrKind::Text,   /* AT */ EVrKind::Words,
+        /* CS */ EVrKind::Text,    /* DA */ EVrKind::Text,   /* DS */ EVrKind::Text,
+        /* DT */ EVrKind::Text,    /* FL */ EVrKind::Floats, /* FD */ EVrKind::Doubles,
+        /* IS */ EVrKind::Text,    /* LO */ EVrKind::Text,   /* LT */ EVrKind::Text,
+        /* OB */ EVrKind::Bytes,   /* OF */ EVrKind::Floats, /* OW */ EVrKind::OtherWords,
+        /* PN */ EVrKind::Text,    /* SH */ EVrKind::Text,   /* SL */ EVrKind::Integers,
+        /* SQ */ EVrKind::Items,   /* SS */ EVrKind::Words,  /* ST */ EVrKind::Text,
+        /* TM */ EVrKind::Text,    /* UI */ EVrKind::Text,   /* UL */ EVrKind::Integers,
+        /* UN */ EVrKind::RawOnly, /* US */ EVrKind::Words,  /* UT */ EVrKind::Text};
     return vr >= 0 && vr < kNamedVrCount ? kKinds[vr] : EVrKind::RawOnly;
 }
 
