@@ -1,5 +1,6 @@
 // The command line: verbs, arguments and help.
 
+#include "PduVerb.h"
 #include "StandardStreams.h"
 #include "Varnotix/Version.h"
 #include "Verbs.h"
@@ -49,6 +50,11 @@ constexpr const char* kModulesFooter =
     "secondary capture or patient information. Of any other object all attributes stand under 'attributes that no\n"
     "module declares'. The elements of all items of a sequence stand in one list, as a read gathers them.";
 
+constexpr const char* kPduFooter =
+    "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between the\n"
+    "pairs of digits, and '#' starts a comment. Bytes that no PDU can be made of are told on standard error, with\n"
+    "their offset and status 20; what comes before them is printed.";
+
 struct SArguments
 {
     std::vector<std::string> files;
@@ -59,6 +65,7 @@ struct SArguments
     bool deep = false;
     bool asPictures = false;
     bool withGaps = false;
+    bool showFields = false;
     bool quiet = false;
     bool verbose = false;
 };
@@ -148,6 +155,12 @@ int Run(int count, char** texts)
     modules->footer(kModulesFooter);
     AddMessageFlags(*modules, arguments);
 
+    CLI::App* pdu = app.add_subcommand("pdu", "Print what association PDUs hold");
+    pdu->add_option("FILE", arguments.input,
+                    "PDUs as bytes or in hexadecimal digits; '-', or no file, is standard input");
+    pdu->add_flag("--fields", arguments.showFields, "Print each field with its offset and its bytes");
+    pdu->footer(kPduFooter);
+
     CLI::App* where = app.add_subcommand("where", "Print which data files were loaded, and from where");
 
     try
@@ -163,6 +176,11 @@ int Run(int count, char** texts)
     if (where->parsed())
     {
         return Where(report);
+    }
+    if (pdu->parsed())
+    {
+        return ShowPdus(arguments.input.empty() ? CString("-") : CString(std::string_view(arguments.input)),
+                        arguments.showFields, report);
     }
     if (dump->parsed())
     {
