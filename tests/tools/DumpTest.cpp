@@ -78,7 +78,7 @@ TEST_F(CommandLine, AnEmptyDictionaryStopsAllVerbsButWhere)
 TEST_F(Dump, PrintsTheDocumentThatTheLibraryMakes)
 {
     Write("in.dcm", Part10(kExplicitUid, kPatient));
-    CDcmIOD object;
+    CDcmCompositeIOD object; // What an object without SOP class is shown as.
     ReadObject("in.dcm", object);
     CStringArray lines;
     object.Export(lines);

@@ -93,7 +93,7 @@ void CAnonymizer::Apply(CDcmIOD& object) const
     if (m_wanted.deep)
     {
         RemovePrivateGroups(store);
-        AnonymizeItems(store, m_wanted.text);
+        AnonymizeEveryDepth(store, m_wanted.text);
         SetIdentityRemoved(store);
     }
 }

@@ -62,21 +62,24 @@ void RemoveWhere(CDcmElementSet& set, const CONDITION& condition)
     set.RemoveTagsOf(doomed);
 }
 
-void AnonymizeLevels(CDcmElementSet& set, const CDcmElementSet& replacement, bool isItem)
+/// Changes a set and the items in it, at every depth. A sequence that loses all its attributes goes too: a read would
+/// take the element behind an empty sequence for one of its items.
+template <class CHANGE>
+void AtEveryDepth(CDcmElementSet& set, const CHANGE& change)
 {
-    if (isItem && replacement.IsEmpty())
+    change(set);
+    for (int i = set.GetCount() - 1; i >= 0; --i)
     {
-        RemoveIdentifying(set);
-    }
-    else if (isItem)
-    {
-        set.UpdateValuesFrom(replacement);
-    }
-    for (int i = 0; i < set.GetCount(); ++i)
-    {
-        if (CDcmElementSet* items = set.GetAt(i)->Items())
+        CDcmElement* element = set.GetAt(i);
+        CDcmElementSet* items = element->Items();
+        if (items == nullptr || items->IsEmpty())
         {
-            AnonymizeLevels(*items, replacement, true);
+            continue;
+        }
+        AtEveryDepth(*items, change);
+        if (items->IsEmpty())
+        {
+            set.Remove(element);
         }
     }
 }
@@ -123,30 +126,25 @@ SUncovered FindUncovered(const CDcmElementSet& store)
     return found;
 }
 
-void AnonymizeItems(CDcmElementSet& store, const CString& text)
+void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text)
 {
-    CDcmAttributeModule replacement;
-    if (!text.IsEmpty())
+    if (text.IsEmpty())
     {
-        for (const SIdentifyingTag& tag : kIdentifyingTags)
-        {
-            replacement.Insert(tag.group, tag.element);
-            replacement.SetValueField(tag.group, tag.element, text);
-        }
+        AtEveryDepth(store, RemoveIdentifying);
+        return;
     }
-    AnonymizeLevels(store, replacement.GetDcmElementSet(), false);
+    CDcmAttributeModule replacement;
+    for (const SIdentifyingTag& tag : kIdentifyingTags)
+    {
+        replacement.Insert(tag.group, tag.element);
+        replacement.SetValueField(tag.group, tag.element, text);
+    }
+    AtEveryDepth(store, [&](CDcmElementSet& set) { set.UpdateValuesFrom(replacement.GetDcmElementSet()); });
 }
 
-void RemovePrivateGroups(CDcmElementSet& set)
+void RemovePrivateGroups(CDcmElementSet& store)
 {
-    RemoveWhere(set, IsPrivate);
-    for (int i = 0; i < set.GetCount(); ++i)
-    {
-        if (CDcmElementSet* items = set.GetAt(i)->Items())
-        {
-            RemovePrivateGroups(*items);
-        }
-    }
+    AtEveryDepth(store, [](CDcmElementSet& set) { RemoveWhere(set, IsPrivate); });
 }
 
 void RemoveIdentifying(CDcmElementSet& set)

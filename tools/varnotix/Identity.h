@@ -19,11 +19,11 @@ struct SUncovered
 
 SUncovered FindUncovered(const CDcmElementSet& store);
 
-/// Writes the text into the identifying attributes of every item, or removes them for an empty text.
-void AnonymizeItems(CDcmElementSet& store, const CString& text);
+/// Writes the text into the identifying attributes at every depth, or removes them for an empty text.
+void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text);
 
 /// Removes every element of odd groups, at every depth.
-void RemovePrivateGroups(CDcmElementSet& set);
+void RemovePrivateGroups(CDcmElementSet& store);
 
 /// Removes every identifying element from one set.
 void RemoveIdentifying(CDcmElementSet& set);
