@@ -17,6 +17,9 @@ public:
     {
         (this->AddIeModule(std::get<MODULES>(m_modules)), ...);
     }
+    /// A copy would hold the other's modules by pointer; use AssignModules.
+    TEntity(const TEntity&) = delete;
+    TEntity& operator=(const TEntity&) = delete;
 
     /// True when the entity holds a module of the class.
     template <class MODULE> static constexpr bool Holds()
@@ -199,8 +202,8 @@ private:
 };
 
 /// In the body of a concrete object class: construction, assignment and run-time class. Assigning or constructing from
-/// a CDcmCompositeIOD copies its store, from which the object's own modules take their values: this is how a generic
-/// object that was read becomes a typed one.
+/// a CDcmCompositeIOD registers the object's own modules and copies the other's store, from which they take their
+/// values: this is how a generic object that was read becomes a typed one.
 #define DCM_COMPOSITE_IOD(Class) \
     DECLARE_DYNCREATE(Class) \
 \
@@ -225,7 +228,7 @@ public: \
     } \
     Class::Class(const CDcmCompositeIOD& other) : Class() \
     { \
-        *this = other; \
+        CDcmCompositeIOD::operator=(other); \
     } \
     Class::~Class() = default; \
     Class& Class::operator=(const Class& other) \
@@ -239,6 +242,7 @@ public: \
     } \
     Class& Class::operator=(const CDcmCompositeIOD& other) \
     { \
+        InitializeIod(); \
         CDcmCompositeIOD::operator=(other); \
         return *this; \
     }

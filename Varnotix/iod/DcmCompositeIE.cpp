@@ -4,6 +4,7 @@ IMPLEMENT_DYNCREATE(CDcmCompositeIE, CDcmCompositeIOD)
 
 CDcmCompositeIE::CDcmCompositeIE()
 {
+    m_metaFileInformation.SetOwner(this);
     CDcmCompositeIE::InitializeIod();
 }
 
@@ -14,7 +15,7 @@ CDcmCompositeIE::CDcmCompositeIE(const CDcmCompositeIE& other) : CDcmCompositeIE
 
 CDcmCompositeIE::CDcmCompositeIE(const CDcmCompositeIOD& other) : CDcmCompositeIE()
 {
-    *this = other;
+    CDcmCompositeIOD::operator=(other);
 }
 
 CDcmCompositeIE::~CDcmCompositeIE() = default;
@@ -31,6 +32,7 @@ CDcmCompositeIE& CDcmCompositeIE::operator=(const CDcmCompositeIE& other)
 
 CDcmCompositeIE& CDcmCompositeIE::operator=(const CDcmCompositeIOD& other)
 {
+    InitializeIod();
     CDcmCompositeIOD::operator=(other);
     return *this;
 }

@@ -58,11 +58,30 @@ CPatientInformationIOD::CPatientInformationIOD(const CPatientInformationIOD& oth
     *this = other;
 }
 
+CPatientInformationIOD::CPatientInformationIOD(const CDcmCompositeIOD& other) : CPatientInformationIOD()
+{
+    CDcmIOD::operator=(other);
+}
+
 CPatientInformationIOD::~CPatientInformationIOD() = default;
 
 CPatientInformationIOD& CPatientInformationIOD::operator=(const CPatientInformationIOD& other)
 {
-    CDcmNormalizedIOD::operator=(other);
+    if (this != &other)
+    {
+        m_relationship = other.m_relationship;
+        m_identification = other.m_identification;
+        m_demographic = other.m_demographic;
+        m_medical = other.m_medical;
+        CDcmNormalizedIOD::operator=(other);
+    }
+    return *this;
+}
+
+CPatientInformationIOD& CPatientInformationIOD::operator=(const CDcmCompositeIOD& other)
+{
+    InitializeIod();
+    CDcmIOD::operator=(other);
     return *this;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "Varnotix/iod/DcmCompositeIOD.h"
 #include "Varnotix/iod/DcmMetaFileInformation.h"
-#include "Varnotix/iod/DcmIOD.h"
 #include "Varnotix/modules/Catalogue.h"
 
 /// A normalized information object: SOP common and file meta information, and the modules of derived classes.
@@ -40,8 +40,12 @@ class VARNOTIX_EXPORT CPatientInformationIOD : public CDcmNormalizedIOD
 public:
     CPatientInformationIOD();
     CPatientInformationIOD(const CPatientInformationIOD& other);
+    /// Registers the object's own modules and copies the other's store, from which they take their values.
+    explicit CPatientInformationIOD(const CDcmCompositeIOD& other);
     ~CPatientInformationIOD() override;
+    /// Assigns the four modules, then store and settings.
     CPatientInformationIOD& operator=(const CPatientInformationIOD& other);
+    CPatientInformationIOD& operator=(const CDcmCompositeIOD& other);
 
     CDcmPatientRelationshipModule& PatientRelationship() { return m_relationship; }
     CDcmPatientIdentificationModule& PatientIdentification() { return m_identification; }

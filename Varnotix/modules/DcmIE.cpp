@@ -7,6 +7,10 @@ IMPLEMENT_DYNCREATE(CDcmIE, CObject)
 
 CDcmIE::CDcmIE(CDcmCompositeIE* owner) : m_owner(owner) {}
 
+CDcmIE::CDcmIE(const CDcmIE& other) = default;
+
+CDcmIE& CDcmIE::operator=(const CDcmIE& other) = default;
+
 void CDcmIE::AttachIE()
 {
     for (int i = 0; i < m_modules.GetSize(); ++i)

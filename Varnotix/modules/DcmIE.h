@@ -17,8 +17,9 @@ public:
     CDcmIE() = default;
     /// @param owner the IOD that the entity belongs to; null for none. It is not owned.
     explicit CDcmIE(CDcmCompositeIE* owner);
-    CDcmIE(const CDcmIE&) = delete;
-    CDcmIE& operator=(const CDcmIE&) = delete;
+    /// Holds the same modules for the same owner.
+    CDcmIE(const CDcmIE& other);
+    CDcmIE& operator=(const CDcmIE& other);
 
     /// Registers every module with the owner, in the entity's order.
     void AttachIE();
