@@ -53,6 +53,18 @@ void CDcmIOD::Anonymize55(const CString& text)
     }
     else
     {
-        m_store->UpdateValuesFrom(replacement.GetDcmElementSet());
+        const CDcmElementSet& values = replacement.GetDcmElementSet();
+        m_store->UpdateValuesFrom(values);
+        for (int i = 0; i < m_store->GetCount(); ++i)
+        {
+            CDcmElement& element = *m_store->GetAt(i);
+            const CDcmElement* value = values.Find(element);
+            if (value != nullptr && element.Vr() != value->Vr())
+            {
+                // Values pass between elements of one VR only, but a name stays none because a file gave it another VR.
+                element.EmptyValue();
+                element.AddText(text);
+            }
+        }
     }
 }

@@ -78,7 +78,8 @@ CDcmIOD& CDcmIOD::operator+=(CDcmModule& module)
 
 CDcmIOD& CDcmIOD::operator-=(CDcmModule& module)
 {
-    m_store->RemoveTagsOf(module.GetDcmElementSet());
+    // A stream may have repeated a tag, and what a caller removes must not stay.
+    m_store->RemoveEveryTagOf(module.GetDcmElementSet());
     if (CDcmModule* registered = FindIodModule(module.GetRuntimeClass()))
     {
         registered->EmptyModule();
@@ -88,7 +89,7 @@ CDcmIOD& CDcmIOD::operator-=(CDcmModule& module)
 
 CDcmIOD& CDcmIOD::operator-=(const CDcmIOD& other)
 {
-    m_store->RemoveTagsOf(*other.m_store);
+    m_store->RemoveEveryTagOf(*other.m_store);
     return *this;
 }
 

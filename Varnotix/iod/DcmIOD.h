@@ -49,9 +49,9 @@ public:
 
     /// All elements of the module replace those of their tags in the store.
     CDcmIOD& operator+=(CDcmModule& module);
-    /// Removes the module's tags from the store; the registered module is emptied.
+    /// Removes every element of the module's tags from the store; the registered module is emptied.
     CDcmIOD& operator-=(CDcmModule& module);
-    /// Removes the tags of the other's store from this store.
+    /// Removes every element of the tags of the other's store from this store.
     CDcmIOD& operator-=(const CDcmIOD& other);
     /// Elements of the store take the values of N; nothing is added.
     CDcmIOD& operator&=(CDcmModule& module);
