@@ -1,0 +1,364 @@
+#include "Elements.h"
+#include "Varnotix/iod/DcmNormalizedIOD.h"
+#include "Varnotix/iod/IdentifyingTags.h"
+#include "Varnotix/iod/ImageIODs.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+/// Opens InitializeIod.
+template <class IOD>
+class CAgain : public IOD
+{
+public:
+    using IOD::InitializeIod;
+};
+
+std::string ModuleNames(const CDcmIOD& iod)
+{
+    std::string names;
+    for (int i = 0; i < iod.ModuleCount(); ++i)
+    {
+        std::string name(iod.ModuleAt(i).GetRuntimeClass()->m_lpszClassName);
+        names += (i > 0 ? " " : "") + name.substr(4, name.size() - 4 - 6); // Without CDcm and Module.
+    }
+    return names;
+}
+
+/// Registered once, registered again, and made by its run-time class: always the same modules in the same order.
+template <class IOD>
+void ExpectModules(const std::string& expected)
+{
+    CAgain<IOD> iod;
+    EXPECT_EQ(ModuleNames(iod), expected);
+    iod.InitializeIod();
+    EXPECT_EQ(ModuleNames(iod), expected);
+    const std::unique_ptr<CObject> made(iod.GetRuntimeClass()->CreateObject());
+    ASSERT_NE(dynamic_cast<IOD*>(made.get()), nullptr);
+    EXPECT_EQ(ModuleNames(static_cast<const CDcmIOD&>(*made)), expected);
+}
+
+const std::string kStart = "MetaFileInfor ";
+const std::string kPatient = "Patient ClinicalTrialSubject ";
+const std::string kStudy = "GeneralStudy ClinicalTrialStudy PatientStudy ";
+const std::string kEquipment = "GeneralEquipment ";
+const std::string kSeries = "GeneralSeries ClinicalTrialSeries ";
+const std::string kImage = "GeneralImage ImagePixel SOPCommon ";
+
+/// An object as it comes from elsewhere: no class of this library's typed ones.
+CByteArray Stream(std::initializer_list<CDcmElement*> elements)
+{
+    CDcmIOD iod;
+    for (CDcmElement* element : elements)
+    {
+        iod.ElementStore().Add(element);
+    }
+    CByteArray bytes;
+    iod.ExportFileFormat(bytes);
+    return bytes;
+}
+
+CByteArray Stream(CDcmIOD& iod)
+{
+    CByteArray bytes;
+    iod.ExportFileFormat(bytes);
+    return bytes;
+}
+
+CByteArray CtStream()
+{
+    return Stream({MakeText(0x0008, 0x1030, "HEAD"), MakeText(0x0008, 0x1090, "GT"),
+                   MakeText(0x0010, 0x0010, "DOE^JANE"), MakeText(0x0010, 0x0020, "77"),
+                   MakeText(0x0018, 0x0060, "80")});
+}
+
+CString TextOf(const CDcmIOD& iod, int group, int element)
+{
+    const CDcmElement* found = iod.ElementStore().Find(group, element);
+    return found != nullptr ? found->JoinedText() : CString("none");
+}
+
+} // namespace
+
+TEST(TypedIod, RegistersItsModulesInOrderAndOnce)
+{
+    const std::string common = kStart + kPatient + kStudy;
+    ExpectModules<CDcmCompositeIE>("MetaFileInfor");
+    ExpectModules<CDcmCompositeIEIOD>(common + kEquipment + "GeneralSeries ClinicalTrialSeries");
+    const std::string slice =
+        common + kEquipment + kSeries + "FrameOfReference " + kImage + "ImagePlane ContrastBolus OverLayPlane VioLut ";
+    ExpectModules<CCTImageIOD>(slice + "CTImage");
+    ExpectModules<CMRImageIOD>(slice + "MRImage");
+    ExpectModules<CCRImageIOD>(kStart + kPatient + kEquipment + kStudy + kSeries + "CRSeries " + kImage +
+                               "ContrastBolus CRImage OverLayPlane Curve ModalityLUT VioLut");
+    ExpectModules<CNMImageIOD>(common + kSeries + "NMPetOrientation FrameOfReference " + kEquipment + kImage +
+                               "NMImagePixel MultiFrame NMMultiFrame NMImage NMIsotope NMDetector NMTomo NMMultiGated "
+                               "NMPhase NMReconstruction OverLayPlane MultiFrameOverlay Curve VioLut");
+    const std::string ultrasound = common + kSeries + kEquipment +
+                                   "FrameOfReference USFrameOfReference Synchronization CurveIdentification Curve "
+                                   "Audio";
+    ExpectModules<CUltraSoundIOD>(ultrasound);
+    const std::string usImage =
+        ultrasound + " " + kImage + "ContrastBolus PalleteColorLookUp USRegionCalibration USImage VioLut ";
+    ExpectModules<CUSImageIOD>(usImage + "OverLayPlane");
+    ExpectModules<CUSMultiFrameImageIOD>(usImage + "Cine MultiFrame");
+    const std::string capture = common + kSeries + kEquipment + "SCEquipment";
+    ExpectModules<CSecondaryCaptureIOD>(capture);
+    ExpectModules<CSCImageIOD>(capture + " " + kImage + "SCImage OverLayPlane ModalityLUT VioLut");
+    ExpectModules<CSCMultiFrameImageIOD>(
+        capture + " " + kImage + "Cine MultiFrame SCMultiFrameImage SCMultiFrameVector SCImage OverLayPlane VioLut");
+    ExpectModules<CDcmNormalizedIOD>("SOPCommon MetaFileInfor");
+    ExpectModules<CPatientInformationIOD>("SOPCommon MetaFileInfor PatientRelationship PatientIdentification "
+                                          "PatientDemographic PatientMedical");
+}
+
+TEST(TypedIod, ShowsWhatItReadAndWritesWhatNobodyTouched)
+{
+    CCTImageIOD ct;
+    ct.Import(CtStream());
+    EXPECT_STREQ(ct.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
+    EXPECT_STREQ(ct.Module<CDcmGeneralStudyModule>().StudyDescription(), "HEAD");
+    EXPECT_STREQ(ct.Module<CDcmCTImageModule>().KVP(), "80");
+    const CByteArray untouched(Stream(ct));
+    EXPECT_TRUE(untouched == CtStream());
+
+    ct.Module<CDcmPatientModule>().PatientName("RO");
+    ct.Module<CDcmPatientModule>().PatientComments("OK"); // The store has none yet.
+    CDcmIOD written;
+    written.Import(Stream(ct));
+    EXPECT_STREQ(TextOf(written, 0x0010, 0x0010), "RO");
+    EXPECT_STREQ(TextOf(written, 0x0010, 0x4000), "OK");
+    EXPECT_STREQ(TextOf(written, 0x0010, 0x0020), "77");
+}
+
+TEST(TypedIod, EmptyModuleElementsRemoveNothingUnlessTheyAreIncluded)
+{
+    CCTImageIOD ct;
+    ct.Import(CtStream());
+    ct.IodSyntax("1.2.840.10008.1.2.1");
+    ct.Module<CDcmPatientModule>().EmptyModule();
+    CDcmIOD excluded;
+    excluded.Import(Stream(ct));
+    EXPECT_STREQ(TextOf(excluded, 0x0010, 0x0010), "DOE^JANE");
+    EXPECT_EQ(excluded.GetCount(), 5);
+
+    ct.EmptyElements(EMPTY_ELEMENTS_INCLUDED);
+    CDcmIOD included;
+    included.Import(Stream(ct));
+    EXPECT_STREQ(TextOf(included, 0x0010, 0x0010), "");
+    EXPECT_STREQ(TextOf(included, 0x0008, 0x1030), "HEAD");
+    EXPECT_GT(included.GetCount(), 100);
+
+    ct.EmptyElements(2);
+    ct.Module<CDcmPatientModule>().PatientName("RO");
+    CDcmIOD neither;
+    neither.Import(Stream(ct));
+    EXPECT_STREQ(TextOf(neither, 0x0010, 0x0010), "");
+}
+
+TEST(TypedIod, KeepsElementsThatNoModuleKnows)
+{
+    CCTImageIOD ct;
+    CDcmElement* creator = ct.ElementStore().Insert("0099", "0010", "LO", "1");
+    ASSERT_NE(creator, nullptr);
+    creator->AddText("MINE");
+    ct.ElementStore().Insert("0099", "1001", "LO", "1")->AddText("SECRET");
+    ct.ElementStore().Add(MakeText(0x300A, 0x0002, "PLAN"));
+    ct.Module<CDcmCTImageModule>().KVP("90");
+    CMRImageIOD other;
+    other.Import(Stream(ct));
+    CDcmIOD plain;
+    plain.Import(Stream(other));
+    EXPECT_STREQ(TextOf(plain, 0x0099, 0x1001), "SECRET");
+    EXPECT_STREQ(TextOf(plain, 0x300A, 0x0002), "PLAN");
+    EXPECT_STREQ(TextOf(plain, 0x0018, 0x0060), "90");
+}
+
+TEST(TypedIod, IsMadeOfAGenericObject)
+{
+    CDcmCompositeIOD generic;
+    generic.Import(CtStream());
+    CCTImageIOD ct(generic);
+    EXPECT_STREQ(ct.Module<CDcmCTImageModule>().KVP(), "80");
+    CDcmCompositeIEIOD composite(generic);
+    EXPECT_STREQ(composite.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
+    EXPECT_EQ(composite.ModuleCount(), 10 - 1);
+    EXPECT_TRUE(CDcmCompositeIE(generic) == CDcmCompositeIE(generic));
+    EXPECT_STREQ(CPatientInformationIOD(generic).PatientIdentification().PatientName(), "DOE^JANE");
+
+    // Its own modules are registered again, whatever became of the list.
+    CMRImageIOD mr;
+    CDcmPatientModule stranger;
+    stranger.SetOwner(&mr);
+    stranger.AttachModule();
+    mr.Entity<CDcmCompositeIE::image_ie_mr>().DetachIE();
+    mr = static_cast<const CDcmCompositeIOD&>(ct);
+    EXPECT_EQ(ModuleNames(mr), ModuleNames(CMRImageIOD()));
+    EXPECT_STREQ(mr.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
+    EXPECT_TRUE(static_cast<CDcmIOD&>(mr) == ct);
+}
+
+TEST(TypedIod, CopyTakesModuleValuesThatAreNotInTheStore)
+{
+    CCTImageIOD ct;
+    ct.Import(CtStream());
+    ct.Module<CDcmCTImageModule>().GantryDetectorTilt("5");
+    ct.Module<CDcmPatientModule>().PatientName("RO"); // The store still has the name that was read.
+    ct.MetaFileInformation().MediaInstanceUID("1.2");
+    CCTImageIOD copy(ct);
+    EXPECT_STREQ(copy.Module<CDcmCTImageModule>().GantryDetectorTilt(), "5");
+    EXPECT_STREQ(copy.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
+    EXPECT_STREQ(copy.MetaFileInformation().MediaInstanceUID(), "1.2");
+    EXPECT_EQ(&copy.ModuleAt(1), &copy.Module<CDcmPatientModule>());
+    EXPECT_EQ(copy.ModuleAt(1).Owner(), &copy);
+    copy = *&copy;
+    EXPECT_STREQ(copy.Module<CDcmCTImageModule>().GantryDetectorTilt(), "5");
+
+    CPatientInformationIOD patient;
+    patient.PatientIdentification().PatientName("RO");
+    CPatientInformationIOD other(patient);
+    EXPECT_STREQ(other.PatientIdentification().PatientName(), "RO");
+}
+
+TEST(TypedIod, ComparesModulesMetaInformationAndStore)
+{
+    CDcmCompositeIEIOD one;
+    CDcmCompositeIEIOD two;
+    EXPECT_TRUE(one == two);
+    EXPECT_FALSE(one != two);
+    for (CDcmModule* module : {static_cast<CDcmModule*>(&one.Module<CDcmGeneralEquipmentModule>()),
+                               static_cast<CDcmModule*>(&one.Module<CDcmClinicalTrialSeriesModule>()),
+                               static_cast<CDcmModule*>(&one.Module<CDcmPatientStudyModule>())})
+    {
+        CDcmElement& element = *module->GetDcmElementSet().FindDeclared(0);
+        element.AddText("1");
+        EXPECT_TRUE(one != two) << module->GetRuntimeClass()->m_lpszClassName;
+        EXPECT_FALSE(one == two);
+        element.EmptyValue();
+        EXPECT_TRUE(one == two);
+    }
+    one.ElementStore().Add(MakeText(0x0010, 0x0010, "N"));
+    EXPECT_TRUE(one != two);
+}
+
+TEST(TypedIod, DifferenceInMetaInformationAloneIsNeitherEqualNorUnequal)
+{
+    CDcmCompositeIE one;
+    CDcmCompositeIE two;
+    EXPECT_TRUE(one == two);
+    one.MetaFileInformation().TransferSyntaxUID("1.2");
+    EXPECT_FALSE(one == two);
+    EXPECT_FALSE(one != two);
+    two.ElementStore().Add(MakeText(0x0010, 0x0010, "N"));
+    EXPECT_TRUE(one != two);
+}
+
+TEST(NormalizedIod, MergesWhatIsNotEmptyWhateverTheMode)
+{
+    CPatientInformationIOD patient;
+    patient.Import(Stream({MakeText(0x0008, 0x0018, "1.22"), MakeText(0x0010, 0x0010, "JD"),
+                           MakeText(0x0010, 0x2000, "ALERT"), MakeText(0x0028, 0x0004, "RB")}));
+    EXPECT_STREQ(patient.SOPCommon().SOPInstanceUID(), "1.22");
+    EXPECT_STREQ(patient.PatientIdentification().PatientName(), "JD");
+    patient.SOPCommon().EmptyModule();
+    patient.PatientIdentification().PatientName("RO");
+    patient.PatientIdentification().PatientID("99");
+    for (const int mode : {EMPTY_ELEMENTS_INCLUDED + 0, EMPTY_ELEMENTS_EXCLUDED + 0, 2})
+    {
+        patient.EmptyElements(mode);
+        CDcmIOD written;
+        written.Import(Stream(patient));
+        EXPECT_EQ(written.GetCount(), 5) << mode;
+        EXPECT_STREQ(TextOf(written, 0x0008, 0x0018), "1.22");
+        EXPECT_STREQ(TextOf(written, 0x0010, 0x0010), "RO");
+        EXPECT_STREQ(TextOf(written, 0x0010, 0x0020), "99");
+        EXPECT_STREQ(TextOf(written, 0x0028, 0x0004), "RB");
+    }
+}
+
+/// An object that holds every identifying element and a few others.
+class Anonymisation : public testing::Test
+{
+protected:
+    Anonymisation()
+    {
+        for (const SIdentifyingTag& tag : kIdentifyingTags)
+        {
+            m_iod.ElementStore().AddKnown(tag.group, tag.element)->AddText("WHO");
+        }
+        m_iod.ElementStore().Add(MakeText(0x0008, 0x0060, "CT"));
+        m_iod.ElementStore().Add(MakeSequence(0x0008, 0x1120, {MakeText(0x0010, 0x0010, "NESTED")}));
+        m_iod.UpdateIod(false);
+    }
+
+    void ExpectTheRestIsThere()
+    {
+        EXPECT_STREQ(TextOf(m_iod, 0x0008, 0x0060), "CT");
+        EXPECT_STREQ(m_iod.ElementStore().Find(0x0008, 0x1120)->Items()->Find(0x0010, 0x0010)->JoinedText(), "NESTED");
+        EXPECT_STREQ(m_iod.Module<CDcmPatientModule>().PatientName(), "WHO");
+        m_iod.UpdateIod(false);
+    }
+
+    CDcmCompositeIEIOD m_iod;
+};
+
+TEST_F(Anonymisation, ReplacesEveryElementThatIsThere)
+{
+    m_iod.ElementStore().Remove(0x0010, 0x1000);
+    m_iod.ElementStore().Find(0x0010, 0x1001)->AddText("ALIAS");
+    m_iod.ElementStore().Find(0x0008, 0x0050)->EmptyValue();
+    ASSERT_EQ(m_iod.GetCount(), 33);
+    m_iod.Anonymize55("X");
+    EXPECT_EQ(m_iod.GetCount(), 33);
+    for (const SIdentifyingTag& tag : kIdentifyingTags)
+    {
+        const CDcmElement* element = m_iod.ElementStore().Find(tag.group, tag.element);
+        EXPECT_STREQ(element != nullptr ? element->JoinedText() : CString("X"), "X") << tag.group << tag.element;
+    }
+    EXPECT_EQ(m_iod.ElementStore().Find(0x0010, 0x1000), nullptr);
+    ExpectTheRestIsThere();
+    EXPECT_STREQ(m_iod.Module<CDcmPatientModule>().PatientName(), "X");
+}
+
+TEST_F(Anonymisation, RemovesEveryElementForAnEmptyText)
+{
+    m_iod.ElementStore().Remove(0x0010, 0x1000);
+    m_iod.Anonymize55("");
+    EXPECT_EQ(Listing(m_iod.ElementStore()), (std::vector<std::string>{"00080060=CT", "00081120="}));
+    ExpectTheRestIsThere();
+}
+
+TEST_F(Anonymisation, OverlooksNeitherARepeatedElementNorOneOfAnotherVr)
+{
+    for (const char* text : {"X", ""})
+    {
+        CDcmIOD iod;
+        for (const int vr : {VR_PN, VR_LO, VR_PN})
+        {
+            auto name = std::make_unique<CDcmElement>(0x0010, 0x0010, vr);
+            name->AddText("DOE");
+            iod.ElementStore().Add(name.release());
+        }
+        for (const int vr : {VR_OB, VR_UN})
+        {
+            auto id = std::make_unique<CDcmElement>(0x0010, 0x0020, vr);
+            id->SetRawBytes(TextBytes("DOE7"));
+            iod.ElementStore().Add(id.release());
+        }
+        iod.IodSyntax("1.2.840.10008.1.2.1");
+        CDcmIOD read; // Its values stand in the bytes of the stream.
+        const CByteArray stream(Stream(iod));
+        for (const bool fromStream : {false, true})
+        {
+            read.Import(stream);
+            CDcmIOD& object = fromStream ? read : iod;
+            EXPECT_EQ(object.GetCount(), 5);
+            object.Anonymize55(text);
+            EXPECT_EQ(object.GetCount(), *text != '\0' ? 5 : 0);
+            const std::vector<int> written = Numbers(Stream(object));
+            EXPECT_EQ(std::string(written.begin(), written.end()).find("DOE"), std::string::npos);
+        }
+    }
+}
