@@ -1,0 +1,159 @@
+#include "Sample.h"
+#include "Varnotix/iod/ImageIODs.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace
+{
+
+/// The concrete class for an object's SOP class; a generic composite object for any other.
+std::unique_ptr<CDcmCompositeIOD> ObjectFor(const CDcmIOD& plain)
+{
+    const CDcmElement* sopClass = plain.ElementStore().Find(0x0008, 0x0016);
+    const std::string uid(sopClass != nullptr ? sopClass->JoinedText().CText() : "");
+    const std::string storage = "1.2.840.10008.5.1.4.1.1.";
+    const std::string kind = uid.substr(0, storage.size()) == storage ? uid.substr(storage.size()) : "";
+    if (kind == "1")
+    {
+        return std::make_unique<CCRImageIOD>();
+    }
+    if (kind == "2")
+    {
+        return std::make_unique<CCTImageIOD>();
+    }
+    if (kind == "4")
+    {
+        return std::make_unique<CMRImageIOD>();
+    }
+    if (kind == "6.1")
+    {
+        return std::make_unique<CUSImageIOD>();
+    }
+    if (kind == "3.1")
+    {
+        return std::make_unique<CUSMultiFrameImageIOD>();
+    }
+    if (kind == "20")
+    {
+        return std::make_unique<CNMImageIOD>();
+    }
+    if (kind == "7")
+    {
+        return std::make_unique<CSCImageIOD>();
+    }
+    if (kind.substr(0, 2) == "7.")
+    {
+        return std::make_unique<CSCMultiFrameImageIOD>();
+    }
+    return std::make_unique<CDcmCompositeIOD>();
+}
+
+/// The lines of elements with a value. Empty elements inside sequences are no part of a module's value.
+Lines ValuesOf(const CDcmElementSet& set)
+{
+    Lines lines;
+    AddLines(set, "", lines);
+    std::erase_if(lines, [](const auto& line) { return line.second.size() <= 3; });
+    return lines;
+}
+
+/// Every sample that can be read, read plainly and into its concrete class.
+template <class CHECK>
+void ForEachSample(const CHECK& check)
+{
+    for (const std::string& name : SampleNames())
+    {
+        SCOPED_TRACE(name);
+        const CByteArray bytes(FileBytes(SampleFolder() + "/" + name));
+        CDcmIOD plain;
+        plain.Import(bytes);
+        if (plain.GetCount() > 0)
+        {
+            const std::unique_ptr<CDcmCompositeIOD> typed = ObjectFor(plain);
+            typed->Import(bytes);
+            check(plain, *typed);
+        }
+    }
+}
+
+} // namespace
+
+TEST(SampleTyped, ModulesShowWhatTheStoreHolds)
+{
+    SKIP_WITHOUT_SAMPLES();
+    int shown = 0;
+    ForEachSample(
+        [&shown](const CDcmIOD& plain, const CDcmCompositeIOD& typed)
+        {
+            EXPECT_EQ(LinesOf(typed), LinesOf(plain));
+            for (int m = 0; m < typed.ModuleCount(); ++m)
+            {
+                const CDcmModule& module = typed.ModuleAt(m);
+                SCOPED_TRACE(module.GetRuntimeClass()->m_lpszClassName);
+                const CDcmElementSet& elements = module.GetDcmElementSet();
+                for (int i = 0; i < elements.GetCount(); ++i)
+                {
+                    const CDcmElement& element = *elements.GetAt(i);
+                    const CDcmElement* stored = plain.ElementStore().Find(element);
+                    if (stored == nullptr)
+                    {
+                        EXPECT_TRUE(element.IsEmptyValue()) << Text("%08X", element.Tag());
+                    }
+                    else if (element.Items() != nullptr && stored->Items() != nullptr)
+                    {
+                        EXPECT_EQ(ValuesOf(*element.Items()), ValuesOf(*stored->Items()))
+                            << Text("%08X", element.Tag());
+                    }
+                    else if (element.Vr() == stored->Vr())
+                    {
+                        EXPECT_EQ(ValueText(element), ValueText(*stored)) << Text("%08X", element.Tag());
+                        ++shown;
+                    }
+                }
+            }
+        });
+    EXPECT_GT(shown, 1000);
+}
+
+TEST(SampleTyped, WritingThroughModulesChangesNoValue)
+{
+    SKIP_WITHOUT_SAMPLES();
+    ForEachSample(
+        [](CDcmIOD& plain, CDcmCompositeIOD& typed)
+        {
+            CByteArray plainBytes;
+            plain.ExportFileFormat(plainBytes);
+            CByteArray typedBytes;
+            typed.ExportFileFormat(typedBytes);
+            EXPECT_EQ(ValuesOf(typed.ElementStore()), ValuesOf(plain.ElementStore()));
+            CDcmIOD plainAgain;
+            plainAgain.Import(plainBytes);
+            CDcmIOD typedAgain;
+            typedAgain.Import(typedBytes);
+            EXPECT_EQ(ValuesOf(typedAgain.ElementStore()), ValuesOf(plainAgain.ElementStore()));
+            EXPECT_EQ(typedAgain.GetCount(), plainAgain.GetCount());
+        });
+}
+
+TEST(SampleTyped, AGenericObjectBecomesATypedOne)
+{
+    SKIP_WITHOUT_SAMPLES();
+    ForEachSample(
+        [](CDcmIOD& plain, CDcmCompositeIOD& typed)
+        {
+            CDcmCompositeIOD generic;
+            CByteArray bytes;
+            plain.ExportFileFormat(bytes);
+            generic.Import(bytes);
+            CDcmCompositeIEIOD converted(generic);
+            EXPECT_EQ(LinesOf(converted), LinesOf(generic));
+            if (const CDcmModule* patient = typed.FindModule(RUNTIME_CLASS(CDcmPatientModule)))
+            {
+                CDcmPatientModule& mine = converted.Module<CDcmPatientModule>();
+                EXPECT_STREQ(mine.PatientName(),
+                             CDcmPatientModule(static_cast<const CDcmPatientModule&>(*patient)).PatientName());
+            }
+        });
+}
