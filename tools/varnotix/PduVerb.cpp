@@ -82,7 +82,8 @@ void PrintDump(const CByteArray& bytes)
 void ShowPdu(const CByteArray& bytes, const std::vector<SPduField>& fields, int number, int start, bool showFields)
 {
     CString heading;
-    heading.Format("# PDU %d at offset %d, %d bytes: %s\n", number, start, bytes.GetSize(), PduTypeName(bytes[0]));
+    heading.Format("# PDU %d at offset %d, %s: %s\n", number, start,
+                   static_cast<const char*>(SizeText(bytes.GetSize())), PduTypeName(bytes[0]));
     WriteStandardOutput(heading.View());
     if (!showFields)
     {
