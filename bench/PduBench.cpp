@@ -63,9 +63,9 @@ void DecodeItems(benchmark::State& state)
     bytes[0] = PDU_ASSOCIATE_RQ;
     for (std::int64_t i = 0; i < state.range(0); ++i)
     {
-        for (const BYTE byte : {0x50, 0x00, 0x00, 0x04, 0x51, 0x00, 0x00, 0x00})
+        for (const int byte : {0x50, 0x00, 0x00, 0x04, 0x51, 0x00, 0x00, 0x00})
         {
-            bytes.Add(byte);
+            bytes.Add(static_cast<BYTE>(byte));
         }
     }
     for ([[maybe_unused]] auto iteration : state)
