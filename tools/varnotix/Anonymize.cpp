@@ -86,10 +86,6 @@ void CAnonymizer::Apply(CDcmIOD& object) const
     CDcmElementSet& store = object.ElementStore();
     TellReplaced(store);
     object.Anonymize55(m_wanted.text);
-    if (m_wanted.text.IsEmpty())
-    {
-        RemoveIdentifying(store); // Tags that stand there twice.
-    }
     if (m_wanted.deep)
     {
         RemovePrivateGroups(store);

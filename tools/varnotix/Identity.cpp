@@ -62,6 +62,11 @@ void RemoveWhere(CDcmElementSet& set, const CONDITION& condition)
     set.RemoveTagsOf(doomed);
 }
 
+void RemoveIdentifying(CDcmElementSet& set)
+{
+    RemoveWhere(set, [](const CDcmElement& element) { return IsIdentifying(element.Tag()); });
+}
+
 /// Changes a set and the items in it, at every depth. A sequence that loses all its attributes goes too: a read would
 /// take the element behind an empty sequence for one of its items.
 template <class CHANGE>
@@ -145,11 +150,6 @@ void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text)
 void RemovePrivateGroups(CDcmElementSet& store)
 {
     AtEveryDepth(store, [](CDcmElementSet& set) { RemoveWhere(set, IsPrivate); });
-}
-
-void RemoveIdentifying(CDcmElementSet& set)
-{
-    RemoveWhere(set, [](const CDcmElement& element) { return IsIdentifying(element.Tag()); });
 }
 
 void SetIdentityRemoved(CDcmElementSet& store)

@@ -25,9 +25,6 @@ void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text);
 /// Removes every element of odd groups, at every depth.
 void RemovePrivateGroups(CDcmElementSet& store);
 
-/// Removes every identifying element from one set.
-void RemoveIdentifying(CDcmElementSet& set);
-
 /// Patient Identity Removed and the method (PS3.3 C.7.1.1).
 void SetIdentityRemoved(CDcmElementSet& store);
 

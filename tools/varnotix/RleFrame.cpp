@@ -1,7 +1,5 @@
 #include "RleFrame.h"
 
-#include "Varnotix/pixel/DcmImagePixelModule.h"
-
 namespace
 {
 
