@@ -51,18 +51,6 @@ CObList List(std::initializer_list<CObject*> objects)
 
 } // namespace
 
-TEST(PixelModule, DeclaresPixelDataLast)
-{
-    CDcmImagePixelModule module;
-    CStringArray tags;
-    module.GetDcmElementSet().DeclaredTags(tags);
-    ASSERT_EQ(tags.GetSize(), 38);
-    EXPECT_STREQ(tags[0], "0028");
-    EXPECT_STREQ(tags[1], "0002");
-    EXPECT_STREQ(tags[36], "7FE0");
-    EXPECT_STREQ(tags[37], "0010");
-}
-
 TEST(PixelModule, AddsBytesAsFramesToByteDataOnly)
 {
     CDcmImagePixelModule module;
@@ -181,79 +169,4 @@ TEST(PixelModule, SharesFramesOnTheWayFromStreamToStream)
     EXPECT_EQ(inStore()[0], 7);
     EXPECT_EQ(PixelData(module).Frames()->GetFrame(0)->Data()[0], 1);
     EXPECT_TRUE(written == stream);
-}
-
-TEST(RepeatingGroups, ModulesDeclareTheirTagsInTheGroupTheyAreGiven)
-{
-    CDcmOverLayPlaneModule overlay("6002");
-    CStringArray tags;
-    overlay.GetDcmElementSet().DeclaredTags(tags);
-    EXPECT_EQ(tags.GetSize(), 26);
-    for (int i = 0; i < tags.GetSize(); i += 2)
-    {
-        EXPECT_STREQ(tags[i], "6002");
-    }
-    EXPECT_STREQ(tags[13], "3000"); // In the order of the standard's table, which is not that of the tags.
-    EXPECT_STREQ(tags[25], "1303");
-    overlay.OverlayData(Bytes({1, 2}));
-    overlay.OverlayLabel("L");
-    EXPECT_EQ(overlay.GetDcmElementSet().Find(0x6002, 0x3000)->Name(), CDcmElement(0x6000, 0x3000).Name());
-    EXPECT_STREQ(overlay.GetDcmElementSet().Find(0x6002, 0x1500)->JoinedText(), "L");
-    EXPECT_TRUE(CDcmElement(0x6001, 0x3000).HasEntry());
-
-    const CDcmOverLayPlaneModule copy(overlay);
-    EXPECT_NE(copy.GetDcmElementSet().Find(0x6002, 0x3000), nullptr);
-    CDcmOverLayPlaneModule assigned;
-    EXPECT_NE(assigned.GetDcmElementSet().Find(0x6000, 0x0010), nullptr);
-    assigned = overlay;
-    EXPECT_STREQ(assigned.OverlayLabel(), "L");
-    EXPECT_EQ(assigned.GetDcmElementSet().Find(0x6000, 0x0010), nullptr);
-    for (const char* strange : {"", "zz", "600000"})
-    {
-        CDcmCurveModule curve{CString(strange)}; // Any text is taken.
-        curve.CurveLabel("L");
-    }
-}
-
-TEST(RepeatingGroups, ACurvesOverlayReferenceIsItsOwnGroups)
-{
-    CDcmCurveModule curve("5002");
-    CDcmElement* sequence = curve.GetDcmElementSet().Find(0x5002, 0x2600);
-    ASSERT_NE(sequence, nullptr);
-    EXPECT_NE(sequence->Items()->Find(0x5002, 0x2610), nullptr);
-    curve.ReferencedOverlay().GetDcmElementSet().Find(0x5002, 0x2610)->AddWord(0x6004);
-    EXPECT_EQ((*sequence->Items()->Find(0x5002, 0x2610)->Words())[0], 0x6004);
-    EXPECT_NE(CDcmCurveModule().GetDcmElementSet().Find(0x5000, 0x2600), nullptr);
-    EXPECT_NE(CDcmMultiFrameOverlayModule().GetDcmElementSet().Find(0x6000, 0x0051), nullptr);
-}
-
-TEST(RepeatingGroups, ASecondOverlayGoesIntoTheObjectAndComesBackOutOfIt)
-{
-    CSCImageIOD image;
-    CDcmOverLayPlaneModule& first = image.Module<CDcmOverLayPlaneModule>();
-    first.OverlayRows(1);
-    CDcmOverLayPlaneModule second("6002");
-    second.OverlayRows(2);
-    image << second;
-    EXPECT_EQ(first.OverlayRows(), 1);
-    CByteArray stream;
-    image.ExportFileFormat(stream);
-
-    CSCImageIOD read;
-    read.Import(stream);
-    EXPECT_EQ(read.Module<CDcmOverLayPlaneModule>().OverlayRows(), 1);
-    CDcmOverLayPlaneModule fresh("6002");
-    read >> fresh;
-    EXPECT_EQ(fresh.OverlayRows(), 2);
-}
-
-TEST(Palette, BlueTableIsReadAndSetUnderTwoNames)
-{
-    CDcmPalleteColorLookUpModule palette;
-    palette.BluePaletteData(Words({1, 0xFFFF}));
-    EXPECT_EQ(palette.BlueTableData().GetSize(), 2);
-    EXPECT_EQ(palette.BlueTableData()[1], 0xFFFF);
-    EXPECT_TRUE(palette.GreenPaletteData().IsEmpty());
-    EXPECT_TRUE(palette.SegmentedRedPaletteData().IsEmpty());
-    EXPECT_EQ((*palette.GetDcmElementSet().Find(0x0028, 0x1203)->Words())[0], 1);
 }
