@@ -1,7 +1,6 @@
 #include "Elements.h"
 #include "Varnotix/asl/AslWriter.h"
 #include "Varnotix/asl/DcmAttributeSet.h"
-#include "Varnotix/element/DcmFrameList.h"
 
 #include <gtest/gtest.h>
 
@@ -13,16 +12,6 @@ namespace
 {
 
 using Texts = std::vector<std::string>;
-
-/// Opens what a derived class may do.
-class CTestSet : public CDcmAttributeSet
-{
-public:
-    using CDcmAttributeSet::CopyByCreate;
-    using CDcmAttributeSet::CopyByReference;
-    using CDcmAttributeSet::DestroySet;
-    using CDcmAttributeSet::EmptyAll;
-};
 
 std::string LineOf(const CDcmElement& element)
 {
@@ -82,23 +71,6 @@ TEST(AslLine, WritesPrintableBytesAsTextAndManyAsTheirCount)
     EXPECT_EQ(LineOf(0x0002, 0x0001, TextBytes(longest + "x")), start + "5001,]");
 }
 
-TEST(AslLine, TellsOfPixelDataInsteadOfWritingIt)
-{
-    for (const int vr : {VR_OB, VR_OW})
-    {
-        CDcmElement pixels(0x7FE0, 0x0010, vr);
-        pixels.Frames()->AddFrame(Bytes({1, 2, 3, 4}));
-        CStringArray texts;
-        pixels.Frames()->Describe(texts);
-        std::string expected = std::string("7fe0,0010,") + VrText(vr) + ",1,Pixel Data,[";
-        for (const std::string& text : Lines(texts))
-        {
-            expected += text + ",";
-        }
-        EXPECT_EQ(LineOf(pixels), expected + "]");
-    }
-}
-
 TEST(AslLine, EndsBehindTheNameWhereThereIsNoValueList)
 {
     EXPECT_EQ(LineOf(0x0072, 0x006D, Bytes({1})), "0072,006d,UN,1,Selector UN Value");
@@ -152,57 +124,6 @@ TEST(AttributeSetExport, AppendsHeaderAndLines)
     EXPECT_EQ(FileText("set.asl"), expected);
     std::filesystem::remove("set.asl");
     EXPECT_NO_THROW(set.Export(CString("no such folder/set.asl")));
-}
-
-TEST(AttributeSetCopy, ByValueTouchesCommonTagsOnly)
-{
-    CDcmAttributeSet left;
-    CDcmAttributeSet right;
-    left << right;
-    left.GetDcmElementSet().Add(MakeText(0x0010, 0x0010, "A"));
-    left << right;
-    right << left;
-    EXPECT_EQ(right.GetCount(), 0);
-    left.GetDcmElementSet().Add(MakeText(0x0010, 0x0040, "M"));
-    right.GetDcmElementSet().Add(MakeText(0x0010, 0x0010, "B"));
-    right.GetDcmElementSet().Add(MakeText(0x0010, 0x0020, "1"));
-    EXPECT_EQ(&(left << right), &left);
-    EXPECT_EQ(Listing(left.GetDcmElementSet()), (Texts{"00100010=B", "00100040=M"}));
-    left.GetDcmElementSet().GetAt(0)->AddText("C");
-    EXPECT_EQ(&(left >> right), &left);
-    EXPECT_EQ(Listing(right.GetDcmElementSet()), (Texts{"00100010=C", "00100020=1"}));
-    EXPECT_TRUE(left != right);
-}
-
-TEST(AttributeSetCopy, ByCreateIsDeepWithDeclaredTags)
-{
-    CTestSet source;
-    source.GetDcmElementSet().Declare("0010", "0010");
-    source.GetDcmElementSet().GetAt(0)->AddText("A");
-    CTestSet copy(source);
-    copy.GetDcmElementSet().GetAt(0)->AddText("B");
-    EXPECT_STREQ(source.GetDcmElementSet().GetAt(0)->JoinedText(), "A");
-    EXPECT_NE(copy.GetDcmElementSet().FindDeclared(0), nullptr);
-    copy = source;
-    EXPECT_TRUE(copy == source);
-    copy.CopyByCreate(copy);
-    EXPECT_EQ(copy.GetCount(), 1);
-    copy.CopyByCreate(CTestSet());
-    EXPECT_EQ(copy.GetCount(), 0);
-    EXPECT_EQ(copy.GetDcmElementSet().DeclaredTagTexts(), 0);
-}
-
-TEST(AttributeSetCopy, ByReferenceSharesElements)
-{
-    CTestSet source;
-    source.GetDcmElementSet().Add(MakeText(0x0010, 0x0010, "A"));
-    CTestSet sharing;
-    sharing.CopyByReference(source);
-    EXPECT_TRUE(sharing == source);
-    sharing.EmptyAll();
-    EXPECT_TRUE(source.GetDcmElementSet().GetAt(0)->IsEmptyValue());
-    sharing.DestroySet();
-    EXPECT_EQ(source.GetCount(), 0);
 }
 
 TEST(AttributeSetEmpty, ClearsTheValueAndKeepsTheElement)
