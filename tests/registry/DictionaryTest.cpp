@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <set>
-#include <string>
 #include <utility>
 
 namespace
@@ -86,62 +84,6 @@ TEST(Dictionary, IsFoundByTextsInAnyCaseAndWithBlanks)
     }
 }
 
-TEST(Dictionary, EveryGroupOfARepeatingFamilyAnswersWithOneEntry)
-{
-    const CDcmEntry* data = Registry().LookUpDictionary("60xx", "3000");
-    ASSERT_NE(data, nullptr);
-    EXPECT_EQ(Registry().LookUpDictionary("60XX", "3000"), data);
-    for (const int group : {0x6000, 0x6001, 0x6002, 0x60FF})
-    {
-        EXPECT_EQ(Registry().LookUpTag(group, 0x3000), data) << group;
-    }
-    EXPECT_EQ(Registry().LookUpTag(0x6100, 0x3000), nullptr);
-    const CDcmEntry* dimensions = Registry().LookUpTag(0x5010, 0x0005);
-    ASSERT_NE(dimensions, nullptr);
-    EXPECT_EQ(dimensions, Registry().LookUpDictionary("50xx", "0005"));
-    // By text only the family itself has a key.
-    EXPECT_EQ(Registry().LookUpDictionary("6002", "3000"), nullptr);
-}
-
-TEST(Dictionary, ShippedFileHoldsWhatStreamsNeed)
-{
-    EXPECT_GT(Registry().DictionarySize(), 4000);
-    // Without its group length line a stream that carries one could not be read.
-    for (const int group : {0x0002, 0x0008, 0x0010, 0x0028, 0x5000, 0x50FE, 0x6000, 0x6002, 0x7FE0})
-    {
-        const CDcmEntry* entry = Registry().LookUpTag(group, 0x0000);
-        ASSERT_NE(entry, nullptr) << group;
-        EXPECT_EQ(entry->vr, static_cast<DWORD>(VR_UL));
-        EXPECT_EQ(entry->multiplicity, 1);
-    }
-    for (const int element : {0xE000, 0xE00D, 0xE0DD})
-    {
-        ASSERT_NE(Registry().LookUpTag(0xFFFE, element), nullptr);
-        EXPECT_EQ(Registry().LookUpTag(0xFFFE, element)->vr, static_cast<DWORD>(VR_NONE));
-    }
-    EXPECT_EQ(Registry().LookUpTag(0x0010, 0x1001)->multiplicity, -1);
-    EXPECT_EQ(Registry().LookUpTag(0x0028, 0x0030)->multiplicity, 2);
-    EXPECT_EQ(Registry().LookUpTag(0x0028, 0x0106)->vr, static_cast<DWORD>(VR_US));
-}
-
-TEST(Dictionary, ExportWritesALineAnEntryBehindWhatIsThere)
-{
-    CStringArray lines;
-    lines.Add("kept");
-    Registry().ExportPublicDictionary(lines);
-    ASSERT_EQ(lines.GetSize(), Registry().DictionarySize() + 1);
-    EXPECT_STREQ(lines[0], "kept");
-    std::set<std::string> found;
-    for (const CString& line : lines)
-    {
-        found.emplace(line.View());
-    }
-    EXPECT_TRUE(found.contains("0010,0020,LO,1,Patient ID,"));
-    EXPECT_TRUE(found.contains("7FE0,0010,OB,1,Pixel Data,") || found.contains("7FE0,0010,OW,1,Pixel Data,"));
-    EXPECT_TRUE(found.contains("6000,3000,OB,1,Overlay Data,") || found.contains("6000,3000,OW,1,Overlay Data,"));
-    EXPECT_TRUE(found.contains("FFFE,E000,NONE,1,Item,"));
-}
-
 TEST(PrivateEntries, AreMadeForOddGroupsOnly)
 {
     CDcmRegistry mine;
@@ -182,19 +124,4 @@ TEST(PrivateEntries, BelongToOneRegistryUntilTheyArePromoted)
     other.PromotePrivateEntries();
     EXPECT_EQ(mine.LookUpTag(0x0011, 0x1001), lasting);
     EXPECT_EQ(lasting->vr, static_cast<DWORD>(VR_LO));
-}
-
-TEST(PrivateEntries, FarMoreThanTheFirstTableHoldsAreFound)
-{
-    CDcmRegistry mine;
-    for (int element = 0x1000; element < 0x1000 + 5000; ++element)
-    {
-        mine.AddPrivateEntry(0x0013, element, "US", element);
-    }
-    for (int element = 0x1000; element < 0x1000 + 5000; ++element)
-    {
-        ASSERT_NE(mine.LookUpTag(0x0013, element), nullptr);
-        ASSERT_EQ(mine.LookUpTag(0x0013, element)->multiplicity, element);
-    }
-    EXPECT_EQ(mine.LookUpTag(0x0013, 0x0FFF), nullptr);
 }
