@@ -47,15 +47,6 @@ private:
 
 } // namespace
 
-TEST_F(DataFiles, InTheCurrentDirectoryStandBeforeAllOthers)
-{
-    const CDcmRegistry& registry = Load("0010,0010,PN,1,Own Name\n", "1.2.3 Own\n");
-    EXPECT_EQ(registry.DictionarySize(), 1);
-    EXPECT_STREQ(CDcmRegistry::DictionaryPath(), "dictionary.txt");
-    EXPECT_STREQ(CDcmRegistry::UidTablePath(), "UidTable.txt");
-    EXPECT_STREQ(registry.LookUpTag(0x0010, 0x0010)->name, "Own Name");
-}
-
 TEST_F(DataFiles, FirstLineOfATagStands)
 {
     const CDcmRegistry& registry = Load("0010,00AB,PN,2,First\n0010,00ab,LO,1,Second\n", "");
@@ -120,16 +111,6 @@ TEST_F(DataFiles, RepeatingGroupsAreLoadedInAnyCaseAndExportedWithZeros)
     EXPECT_STREQ(lines[1], "5000,0005,US,1,Curve Dimensions,");
 }
 
-TEST_F(DataFiles, EmptyFilesGiveEmptyTables)
-{
-    const CDcmRegistry& registry = Load("", "");
-    EXPECT_EQ(registry.DictionarySize(), 0);
-    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0010), nullptr);
-    CStringArray lines;
-    registry.ExportPublicDictionary(lines);
-    EXPECT_TRUE(lines.IsEmpty());
-}
-
 TEST_F(DataFiles, UidLinesEndAtTheFirstBlankAndLaterRowsWin)
 {
     CDcmRegistry& registry = CDcmRegistry::Global();
@@ -142,27 +123,4 @@ TEST_F(DataFiles, UidLinesEndAtTheFirstBlankAndLaterRowsWin)
     EXPECT_TRUE(registry.UidString(before + 2).IsEmpty());
     EXPECT_EQ(registry.UidEnum("9.1"), before + 3);
     EXPECT_EQ(registry.UidEnum("9.2"), before + 1);
-}
-
-TEST_F(DataFiles, PhotometricNumbersMoveToTheCopyOfALaterLoad)
-{
-    CDcmRegistry& registry = CDcmRegistry::Global();
-    const int before = registry.PhotoMetricEnum("RGB");
-    Load("", "");
-    EXPECT_EQ(registry.PhotoMetricEnum("RGB"), before + 12);
-    EXPECT_STREQ(registry.PhotoMetricString(3), "RGB");
-}
-
-TEST_F(DataFiles, FurtherInstancesShareTheTablesAndLoadNothing)
-{
-    CDcmRegistry& registry = Load("0010,0010,PN,1,Name\n", "9.9 Row\n");
-    const int rows = registry.UidDictionarySize();
-    std::ofstream("dictionary.txt", std::ios::app) << "0010,0020,LO,1,ID\n";
-    {
-        const CDcmRegistry other;
-        EXPECT_EQ(other.DictionarySize(), 1);
-        EXPECT_EQ(other.UidDictionarySize(), rows);
-        EXPECT_EQ(other.LookUpTag(0x0010, 0x0010), registry.LookUpTag(0x0010, 0x0010));
-    }
-    EXPECT_EQ(registry.DictionarySize(), 1);
 }
