@@ -53,57 +53,6 @@ std::string Text(const CFile& file)
 }
 } // namespace
 
-TEST_F(FileTest, KeepsPositionLengthAndContent)
-{
-    const CString path = In("a.bin");
-    CFile file(path, CFile::modeCreate | CFile::modeReadWrite);
-    file.Write("abcdef", 6);
-    EXPECT_EQ(file.Seek(-2, CFile::current), 4u);
-    char piece[8] = {};
-    EXPECT_EQ(file.Read(piece, 8), 2u);
-    EXPECT_STREQ(piece, "ef");
-    file.Seek(8, CFile::begin);
-    file.Write("z", 1);
-    EXPECT_EQ(file.GetLength(), 9u);
-    file.SetLength(7);
-    EXPECT_EQ(file.GetPosition(), 7u);
-    EXPECT_THROW(file.Seek(-8, CFile::current), CFileException);
-    EXPECT_EQ(file.GetBufferPtr(), nullptr);
-    EXPECT_EQ(file.GetFilePath(), path);
-    file.Close();
-    EXPECT_EQ(Content(path).View(), std::string_view("abcdef\0", 7));
-    EXPECT_THROW(file.Read(piece, 1), CFileException);
-    EXPECT_THROW(file.Write(piece, 1), CFileException);
-}
-
-TEST_F(FileTest, CreateEmptiesUnlessToldToKeep)
-{
-    const CString path = In("a.txt");
-    Create(path, "old");
-    {
-        const CFile file(path, CFile::modeCreate | CFile::modeNoTruncate | CFile::modeWrite);
-        EXPECT_EQ(file.GetLength(), 3u);
-    }
-    const CFile file(path, CFile::modeCreate | CFile::modeWrite);
-    EXPECT_EQ(file.GetLength(), 0u);
-}
-
-TEST_F(FileTest, FailuresNameTheFileAndTheReason)
-{
-    try
-    {
-        const CFile file("nowhere.txt", CFile::modeRead);
-        FAIL() << "opened a missing file";
-    }
-    catch (const CException& error)
-    {
-        EXPECT_EQ(error.GetErrorMessage(), "cannot open 'nowhere.txt': No such file or directory");
-        EXPECT_TRUE(error.IsKindOf(RUNTIME_CLASS(CFileException)));
-    }
-    EXPECT_EQ(Refusal("", CFile::modeRead), CFileException::fileNotFound);
-    EXPECT_EQ(Refusal(In("missing/a.txt"), CFile::modeCreate | CFile::modeWrite), CFileException::fileNotFound);
-}
-
 TEST_F(FileTest, OnlyRegularFilesAreOpenedForReading)
 {
     EXPECT_EQ(Refusal(m_folder, CFile::modeRead), CFileException::invalidFile);
@@ -129,31 +78,6 @@ TEST_F(FileTest, OpensPathsOfAnotherCaseAndSeparator)
     Create(In("Sub.Dir/image01.new"), "x");
     EXPECT_TRUE(FileExists(In("Sub.Dir/image01.new")));
     EXPECT_FALSE(FileExists(In("Sub.Dir")));
-}
-
-TEST_F(FileTest, FindsNamesByPatternInByteOrder)
-{
-    for (const char* name : {"Sub.Dir/b.jpg", "Sub.Dir/A.JPG", "Sub.Dir/c.jpeg", "Sub.Dir/plain"})
-    {
-        Create(In(name), "");
-    }
-    CStringArray names;
-    names.Add("kept");
-    EXPECT_TRUE(FindFiles(m_folder + "\\SUB.dir\\*.jpg", names));
-    ASSERT_GE(names.GetSize(), 3);
-    EXPECT_STREQ(names[0], "kept");
-    EXPECT_STREQ(names[1], "A.JPG");
-    EXPECT_STREQ(names[2], "b.jpg");
-    names.RemoveAll();
-    EXPECT_TRUE(FindFiles(In("Sub.Dir/*.*"), names));
-    EXPECT_EQ(names.GetSize(), 4);
-    names.RemoveAll();
-    EXPECT_TRUE(FindFiles(In("sub*"), names));
-    EXPECT_STREQ(names[0], "Sub.Dir");
-    EXPECT_FALSE(FindFiles(In("Sub.Dir/*.png"), names));
-    EXPECT_FALSE(FindFiles(In("none/*"), names));
-    EXPECT_FALSE(FindFiles("", names));
-    EXPECT_EQ(names.GetSize(), 1);
 }
 
 TEST_F(FileTest, RenamingReplacesTheTarget)
@@ -182,38 +106,6 @@ TEST(FileSearchTest, WildcardsMatchWithoutCaseAndInLinearTries)
     EXPECT_FALSE(MatchesWildcard("*a*a*a*a*a*a*a*a*a*a*a*a*a*a*b", CString('a', 250)));
 }
 
-TEST(FileSearchTest, KnowsWhereItIs)
-{
-    EXPECT_TRUE(std::filesystem::equivalent(static_cast<LPCTSTR>(CurrentDirectory()), "."));
-    EXPECT_TRUE(std::filesystem::is_directory(static_cast<LPCTSTR>(LibraryDirectory())));
-    EXPECT_TRUE(EnvironmentVariable("VARNOTIX_NO_SUCH_VARIABLE").IsEmpty());
-    EXPECT_TRUE(EnvironmentVariable(nullptr).IsEmpty());
-    EXPECT_EQ(JoinPath("", "a"), "a");
-    EXPECT_EQ(JoinPath("x/", "a"), "x/a");
-    EXPECT_EQ(JoinPath("x", "/a"), "/a");
-}
-
-TEST(MemFileTest, FillsGapsWithZeroAndOverwritesAcrossTheEnd)
-{
-    CMemFile file;
-    EXPECT_NE(file.GetBufferPtr(), nullptr);
-    file.Write("abc", 3);
-    file.Seek(5, CFile::begin);
-    file.Write("x", 1);
-    EXPECT_EQ(Text(file), std::string("abc\0\0x", 6));
-    file.Seek(4, CFile::begin);
-    file.Write("wxyz", 4);
-    EXPECT_EQ(Text(file), std::string("abc\0wxyz", 8));
-    file.SetLength(2);
-    EXPECT_EQ(file.GetPosition(), 2u);
-    file.SetLength(4);
-    EXPECT_EQ(Text(file), std::string("ab\0\0", 4));
-    file.Seek(0, CFile::end);
-    file.Write(file.GetBufferPtr(), 4);
-    EXPECT_EQ(Text(file), std::string("ab\0\0ab\0\0", 8));
-    EXPECT_TRUE(file.GetFilePath().IsEmpty());
-}
-
 TEST(MemFileTest, ReadsAttachedBytesInPlaceAndNeverChangesThem)
 {
     BYTE bytes[] = {'a', 'b', 'c'};
@@ -231,25 +123,6 @@ TEST(MemFileTest, ReadsAttachedBytesInPlaceAndNeverChangesThem)
     EXPECT_EQ(bytes[0], 'a');
     file.Attach(nullptr, 7);
     EXPECT_EQ(file.GetLength(), 0u);
-}
-
-TEST(MemFileTest, HandsItsOwnBytesOverWithoutACopy)
-{
-    CMemFile file;
-    file.Write("abc", 3);
-    const BYTE* place = file.GetBufferPtr();
-    CByteArray out;
-    out.SetSize(9);
-    file.DetachTo(out);
-    EXPECT_EQ(out.GetData(), place);
-    EXPECT_EQ(out.GetSize(), 3);
-    EXPECT_EQ(file.GetLength(), 0u);
-    EXPECT_EQ(file.GetPosition(), 0u);
-    BYTE bytes[] = {1, 2};
-    file.Attach(bytes, 2);
-    file.DetachTo(out);
-    EXPECT_EQ(out.GetSize(), 2);
-    EXPECT_NE(out.GetData(), bytes);
 }
 
 TEST(MemFileTest, ImpossibleLengthsThrowAndChangeNothing)
@@ -291,33 +164,6 @@ TEST(ArchiveTest, StoresIntegersLittleEndianInTheirOwnWidth)
     EXPECT_THROW(in >> byte, CArchiveException);
 }
 
-TEST(ArchiveTest, KeepsTheOrderOfSmallAndLargeWrites)
-{
-    CMemFile file;
-    const std::string large(1000, 'L');
-    std::string expected;
-    {
-        CArchive out(&file, CArchive::store, 128);
-        for (int i = 0; i < 50; ++i)
-        {
-            out.WriteString("line\n");
-            out.Write(large.data(), static_cast<UINT>(i * 20));
-            expected += "line\n" + large.substr(0, static_cast<std::size_t>(i) * 20);
-        }
-    }
-    EXPECT_EQ(Text(file), expected);
-    file.Seek(0, CFile::begin);
-    CArchive in(&file, CArchive::load, 128);
-    std::string got(expected.size() + 10, '\0');
-    UINT done = 0;
-    for (UINT step = 1; UINT count = in.Read(got.data() + done, std::min<UINT>(step, 300)); step += 7)
-    {
-        done += count;
-        ASSERT_LE(done, expected.size());
-    }
-    EXPECT_EQ(got.substr(0, done), expected);
-}
-
 TEST(ArchiveTest, LinesEndAtLineFeedWhereverTheBufferEnds)
 {
     // The carriage return of the first line is the last byte of the first buffer.
@@ -335,49 +181,6 @@ TEST(ArchiveTest, LinesEndAtLineFeedWhereverTheBufferEnds)
     CString line = "left over";
     EXPECT_FALSE(in.ReadString(line));
     EXPECT_TRUE(line.IsEmpty());
-}
-
-TEST(ArchiveTest, FlushGivesTheFileBackAtTheLogicalPosition)
-{
-    CMemFile file;
-    file.Write("0123456789", 10);
-    file.Seek(0, CFile::begin);
-    CArchive in(&file, CArchive::load);
-    char piece[4] = {};
-    in.Read(piece, 3);
-    in.Flush();
-    EXPECT_EQ(file.GetPosition(), 3u);
-    file.Seek(2, CFile::current);
-    EXPECT_EQ(in.Read(piece, 1), 1u);
-    EXPECT_EQ(piece[0], '5');
-    in.Close();
-    EXPECT_EQ(file.GetPosition(), 6u);
-}
-
-TEST(ArchiveTest, UseAgainstTheDirectionThrows)
-{
-    const auto causeOf = [](auto action)
-    {
-        try
-        {
-            action();
-        }
-        catch (const CArchiveException& error)
-        {
-            return error.m_cause;
-        }
-        return CArchiveException::none;
-    };
-    CMemFile file;
-    CString line;
-    CArchive in(&file, CArchive::load);
-    CArchive out(&file, CArchive::store);
-    EXPECT_EQ(causeOf([&] { in << 1; }), CArchiveException::readOnly);
-    EXPECT_EQ(causeOf([&] { out.ReadString(line); }), CArchiveException::writeOnly);
-    out.Close();
-    EXPECT_EQ(causeOf([&] { out << 1; }), CArchiveException::generic);
-    EXPECT_EQ(out.GetFile(), nullptr);
-    EXPECT_EQ(file.GetLength(), 0u);
 }
 
 TEST(ArchiveTest, CloseReportsAFailedWriteAndTheDestructorDoesNot)

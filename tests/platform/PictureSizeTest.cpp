@@ -1,8 +1,5 @@
 #include "Varnotix/platform/PictureSize.h"
 
-#include "Varnotix/platform/File.h"
-#include "Varnotix/platform/FileSearch.h"
-
 #include <climits>
 #include <gtest/gtest.h>
 
@@ -75,25 +72,6 @@ TEST(PictureSizeTest, WhatIsNoPictureGivesNothing)
     withoutColumns[withoutColumns.size() - 3] = 0;
     withoutColumns[withoutColumns.size() - 2] = 0;
     EXPECT_EQ(SizeOf(withoutColumns), 0);
-}
-
-TEST(PictureSizeTest, ReadsAPictureFile)
-{
-    const CString path = "picture_size.jpg";
-    const std::vector<BYTE> header = Header(0xC0);
-    CFile file(path, CFile::modeCreate | CFile::modeWrite);
-    file.Write(header.data(), static_cast<UINT>(header.size()));
-    file.Close();
-    WORD width = 0;
-    WORD height = 0;
-    EXPECT_TRUE(ReadPictureSize(path, width, height));
-    EXPECT_EQ(width, 300);
-    EXPECT_EQ(height, 200);
-    CFile(path, CFile::modeCreate | CFile::modeWrite).Write("BM", 2);
-    EXPECT_FALSE(ReadPictureSize(path, width, height));
-    EXPECT_EQ(width, 300);
-    DeleteFileByPath(path);
-    EXPECT_THROW(ReadPictureSize(path, width, height), CFileException);
 }
 
 TEST(PictureSizeTest, HimetricRoundsToTheNearestPixel)
