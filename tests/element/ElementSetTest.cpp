@@ -1,5 +1,4 @@
 #include "Elements.h"
-#include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>
 
@@ -11,32 +10,6 @@ namespace
 using Texts = std::vector<std::string>;
 
 } // namespace
-
-TEST(ElementSet, KeepsElementsOfOneTagAndFindsTheFirst)
-{
-    CDcmElementSet set;
-    Fill(set, {MakeText(0x0010, 0x0010, "A"), nullptr, MakeText(0x0010, 0x0010, "B")});
-    EXPECT_EQ(set.GetCount(), 2);
-    EXPECT_EQ(set.Find(0x0010, 0x0010), set.GetAt(0));
-    EXPECT_EQ(set.Find("0010", "0010"), set.GetAt(0));
-    EXPECT_EQ(set.Find(CDcmElement(0x0010, 0x0010)), set.GetAt(0));
-    EXPECT_EQ(set.Find(0x0010, 0x0020), nullptr);
-    EXPECT_EQ(set.GetAt(2), nullptr);
-    EXPECT_EQ(set.GetAt(-1), nullptr);
-    set.Remove(0x0010, 0x0010);
-    EXPECT_EQ(Listing(set), Texts{"00100010=B"});
-}
-
-TEST(ElementSet, CountsNestedElementsAtEveryDepth)
-{
-    CDcmElementSet set;
-    set.Add(
-        MakeSequence(0x0008, 0x1120,
-                     {MakeText(0x0008, 0x1150, "1"), MakeText(0x0008, 0x1155, "2"),
-                      MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1150, "3"), MakeText(0x0008, 0x1155, "4")})}));
-    EXPECT_EQ(set.GetCount(), 1);
-    EXPECT_EQ(set.GetCountAll(), 6);
-}
 
 TEST(ElementSet, FindsTheFirstOfATagInLargeUnsortedSetsWhileTheyChange)
 {
@@ -66,21 +39,6 @@ TEST(ElementSet, FindsTheFirstOfATagInLargeUnsortedSetsWhileTheyChange)
     EXPECT_EQ(set.Find(0x0009, 0x1000), nullptr);
     set.RemoveAll();
     EXPECT_EQ(set.Find(0x0009, 0x1001), nullptr);
-}
-
-TEST(ElementSet, RemovesAnElementByPointerOnlyWhenItIsInTheList)
-{
-    CDcmElementSet set;
-    Fill(set, {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0010, "B")});
-    const CDcmElement stranger(0x0010, 0x0010);
-    set.Remove(&stranger);
-    set.Remove(static_cast<const CDcmElement*>(nullptr));
-    EXPECT_EQ(set.GetCount(), 2);
-    set.Remove(set.GetAt(1));
-    EXPECT_EQ(Listing(set), Texts{"00100010=A"});
-    set.RemoveTagOf(stranger);
-    set.Remove("0010", "0010");
-    EXPECT_TRUE(set.IsEmpty());
 }
 
 TEST(ElementSetSort, OrdersByGroupThenElementAndKeepsTheOrderOfEqualTags)
@@ -127,39 +85,6 @@ TEST(ElementSetDeclare, NotesEachTagOnceInTheOrderOfDeclaration)
     EXPECT_EQ(set.DeclaredTagTexts(), 0);
 }
 
-TEST(ElementSetAddKnown, ReplacesAnElementOfAKnownTagByAnEmptyOne)
-{
-    CDcmElementSet set;
-    Fill(set, {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0020, "1")});
-    CDcmElement* added = set.AddKnown("0010", "0010");
-    ASSERT_NE(added, nullptr);
-    EXPECT_TRUE(added->IsEmptyValue());
-    EXPECT_EQ(Listing(set), (Texts{"00100020=1", "00100010="}));
-    EXPECT_EQ(set.AddKnown("", "0010"), nullptr);
-    EXPECT_EQ(set.AddKnown("0010", ""), nullptr);
-    EXPECT_EQ(set.AddKnown("0008", "7771"), nullptr);
-    EXPECT_EQ(set.GetCount(), 2);
-}
-
-TEST(ElementSetInsert, EntersAnUnknownPrivateTag)
-{
-    CDcmElementSet set;
-    CDcmElement* added = set.Insert("0021", "10A0", "ds", "-1");
-    ASSERT_NE(added, nullptr);
-    EXPECT_TRUE(added->HasVr(VR_DS));
-    EXPECT_EQ(added->Vm(), -1);
-    EXPECT_STREQ(added->Name(), "Private Data Element");
-    EXPECT_NE(CDcmRegistry::Global().LookUpTag(0x0021, 0x10A0), nullptr);
-    EXPECT_EQ(set.Insert("0021", "10A0", "LO", "1"), nullptr); // Known now.
-    EXPECT_EQ(set.Insert("0010", "0010", "PN", "1"), nullptr);
-    EXPECT_EQ(set.Insert("0008", "7771", "LO", "1"), nullptr); // An even group is never private.
-    EXPECT_EQ(set.Insert("zz", "1000", "LO", "1"), nullptr);
-    EXPECT_EQ(set.Insert("0021", "zz", "LO", "1"), nullptr);
-    EXPECT_EQ(set.Insert("0021", "10A1", "", "1"), nullptr);
-    EXPECT_EQ(set.Insert("0021", "10A1", "LO", ""), nullptr);
-    EXPECT_EQ(set.GetCount(), 1);
-}
-
 TEST(ElementSetRemoveTags, RemovesOneElementForEachOfTheOther)
 {
     CDcmElementSet set;
@@ -193,17 +118,6 @@ TEST(ElementSetSharing, IsSeenByBothUntilOneTakesAFreshBody)
     EXPECT_EQ(second.GetCount(), 2);
     second.DestroyContents();
     EXPECT_TRUE(second.IsEmpty());
-}
-
-TEST(ElementSetSharing, BorrowedElementsAreForgottenNotDestroyed)
-{
-    const std::unique_ptr<CDcmElement> owned(MakeText(0x0010, 0x0010, "A"));
-    CDcmElementSet set;
-    set.Add(owned.get());
-    set.ForgetAll();
-    EXPECT_TRUE(set.IsEmpty());
-    EXPECT_EQ(set.Find(0x0010, 0x0010), nullptr);
-    EXPECT_STREQ(owned->JoinedText(), "A");
 }
 
 TEST(ElementSetCopy, ByValueIsDeepAndTakesTheDeclaredTags)
@@ -263,20 +177,6 @@ TEST(ElementSetMerge, LeavesTheBodyThatOthersShare)
     EXPECT_EQ(Listing(target), (Texts{"00100020=1", "00100010=B"}));
 }
 
-TEST(ElementSetCopy, OfNonEmptyElementsPrunesNestedOnes)
-{
-    CDcmElementSet source;
-    Fill(source, {MakeText(0x0010, 0x0010, ""), MakeText(0x0010, 0x0020, "1"),
-                  MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x1150, ""), MakeText(0x0008, 0x1155, "1.2")}),
-                  MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1150, "")})});
-    CDcmElementSet target;
-    target.Add(MakeText(0x0008, 0x0060, "CT"));
-    source.CopyNonEmptyInto(target);
-    EXPECT_EQ(Listing(target), (Texts{"00080060=CT", "00100020=1", "00081120="}));
-    EXPECT_EQ(Listing(*target.GetAt(2)->Items()), Texts{"00081155=1.2"});
-    EXPECT_EQ(source.GetAt(2)->Items()->GetCount(), 2);
-}
-
 TEST(ElementSetEquality, IgnoresOrderButMatchesEachElementOnce)
 {
     CDcmElementSet left;
@@ -295,17 +195,6 @@ TEST(ElementSetEquality, IgnoresOrderButMatchesEachElementOnce)
     EXPECT_FALSE(left == right);
     EXPECT_TRUE(CDcmElementSet() == CDcmElementSet());
     EXPECT_FALSE(CDcmElementSet() == left);
-}
-
-TEST(ElementSetEquality, LooksIntoSequences)
-{
-    CDcmElementSet left;
-    left.Add(MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x1150, "1"), MakeText(0x0008, 0x1155, "2")}));
-    CDcmElementSet right;
-    right.Add(MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x1155, "2"), MakeText(0x0008, 0x1150, "1")}));
-    EXPECT_TRUE(left == right);
-    right.GetAt(0)->Items()->GetAt(0)->AddText("3");
-    EXPECT_FALSE(left == right);
 }
 
 TEST(ElementSetItems, OfABoundSequenceKeepDeclaredElementsWhenTheyAreReplaced)

@@ -1,6 +1,5 @@
 #include "Elements.h"
 #include "Varnotix/element/DcmFrameList.h"
-#include "Varnotix/platform/DumpContext.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>
@@ -16,35 +15,6 @@ CDcmElement WithoutVm(int element, const char* vr)
 }
 
 } // namespace
-
-TEST(Element, TakesVrMultiplicityAndNameFromTheDictionary)
-{
-    const CDcmElement spacing(0x0028, 0x0030);
-    EXPECT_TRUE(spacing.HasEntry());
-    EXPECT_TRUE(spacing.HasVr(VR_DS));
-    EXPECT_EQ(spacing.Vm(), 2);
-    EXPECT_STREQ(spacing.VrName(), "DS");
-    EXPECT_STREQ(spacing.Name(), "Pixel Spacing");
-    EXPECT_FALSE(spacing.IsRead());
-    const CDcmElement byText("0028", "0030");
-    EXPECT_TRUE(byText == spacing);
-    const CDcmElement pixels("7FE0", "0010");
-    EXPECT_STREQ(pixels.GroupText(), "7fe0");
-    EXPECT_STREQ(pixels.ElementText(), "0010");
-    EXPECT_TRUE(pixels.HasGroup(0x7FE0));
-    EXPECT_TRUE(pixels.HasTag(0x7FE0, 0x0010));
-    EXPECT_FALSE(pixels.HasTag(0x7FE0, 0x0011));
-}
-
-TEST(Element, OnlyKnownSequencesHaveItemsAndOnlyPixelDataHasFrames)
-{
-    EXPECT_NE(CDcmElement(0x0008, 0x1120).Items(), nullptr);
-    EXPECT_NE(CDcmElement(0x0010, 0x0010, VR_SQ).Items(), nullptr);
-    EXPECT_EQ(CDcmElement(0x0008, 0x1120, VR_UN).Items(), nullptr);
-    EXPECT_EQ(CDcmElement(0x0008, 0x7771, VR_SQ).Items(), nullptr);
-    EXPECT_NE(CDcmElement(0x7FE0, 0x0010).Frames(), nullptr);
-    EXPECT_EQ(CDcmElement(0x7FE0, 0x0000).Frames(), nullptr);
-}
 
 TEST(Element, OfAnUnknownTagKeepsRawBytesOnly)
 {
@@ -64,22 +34,6 @@ TEST(Element, OfAnUnknownTagKeepsRawBytesOnly)
     EXPECT_STREQ(forced.VrName(), "LO");
     EXPECT_FALSE(forced.AddText("A"));
     EXPECT_EQ(forced.Texts(), nullptr);
-}
-
-TEST(SingleValueSetters, ReplaceUnderAMultiplicityOfOneAndAppendWithoutBound)
-{
-    CDcmElement rows(0x0028, 0x0010);
-    EXPECT_TRUE(rows.AddWord(1));
-    EXPECT_TRUE(rows.AddWord(2));
-    ASSERT_EQ(rows.Words()->GetSize(), 1);
-    EXPECT_EQ((*rows.Words())[0], 2);
-
-    CDcmElement times(0x0018, 0x9079);
-    for (int i = 0; i < 20; ++i)
-    {
-        EXPECT_TRUE(times.AddDouble(i));
-    }
-    EXPECT_EQ(times.Doubles()->GetSize(), 20);
 }
 
 TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityTells)
@@ -161,19 +115,6 @@ TEST(Setters, PutAnIntegerIntoEachVrThatHoldsIntegers)
     CDcmElement bytes(0x0002, 0x0001);
     EXPECT_TRUE(bytes.AddInteger(0x12345678));
     EXPECT_EQ(Numbers(*bytes.Bytes()), Numbers(Bytes({0x78, 0x56, 0x34, 0x12})));
-}
-
-TEST(Setters, KeepBytesOfOwBesideItsWords)
-{
-    CDcmElement table(0x0028, 0x1201);
-    CWordArray words;
-    words.Add(0x0102);
-    EXPECT_TRUE(table.SetWords(words));
-    EXPECT_TRUE(table.SetBytes(Bytes({9, 8, 7})));
-    EXPECT_EQ(table.Words()->GetSize(), 1);
-    EXPECT_EQ(Numbers(*table.Bytes()), Numbers(Bytes({9, 8, 7})));
-    table.EmptyValue();
-    EXPECT_TRUE(table.IsEmptyValue());
 }
 
 TEST(Setters, AddAFrameToObPixelDataAndRefuseOwPixelData)
@@ -286,19 +227,6 @@ TEST(Assignment, OfASequenceCopiesItemsOfTheSameTagOnly)
     EXPECT_EQ(other.Items()->GetCount(), 0);
 }
 
-TEST(Copy, IsDeep)
-{
-    const std::unique_ptr<CDcmElement> source(MakeSequence(0x0008, 0x1120, {MakeText(0x0008, 0x1150, "1.2")}));
-    const CDcmElement copy(*source);
-    source->Items()->GetAt(0)->AddText("3");
-    EXPECT_STREQ(copy.Items()->GetAt(0)->JoinedText(), "1.2");
-    CDcmElement pixels(0x7FE0, 0x0010);
-    pixels.Frames()->AddFrame(Bytes({1, 2}));
-    const CDcmElement pixelCopy(pixels);
-    pixels.Frames()->GetFrame(0)->Array().Add(3);
-    EXPECT_EQ(pixelCopy.Frames()->GetFrame(0)->Size(), 2U);
-}
-
 TEST(Equality, ComparesTagVrAndTypedValueOnly)
 {
     CDcmElement read(0x0010, 0x0010, TextBytes("DOE"));
@@ -331,27 +259,4 @@ TEST(Equality, OfNumbersIsExact)
     const CDcmElement again(notANumber);
     EXPECT_FALSE(notANumber == again);
     EXPECT_TRUE(notANumber == notANumber);
-}
-
-TEST(ElementDump, TellsTagLengthAndValuesInBrackets)
-{
-    const auto dump = [](CDcmElement& element)
-    {
-        CDumpContext context;
-        element.Encode();
-        element.Dump(context);
-        return std::string(context.Text().View());
-    };
-    CDcmElement type(0x0008, 0x0008);
-    type.AddText("A");
-    type.AddText("B");
-    EXPECT_EQ(dump(type).rfind("[0008][0008][-1][CS][Image Type][vfl=4][sz=2][\"A\\B", 0), 0U) << dump(type);
-    CDcmElement rows(0x0028, 0x0010);
-    rows.AddWord(512);
-    EXPECT_EQ(dump(rows), "[0028][0010][1][US][Rows][vfl=2][sz=1][512]\n");
-    CDcmElement version(0x0002, 0x0001, Bytes({0, 1}));
-    EXPECT_EQ(dump(version), "[0002][0001][1][OB][File Meta Information Version][vfl=2][sz=2]\n");
-    const std::unique_ptr<CDcmElement> sequence(MakeSequence(0x0008, 0x1120, {}));
-    EXPECT_NE(dump(*sequence).find("[vfl=0]\nStart sequence items\n[m_list="), std::string::npos);
-    EXPECT_NE(dump(*sequence).find("[cnt=0]\nend sequence items\n"), std::string::npos);
 }

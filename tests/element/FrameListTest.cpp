@@ -1,6 +1,5 @@
 #include "Bytes.h"
 #include "Varnotix/element/DcmFrameList.h"
-#include "Varnotix/platform/DumpContext.h"
 
 #include <gtest/gtest.h>
 
@@ -51,17 +50,4 @@ TEST(FrameList, CopiesShareBytesUntilOneIsWrittenTo)
     copy.GetFrame(0)->Array()[1] = 8;
     EXPECT_EQ(again.GetFrame(0)->Data()[0], 9);
     EXPECT_EQ(again.GetFrame(0)->Data()[1], 2);
-}
-
-TEST(FrameList, DumpNamesCountsAndSizes)
-{
-    CDcmFrameList frames;
-    frames.AddFrame(Bytes({1, 2, 3}));
-    CDumpContext context;
-    frames.Dump(context);
-    const std::string text(context.Text().View());
-    for (const char* label : {"[frame cnt = 1]", "[frame number = 0]", "[frame size = 3]", "[offset entries = 0]"})
-    {
-        EXPECT_NE(text.find(label), std::string::npos) << text;
-    }
 }

@@ -3,34 +3,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(Record, StartsWithoutTag)
-{
-    const CDmElement record;
-    EXPECT_TRUE(record.IsEqualGroup(-1));
-    EXPECT_TRUE(record.IsEqualElement(-1));
-    EXPECT_TRUE(record.IsEqualVr(-1));
-    EXPECT_TRUE(record.m_raw);
-    EXPECT_FALSE(record.m_present);
-    EXPECT_EQ(record.m_vm, 0);
-}
-
-TEST(Record, AssignmentLeavesTheFlags)
-{
-    CDmElement source;
-    source.m_present = true;
-    source.m_group = 0x0010;
-    source.m_element = 0x0020;
-    source.m_value = Bytes({1});
-    CDmElement target(false);
-    target.m_value = Bytes({7, 8, 9});
-    target = source;
-    EXPECT_TRUE(target.IsEqualGroupElement(0x0010, 0x0020));
-    EXPECT_FALSE(target.IsEqualGroupElement(0x0010, 0x0021));
-    EXPECT_EQ(target.m_value.GetSize(), 1);
-    EXPECT_FALSE(target.m_present);
-    EXPECT_FALSE(target.m_raw);
-}
-
 TEST(Record, RawReceivesTheElementsBytes)
 {
     CDcmElement element(0x0028, 0x0030, TextBytes("1\\2"));

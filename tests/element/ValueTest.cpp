@@ -1,7 +1,6 @@
 // How raw bytes become values, and when a value counts as empty.
 
 #include "Elements.h"
-#include "Varnotix/element/DcmFrameList.h"
 
 #include <gtest/gtest.h>
 
@@ -53,39 +52,12 @@ TEST(RawNumbers, AreLittleEndianAndAPartialLastOneIsDropped)
               std::vector<double>{-2.5});
 }
 
-TEST(RawBytes, FillOddWordsUpWithZero)
-{
-    EXPECT_EQ(Values(CDcmElement(0x0028, 0x1201, Bytes({1, 2, 3})).Words()), (std::vector<WORD>{0x0201, 3}));
-    EXPECT_EQ(Values(CDcmElement(0x0028, 0x1201, Bytes({7})).Words()), std::vector<WORD>{7});
-}
-
-TEST(RawBytes, BecomeTheOnlyFrameOfPixelData)
-{
-    CDcmElement pixels(0x7FE0, 0x0010, VR_OW);
-    pixels.Frames()->AddFrame(Bytes({9}));
-    pixels.SetRawBytes(Bytes({1, 2, 3}));
-    ASSERT_EQ(pixels.Frames()->GetCount(), 1);
-    EXPECT_EQ(Numbers(pixels.Frames()->GetFrame(0)->Array()), Numbers(Bytes({1, 2, 3})));
-}
-
 TEST(RawBytes, OfNoLengthChangeNothing)
 {
     CDcmElement name(0x0010, 0x0010, TextBytes("DOE"));
     name.SetRawBytes(CByteArray());
     EXPECT_STREQ(name.JoinedText(), "DOE");
     EXPECT_EQ(name.RawBytes().Size(), 3U);
-}
-
-TEST(RawBytes, StayWhenAValueIsSetOrEmptied)
-{
-    CDcmElement name(0x0010, 0x0010, TextBytes("DOE"));
-    name.AddText("ROE");
-    EXPECT_EQ(name.RawBytes().Text(), "DOE");
-    name.EmptyValue();
-    EXPECT_TRUE(name.IsEmptyValue());
-    EXPECT_TRUE(name.JoinedText().IsEmpty());
-    EXPECT_EQ(name.RawBytes().Text(), "DOE");
-    EXPECT_TRUE(name.HasVr(VR_PN));
 }
 
 TEST(Emptiness, OfTextsMeansThatEveryTextIsEmpty)
@@ -99,33 +71,6 @@ TEST(Emptiness, OfTextsMeansThatEveryTextIsEmpty)
     EXPECT_TRUE(type.IsEmptyValue());
     type.Encode();
     EXPECT_EQ(type.EncodedValueSize(), 0U);
-}
-
-TEST(Emptiness, OfNumbersBytesAndFramesMeansThatThereAreNone)
-{
-    EXPECT_TRUE(CDcmElement(0x0028, 0x0010, Bytes({1})).IsEmptyValue());
-    EXPECT_FALSE(CDcmElement(0x0028, 0x0010, Bytes({0, 0})).IsEmptyValue());
-    EXPECT_TRUE(CDcmElement(0x0002, 0x0001).IsEmptyValue());
-    EXPECT_FALSE(CDcmElement(0x0002, 0x0001, Bytes({0})).IsEmptyValue());
-    CDcmElement pixels(0x7FE0, 0x0010);
-    EXPECT_TRUE(pixels.IsEmptyValue());
-    pixels.Frames()->AddFrame(CByteArray());
-    EXPECT_FALSE(pixels.IsEmptyValue());
-    pixels.EmptyValue();
-    EXPECT_TRUE(pixels.IsEmptyValue());
-    // An unknown value may be anything.
-    EXPECT_FALSE(CDcmElement(0x0072, 0x006D).IsEmptyValue());
-}
-
-TEST(Emptiness, OfASequenceMeansThatAllItsElementsAreEmpty)
-{
-    const std::unique_ptr<CDcmElement> sequence(MakeSequence(
-        0x0008, 0x1120,
-        {new CDcmElement(0x0008, 0x1150), MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1155, "1.2")})}));
-    EXPECT_FALSE(sequence->IsEmptyValue());
-    sequence->EmptyValue();
-    EXPECT_TRUE(sequence->IsEmptyValue());
-    EXPECT_EQ(sequence->Items()->GetCountAll(), 3);
 }
 
 TEST(Pruning, DropsEmptyItemsAtEveryDepthUnlessNoneWouldStay)
