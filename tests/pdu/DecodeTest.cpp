@@ -66,16 +66,6 @@ TEST(PduDecodeTest, ASecondDataPduAppendsAndAnAssociationStartsAnew)
     EXPECT_TRUE(values.IsEmpty());
 }
 
-TEST(PduDecodeTest, FewerThanSixBytesChangeTheTypeAlone)
-{
-    CDcmProtocolDataUnit pdu;
-    pdu.Create(RequestBytes());
-    CLines before = DumpOf(pdu);
-    pdu.Create(Bytes({4, 0, 0, 0, 0}));
-    before[0] = "PDU Type [0]";
-    EXPECT_EQ(DumpOf(pdu), before);
-}
-
 TEST(PduDecodeTest, TheLengthMayExceedWhatFollowsTheHeaderBySix)
 {
     CByteArray bytes = RejectBytes();
@@ -138,20 +128,6 @@ TEST(PduDecodeTest, EveryPrefixGivesWhatItsBytesCarry)
             expected.emplace_back("UDI [(51h) (0,64,0,0,)]");
         }
         EXPECT_EQ(DumpOf(pdu), expected) << size;
-    }
-}
-
-TEST(PduDecodeTest, APrefixShorterThanItsLengthCarriesTypeAndLengthAlone)
-{
-    for (int size = 6; size <= 126; ++size)
-    {
-        CByteArray bytes = RequestBytes();
-        bytes.SetSize(size);
-        CDcmProtocolDataUnit pdu;
-        pdu.Create(bytes);
-        EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RQ);
-        EXPECT_EQ(pdu.PduLength(), 120);
-        EXPECT_EQ(pdu.ProtocolVersion(), size >= 120 ? 1 : 0) << size;
     }
 }
 

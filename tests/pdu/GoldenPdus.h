@@ -7,19 +7,6 @@
 #include <string>
 #include <vector>
 
-/// Makes every builder of the base reachable.
-class CPdu : public CDcmProtocolDataUnit
-{
-public:
-    using CDcmProtocolDataUnit::CDcmProtocolDataUnit;
-    using CDcmProtocolDataUnit::CreateAAceptProtocol;
-    using CDcmProtocolDataUnit::CreateARequestProtocol;
-    using CDcmProtocolDataUnit::CreateItemField;
-    using CDcmProtocolDataUnit::CreatePresentationContextField;
-    using CDcmProtocolDataUnit::CreateReleaseReplyField;
-    using CDcmProtocolDataUnit::CreateReleaseRequestField;
-};
-
 inline CByteArray FieldOf(const CDcmProtocolDataUnit& pdu)
 {
     CByteArray bytes;
@@ -100,17 +87,6 @@ inline CByteArray AcceptBytes()
                  Bytes({0x55, 0x00, 0x00, 0x00})});
 }
 
-inline void BuildAccept(CDcmProtocolDataUnit& pdu)
-{
-    pdu.PduType(PDU_ASSOCIATE_AC);
-    pdu.ProtocolVersion(1);
-    pdu.CalledAE("B");
-    pdu.CallingAE("A");
-    pdu.AddApplicationContextItem("1.2.3");
-    pdu.AddPresentationContext("", Texts({"1.5", "1.6"}), 3, 4);
-    pdu.AddUserDataItem(0x55, CString());
-}
-
 inline CByteArray RejectBytes()
 {
     return Bytes({0x03, 0x00, 0x00, 0x00, 0x00, 0x04, // PDU type 3, reserved, PDU length 4
@@ -123,13 +99,6 @@ inline CByteArray DataBytes()
                         0x00, 0x00, 0x00, 0x0C, 0x01, 0x03}), // item length 12, context ID 1, last command fragment
                  TextBytes("0123456789"),
                  Bytes({0x00, 0x00, 0x00, 0x02, 0x05, 0x00})}); // item length 2, context ID 5, data set fragment
-}
-
-inline void BuildData(CDcmProtocolDataUnit& pdu)
-{
-    pdu.PduType(PDU_DATA_TF);
-    pdu.AddPresentationDataValue(TextBytes("0123456789"), 1, 3);
-    pdu.AddPresentationDataValue(CByteArray(), 5, 0);
 }
 
 inline CByteArray ReleaseBytes(int type)

@@ -2,24 +2,6 @@
 
 #include <gtest/gtest.h>
 
-TEST(PduModelTest, ANewPduIsEmptyAndAsksForNoVersion)
-{
-    const CDcmProtocolDataUnit pdu;
-    EXPECT_EQ(DumpOf(pdu),
-              (std::vector<std::string>{"PDU Type [0]", "PDU Length [0]", "Protocol Version [0]", "Called AE []",
-                                        "Calling AE []", "Result [0]", "Source [0]", "Reason [0]", "ACI []"}));
-    EXPECT_TRUE(FieldOf(pdu).IsEmpty());
-}
-
-TEST(PduModelTest, TheConstructorFromBytesDecodesNothing)
-{
-    CDcmProtocolDataUnit pdu(RejectBytes());
-    EXPECT_EQ(pdu.PduType(), 0);
-    EXPECT_EQ(FieldOf(pdu), RejectBytes());
-    pdu.DecodeProtocol();
-    EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RJ);
-}
-
 TEST(PduModelTest, LookupsAnswerWithTheFirstMatch)
 {
     CDcmProtocolDataUnit pdu;
@@ -41,23 +23,6 @@ TEST(PduModelTest, LookupsAnswerWithTheFirstMatch)
     EXPECT_FALSE(pdu.IsValidContextID(1));
     EXPECT_TRUE(pdu.IsValidContextID(3));
     EXPECT_FALSE(pdu.IsValidContextID(5));
-}
-
-TEST(PduModelTest, AContextIsTakenAsACopyWithItsOwnIdAndResult)
-{
-    CPresentationContext context("1.2", Texts({"1.5"}), 7, 4);
-    CDcmProtocolDataUnit pdu;
-    pdu.AddPresentationContext(nullptr, 1, 0);
-    pdu.AddPresentationContext(&context, 9, 0);
-    context.AbstractSyntax("changed");
-    ASSERT_NE(pdu.FindPresentationContext(9), nullptr);
-    EXPECT_EQ(pdu.FindPresentationContext(9)->AbstractSyntax(), "1.2");
-    EXPECT_EQ(pdu.FindPresentationContext(9)->TransferSyntaxes().GetAt(0), "1.5");
-    EXPECT_EQ(pdu.GetContextIDResult(9), 0);
-    EXPECT_EQ(context.ContextID(), 7);
-    CObArray contexts;
-    pdu.PresentationContextItems(contexts);
-    EXPECT_EQ(contexts.GetSize(), 1) << "null is ignored";
 }
 
 TEST(PduModelTest, CopiesHaveItemsOfTheirOwn)
@@ -109,17 +74,4 @@ TEST(PduModelTest, TheDumpTellsTextFromNumbersByOneBlank)
               (std::vector<std::string>{"PCI [(1.4) () (1) (3)]", "ACI [1.2,1.3,]", "UDI [(52h)  (1.2.3)]",
                                         "UDI [(51h) (0,64,)]", "UDI [(55h)  ()]", "UDI [(56h)  ( ~)]",
                                         "UDI [(57h) (97,127,)]", "UDI [(58h) (233,)]"}));
-}
-
-TEST(PduModelTest, CodesAreToldInWords)
-{
-    EXPECT_STREQ(PduTypeName(PDU_DATA_TF), "P-DATA-TF");
-    EXPECT_STREQ(PduTypeName(8), "unknown");
-    EXPECT_STREQ(RejectReasonText(1, 7), "called AE title not recognized");
-    EXPECT_STREQ(RejectReasonText(3, 1), "temporary congestion") << "a reason's meaning depends on its source";
-    EXPECT_STREQ(RejectReasonText(0, 0x107), "unknown");
-    EXPECT_STREQ(AbortReasonText(2, 2), "unexpected PDU");
-    EXPECT_STREQ(AbortReasonText(0, 2), "no reason given") << "a service user gives none";
-    EXPECT_STREQ(ContextResultText(4), "transfer syntaxes not supported");
-    EXPECT_STREQ(ContextResultText(-1), "unknown");
 }

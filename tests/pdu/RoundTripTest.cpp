@@ -75,17 +75,6 @@ TEST(PduRoundTripTest, PaddedTitlesAndUidsKeepTheirPadding)
     EXPECT_EQ(Numbers(Rewritten(bytes)), Numbers(bytes));
 }
 
-TEST(PduRoundTripTest, ReservedBytesLastOnlyInTheObjectThatReadThem)
-{
-    CByteArray bytes = Request(kNoUserData);
-    bytes[1] = 0xEE;
-    bytes[60] = 0xEE;
-    CDcmProtocolDataUnit same;
-    same.Create(bytes);
-    EXPECT_EQ(Numbers(Encoded(same)), Numbers(bytes)) << "encoding does not write them, so the field keeps them";
-    EXPECT_EQ(Numbers(Rewritten(bytes)), Numbers(Request(kNoUserData))) << "no field of the object holds them";
-}
-
 TEST(PduRoundTripTest, WhatNoFieldHoldsIsWrittenInItsOneForm)
 {
     const CByteArray name = Bytes({0x10, 0, 0, 1, 'n'});
