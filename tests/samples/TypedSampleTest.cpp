@@ -80,43 +80,6 @@ void ForEachSample(const CHECK& check)
 
 } // namespace
 
-TEST(SampleTyped, ModulesShowWhatTheStoreHolds)
-{
-    SKIP_WITHOUT_SAMPLES();
-    int shown = 0;
-    ForEachSample(
-        [&shown](const CDcmIOD& plain, const CDcmCompositeIOD& typed)
-        {
-            EXPECT_EQ(LinesOf(typed), LinesOf(plain));
-            for (int m = 0; m < typed.ModuleCount(); ++m)
-            {
-                const CDcmModule& module = typed.ModuleAt(m);
-                SCOPED_TRACE(module.GetRuntimeClass()->m_lpszClassName);
-                const CDcmElementSet& elements = module.GetDcmElementSet();
-                for (int i = 0; i < elements.GetCount(); ++i)
-                {
-                    const CDcmElement& element = *elements.GetAt(i);
-                    const CDcmElement* stored = plain.ElementStore().Find(element);
-                    if (stored == nullptr)
-                    {
-                        EXPECT_TRUE(element.IsEmptyValue()) << Text("%08X", element.Tag());
-                    }
-                    else if (element.Items() != nullptr && stored->Items() != nullptr)
-                    {
-                        EXPECT_EQ(ValuesOf(*element.Items()), ValuesOf(*stored->Items()))
-                            << Text("%08X", element.Tag());
-                    }
-                    else if (element.Vr() == stored->Vr())
-                    {
-                        EXPECT_EQ(ValueText(element), ValueText(*stored)) << Text("%08X", element.Tag());
-                        ++shown;
-                    }
-                }
-            }
-        });
-    EXPECT_GT(shown, 1000);
-}
-
 TEST(SampleTyped, WritingThroughModulesChangesNoValue)
 {
     SKIP_WITHOUT_SAMPLES();
@@ -134,26 +97,5 @@ TEST(SampleTyped, WritingThroughModulesChangesNoValue)
             typedAgain.Import(typedBytes);
             EXPECT_EQ(ValuesOf(typedAgain.ElementStore()), ValuesOf(plainAgain.ElementStore()));
             EXPECT_EQ(typedAgain.GetCount(), plainAgain.GetCount());
-        });
-}
-
-TEST(SampleTyped, AGenericObjectBecomesATypedOne)
-{
-    SKIP_WITHOUT_SAMPLES();
-    ForEachSample(
-        [](CDcmIOD& plain, CDcmCompositeIOD& typed)
-        {
-            CDcmCompositeIOD generic;
-            CByteArray bytes;
-            plain.ExportFileFormat(bytes);
-            generic.Import(bytes);
-            CDcmCompositeIEIOD converted(generic);
-            EXPECT_EQ(LinesOf(converted), LinesOf(generic));
-            if (const CDcmModule* patient = typed.FindModule(RUNTIME_CLASS(CDcmPatientModule)))
-            {
-                CDcmPatientModule& mine = converted.Module<CDcmPatientModule>();
-                EXPECT_STREQ(mine.PatientName(),
-                             CDcmPatientModule(static_cast<const CDcmPatientModule&>(*patient)).PatientName());
-            }
         });
 }
