@@ -1,6 +1,5 @@
 #include "Elements.h"
 #include "Varnotix/iod/DcmIOD.h"
-#include "Varnotix/platform/Archive.h"
 
 #include <gtest/gtest.h>
 
@@ -142,30 +141,6 @@ TEST(IodFile, WritingRemakesGroupLengthsInTheStore)
     EXPECT_EQ(iod.GetCount(), 2);
 }
 
-TEST(IodFile, RemembersThePathOfTheLastReadOrWrite)
-{
-    CDcmIOD iod;
-    Fill(iod.ElementStore(), {MakeText(0x0010, 0x0010, "AB")});
-    {
-        CFile file("object.dcm", CFile::modeCreate | CFile::modeWrite);
-        CArchive archive(&file, CArchive::store);
-        iod.Serialize(archive);
-    }
-    EXPECT_NE(std::string(iod.PathName().View()).find("object.dcm"), std::string::npos);
-    CDcmIOD read;
-    {
-        CFile file("object.dcm", CFile::modeRead);
-        CArchive archive(&file, CArchive::load);
-        read.Serialize(archive);
-    }
-    EXPECT_EQ(read.PathName(), iod.PathName());
-    EXPECT_TRUE(read == iod);
-    EXPECT_TRUE(CDcmIOD(read).PathName().IsEmpty());
-    read.Import(File(iod));
-    EXPECT_TRUE(read.PathName().IsEmpty());
-    std::filesystem::remove("object.dcm");
-}
-
 TEST(IodText, DocumentTellsKindSyntaxAndCounts)
 {
     CDcmIOD iod;
@@ -192,20 +167,4 @@ TEST(IodText, DocumentTellsKindSyntaxAndCounts)
     EXPECT_EQ(written.substr(0, document[0].size() + 1), document[0] + "\n");
     EXPECT_TRUE(written.ends_with("[7,]\n#ATTRIBUTE_SET_END\n\n"));
     EXPECT_NO_THROW(iod.Export(CString("no such folder/document.asl")));
-}
-
-TEST(IodText, NamesEachSyntax)
-{
-    const auto word = [](CDcmIOD& iod)
-    {
-        CStringArray lines;
-        iod.Export(lines);
-        return std::string(lines[3].View());
-    };
-    CDcmIOD iod;
-    EXPECT_EQ(word(iod), "#IOD_SYNTAX=implicit_little_endian");
-    iod.IodSyntax(kExplicitLittle);
-    EXPECT_EQ(word(iod), "#IOD_SYNTAX=explicit_little_endian");
-    iod.Import(Bytes({1, 2, 3}));
-    EXPECT_EQ(word(iod), "#IOD_SYNTAX=unknown");
 }

@@ -113,14 +113,6 @@ TEST_F(Operators, ShiftInLeavesTagsThatAreEmptyInTheModule)
     EXPECT_STREQ(m_registered.ID(), "8");
 }
 
-TEST_F(Operators, ShiftOutGivesTheStoresValuesToTheModule)
-{
-    m_iod >> m_given;
-    EXPECT_STREQ(m_given.Name(), "STORE");
-    EXPECT_STREQ(m_given.ID(), "7");
-    EXPECT_STREQ(m_registered.Name(), "REG");
-}
-
 TEST_F(Operators, UpdateCopiesByTheModeForEmptyElements)
 {
     m_registered.ID("");
