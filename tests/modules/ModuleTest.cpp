@@ -1,7 +1,8 @@
 #include "Elements.h"
 #include "Varnotix/iod/DcmIOD.h"
-#include "Varnotix/iod/DcmMetaFileInformation.h"
-#include "Varnotix/modules/DcmPatientModule.h"
+#include "Varnotix/modules/AttributeRows.h"
+#include "Varnotix/modules/DcmModule.h"
+#include "Varnotix/modules/DcmSequence.h"
 
 #include <gtest/gtest.h>
 
@@ -52,7 +53,6 @@ class CRowsModule : public CDcmModule
     // clang-format on
 
 public:
-    using CDcmModule::CopyModule;
     using CDcmModule::DestroyModule;
     void Declare() { InitializeModule(); }
 };
@@ -101,24 +101,6 @@ CByteArray OuterStream(const char* uid, const char* label)
 
 } // namespace
 
-TEST(Rows, DeclareInTheirOrderAndSortTheElements)
-{
-    CRowsModule module;
-    CStringArray texts;
-    module.GetDcmElementSet().DeclaredTags(texts);
-    ASSERT_EQ(texts.GetSize(), 30);
-    EXPECT_STREQ(texts[0], "0010");
-    EXPECT_STREQ(texts[1], "4000");
-    EXPECT_STREQ(texts[3], "0008"); // The sequence of the second row is no declared attribute.
-    EXPECT_EQ(module.GetCount(), 16);
-    EXPECT_EQ(module.GetCountAll(), 16 + 2 + 2);
-    for (int i = 1; i < module.GetCount(); ++i)
-    {
-        EXPECT_LT(module.GetDcmElementSet().GetAt(i - 1)->Tag(), module.GetDcmElementSet().GetAt(i)->Tag());
-    }
-    EXPECT_TRUE(module.GetDcmElementSet().IsEmptyOfValues());
-}
-
 TEST(Rows, ReadAndWriteEachKindOfValueInItsOwnElement)
 {
     CRowsModule module;
@@ -165,19 +147,6 @@ TEST(Rows, ReadAndWriteEachKindOfValueInItsOwnElement)
     EXPECT_EQ(module.Rows(), 1);
 }
 
-TEST(Rows, OfAnotherKindThanTheVrReadEmptyAndIgnoreWrites)
-{
-    CRowsModule module;
-    ElementOf(module, 0x0028, 0x0011).AddWord(3);
-    ElementOf(module, 0x0010, 0x0020).AddText("ID");
-    module.NumericText("4");
-    module.TextualWord(4);
-    EXPECT_TRUE(module.NumericText().IsEmpty());
-    EXPECT_EQ(module.TextualWord(), 0);
-    EXPECT_EQ((*ElementOf(module, 0x0028, 0x0011).Words())[0], 3);
-    EXPECT_STREQ(ElementOf(module, 0x0010, 0x0020).JoinedText(), "ID");
-}
-
 TEST(Rows, OfAMissingElementReadEmptyValuesAndIgnoreWrites)
 {
     CRowsModule module;
@@ -201,60 +170,6 @@ TEST(Rows, OfAMissingElementReadEmptyValuesAndIgnoreWrites)
     EXPECT_EQ(module.Rows(), 7);
     EXPECT_EQ(module.GetCountAll(), 20);
     EXPECT_STREQ(InnerText(module, 0x1150), "1.2");
-}
-
-TEST(PatientModule, FindsAttributesByDeclarationNotByTagOrder)
-{
-    CDcmPatientModule patient;
-    EXPECT_TRUE(patient.PatientSex().IsEmpty());
-    patient.PatientSex("F");
-    EXPECT_STREQ(ElementOf(patient, 0x0010, 0x0040).JoinedText(), "F");
-    CStringArray texts;
-    patient.GetDcmElementSet().DeclaredTags(texts);
-    const auto tagAt = [&texts](int position) { return std::string((texts[position] + texts[position + 1]).View()); };
-    EXPECT_EQ(tagAt(6), "00100040");
-    EXPECT_EQ(tagAt(12), "00101001");
-    EXPECT_EQ(tagAt(14), "00102160");
-    EXPECT_EQ(tagAt(18), "0040050A");
-    patient.ReferencedPatient().ReferencedSOPInstanceUID("1.2");
-    EXPECT_STREQ(ElementOf(patient, 0x0008, 0x1120).Items()->Find(0x0008, 0x1155)->JoinedText(), "1.2");
-}
-
-TEST(MetaFileInformation, HoldsGroup0002)
-{
-    CDcmMetaFileInformation meta;
-    EXPECT_EQ(meta.GetCount(), 9);
-    EXPECT_TRUE(meta.GetDcmElementSet().IsEmptyOfValues());
-    CByteArray version(Bytes({0, 1}));
-    meta.MetaVersion(version);
-    meta.TransferSyntaxUID("1.2.840.10008.1.2.1");
-    meta.PrivateInformation(Bytes({9}));
-    const CDcmMetaFileInformation copy(meta);
-    CDcmMetaFileInformation assigned;
-    assigned = copy;
-    EXPECT_EQ(assigned.MetaVersion()[1], 1);
-    EXPECT_EQ(assigned.PrivateInformation()[0], 9);
-    EXPECT_STREQ(ElementOf(assigned, 0x0002, 0x0010).JoinedText(), "1.2.840.10008.1.2.1");
-}
-
-TEST(ModuleCopy, ByValueTouchesCommonTagsOnly)
-{
-    CDcmPatientModule patient;
-    patient.PatientComments("comment");
-    patient.PatientName("DOE");
-    CRowsModule rows;
-    rows.Rows(3);
-    rows << patient;
-    EXPECT_STREQ(rows.Comments(), "comment");
-    EXPECT_EQ(rows.Rows(), 3);
-    EXPECT_EQ(rows.GetCount(), 16);
-    rows.Comments("back");
-    rows >> patient;
-    EXPECT_STREQ(patient.PatientComments(), "back");
-    EXPECT_STREQ(patient.PatientName(), "DOE");
-    CRowsModule other;
-    other.CopyModule(rows);
-    EXPECT_TRUE(other == rows);
 }
 
 TEST(Binding, HoldsAfterAReadAndWhatIsSetThenIsWritten)
@@ -302,29 +217,6 @@ TEST(Binding, ShowsTheFirstOfSeveralItems)
               (std::vector<std::string>{"00080104=three", "00080104=two", "00081140="}));
 }
 
-TEST(Binding, OfACopyIsToItsOwnMembers)
-{
-    CRowsModule source;
-    source.Outer().Inner().InstanceUID("1");
-    CRowsModule copy(source);
-    CRowsModule assigned;
-    assigned.Outer().Label("gone");
-    assigned = source;
-    for (CRowsModule* module : {&copy, &assigned})
-    {
-        EXPECT_TRUE(*module == source);
-        EXPECT_TRUE(module->Outer().Label().IsEmpty());
-        module->EmptyModule();
-        module->Outer().Inner().InstanceUID("2");
-        EXPECT_STREQ(InnerText(*module, 0x1155), "2");
-    }
-    EXPECT_STREQ(source.Outer().Inner().InstanceUID(), "1");
-    const CRowsModule& itself = assigned;
-    assigned = itself;
-    EXPECT_STREQ(assigned.Outer().Inner().InstanceUID(), "2");
-    EXPECT_EQ(assigned.GetCountAll(), 20);
-}
-
 TEST(Binding, OutlivesTheObjectThatWasCopied)
 {
     auto source = std::make_unique<CRowsModule>();
@@ -337,17 +229,4 @@ TEST(Binding, OutlivesTheObjectThatWasCopied)
     sequence.Inner().InstanceUID("3");
     EXPECT_STREQ(sequence.GetDcmElementSet().Find(0x0008, 0x1140)->Items()->Find(0x0008, 0x1155)->JoinedText(), "3");
     EXPECT_STREQ(copy->Outer().Inner().InstanceUID(), "1");
-}
-
-TEST(Owner, MayBeMissing)
-{
-    CRowsModule module;
-    module.Rows(1);
-    module.AttachModule();
-    module.DetachModule();
-    EXPECT_EQ(module.Owner(), nullptr);
-    EXPECT_EQ(module.Rows(), 1);
-    module.RemoveModule();
-    EXPECT_EQ(module.GetCount(), 16);
-    EXPECT_TRUE(module.GetDcmElementSet().IsEmptyOfValues());
 }
