@@ -36,6 +36,8 @@ TEST(PduModelTest, CopiesHaveItemsOfTheirOwn)
         BuildRequest(original);
         original.AddPresentationDataValue(TextBytes("data"), 1, 2);
         original.Result(1);
+        original.Source(2);
+        original.Reason(3);
         original.Create();
         const CDcmProtocolDataUnit constructed(original);
         copy = constructed;
@@ -45,8 +47,8 @@ TEST(PduModelTest, CopiesHaveItemsOfTheirOwn)
         assigned = *&assigned;
     }
     EXPECT_EQ(DumpOf(copy), (std::vector<std::string>{"PDU Type [1]", "PDU Length [120]", "Protocol Version [1]",
-                                                      "Called AE [B]", "Calling AE [A]", "Result [1]", "Source [0]",
-                                                      "Reason [0]", "PCI [(1.2.4) (1.5,1.6,) (3) (0)]", "ACI [1.2.3,]",
+                                                      "Called AE [B]", "Calling AE [A]", "Result [1]", "Source [2]",
+                                                      "Reason [3]", "PCI [(1.2.4) (1.5,1.6,) (3) (0)]", "ACI [1.2.3,]",
                                                       "UDI [(51h) (0,64,0,0,)]", "PDV [(1) (2) (4)]"}));
     EXPECT_EQ(DumpOf(assigned), DumpOf(copy));
     EXPECT_EQ(FieldOf(assigned), RequestBytes());
