@@ -7,15 +7,24 @@
 
 #include <cstdlib>
 #include <new>
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/lsan_interface.h>
+#endif
 
 namespace
 {
 
 std::size_t largestRequest = 0;
+long allocationsLeft = -1; // Below 0: no limit.
 
 void* Allocate(std::size_t size)
 {
     largestRequest = size > largestRequest ? size : largestRequest;
+    if (allocationsLeft == 0)
+    {
+        return nullptr;
+    }
+    allocationsLeft -= allocationsLeft > 0 ? 1 : 0;
     return std::malloc(size > 0 ? size : 1);
 }
 
@@ -52,6 +61,27 @@ void* Allocate(std::size_t size)
     std::free(memory);
 }
 
+namespace
+{
+
+/// An object with a private tag, of which each read that is to learn it needs another one.
+Bytes Object(long privateElement)
+{
+    Bytes bytes = Stream("0D00 0000 'LO' 0200 'ab'"
+                         "0800 6000 'CS' 0200 'MR'"
+                         "0800 4011 'SQ' 0000 FFFFFFFF FEFF 00E0 00000000 0800 0001 'SH' 0200 'AB'"
+                         "FEFF DDE0 00000000"
+                         "2800 0200 'US' 0200 0300"
+                         "E07F 1000 'OB' 0000 FFFFFFFF FEFF 00E0 04000000 00000000"
+                         "FEFF 00E0 02000000 0102 FEFF 00E0 02000000 0304 FEFF 00E0 02000000 0304"
+                         "FEFF DDE0 00000000");
+    bytes[2] = static_cast<BYTE>(privateElement);
+    bytes[3] = static_cast<BYTE>(0x10 + privateElement / 256);
+    return bytes;
+}
+
+} // namespace
+
 TEST(Allocation, LengthsInTheStreamAllocateNothingThatTheStreamDoesNotHold)
 {
     static const char* const kStreams[] = {
@@ -79,6 +109,65 @@ TEST(Allocation, LengthsInTheStreamAllocateNothingThatTheStreamDoesNotHold)
         EXPECT_LE(largestRequest, kProportionate) << text;
         EXPECT_EQ(read.set.GetCount(), 0) << text;
     }
+}
+
+// An element that is being added when memory runs out may be lost, but none may be used after it is gone.
+TEST(Allocation, MemoryMayRunOutAnywhereInAReadOrAWrite)
+{
+#if defined(__SANITIZE_ADDRESS__)
+    const __lsan::ScopedDisabler leaksAllowed;
+#endif
+    const auto runsOut = [](long allocations, const auto& action)
+    {
+        allocationsLeft = allocations;
+        try
+        {
+            action();
+            allocationsLeft = -1;
+            return false;
+        }
+        catch (const CMemoryException&)
+        {
+        }
+        catch (const std::bad_alloc&)
+        {
+        }
+        allocationsLeft = -1;
+        return true;
+    };
+    const auto read = [](CDcmElementSet& set, const Bytes& object)
+    {
+        CMemFile file;
+        file.Attach(object.data(), static_cast<UINT>(object.size()));
+        CArchive archive(&file, CArchive::load);
+        CDcmParser parser;
+        parser.SerializeSet(archive, set);
+    };
+    constexpr long kEnough = 1000;
+    long allocations = 0;
+    for (bool failed = true; failed && allocations < kEnough; ++allocations)
+    {
+        const Bytes object = Object(allocations);
+        CDcmElementSet set;
+        failed = runsOut(allocations, [&] { read(set, object); });
+        // Another read works, and whatever is left in the set can still be looked at.
+        CDcmElementSet other;
+        read(other, object);
+        EXPECT_EQ(other.GetCount(), 5);
+        Show(set);
+    }
+    EXPECT_GT(allocations, 20);
+    EXPECT_LT(allocations, kEnough);
+    allocations = 0;
+    for (bool failed = true; failed && allocations < kEnough; ++allocations)
+    {
+        SRead object(Object(0));
+        failed = runsOut(allocations, [&] { Written(object.set, SYNTAX_EXPLICIT_LITTLE, true); });
+        Written(object.set, SYNTAX_EXPLICIT_LITTLE);
+        EXPECT_EQ(Show(SRead(Written(object.set, SYNTAX_EXPLICIT_LITTLE)).set), Show(object.set));
+        EXPECT_EQ(object.set.GetCount(), 5);
+    }
+    EXPECT_LT(allocations, kEnough);
 }
 
 #endif
