@@ -32,6 +32,14 @@ CDcmElement& ElementOf(CObject* object)
     return static_cast<CDcmElement&>(*object);
 }
 
+/// True when the tags ascend and none stands twice.
+bool InStrictTagOrder(const CObList& list)
+{
+    return std::adjacent_find(list.begin(), list.end(),
+                              [](const CObject* left, const CObject* right)
+                              { return ElementOf(left).Tag() >= ElementOf(right).Tag(); }) == list.end();
+}
+
 int LeadingDecimal(const CString& text)
 {
     return static_cast<int>(std::strtol(text, nullptr, 10));
@@ -94,12 +102,14 @@ void CDcmElementSet::Add(CDcmElement* element)
 
 void CDcmElementSet::Declare(const CString& group, const CString& element)
 {
-    const DWORD tag = TagNumber(HexNumber(group), HexNumber(element));
+    const int groupNumber = HexNumber(group);
+    const int elementNumber = HexNumber(element);
+    const DWORD tag = TagNumber(groupNumber, elementNumber);
     if (Elements().Find(tag) == nullptr)
     {
         m_declared.Add(tag);
         Elements().Shape().declared.push_back(tag);
-        Add(new CDcmElement(group, element));
+        Add(new CDcmElement(groupNumber, elementNumber));
     }
 }
 
@@ -327,6 +337,47 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
         if (source != known.end())
         {
             ElementOf(object) = *source->second;
+        }
+    }
+}
+
+void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
+{
+    if (Body().references != 1 || values.Body().references != 1 || Elements().ShapeOrNull() != nullptr ||
+        !InStrictTagOrder(Body().list) || !InStrictTagOrder(values.Body().list))
+    {
+        RemoveTagsOf(values);
+        Merge(values);
+        Sort();
+        return;
+    }
+    std::vector<CObject*> merged;
+    std::vector<CObject*> replaced;
+    merged.reserve(static_cast<std::size_t>(GetCount()) + static_cast<std::size_t>(values.GetCount()));
+    replaced.reserve(static_cast<std::size_t>(values.GetCount()));
+    const CObList& mine = Body().list;
+    auto next = mine.begin();
+    for (CObject* value : values.Body().list)
+    {
+        const DWORD tag = ElementOf(value).Tag();
+        for (; next != mine.end() && ElementOf(*next).Tag() < tag; ++next)
+        {
+            merged.push_back(*next);
+        }
+        if (next != mine.end() && ElementOf(*next).Tag() == tag)
+        {
+            replaced.push_back(*next++);
+        }
+        merged.push_back(value);
+    }
+    if (!values.IsEmpty())
+    {
+        merged.insert(merged.end(), next, mine.end());
+        Elements().SetList(merged);
+        values.ForgetAll();
+        for (const CObject* object : replaced)
+        {
+            delete object;
         }
     }
 }

@@ -86,6 +86,9 @@ public:
     /// Adds copies of the other's elements whose tags are not here, before this set's own elements; the others update
     /// the values here. The body is replaced. Callers sort afterwards.
     void Merge(const CDcmElementSet& other);
+    /// The given elements, which this set may take over, replace the first elements of their tags, and the set is
+    /// sorted: as RemoveTagsOf, Merge and Sort, in one pass over sets in which each tag stands once.
+    void TakeTagsOf(CDcmElementSet& values);
     /// Adds copies of the elements that are not empty to the target; empty items are left out of sequences.
     void CopyNonEmptyInto(CDcmElementSet& target) const;
     /// Empties every element's value; the elements stay.

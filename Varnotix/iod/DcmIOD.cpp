@@ -220,18 +220,16 @@ void CDcmIOD::RemoveIodModules()
 
 void CDcmIOD::AddSetIncludeEmpty(const CDcmModule& module)
 {
-    m_store->RemoveTagsOf(module.GetDcmElementSet());
-    m_store->Merge(module.GetDcmElementSet());
-    m_store->Sort();
+    CDcmElementSet values;
+    values.CopyByValue(module.GetDcmElementSet());
+    m_store->TakeTagsOf(values);
 }
 
 void CDcmIOD::AddSetExcludeEmpty(const CDcmModule& module)
 {
     CDcmElementSet values;
     CopyNonEmpty(module, values);
-    m_store->RemoveTagsOf(values);
-    m_store->Merge(values);
-    m_store->Sort();
+    m_store->TakeTagsOf(values);
 }
 
 void CDcmIOD::UpdateIodModule(const CDcmModule& module, const CDcmElementSet& set)
