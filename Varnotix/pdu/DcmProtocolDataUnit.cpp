@@ -34,7 +34,7 @@ void AddItem(CObArray& items, const MAKE& make)
         {
             std::unique_ptr<CObject> item(make());
             items.Add(item.get());
-            item.release();
+            static_cast<void>(item.release()); // The list owns it now.
         });
 }
 
