@@ -139,6 +139,24 @@ TEST(TypedIod, EmptyModuleElementsRemoveNothingUnlessTheyAreIncluded)
     EXPECT_STREQ(TextOf(neither, 0x0010, 0x0010), "");
 }
 
+TEST(TypedIod, UpdatesAStoreThatIsOutOfOrderOrRepeatsATag)
+{
+    CDcmCompositeIEIOD iod;
+    iod.Module<CDcmPatientModule>().PatientName("N");
+    iod.Module<CDcmGeneralStudyModule>().StudyID("S");
+    for (CDcmElement* element : {MakeText(0x0028, 0x0004, "RGB"), MakeText(0x0010, 0x0010, "A"),
+                                 MakeText(0x0010, 0x0010, "B"), MakeText(0x0008, 0x1030, "HEAD")})
+    {
+        iod.ElementStore().Add(element);
+    }
+    for (int round = 0; round < 2; ++round)
+    {
+        iod.UpdateIod(true);
+        EXPECT_EQ(Listing(iod.ElementStore()),
+                  (std::vector<std::string>{"00081030=HEAD", "00100010=N", "00200010=S", "00280004=RGB"}));
+    }
+}
+
 TEST(TypedIod, IsMadeOfAGenericObject)
 {
     CDcmCompositeIOD generic;
