@@ -8,6 +8,17 @@
 #include <unordered_map>
 #include <vector>
 
+/// An entry of a body's list as what it is.
+inline const CDcmElement& ElementOf(const CObject* object)
+{
+    return static_cast<const CDcmElement&>(*object);
+}
+
+inline CDcmElement& ElementOf(CObject* object)
+{
+    return static_cast<CDcmElement&>(*object);
+}
+
 /// Elements in list order, found by tag.
 ///
 /// Streams and modules fill sets in tag order nearly always, and then a binary search over the list itself answers.
