@@ -26,7 +26,6 @@ public:
     int Write(CDcmIOD& object, const CString& output);
 
 private:
-    CString UidToKeep(const SObjectForm& form) const;
     void Apply(CDcmIOD& object) const;
     void TellReplaced(const CDcmElementSet& store) const;
     void ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const;
@@ -41,7 +40,7 @@ private:
 int CAnonymizer::Write(CDcmIOD& object, const CString& output)
 {
     const SObjectForm form = FormOf(object);
-    const CString uid = UidToKeep(form);
+    const CString uid = UidToKeep(form, m_name, m_report);
     if (uid.IsEmpty())
     {
         return STATUS_UNREADABLE;
@@ -68,16 +67,6 @@ int CAnonymizer::Write(CDcmIOD& object, const CString& output)
     losses.Tell(m_name, m_report);
     TellUncovered(written.ElementStore());
     return STATUS_DONE;
-}
-
-/// Compressed pixel data keeps its transfer syntax, as it is not touched.
-CString CAnonymizer::UidToKeep(const SObjectForm& form) const
-{
-    if (form.compressed && SyntaxOfUid(form.transferSyntax) == form.syntax)
-    {
-        return form.transferSyntax;
-    }
-    return UidToWrite(form, m_name, form.syntax, m_report);
 }
 
 /// The object has no modules, so nothing can put an old value back when it is written.

@@ -1,6 +1,5 @@
-#include "CheckedWrite.h"
-#include "FileMeta.h"
 #include "Input.h"
+#include "Rewrite.h"
 #include "Verbs.h"
 
 namespace
@@ -26,16 +25,7 @@ int ConvertOne(const CString& input, const CString& output, int syntax, const CR
     {
         GivePixelDataItsVr(object.ElementStore(), name, report);
     }
-    SetFileMeta(object, form, name, uid, report);
-    // An unknown UID in the object leaves the syntax to this one.
-    object.IodSyntax(CDcmRegistry::Global().UidString(syntax));
-
-    COutputFile target(output);
-    CDcmIOD written;
-    WriteChecked(object, TakeSnapshot(object.ElementStore()), name, {form.syntax, syntax, form.compressed},
-                 target.File(), losses, written);
-    target.Commit();
-    losses.Tell(name, report);
+    Rewrite(object, form, {uid, syntax, output}, name, losses, report);
     return STATUS_DONE;
 }
 

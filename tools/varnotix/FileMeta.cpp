@@ -1,6 +1,7 @@
 #include "FileMeta.h"
 
 #include <string_view>
+#include <utility>
 
 namespace
 {
@@ -72,6 +73,10 @@ CString MetaPlace(const CString& input, int element)
 void AddText(CDcmElementSet& store, const CString& input, int element, const CString& text, char padding,
              const CReport& report)
 {
+    if (!TextOf(store, kMetaGroup, element).IsEmpty())
+    {
+        return;
+    }
     if (text.IsEmpty())
     {
         report.Say(MetaPlace(input, element) + ": missing, because the data set does not name it");
@@ -121,20 +126,51 @@ CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, co
     return form.transferSyntax;
 }
 
+CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& report)
+{
+    if (form.compressed && SyntaxOfUid(form.transferSyntax) == form.syntax)
+    {
+        return form.transferSyntax;
+    }
+    return UidToWrite(form, input, form.syntax, report);
+}
+
+void CompleteFileMeta(CDcmIOD& object, const CString& input, const CReport& report)
+{
+    CDcmElementSet& store = object.ElementStore();
+    const CDcmElement* version = store.Find(kMetaGroup, 0x0001);
+    if (version == nullptr || version->IsEmptyValue())
+    {
+        SetMeta(store, 0x0001, std::string_view("\0\1", 2), '\0');
+        report.Detail(MetaPlace(input, 0x0001) + ": added as 00 01");
+    }
+    AddText(store, input, 0x0002, TextOf(store, 0x0008, 0x0016), '\0', report);
+    AddText(store, input, 0x0003, TextOf(store, 0x0008, 0x0018), '\0', report);
+    AddText(store, input, 0x0012, kImplementationClass, '\0', report);
+    AddText(store, input, 0x0013, kImplementationVersion, ' ', report);
+}
+
+void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& report)
+{
+    const CDcmElementSet& store = object.ElementStore();
+    for (const auto& [meta, element] : {std::pair(0x0002, 0x0016), std::pair(0x0003, 0x0018)})
+    {
+        const CString inMeta = TextOf(store, kMetaGroup, meta);
+        const CString inData = TextOf(store, 0x0008, element);
+        if (!inMeta.IsEmpty() && !inData.IsEmpty() && inMeta != inData)
+        {
+            report.Say(MetaPlace(input, meta) + ": is not what the data set says: " + inMeta + ", " + inData);
+        }
+    }
+}
+
 void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input, const CString& uid,
                  const CReport& report)
 {
     CDcmElementSet& store = object.ElementStore();
     if (!form.hasMeta)
     {
-        const CString sopClass = TextOf(store, 0x0008, 0x0016);
-        const CString sopInstance = TextOf(store, 0x0008, 0x0018);
-        SetMeta(store, 0x0001, std::string_view("\0\1", 2), '\0');
-        report.Detail(MetaPlace(input, 0x0001) + ": added as 00 01");
-        AddText(store, input, 0x0002, sopClass, '\0', report);
-        AddText(store, input, 0x0003, sopInstance, '\0', report);
-        AddText(store, input, 0x0012, kImplementationClass, '\0', report);
-        AddText(store, input, 0x0013, kImplementationVersion, ' ', report);
+        CompleteFileMeta(object, input, report);
     }
     if (form.transferSyntax != uid)
     {

@@ -1,4 +1,4 @@
-/// What convert sets in an object before it is written.
+/// What is set in an object before it is written.
 #pragma once
 
 #include "Report.h"
@@ -17,6 +17,15 @@ SObjectForm FormOf(const CDcmIOD& object);
 /// The Transfer Syntax UID to write for a wanted syntax. Compressed pixel data keeps its own.
 /// @return empty when the object cannot be written in the wanted syntax; a message told why.
 CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, const CReport& report);
+
+/// As UidToWrite for the syntax that the object was read in: compressed pixel data that is not touched keeps its own.
+CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& report);
+
+/// Adds what the file meta information lacks, but the transfer syntax; tells each with -v.
+void CompleteFileMeta(CDcmIOD& object, const CString& input, const CReport& report);
+
+/// Says where the file meta information names another SOP class or instance than the data set.
+void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& report);
 
 /// Sets (0002,0010), and the rest of the file meta information for an object that has none; tells each with -v.
 void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input, const CString& uid,

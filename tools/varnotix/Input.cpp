@@ -2,16 +2,52 @@
 
 #include "StandardStreams.h"
 
+#include <functional>
 #include <new>
 
 namespace
 {
 
-void Load(CFile& file, CDcmIOD& object)
+void Load(CFile& file, const std::function<void(CArchive&)>& take)
 {
     CArchive archive(&file, CArchive::load);
-    object.Serialize(archive);
+    take(archive);
     archive.Close();
+}
+
+/// Hands over what a path or "-" names. False, with a message that tells why, when it cannot be read.
+bool ReadInput(const CString& path, const CReport& report, const std::function<void(CArchive&)>& take)
+{
+    try
+    {
+        if (path == "-")
+        {
+            CByteArray bytes;
+            ReadStandardInput(bytes);
+            CMemFile file;
+            file.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
+            Load(file, take);
+        }
+        else
+        {
+            CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
+            Load(file, take);
+        }
+        return true;
+    }
+    catch (const CFileException& failure)
+    {
+        report.Error(failure.GetErrorMessage());
+    }
+    catch (const CMemoryException& failure)
+    {
+        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
+    }
+    catch (const std::bad_alloc&)
+    {
+        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
+    }
+    return false;
 }
 
 void ReportTrials(const CString& name, const CDcmIOD& object, const CReport& report)
@@ -63,35 +99,8 @@ CString ShownName(const CString& path)
 
 bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
 {
-    try
+    if (!ReadInput(path, report, [&](CArchive& archive) { object.Serialize(archive); }))
     {
-        if (path == "-")
-        {
-            CByteArray bytes;
-            ReadStandardInput(bytes);
-            CMemFile file;
-            file.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
-            Load(file, object);
-        }
-        else
-        {
-            CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
-            Load(file, object);
-        }
-    }
-    catch (const CFileException& failure)
-    {
-        report.Error(failure.GetErrorMessage());
-        return false;
-    }
-    catch (const CMemoryException& failure)
-    {
-        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
-        return false;
-    }
-    catch (const std::bad_alloc&)
-    {
-        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
         return false;
     }
     if (object.GetCount() == 0)
@@ -100,4 +109,22 @@ bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
         return false;
     }
     return true;
+}
+
+bool ReadScript(const CString& path, CStringArray& lines, const CReport& report)
+{
+    const bool isRead = ReadInput(path, report,
+                                  [&](CArchive& archive)
+                                  {
+                                      for (CString line; archive.ReadString(line);)
+                                      {
+                                          lines.Add(line);
+                                      }
+                                  });
+    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+    if (isRead && !lines.IsEmpty() && lines[0].View().starts_with(kByteOrderMark))
+    {
+        lines[0] = lines[0].Mid(static_cast<int>(kByteOrderMark.size()));
+    }
+    return isRead;
 }

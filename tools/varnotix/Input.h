@@ -1,4 +1,4 @@
-/// Reading objects, with the reasons when they cannot be read.
+/// Reading objects and scripts, with the reasons when they cannot be read.
 #pragma once
 
 #include "Report.h"
@@ -13,3 +13,7 @@ CString ShownName(const CString& path);
 /// Reads the object in a file, or on standard input for "-".
 /// @return false, with a message that tells why, when there is no readable object.
 bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report);
+
+/// Reads the lines of a script, on standard input for "-", without the byte order mark that some editors put first.
+/// @return false, with a message that tells why, when it cannot be read.
+bool ReadScript(const CString& path, CStringArray& lines, const CReport& report);

@@ -1,4 +1,5 @@
 #include "CheckedWrite.h"
+#include "Entities.h"
 #include "Input.h"
 #include "StandardStreams.h"
 #include "TypedObject.h"
@@ -9,37 +10,6 @@
 
 namespace
 {
-
-/// The modules of an entity are registered one behind the other; these come first in theirs.
-struct SEntityStart
-{
-    const CRuntimeClass* moduleClass;
-    const char* entity;
-};
-
-const SEntityStart kEntityStarts[] = {
-    {RUNTIME_CLASS(CDcmMetaFileInformation), "File"},
-    {RUNTIME_CLASS(CDcmPatientModule), "Patient"},
-    {RUNTIME_CLASS(CDcmPatientRelationshipModule), "Patient"},
-    {RUNTIME_CLASS(CDcmGeneralStudyModule), "Study"},
-    {RUNTIME_CLASS(CDcmGeneralSeriesModule), "Series"},
-    {RUNTIME_CLASS(CDcmGeneralEquipmentModule), "Equipment"},
-    {RUNTIME_CLASS(CDcmFrameOfReferenceModule), "Frame of reference"},
-    {RUNTIME_CLASS(CDcmGeneralImageModule), "Image"},
-    {RUNTIME_CLASS(CDcmCurveIdentificationModule), "Curve"},
-};
-
-CString EntityStarting(const CDcmModule& module)
-{
-    for (const SEntityStart& start : kEntityStarts)
-    {
-        if (module.GetRuntimeClass() == start.moduleClass)
-        {
-            return start.entity;
-        }
-    }
-    return CString();
-}
 
 /// Prints one object.
 class CModulePrinter

@@ -33,5 +33,10 @@ int Anonymize(const std::vector<std::string>& files, const CString& output, cons
 /// @param withGaps also the attributes that a module declares and the object lacks.
 int Modules(const CString& input, bool withGaps, const CReport& report);
 
+/// Writes a script with a line for each attribute that an object of a kind may have.
+/// @param kind one of ScriptKindWords.
+/// @param output a path, or "-" for standard output.
+int New(const std::string& kind, const CString& output, const CReport& report);
+
 /// Prints which data files were loaded, how many rows each gave, and where they are looked for.
 int Where(const CReport& report);

@@ -1,6 +1,7 @@
 // The command line: verbs, arguments and help.
 
 #include "PduVerb.h"
+#include "ScriptKinds.h"
 #include "StandardStreams.h"
 #include "Varnotix/Version.h"
 #include "Verbs.h"
@@ -50,6 +51,10 @@ constexpr const char* kModulesFooter =
     "secondary capture or patient information. Of any other object all attributes stand under 'attributes that no\n"
     "module declares'. The elements of all items of a sequence stand in one list, as a read gathers them.";
 
+constexpr const char* kNewFooter =
+    "One line an attribute, by entity and module. What such an object must have is open, the rest is commented out\n"
+    "with ';'. Class, modality and UIDs are filled in.";
+
 constexpr const char* kPduFooter =
     "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between the\n"
     "pairs of digits, and '#' starts a comment. Bytes that no PDU can be made of are told on standard error, with\n"
@@ -61,6 +66,7 @@ struct SArguments
     std::string input;
     std::string output;
     std::string syntax;
+    std::string kind;
     std::string text = "ANONYMOUS";
     bool deep = false;
     bool asPictures = false;
@@ -155,6 +161,13 @@ int Run(int count, char** texts)
     modules->footer(kModulesFooter);
     AddMessageFlags(*modules, arguments);
 
+    CLI::App* newScript = app.add_subcommand("new", "Write a script to fill in and build");
+    newScript->add_option("KIND", arguments.kind, "The kind of object")
+        ->required()
+        ->check(CLI::IsMember(ScriptKindWords()));
+    newScript->add_option("-o,--output", arguments.output, "Script to write; without it, standard output");
+    newScript->footer(kNewFooter);
+
     CLI::App* pdu = app.add_subcommand("pdu", "Print what association PDUs hold");
     pdu->add_option("FILE", arguments.input,
                     "PDUs as bytes or in hexadecimal digits; '-', or no file, is standard input");
@@ -176,6 +189,11 @@ int Run(int count, char** texts)
     if (where->parsed())
     {
         return Where(report);
+    }
+    if (newScript->parsed())
+    {
+        return New(arguments.kind,
+                   arguments.output.empty() ? CString("-") : CString(std::string_view(arguments.output)), report);
     }
     if (pdu->parsed())
     {
