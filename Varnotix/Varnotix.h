@@ -2,8 +2,11 @@
 #pragma once
 
 #include "Varnotix/Version.h"
+#include "Varnotix/asl/AslLine.h"
 #include "Varnotix/asl/AslWriter.h"
+#include "Varnotix/asl/DcmAttributeScript.h"
 #include "Varnotix/asl/DcmAttributeSet.h"
+#include "Varnotix/asl/ScriptNote.h"
 #include "Varnotix/codec/DcmParser.h"
 #include "Varnotix/element/DcmElement.h"
 #include "Varnotix/element/DcmElementSet.h"

@@ -5,7 +5,7 @@
 #include "Varnotix/platform/Exceptions.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
 #include <string>
 
 namespace
@@ -14,23 +14,37 @@ namespace
 constexpr int kIndent = 3;
 constexpr int kLongestBytes = 5000;
 
-template <class NUMBER>
-void AppendFormatted(std::string& line, const char* format, NUMBER number)
+void AppendNumber(std::string& line, int number)
+{
+    char text[16];
+    line.append(text, std::to_chars(std::begin(text), std::end(text), number).ptr);
+}
+
+/// Six digits behind the point, in every locale.
+void AppendNumber(std::string& line, double number)
 {
     // The longest float of 64 bits has 309 digits before the point.
     char text[352];
-    std::snprintf(text, sizeof text, format, number);
-    line += text;
+    line.append(text, std::to_chars(std::begin(text), std::end(text), number, std::chars_format::fixed, 6).ptr);
 }
 
-template <class ARRAY, class NUMBER>
-void AppendNumbers(std::string& line, const ARRAY* values, const char* format)
+/// A number of a tag, in four digits.
+void AppendHex(std::string& line, int number)
+{
+    for (int shift = 12; shift >= 0; shift -= 4)
+    {
+        line += "0123456789abcdef"[(number >> shift) & 0xF];
+    }
+}
+
+template <class NUMBER, class ARRAY>
+void AppendNumbers(std::string& line, const ARRAY* values)
 {
     if (values != nullptr)
     {
         for (const auto value : *values)
         {
-            AppendFormatted(line, format, static_cast<NUMBER>(value));
+            AppendNumber(line, static_cast<NUMBER>(value));
             line += ',';
         }
     }
@@ -54,7 +68,7 @@ void AppendBytes(std::string& line, const CByteArray& bytes)
 {
     if (bytes.GetSize() > kLongestBytes)
     {
-        AppendFormatted(line, "%d", bytes.GetSize());
+        AppendNumber(line, bytes.GetSize());
         line += ',';
     }
     else if (std::all_of(bytes.begin(), bytes.end(), IsPrintable))
@@ -63,7 +77,7 @@ void AppendBytes(std::string& line, const CByteArray& bytes)
     }
     else
     {
-        AppendNumbers<CByteArray, int>(line, &bytes, "%d");
+        AppendNumbers<int>(line, &bytes);
     }
 }
 
@@ -91,17 +105,17 @@ bool AppendValues(std::string& line, const CDcmElement& element)
         return true;
     case EVrKind::Words:
     case EVrKind::OtherWords:
-        AppendNumbers<CWordArray, int>(line, element.Words(), "%d");
+        AppendNumbers<int>(line, element.Words());
         return true;
     case EVrKind::Integers:
         // Unsigned values are written as signed ones: documents have always read so.
-        AppendNumbers<CUIntArray, int>(line, element.Integers(), "%d");
+        AppendNumbers<int>(line, element.Integers());
         return true;
     case EVrKind::Floats:
-        AppendNumbers<CFloatArray, double>(line, element.Floats(), "%f");
+        AppendNumbers<double>(line, element.Floats());
         return true;
     case EVrKind::Doubles:
-        AppendNumbers<CDoubleArray, double>(line, element.Doubles(), "%f");
+        AppendNumbers<double>(line, element.Doubles());
         return true;
     case EVrKind::Bytes:
         AppendBytes(line, *element.Bytes());
@@ -109,7 +123,7 @@ bool AppendValues(std::string& line, const CDcmElement& element)
     case EVrKind::Items:
         if (element.Items() != nullptr)
         {
-            AppendFormatted(line, "%d", element.Items()->GetCount());
+            AppendNumber(line, element.Items()->GetCount());
         }
         return element.Items() != nullptr;
     case EVrKind::RawOnly:
@@ -146,10 +160,14 @@ CString AslElementLine(const CDcmElement& element)
         return CString();
     }
     std::string line;
-    AppendFormatted(line, "%04x,", static_cast<unsigned>(element.Group()));
-    AppendFormatted(line, "%04x,", static_cast<unsigned>(element.Element()));
+    AppendHex(line, element.Group());
+    line += ',';
+    AppendHex(line, element.Element());
+    line += ',';
     line += VrText(element.Vr());
-    AppendFormatted(line, ",%d,", element.Vm());
+    line += ',';
+    AppendNumber(line, element.Vm());
+    line += ',';
     line += element.Name().CText();
     const std::size_t beforeList = line.size();
     line += ",[";

@@ -1,6 +1,7 @@
 /// The information object: what is read from a stream, edited and written.
 #pragma once
 
+#include "Varnotix/asl/ScriptNote.h"
 #include "Varnotix/codec/ParseException.h"
 #include "Varnotix/modules/DcmModuleList.h"
 
@@ -133,10 +134,17 @@ public:
     /// reported.
     void Export(const CString& path) const;
 
+    /// Reads a text document: its elements become the store's, and the registered modules take their values. Commands
+    /// other than those of sequences are not used. A document without elements, or one that cannot be opened, changes
+    /// nothing.
+    void ImportFromASL(const CString& path);
+
     /// What the trials of the last read met that failed, in order; empty after a read that succeeded at once.
     const std::vector<SReadTrial>& ReadTrials() const;
     /// What the last read could not keep as the stream held it, in stream order.
     const std::vector<SReadNote>& ReadNotes() const;
+    /// What the last script that was read here holds and the reader could not follow, in the order of its lines.
+    const std::vector<SScriptNote>& ScriptNotes() const;
 
 protected:
     friend class CDcmModule; // A module attaches itself to its owner.

@@ -1,6 +1,7 @@
 /// The part of an information object that is no interface.
 #pragma once
 
+#include "Varnotix/asl/ScriptNote.h"
 #include "Varnotix/codec/ParseException.h"
 #include "Varnotix/platform/Object.h"
 
@@ -13,4 +14,5 @@ class CDcmIODPrivate : public CObject
 public:
     std::vector<SReadTrial> readTrials;
     std::vector<SReadNote> readNotes;
+    std::vector<SScriptNote> scriptNotes;
 };

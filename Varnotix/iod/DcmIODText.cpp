@@ -1,7 +1,10 @@
-// The text document of an information object.
+// The text document of an information object: written and read.
 
 #include "Varnotix/asl/AslWriter.h"
+#include "Varnotix/asl/DcmAttributeScript.h"
 #include "Varnotix/iod/DcmIOD.h"
+#include "Varnotix/iod/DcmIODPrivate.h"
+#include "Varnotix/platform/Archive.h"
 
 namespace
 {
@@ -32,6 +35,24 @@ CString CountLine(const char* key, int count)
     return line;
 }
 
+/// Reads a file line by line. What cannot be opened or read is left out.
+void ReadLines(const CString& path, CStringArray& lines)
+{
+    try
+    {
+        CFile file(path, CFile::modeRead);
+        CArchive archive(&file, CArchive::load, 4096);
+        for (CString line; archive.ReadString(line);)
+        {
+            lines.Add(line);
+        }
+    }
+    catch (const CFileException&)
+    {
+        // The lines read so far count.
+    }
+}
+
 } // namespace
 
 void CDcmIOD::Export(CStringArray& lines) const
@@ -54,4 +75,24 @@ void CDcmIOD::Export(const CString& path) const
     Export(lines);
     lines.Add(CString());
     WriteAslFile(path, lines);
+}
+
+void CDcmIOD::ImportFromASL(const CString& path)
+{
+    CStringArray lines;
+    ReadLines(path, lines);
+    CDcmAttributeScript script;
+    CDcmAttributeModule module;
+    script.Run(lines, module);
+    m_private->scriptNotes = script.Notes();
+    if (module.GetCount() > 0)
+    {
+        m_store->CopyByValue(module.GetDcmElementSet());
+        UpdateIodModuleSet();
+    }
+}
+
+const std::vector<SScriptNote>& CDcmIOD::ScriptNotes() const
+{
+    return m_private->scriptNotes;
 }

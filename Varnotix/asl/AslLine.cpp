@@ -1,0 +1,78 @@
+#include "Varnotix/asl/AslLine.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr std::string_view kBlanks = " \t\n\v\f\r";
+constexpr char kSeparator = ',';
+
+char Lower(char character)
+{
+    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+/// Takes the text before the next separator, and the separator.
+std::string_view TakeField(std::string_view& text)
+{
+    const std::size_t end = std::min(text.find(kSeparator), text.size());
+    const std::string_view field = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return field;
+}
+
+} // namespace
+
+std::string_view TrimBlanks(std::string_view text)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+bool EqualNoCase(std::string_view left, std::string_view right)
+{
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char a, char b) { return Lower(a) == Lower(b); });
+}
+
+SAslCommand SplitAslCommand(std::string_view line)
+{
+    line.remove_prefix(1);
+    const std::size_t sign = std::min(line.find('='), line.size());
+    const std::string_view argument = TrimBlanks(line.substr(std::min(sign + 1, line.size())));
+    return {TrimBlanks(line.substr(0, sign)), TrimBlanks(argument.substr(0, argument.find_first_of("\r\n")))};
+}
+
+SAslElement SplitAslElement(std::string_view line)
+{
+    SAslElement parts{};
+    for (std::string_view* field : {&parts.group, &parts.element, &parts.vr, &parts.multiplicity, &parts.name})
+    {
+        *field = TrimBlanks(TakeField(line));
+    }
+    const std::size_t open = line.find('[');
+    if (open == std::string_view::npos)
+    {
+        parts.isListClosed = true;
+        parts.isTextOutside = !TrimBlanks(line).empty();
+        return parts;
+    }
+    const std::string_view list = line.substr(open + 1);
+    const std::size_t close = list.find(']');
+    parts.values = list.substr(0, close);
+    parts.isListClosed = close != std::string_view::npos;
+    parts.isTextOutside = !TrimBlanks(line.substr(0, open)).empty() ||
+                          (parts.isListClosed && !TrimBlanks(list.substr(close + 1)).empty());
+    return parts;
+}
+
+bool NextAslValue(std::string_view& values, std::string_view& text)
+{
+    if (values.empty())
+    {
+        return false;
+    }
+    text = TakeField(values);
+    return true;
+}

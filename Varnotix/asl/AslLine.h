@@ -1,0 +1,42 @@
+/// The parts of a line of the Attribute Script Language, as views into its text.
+#pragma once
+
+#include "Varnotix/platform/Export.h"
+
+#include <string_view>
+
+/// The text without white space at its ends.
+VARNOTIX_EXPORT std::string_view TrimBlanks(std::string_view text);
+
+/// True for texts that differ at most in the case of ASCII letters.
+VARNOTIX_EXPORT bool EqualNoCase(std::string_view left, std::string_view right);
+
+/// A line that begins with "#".
+struct SAslCommand
+{
+    std::string_view keyword;  ///< Before the first "=", trimmed.
+    std::string_view argument; ///< Behind it, up to the first line break, trimmed.
+};
+
+/// @param line a trimmed line that begins with "#".
+VARNOTIX_EXPORT SAslCommand SplitAslCommand(std::string_view line);
+
+/// A line that stands for an element: group,element,VR,multiplicity,name,[values]. The fields are trimmed; those that
+/// the line lacks are empty.
+struct SAslElement
+{
+    std::string_view group;
+    std::string_view element;
+    std::string_view vr;
+    std::string_view multiplicity;
+    std::string_view name;
+    std::string_view values; ///< Between "[" and the next "]", or the end of the line; not trimmed.
+    bool isListClosed;       ///< A "]" follows the values, or there is no list.
+    bool isTextOutside;      ///< Behind the name stands more than the list and white space.
+};
+
+VARNOTIX_EXPORT SAslElement SplitAslElement(std::string_view line);
+
+/// Takes the next text from a value list. A comma ends each text; behind the last one it may be missing.
+/// @return false when the list is used up.
+VARNOTIX_EXPORT bool NextAslValue(std::string_view& values, std::string_view& text);

@@ -1,0 +1,45 @@
+#include "Varnotix/asl/ScriptNote.h"
+
+#include <algorithm>
+#include <iterator>
+
+const char* ScriptNoteText(int kind)
+{
+    static constexpr const char* kTexts[] = {
+        "the command is unknown and has no effect",
+        "#SEQUENCE_BEGIN follows no SQ line and has no effect",
+        "#SEQUENCE_END stands outside every item: reading ended here",
+        "the line has no tag, or one that the dictionary does not know: it was skipped",
+        "the tag stood before in this set",
+        "the dictionary gives the tag another VR, and that one holds",
+        "text outside the value list was dropped",
+        "the value list has no ]",
+        "a value is not a number",
+        "a number is out of range and was cut",
+        "FD values do not come through text: the element holds other ones",
+        "values of OW, UN and Pixel Data are not read from text",
+        "the multiplicity leaves no place for the value",
+        "the line follows an SQ line without being #SEQUENCE_BEGIN and has no effect",
+        "the item that begins here has no #SEQUENCE_END",
+        "the item is nested more than 64 levels deep: reading ended here",
+    };
+    return kind >= 0 && kind < static_cast<int>(std::size(kTexts)) ? kTexts[kind] : "";
+}
+
+void CScriptNotes::Add(int line, EScriptNote kind)
+{
+    for (auto note = m_notes.rbegin(); note != m_notes.rend() && note->line == line; ++note)
+    {
+        if (note->kind == kind)
+        {
+            return;
+        }
+    }
+    m_notes.push_back({line, kind});
+}
+
+void CScriptNotes::Sort()
+{
+    std::stable_sort(m_notes.begin(), m_notes.end(),
+                     [](const SScriptNote& left, const SScriptNote& right) { return left.line < right.line; });
+}
