@@ -1,42 +1,12 @@
-// The example hosts, run as programs, and the README, which shows one of them.
+// The example hosts, run as programs.
 
+#include "Programs.h"
 #include "Varnotix/Varnotix.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <string>
-
 namespace
 {
-
-std::filesystem::path FolderOf(const char* variable)
-{
-    const char* value = std::getenv(variable);
-    return value != nullptr ? value : ".";
-}
-
-std::string ReadText(const std::filesystem::path& path)
-{
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
-
-/// The status of an example that is run with its standard output in out.txt.
-int StatusOf(const std::string& example, const std::string& argument)
-{
-    std::string command =
-        "\"" + (FolderOf("VARNOTIX_BIN") / example).string() + "\" " + argument + " >out.txt 2>err.txt";
-    if (std::filesystem::path::preferred_separator == '\\')
-    {
-        command = "\"" + command + "\""; // The shell there takes off the outermost quotes.
-    }
-    const int status = std::system(command.c_str());
-    return status > 0xFF ? status >> 8 : status;
-}
 
 void Import(const std::string& path, CDcmIOD& object)
 {
@@ -84,16 +54,7 @@ TEST(ExampleReadPatient, PrintsTheNameAndRefusesWhatIsNoObject)
 {
     ASSERT_EQ(StatusOf("example_phantom", "phantom.dcm"), 0);
     EXPECT_EQ(StatusOf("example_read_patient", "phantom.dcm"), 0);
-    const std::string out = ReadText("out.txt");
-    EXPECT_EQ(out.substr(0, out.find_first_of("\r\n")), "Phantom^Disc");
+    EXPECT_EQ(ReadOutput(), "Phantom^Disc\n");
     EXPECT_EQ(StatusOf("example_read_patient", "no-such-file.dcm"), 20);
     EXPECT_EQ(StatusOf("example_read_patient", "out.txt"), 20);
-}
-
-TEST(Readme, ShowsTheExampleAsItStands)
-{
-    const std::filesystem::path project = FolderOf("VARNOTIX_DATA").parent_path();
-    const std::string example = ReadText(project / "examples" / "read_patient" / "read_patient.cpp");
-    ASSERT_FALSE(example.empty());
-    EXPECT_NE(ReadText(project / "README.md").find("```cpp\n" + example + "```\n"), std::string::npos);
 }

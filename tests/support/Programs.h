@@ -1,0 +1,47 @@
+// Files of the project, and its programs as they run.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+inline std::filesystem::path FolderOf(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    return value != nullptr ? value : ".";
+}
+
+/// The folder that holds README.md.
+inline std::filesystem::path ProjectFolder()
+{
+    return FolderOf("VARNOTIX_DATA").parent_path();
+}
+
+inline std::string ReadText(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+/// The standard output of the program that ran last, with the line ends of C.
+inline std::string ReadOutput()
+{
+    std::string text = ReadText("out.txt");
+    std::erase(text, '\r');
+    return text;
+}
+
+/// The status of a program that is run with its standard output in out.txt and its errors in err.txt.
+inline int StatusOf(const std::string& program, const std::string& arguments)
+{
+    std::string command =
+        "\"" + (FolderOf("VARNOTIX_BIN") / program).string() + "\" " + arguments + " >out.txt 2>err.txt";
+    if (std::filesystem::path::preferred_separator == '\\')
+    {
+        command = "\"" + command + "\""; // The shell there takes off the outermost quotes.
+    }
+    const int status = std::system(command.c_str());
+    return status > 0xFF ? status >> 8 : status;
+}
