@@ -100,7 +100,7 @@ void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels
         const std::uint32_t next = i + 1 < kOffsets ? NumberAt(rle, 8 + 4 * i) : 0;
         const std::int64_t end =
             next != 0 ? next : static_cast<std::int64_t>(size) - static_cast<std::int64_t>(kHeaderSize);
-        if (start < size && end > start)
+        if (start < size && end > start && capacity > 0)
         {
             BYTE* target = decoded.GetData() + (interleaved ? i : i * capacity);
             DecodePackBits({rle.GetData() + start, size - start}, static_cast<std::size_t>(end - start), target,

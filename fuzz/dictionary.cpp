@@ -1,0 +1,57 @@
+// Any bytes as "dictionary.txt". The loader runs on a table of its own: the registry would add to its lists at every
+// load.
+
+#include "Scratch.h"
+#include "Varnotix/platform/Arrays.h"
+#include "Varnotix/registry/DataFiles.h"
+#include "Varnotix/registry/DictionaryFile.h"
+#include "Varnotix/registry/EntryTable.h"
+
+#include <string>
+
+namespace
+{
+
+/// Loads the table from the bytes and gives it as text, a line an entry.
+std::string Loaded(const std::uint8_t* data, std::size_t size)
+{
+    CEntryTable table;
+    std::size_t lines = 0;
+    const CString path = ReadDataFile(ScratchFile(data, size),
+                                      [&](std::string_view line)
+                                      {
+                                          ++lines;
+                                          AddDictionaryLine(line, table);
+                                      });
+    Promise(!path.IsEmpty(), "the file is found in the current folder");
+    Promise(lines <= size, "lines are no more than the file has bytes");
+    Promise(static_cast<std::size_t>(table.GetCount()) <= lines, "a line makes one entry at most");
+    std::string text;
+    for (const CEntryTable::SItem& item : table.Items())
+    {
+        Promise(table.Find(item.key) == item.entry.get(), "an entry is found by its key");
+        text += std::string(DictionaryLine(item.key, *item.entry).View()) + "\n";
+    }
+    static_cast<void>(table.FindTag(0x0010, 0x0010));
+    static_cast<void>(table.FindTag(0x6002, 0x0010));
+
+    const int count = table.GetCount();
+    CEntryTable other;
+    table.MoveInto(other);
+    Promise(other.GetCount() == count && table.GetCount() == 0, "a table moves as a whole");
+    return text;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const auto reloaded = [](const std::string& text)
+    { return Loaded(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()); };
+    const std::string first = Loaded(data, size);
+    // The text form loses blanks inside tags, comments as tags and repeating groups; what is left of it is stable.
+    const std::string second = reloaded(first);
+    const std::string third = reloaded(second);
+    Promise(reloaded(third) == third, "the text of a dictionary loads as that dictionary");
+    return 0;
+}
