@@ -75,10 +75,12 @@ private:
     std::tuple<MODULES...> m_modules;
 };
 
-/// Defines a nested entity class.
+/// Defines a nested entity class. Its run-time class, which can be created by name, is in CompositeEntities.cpp.
 #define DCM_ENTITY(Name, ...) \
-    class CDcmCompositeIE::Name : public TEntity<__VA_ARGS__> \
+    class VARNOTIX_EXPORT CDcmCompositeIE::Name : public TEntity<__VA_ARGS__> \
     { \
+        DECLARE_DYNCREATE(Name) \
+\
     public: \
         using TEntity::TEntity; \
     }
@@ -202,8 +204,8 @@ private:
 };
 
 /// In the body of a concrete object class: construction, assignment and run-time class. Assigning or constructing from
-/// a CDcmCompositeIOD registers the object's own modules and copies the other's store, from which they take their
-/// values: this is how a generic object that was read becomes a typed one.
+/// a CDcmCompositeIOD registers the object's own modules, empty, and copies the other's store, from which they take
+/// their values: this is how a generic object that was read becomes a typed one.
 #define DCM_COMPOSITE_IOD(Class) \
     DECLARE_DYNCREATE(Class) \
 \
@@ -242,7 +244,11 @@ public: \
     } \
     Class& Class::operator=(const CDcmCompositeIOD& other) \
     { \
-        InitializeIod(); \
-        CDcmCompositeIOD::operator=(other); \
+        if (this != &other) \
+        { \
+            InitializeIod(); \
+            EmptyIodModules(); \
+            CDcmCompositeIOD::operator=(other); \
+        } \
         return *this; \
     }

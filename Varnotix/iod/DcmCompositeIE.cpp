@@ -32,8 +32,12 @@ CDcmCompositeIE& CDcmCompositeIE::operator=(const CDcmCompositeIE& other)
 
 CDcmCompositeIE& CDcmCompositeIE::operator=(const CDcmCompositeIOD& other)
 {
-    InitializeIod();
-    CDcmCompositeIOD::operator=(other);
+    if (this != &other)
+    {
+        InitializeIod();
+        EmptyIodModules();
+        CDcmCompositeIOD::operator=(other);
+    }
     return *this;
 }
 

@@ -14,6 +14,20 @@ void CopyNonEmpty(const CDcmModule& module, CDcmElementSet& copies)
     module.GetDcmElementSet().CopyNonEmptyInto(copies);
 }
 
+/// True when any element of the set equals this one, tag and value.
+bool HoldsEqual(const CDcmElementSet& set, const CDcmElement& wanted)
+{
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        if (element.Tag() == wanted.Tag() && element == wanted)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 CDcmIOD::CDcmIOD() : m_store(new CDcmElementSet), m_private(new CDcmIODPrivate) {}
@@ -60,8 +74,8 @@ bool CDcmIOD::IsSubSet(const CDcmIOD& other) const
     for (int i = 0; i < other.m_store->GetCount(); ++i)
     {
         const CDcmElement& wanted = *other.m_store->GetAt(i);
-        const CDcmElement* mine = m_store->Find(wanted);
-        if (mine == nullptr || *mine != wanted)
+        const CDcmElement* first = m_store->Find(wanted);
+        if (first == nullptr || (*first != wanted && !HoldsEqual(*m_store, wanted)))
         {
             return false;
         }

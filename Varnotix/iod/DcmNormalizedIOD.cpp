@@ -81,6 +81,7 @@ CPatientInformationIOD& CPatientInformationIOD::operator=(const CPatientInformat
 CPatientInformationIOD& CPatientInformationIOD::operator=(const CDcmCompositeIOD& other)
 {
     InitializeIod();
+    EmptyIodModules();
     CDcmIOD::operator=(other);
     return *this;
 }

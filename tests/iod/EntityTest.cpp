@@ -1,7 +1,9 @@
 #include "Varnotix/iod/DcmCompositeIEIOD.h"
+#include "Varnotix/registry/InitDicomDLL.h"
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -175,4 +177,8 @@ TEST(NestedEntities, AddTheirModulesBehindThoseOfTheirBase)
                      "CDcmMRImageModule"}));
     EXPECT_EQ(owner.FindModule(RUNTIME_CLASS(CDcmSOPCommonModule)), &image.Module<CDcmSOPCommonModule>());
     EXPECT_EQ(image.Module<CDcmVioLutModule>().Owner(), &owner);
+    InitDicomDLL();
+    const std::unique_ptr<CObject> made(CRuntimeClass::CreateObject("series_ie_cr"));
+    ASSERT_NE(made, nullptr);
+    EXPECT_STREQ(made->GetRuntimeClass()->m_pBaseClass->m_lpszClassName, "composite_series_ie");
 }

@@ -186,6 +186,8 @@ TEST(Iod, SubSetNeedsEachElementWithAnEqualValue)
     Fill(part.ElementStore(), {MakeText(0x0010, 0x0020, "1")});
     EXPECT_TRUE(whole.IsSubSet(part));
     EXPECT_FALSE(part.IsSubSet(whole));
+    Fill(whole.ElementStore(), {MakeText(0x0010, 0x0010, "B")});
+    EXPECT_TRUE(whole.IsSubSet(whole)) << "a repeated tag";
     part.ElementStore().GetAt(0)->AddText("2");
     EXPECT_FALSE(whole.IsSubSet(part));
 }

@@ -179,6 +179,17 @@ TEST(TypedIod, IsMadeOfAGenericObject)
     EXPECT_EQ(ModuleNames(mr), ModuleNames(CMRImageIOD()));
     EXPECT_STREQ(mr.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
     EXPECT_TRUE(static_cast<CDcmIOD&>(mr) == ct);
+
+    // Nothing of one object may be written as the next one's.
+    CPatientInformationIOD patient(generic);
+    CDcmCompositeIE meta(generic);
+    meta.MetaFileInformation().MediaInstanceUID("1.2");
+    ct = CDcmCompositeIOD();
+    patient = CDcmCompositeIOD();
+    meta = CDcmCompositeIOD();
+    EXPECT_TRUE(ct.Module<CDcmCTImageModule>().KVP().IsEmpty());
+    EXPECT_TRUE(patient.PatientIdentification().PatientName().IsEmpty());
+    EXPECT_TRUE(meta.MetaFileInformation().MediaInstanceUID().IsEmpty());
 }
 
 TEST(TypedIod, CopyTakesModuleValuesThatAreNotInTheStore)

@@ -57,6 +57,10 @@ TEST_F(Anonymize, AnEmptyTextRemovesEveryElementOfATag)
     EXPECT_EQ(AnonymizeOne(Part10(kExplicitUid, kModality + kName + kName), "--text \"\"").status, 0);
     EXPECT_EQ(Value(0x0010, 0x0010), "absent");
     EXPECT_EQ(Read("out.dcm").find("Doe"), std::string::npos);
+
+    std::filesystem::create_directory("out");
+    EXPECT_EQ(Run("anonymize --text=\"\" in.dcm -o out").status, 0) << "the file's name is not the text";
+    EXPECT_EQ(Read("out/in.dcm").find("Doe"), std::string::npos);
 }
 
 TEST_F(Anonymize, WhatStaysIsTold)

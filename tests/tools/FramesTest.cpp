@@ -246,9 +246,15 @@ TEST_F(PictureTest, RunLengthEncodedFramesAreDrawnWholeToTheirLastByte)
     // High bytes, then low bytes: 0, 255, 256, 510.
     const std::string words = RleFrame({std::string("\0\0\1\1", 4), std::string("\0\xFF\0\xFE", 4)});
     EXPECT_EQ(Draw(Compressed(kRleUid, {.bits = 16}, "", {words})).bytes, (Bytes{0, 128, 128, 255}));
-    const SImage rgb{.samples = 3, .photometric = "RGB", .rows = 1};
-    EXPECT_EQ(Draw(Compressed(kRleUid, rgb, "", {RleFrame({"\1\4", "\2\5", "\3\6"})})).bytes,
-              (Bytes{1, 2, 3, 4, 5, 6}));
+    for (const unsigned planar : {0U, 1U}) // Segments are planes anyway.
+    {
+        const SImage rgb{.samples = 3, .photometric = "RGB", .rows = 1, .planar = planar};
+        EXPECT_EQ(Draw(Compressed(kRleUid, rgb, "", {RleFrame({"\1\4", "\2\5", "\3\6"})})).bytes,
+                  (Bytes{1, 2, 3, 4, 5, 6}));
+    }
+    const SImage shared{.samples = 3, .photometric = "YBR_FULL_422", .rows = 1};
+    EXPECT_EQ(Draw(Compressed(kRleUid, shared, "", {RleFrame({{"\xFF\0", 2}, "\x80\x80", "\x80\x80"})})).bytes,
+              (Bytes{255, 255, 255, 0, 0, 0}));
 }
 
 TEST_F(PictureTest, WhatCannotBeDrawnIsRefusedWithTheReason)

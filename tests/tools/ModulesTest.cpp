@@ -62,9 +62,12 @@ TEST_F(Modules, AttributesStandInTheirModuleAndEntity)
 
 TEST_F(Modules, GapsAreNamedWhereTheyAreAskedFor)
 {
-    const SRun run = ModulesOf(kCt, "--gaps");
+    const SRun run =
+        ModulesOf(kCt + Explicit(0x00081110, "SQ", Item(Explicit(0x00081150, "UI", PaddedUid("1.2.3")))), "--gaps");
+    EXPECT_EQ(LineOf(run.out, "Referenced SOP Instance UID"),
+              "      Referenced SOP Instance UID (0008,1155) UI: absent");
     EXPECT_EQ(LineOf(run.out, "Patient's Name"), "    Patient's Name (0010,0010) PN: absent");
-    EXPECT_EQ(LineOf(run.out, "SOP Class UID (0008"), "    SOP Class UID (0008,0016) UI: 1.2.840.10008.5.1.4.1.1.2");
+    EXPECT_EQ(LineOf(run.out, "SOP Class UID (0008,0016"), "    SOP Class UID (0008,0016) UI: 1.2.840.10008.5.1.4.1.1.2");
 }
 
 TEST_F(Modules, ValuesArePrintedByTheirKind)

@@ -74,6 +74,13 @@ int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
     m_isRle = form.compressed && row == kRle;
     m_extension = asPictures ? "png" : ExtensionOf(form.compressed ? row : 0);
     const CFrameSource source(*stored, m_header, form.compressed, m_name, m_report);
+    if (m_isRle)
+    {
+        // A decoded frame has whole samples, pixel by pixel, whatever the attributes say of it (PS3.5 Annex G).
+        m_header.byPlane = false;
+        m_header.photometricNumber =
+            m_header.photometricNumber == PHOTOMETRIC_YBR_FULL_422 ? PHOTOMETRIC_YBR_FULL : m_header.photometricNumber;
+    }
 
     std::unique_ptr<CPainter> painter;
     if (asPictures)

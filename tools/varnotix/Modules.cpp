@@ -22,12 +22,13 @@ public:
 private:
     void PrintModule(const CDcmModule& module);
     void PrintRest();
-    void PrintAttribute(const CDcmElement& element, int depth) const;
+    void PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const;
+    static void PrintGap(const CDcmElement& attribute, int depth);
     static void PrintLine(const CString& text, int depth);
 
     const CDcmIOD& m_object;
     bool m_withGaps;
-    CString m_entity; // To be printed before the next module.
+    CString m_entity = "Object"; // To be printed before the next module.
     std::set<DWORD> m_declared;
 };
 
@@ -70,11 +71,11 @@ void CModulePrinter::PrintModule(const CDcmModule& module)
         }
         if (present != nullptr)
         {
-            PrintAttribute(*present, 2);
+            PrintAttribute(*present, &attribute, 2);
         }
         else
         {
-            PrintLine(AttributeName(attribute) + ": absent", 2);
+            PrintGap(attribute, 2);
         }
     }
 }
@@ -96,21 +97,37 @@ void CModulePrinter::PrintRest()
             PrintLine("attributes that no module declares", 0);
             isNamed = true;
         }
-        PrintAttribute(element, 2);
+        PrintAttribute(element, nullptr, 2);
     }
 }
 
-void CModulePrinter::PrintAttribute(const CDcmElement& element, int depth) const
+void CModulePrinter::PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const
 {
     const CString value = ValueText(element);
     PrintLine(AttributeName(element) + (value.IsEmpty() ? ":" : ": ") + value, depth);
-    if (const CDcmElementSet* items = element.Items())
+    const CDcmElementSet* items = element.Items();
+    if (items == nullptr)
     {
-        for (int i = 0; i < items->GetCount(); ++i)
+        return;
+    }
+    const CDcmElementSet* declaredItems = declared != nullptr ? declared->Items() : nullptr;
+    for (int i = 0; i < items->GetCount(); ++i)
+    {
+        const CDcmElement& item = *items->GetAt(i);
+        PrintAttribute(item, declaredItems != nullptr ? declaredItems->Find(item) : nullptr, depth + 1);
+    }
+    for (int i = 0; m_withGaps && declaredItems != nullptr && i < declaredItems->GetCount(); ++i)
+    {
+        if (items->Find(*declaredItems->GetAt(i)) == nullptr)
         {
-            PrintAttribute(*items->GetAt(i), depth + 1);
+            PrintGap(*declaredItems->GetAt(i), depth + 1);
         }
     }
+}
+
+void CModulePrinter::PrintGap(const CDcmElement& attribute, int depth)
+{
+    PrintLine(AttributeName(attribute) + ": absent", depth);
 }
 
 void CModulePrinter::PrintLine(const CString& text, int depth)

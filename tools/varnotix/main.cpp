@@ -109,6 +109,24 @@ int PrintParseResult(const CLI::App& app, const CLI::ParseError& result)
     return STATUS_DONE;
 }
 
+/// The arguments behind the program's name, last first, as the parser takes them. An option with an empty value behind
+/// its "=" becomes two arguments: the parser would take the next one for its value.
+std::vector<std::string> ReversedArguments(int count, char** texts)
+{
+    std::vector<std::string> reversed;
+    for (int i = count - 1; i > 0; --i)
+    {
+        std::string text = texts[i];
+        if (text.starts_with("--") && text.find('=') == text.size() - 1)
+        {
+            reversed.emplace_back();
+            text.pop_back();
+        }
+        reversed.push_back(std::move(text));
+    }
+    return reversed;
+}
+
 int Run(int count, char** texts)
 {
     SArguments arguments;
@@ -178,7 +196,7 @@ int Run(int count, char** texts)
 
     try
     {
-        app.parse(count, texts);
+        app.parse(ReversedArguments(count, texts));
     }
     catch (const CLI::ParseError& result)
     {
