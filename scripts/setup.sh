@@ -4,7 +4,7 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-[ $# -gt 0 ] || set -- release asan installed windows clang bench fuzz style
+[ $# -gt 0 ] || set -- release asan installed windows clang bench fuzz hostile style
 
 packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev)
 for stage in "$@"; do
@@ -13,6 +13,7 @@ for stage in "$@"; do
         clang) packages+=(libgtest-dev clang) ;;
         windows) packages+=(g++-mingw-w64-i686-posix googletest debootstrap util-linux) ;;
         fuzz) packages+=(clang libclang-rt-dev) ;;
+        hostile) packages+=(time) ;;
         bench) packages+=(libbenchmark-dev libdcmtk-dev libgdcm-dev) ;;
         style) packages+=(clang-format clang-tidy) ;;
         *) die "there is no stage '$stage'" ;;

@@ -18,7 +18,7 @@ namespace
 {
 
 // Longer seeds are cut short in as many places, spread over their length.
-constexpr std::size_t kCuts = 64;
+constexpr std::size_t kCuts = 32;
 
 void Feed(const std::vector<char>& bytes, std::size_t size)
 {

@@ -1,0 +1,89 @@
+#!/usr/bin/env bash
+# hostile.sh: gives the tool inputs that are made to cost much, each in one size and in twice that size, and prints time
+# and peak memory. docs/hostile-input.md shows a result and says what to expect.
+set -euo pipefail
+. "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+cd "$top"
+
+scripts/setup.sh release hostile
+mkdir -p build/hostile
+{ cmake --preset release && cmake --build --preset release --parallel "$(nproc)" --target varnotix; } \
+    >build/hostile/build.log 2>&1 || { cat build/hostile/build.log >&2; exit 1; }
+PATH=$top/build/release/bin:$PATH
+cd build/hostile
+
+# make_input NAME COUNT: writes the input to standard output.
+make_input()
+{
+    perl -e '
+        binmode STDOUT;
+        my ($name, $count) = @ARGV;
+        sub many { $_[0] x $_[1] }
+        sub tag { pack("vv", @_) }
+        sub short_form { tag($_[0], $_[1]) . $_[2] . pack("v", length $_[3]) . $_[3] }
+        sub long_form { tag($_[0], $_[1]) . $_[2] . pack("vV", 0, $_[3]) }
+        my $open = long_form(0x0008, 0x1140, "SQ", 0xFFFFFFFF) . tag(0xFFFE, 0xE000) . pack("V", 0xFFFFFFFF);
+        my $close = tag(0xFFFE, 0xE00D) . pack("V", 0) . tag(0xFFFE, 0xE0DD) . pack("V", 0);
+        my $pixels = long_form(0x7FE0, 0x0010, "OB", 0xFFFFFFFF);
+        my $fragment = tag(0xFFFE, 0xE000) . pack("V", 0);
+        my $end = tag(0xFFFE, 0xE0DD) . pack("V", 0);
+        my $text = short_form(0x0008, 0x0100, "SH", "AB");
+        my $picture = short_form(0x0028, 0x0002, "US", pack("v", 1)) . short_form(0x0028, 0x0004, "CS", "MONOCHROME2 ")
+            . short_form(0x0028, 0x0010, "US", pack("v", $count)) . short_form(0x0028, 0x0011, "US", pack("v", $count))
+            . short_form(0x0028, 0x0100, "US", pack("v", 8)) . short_form(0x0028, 0x0101, "US", pack("v", 8))
+            . short_form(0x0028, 0x0102, "US", pack("v", 7)) . short_form(0x0028, 0x0103, "US", pack("v", 0));
+        my $uid = short_form(0x0002, 0x0010, "UI", "1.2.840.10008.1.2.5\0");
+        my $meta = ("\0" x 128) . "DICM" . short_form(0x0002, 0x0000, "UL", pack("V", length $uid)) . $uid;
+        my %make = (
+            elements => sub { short_form(0x0010, 0x0020, "LO", "") x $count },
+            private => sub { join "", map { short_form(0x0009 + 2 * int($_ / 65536), $_ % 65536, "LO", "") } 1 .. $count },
+            texts => sub { long_form(0x0040, 0xA160, "UT", $count) . ("\\" x $count) },
+            nested => sub { many(many($open, 64) . $text . many($close, 64), $count) },
+            too_deep => sub { $open x $count },
+            items => sub { $open . (tag(0xFFFE, 0xE00D) . pack("V", 0) . $fragment . $text) x $count . $close },
+            length => sub { long_form(0x0040, 0xA160, "UT", 0xFFFFFFF0) . ("x" x $count) },
+            fragments => sub { $pixels . $fragment x ($count + 1) . $end },
+            offsets => sub { $pixels . tag(0xFFFE, 0xE000) . pack("V", 4 * $count) . "\0" x (4 * $count) . $fragment x $count . $end },
+            rle => sub { my $frame = pack("V*", 1, 64, (0) x 14) . ("\x81\0" x 32);
+                $meta . $picture . $pixels . $fragment . tag(0xFFFE, 0xE000) . pack("V", length $frame) . $frame . $end },
+            pdu => sub { pack("CCN", 4, 0, 6 * $count) . pack("NCC", 2, 1, 0) x $count },
+            contexts => sub { pack("CCN", 1, 0, 68 + 8 * $count) . "\0" x 68 . pack("CCnCCCC", 0x20, 0, 4, 1, 0, 0, 0) x $count },
+        );
+        print $make{$name}->();
+    ' "$1" "$2"
+}
+
+# measure NAME COUNT COMMAND...: runs the command on the input.
+measure()
+{
+    local name=$1 count=$2 size status=0
+    shift 2
+    make_input "$name" "$count" >"$name.input"
+    size=$(stat -c %s "$name.input")
+    rm -rf pictures
+    timeout 600 /usr/bin/time -o measured -f '%e %M' "$@" "$name.input" >/dev/null 2>message || status=$?
+    awk -v name="$name" -v count="$count" -v size="$size" -v status="$status" 'END {
+        printf "%-10s %9d %9.2f MB %8.2f s %9.1f MB   exit %d\n", name, count, size / 1e6, $1, $2 / 1024, status }' measured
+    rm "$name.input"
+}
+
+printf '%-10s %9s %12s %10s %12s\n' input count size time 'peak memory'
+try()
+{
+    local name=$1 count=$2
+    shift 2
+    measure "$name" "$count" "$@"
+    measure "$name" $((2 * count)) "$@"
+}
+try elements 500000 varnotix dump
+try private 500000 varnotix dump
+try texts 4000000 varnotix dump
+try nested 1000 varnotix dump
+try too_deep 500000 varnotix dump
+try items 200000 varnotix dump
+try length 4000000 varnotix dump
+try fragments 500000 varnotix dump
+try offsets 500000 varnotix dump
+try rle 10000 varnotix frames --png -o pictures
+try pdu 500000 varnotix pdu
+try contexts 500000 varnotix pdu
