@@ -4,17 +4,14 @@
 
 IMPLEMENT_DYNCREATE(CDcmAttributeSet, CObject)
 
-CDcmAttributeSet::CDcmAttributeSet() : m_elements(new CDcmElementSet) {}
+CDcmAttributeSet::CDcmAttributeSet() = default;
 
-CDcmAttributeSet::CDcmAttributeSet(const CDcmAttributeSet& other) : CObject(other), m_elements(new CDcmElementSet)
+CDcmAttributeSet::CDcmAttributeSet(const CDcmAttributeSet& other) : CObject(other)
 {
     CopyByCreate(other);
 }
 
-CDcmAttributeSet::~CDcmAttributeSet()
-{
-    delete m_elements;
-}
+CDcmAttributeSet::~CDcmAttributeSet() = default;
 
 CDcmAttributeSet& CDcmAttributeSet::operator=(const CDcmAttributeSet& other)
 {
@@ -44,12 +41,12 @@ bool CDcmAttributeSet::operator==(const CDcmAttributeSet& other) const
         other.PartInto(others);
         return mine == others;
     }
-    return *m_elements == *other.m_elements;
+    return m_elements == other.m_elements;
 }
 
 void CDcmAttributeSet::Empty(int group, int element)
 {
-    m_elements->EmptyValue(group, element);
+    m_elements.EmptyValue(group, element);
 }
 
 void CDcmAttributeSet::Empty(const CDmElement* element)
@@ -67,46 +64,46 @@ void CDcmAttributeSet::Empty(const CDmElement& element)
 
 void CDcmAttributeSet::CopyByCreate(const CDcmAttributeSet& source)
 {
-    if (m_elements->SharesBodyWith(*source.m_elements))
+    if (m_elements.SharesBodyWith(source.m_elements))
     {
         return;
     }
     if (m_isPart)
     {
         EmptyAll();
-        TakeDeclared(*source.m_elements);
+        TakeDeclared(source.m_elements);
         return;
     }
     if (source.m_isPart)
     {
         CDcmElementSet part;
         source.PartInto(part);
-        m_elements->CopyIntoBody(part);
+        m_elements.CopyIntoBody(part);
         return;
     }
-    m_elements->CopyIntoBody(*source.m_elements);
+    m_elements.CopyIntoBody(source.m_elements);
 }
 
 void CDcmAttributeSet::CopyByReference(CDcmAttributeSet& source)
 {
-    m_elements->CopyByReference(*source.m_elements);
+    m_elements.CopyByReference(source.m_elements);
 }
 
 void CDcmAttributeSet::CopyByValue(const CDcmAttributeSet& source)
 {
     if (m_isPart)
     {
-        TakeDeclared(*source.m_elements);
+        TakeDeclared(source.m_elements);
     }
     else if (source.m_isPart)
     {
         CDcmElementSet part;
         source.PartInto(part);
-        m_elements->UpdateValuesFrom(part);
+        m_elements.UpdateValuesFrom(part);
     }
     else
     {
-        m_elements->UpdateValuesFrom(*source.m_elements);
+        m_elements.UpdateValuesFrom(source.m_elements);
     }
 }
 
@@ -114,12 +111,12 @@ void CDcmAttributeSet::EmptyAll()
 {
     if (!m_isPart)
     {
-        m_elements->EmptyValues();
+        m_elements.EmptyValues();
         return;
     }
-    for (int position = 0; position < m_elements->DeclaredTagTexts(); position += 2)
+    for (int position = 0; position < m_elements.DeclaredTagTexts(); position += 2)
     {
-        if (CDcmElement* element = m_elements->FindDeclared(position))
+        if (CDcmElement* element = m_elements.FindDeclared(position))
         {
             element->EmptyValue();
         }
@@ -128,18 +125,12 @@ void CDcmAttributeSet::EmptyAll()
 
 void CDcmAttributeSet::DestroySet()
 {
-    m_elements->DestroyContents();
+    m_elements.DestroyContents();
 }
 
 void CDcmAttributeSet::IncludeIn(CDcmAttributeSet& whole)
 {
-    CStringArray tags;
-    m_elements->DeclaredTags(tags);
-    for (int i = 0; i + 1 < tags.GetSize(); i += 2)
-    {
-        whole.m_elements->Declare(tags[i], tags[i + 1]);
-    }
-    m_elements->CopyByReference(*whole.m_elements);
+    m_elements.CopyByReference(whole.m_elements);
     m_isPart = true;
 }
 
@@ -148,28 +139,23 @@ void CDcmAttributeSet::PartInto(CDcmElementSet& part) const
 {
     if (!m_isPart)
     {
-        part.CopyByReference(*m_elements);
+        part.CopyByReference(m_elements);
         return;
     }
-    CStringArray tags;
-    m_elements->DeclaredTags(tags);
-    for (int i = 0; i + 1 < tags.GetSize(); i += 2)
-    {
-        part.Declare(tags[i], tags[i + 1]);
-    }
-    part.UpdateValuesFrom(*m_elements);
+    part.DeclareTagsOf(m_elements);
+    part.UpdateValuesFrom(m_elements);
 }
 
 /// The declared elements take the values of the source's elements of their tags.
 void CDcmAttributeSet::TakeDeclared(const CDcmElementSet& source)
 {
-    if (m_elements->SharesBodyWith(source))
+    if (m_elements.SharesBodyWith(source))
     {
         return;
     }
-    for (int position = 0; position < m_elements->DeclaredTagTexts(); position += 2)
+    for (int position = 0; position < m_elements.DeclaredTagTexts(); position += 2)
     {
-        CDcmElement* element = m_elements->FindDeclared(position);
+        CDcmElement* element = m_elements.FindDeclared(position);
         const CDcmElement* other = element != nullptr ? source.Find(*element) : nullptr;
         if (other != nullptr)
         {
@@ -187,7 +173,7 @@ void CDcmAttributeSet::Export(CStringArray& lines) const
     lines.Add(header);
     header.Format("#count_all=%d", GetCountAll());
     lines.Add(header);
-    AslLines(*m_elements, lines);
+    AslLines(m_elements, lines);
 }
 
 void CDcmAttributeSet::Export(const CString& path) const

@@ -37,13 +37,13 @@ public:
     void Empty(const CDmElement* element);
     void Empty(const CDmElement& element);
 
-    void Sort() { m_elements->Sort(); }
+    void Sort() { m_elements.Sort(); }
     /// Number of elements at the top level.
-    int GetCount() const { return m_elements->GetCount(); }
+    int GetCount() const { return m_elements.GetCount(); }
     /// Number of elements at every depth.
-    int GetCountAll() const { return m_elements->GetCountAll(); }
-    CDcmElementSet& GetDcmElementSet() { return *m_elements; }
-    const CDcmElementSet& GetDcmElementSet() const { return *m_elements; }
+    int GetCountAll() const { return m_elements.GetCountAll(); }
+    CDcmElementSet& GetDcmElementSet() { return m_elements; }
+    const CDcmElementSet& GetDcmElementSet() const { return m_elements; }
 
     /// Appends the set as text: class name, counts, and a line an element.
     void Export(CStringArray& lines) const;
@@ -62,14 +62,14 @@ protected:
     /// Removes all elements and forgets the declared tags.
     void DestroySet();
 
-    /// Declares this set's tags in another one, whose elements it shows from then on: what is written through either
-    /// is seen by the other. The values that this set held are lost. For sets without sequences of their own.
+    /// Shows the elements of another set from then on, which has declared this set's tags: what is written through
+    /// either is seen by the other. The values that this set held are lost. For sets without sequences of their own.
     void IncludeIn(CDcmAttributeSet& whole);
 
 private:
     void PartInto(CDcmElementSet& part) const;
     void TakeDeclared(const CDcmElementSet& source);
 
-    CDcmElementSet* m_elements;
+    CDcmElementSet m_elements;
     bool m_isPart = false;
 };

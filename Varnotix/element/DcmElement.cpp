@@ -21,6 +21,15 @@ CDcmElement::CDcmElement(int group, int element, int vr, const CDcmEntry* entry)
     CreateOwned();
 }
 
+CDcmElement::CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcmElementSet> items)
+    : m_entry(entry),
+      m_group(static_cast<WORD>(GroupNumber(tag))),
+      m_element(static_cast<WORD>(ElementNumber(tag))),
+      m_vr(VR_SQ),
+      m_items(std::move(items))
+{
+}
+
 CDcmElement::CDcmElement(int group, int element, int vr)
     : CDcmElement(group, element, vr, CDcmRegistry::Global().LookUpTag(group, element))
 {
@@ -65,7 +74,7 @@ CDcmElement::CDcmElement(const CDcmElement& other)
     if (other.m_items)
     {
         m_items = std::make_unique<CDcmElementSet>();
-        m_items->CopyByValue(*other.m_items);
+        m_items->CopyIntoBody(*other.m_items);
     }
     if (other.m_frames)
     {

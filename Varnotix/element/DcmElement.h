@@ -205,7 +205,11 @@ public:
     void Dump(CDumpContext& context) const override;
 
 private:
+    friend class CElementBody;
     friend class CElementEncoder;
+
+    /// An SQ element with these items.
+    CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcmElementSet> items);
 
     void CreateOwned();
     bool TakesValue(EVrKind kind) const { return m_entry != nullptr && VrKind(m_vr) == kind; }

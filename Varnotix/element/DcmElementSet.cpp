@@ -15,13 +15,6 @@ IMPLEMENT_DYNCREATE(CDcmElementSet, CDcmList)
 namespace
 {
 
-constexpr unsigned kGroupShift = 16;
-
-DWORD TagNumber(int group, int element)
-{
-    return ((static_cast<DWORD>(group) & 0xFFFFU) << kGroupShift) | (static_cast<DWORD>(element) & 0xFFFFU);
-}
-
 int LeadingDecimal(const CString& text)
 {
     return static_cast<int>(std::strtol(text, nullptr, 10));
@@ -31,11 +24,21 @@ int LeadingDecimal(const CString& text)
 
 CDcmElementSet::CDcmElementSet() : CDcmList(new CElementBody) {}
 
+CDcmElementSet::CDcmElementSet(CElementBody& body) : CDcmList(&body)
+{
+    ++body.references;
+}
+
 CDcmElementSet::~CDcmElementSet() = default;
 
 CElementBody& CDcmElementSet::Elements() const
 {
     return static_cast<CElementBody&>(Body());
+}
+
+CElementBody& CDcmElementSet::ElementsAsIs() const
+{
+    return static_cast<CElementBody&>(BodyAsIs());
 }
 
 int CDcmElementSet::GetCountAll() const
@@ -68,8 +71,15 @@ CDcmElement* CDcmElementSet::Find(const CDcmElement& sameTag) const
 
 bool CDcmElementSet::IsEmptyOfValues() const
 {
-    return std::all_of(Body().list.begin(), Body().list.end(),
+    const CObList& values = ListOfValues();
+    return std::all_of(values.begin(), values.end(),
                        [](const CObject* object) { return ElementOf(object).IsEmptyValue(); });
+}
+
+/// A list that may lack elements which count as empty.
+const CObList& CDcmElementSet::ListOfValues() const
+{
+    return ElementsAsIs().HoldsAllValues() ? ElementsAsIs().list : Body().list;
 }
 
 void CDcmElementSet::Add(CDcmElement* element)
@@ -79,19 +89,6 @@ void CDcmElementSet::Add(CDcmElement* element)
         std::unique_ptr<CDcmElement> owned(element); // Goes when the list has no memory for it.
         Elements().Append(element);
         owned.release();
-    }
-}
-
-void CDcmElementSet::Declare(const CString& group, const CString& element)
-{
-    const int groupNumber = HexNumber(group);
-    const int elementNumber = HexNumber(element);
-    const DWORD tag = TagNumber(groupNumber, elementNumber);
-    if (Elements().Find(tag) == nullptr)
-    {
-        m_declared.Add(tag);
-        Elements().Shape().declared.push_back(tag);
-        Add(new CDcmElement(groupNumber, elementNumber));
     }
 }
 
@@ -197,19 +194,15 @@ void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
 
 void CDcmElementSet::RemoveAll()
 {
-    m_declared.RemoveAll();
+    ForgetDeclared();
     TakeBody(new CElementBody);
 }
 
 void CDcmElementSet::DestroyContents()
 {
-    m_declared.RemoveAll();
-    Elements().Clear();
-    if (CElementBody::SShape* shape = Elements().ShapeOrNull())
-    {
-        shape->declared.clear();
-        shape->bound.clear();
-    }
+    ForgetDeclared();
+    ElementsAsIs().Clear();
+    ElementsAsIs().ForgetShape();
 }
 
 void CDcmElementSet::ForgetAll()
@@ -220,9 +213,17 @@ void CDcmElementSet::ForgetAll()
 
 void CDcmElementSet::EmptyValues()
 {
-    for (CObject* object : Body().list)
+    const CElementBody& body = ElementsAsIs();
+    for (CObject* object : body.list)
     {
         ElementOf(object).EmptyValue();
+    }
+    if (body.unfilled)
+    {
+        for (const CBodyHandle& member : body.Members())
+        {
+            CDcmElementSet(*member).EmptyValues();
+        }
     }
 }
 
@@ -241,7 +242,19 @@ void CDcmElementSet::Sort()
 
 bool CDcmElementSet::operator==(const CDcmElementSet& other) const
 {
-    return SharesBodyWith(other) || EqualLists(Body().list, other.Body().list);
+    if (SharesBodyWith(other))
+    {
+        return true;
+    }
+    const CElementBody& mine = ElementsAsIs();
+    const CElementBody& others = other.ElementsAsIs();
+    if (mine.IsUnfilledLike(others) && mine.list.IsEmpty() && others.list.IsEmpty())
+    {
+        return std::equal(mine.Members().begin(), mine.Members().end(), others.Members().begin(),
+                          [](const CBodyHandle& left, const CBodyHandle& right)
+                          { return CDcmElementSet(*left) == CDcmElementSet(*right); });
+    }
+    return EqualLists(Body().list, other.Body().list);
 }
 
 void CDcmElementSet::CopyElementsInto(CObList& target) const
@@ -295,39 +308,6 @@ bool CDcmElementSet::EqualLists(const CObList& left, const CObList& right) const
         }
     }
     return true;
-}
-
-void CDcmElementSet::DeclaredTags(CStringArray& texts) const
-{
-    texts.RemoveAll();
-    for (const DWORD tag : m_declared)
-    {
-        CString text;
-        text.Format("%04X", static_cast<unsigned>(tag >> kGroupShift));
-        texts.Add(text);
-        text.Format("%04X", static_cast<unsigned>(tag & 0xFFFFU));
-        texts.Add(text);
-    }
-}
-
-CDcmElement* CDcmElementSet::FindDeclared(int position) const
-{
-    const int index = position / 2;
-    return position >= 0 && index < m_declared.GetSize() ? Elements().Find(m_declared[index]) : nullptr;
-}
-
-void CDcmElementSet::BindSequence(const CString& group, const CString& element, CDcmElementSet& member)
-{
-    auto sequence = std::make_unique<CDcmElement>(group, element);
-    if (sequence->Items() != nullptr)
-    {
-        sequence->Items()->CopyByReference(member);
-        auto bound = std::make_unique<CElementBody::SShape::SBound>();
-        bound->tag = sequence->Tag();
-        bound->member.CopyByReference(member);
-        Elements().Shape().bound.push_back(std::move(bound));
-    }
-    Add(sequence.release());
 }
 
 void CDcmElementSet::Dump(CDumpContext& context) const

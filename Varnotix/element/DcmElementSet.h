@@ -5,6 +5,7 @@
 #include "Varnotix/element/DcmList.h"
 
 class CElementBody;
+class CElementShape;
 
 /// An ordered list of owned data elements, in insertion order until it is sorted.
 ///
@@ -43,8 +44,12 @@ public:
     void Add(CDcmElement* element);
     /// Makes room for a number of elements.
     void Reserve(int count) { Body().list.Reserve(count); }
+    /// Becomes the set of a class: an empty element for each of the shape's, with its declared tags. What the set held
+    /// goes.
+    void TakeShape(const CElementShape& shape);
     /// Declares a tag: when no element of it exists, notes the tag as declared and adds an empty element.
     void Declare(const CString& group, const CString& element);
+    void DeclareTagsOf(const CDcmElementSet& other);
     /// Adds an empty element of a tag that the dictionary knows, in place of an element of that tag.
     /// @return the element; null, and nothing changed, for an empty text or an unknown tag.
     CDcmElement* AddKnown(const CString& group, const CString& element);
@@ -109,7 +114,9 @@ public:
     /// The declared tags, two texts a tag: group and element in four upper-case hexadecimal digits each.
     void DeclaredTags(CStringArray& texts) const;
     /// Number of texts in the declared-tag list: two a tag.
-    int DeclaredTagTexts() const { return m_declared.GetSize() * 2; }
+    int DeclaredTagTexts() const { return DeclaredCount() * 2; }
+    int DeclaredCount() const;
+    DWORD DeclaredTag(int index) const;
     /// The element of the tag whose group text stands at a position of the declared-tag list (0, 2, 4, ...); null for
     /// a position outside the list or a tag that is not in the set.
     CDcmElement* FindDeclared(int position) const;
@@ -117,6 +124,8 @@ public:
     /// seen by the other, also after a copy or an assignment. The element of a tag
     /// that is no SQ is added unbound.
     void BindSequence(const CString& group, const CString& element, CDcmElementSet& member);
+    /// As BindSequence, for the shape's next sequence.
+    void BindNext(CDcmElementSet& member);
 
     /// Diagnostic text: body identity, count and each element.
     void Dump(CDumpContext& context) const override;
@@ -126,8 +135,19 @@ protected:
     bool EqualLists(const CObList& left, const CObList& right) const override;
 
 private:
+    friend class CElementBody;
+
+    /// Shares a body.
+    explicit CDcmElementSet(CElementBody& body);
+
     CElementBody& Elements() const;
+    CElementBody& ElementsAsIs() const;
+    const CObList& ListOfValues() const;
+    void Declare(DWORD tag);
+    void CopyDeclared(const CDcmElementSet& other);
+    void ForgetDeclared();
     void RemoveTags(const CDcmElementSet& other, bool every);
 
+    const CElementShape* m_classShape = nullptr; // Tells the declared tags as long as they are those of the class.
     CDWordArray m_declared;
 };

@@ -30,12 +30,11 @@ void CDcmElementSet::CopyByValue(const CDcmElementSet& other)
 {
     if (this != &other)
     {
-        CObList copies;
-        other.CopyElementsInto(copies);
-        CDWordArray declared(other.m_declared);
-        RemoveAll();
-        Elements().SetList({copies.begin(), copies.end()});
-        m_declared.Swap(declared);
+        auto body = std::make_unique<CElementBody>();
+        other.CopyElementsInto(body->list);
+        body->ListChanged();
+        CopyDeclared(other);
+        TakeBody(body.release()); // The other set may lie in the body that goes.
     }
 }
 
@@ -45,12 +44,20 @@ void CDcmElementSet::CopyIntoBody(const CDcmElementSet& other)
     {
         return;
     }
+    CElementBody& mine = ElementsAsIs();
+    const CElementBody& others = other.ElementsAsIs();
+    if (mine.IsUnfilledLike(others))
+    {
+        mine.CopyUnfilled(others);
+        CopyDeclared(other);
+        return;
+    }
     CObList copies;
     other.CopyElementsInto(copies);
-    Elements().Clear();
-    Elements().SetList({copies.begin(), copies.end()});
-    m_declared = other.m_declared;
-    Elements().Rebind(false);
+    mine.Clear();
+    mine.SetList({copies.begin(), copies.end()});
+    CopyDeclared(other);
+    mine.Rebind(false);
 }
 
 void CDcmElementSet::ReplaceItems(const CDcmElementSet& items)
@@ -61,15 +68,21 @@ void CDcmElementSet::ReplaceItems(const CDcmElementSet& items)
     }
     CObList copies;
     items.CopyElementsInto(copies);
-    Elements().Clear();
-    Elements().SetList({copies.begin(), copies.end()});
-    Elements().Rebind(true);
+    CElementBody& mine = ElementsAsIs();
+    mine.Clear();
+    mine.SetList({copies.begin(), copies.end()});
+    mine.Rebind(true);
 }
 
 void CDcmElementSet::UpdateValuesFrom(const CDcmElementSet& other)
 {
-    if (SharesBodyWith(other) || IsEmpty() || other.IsEmpty())
+    if (SharesBodyWith(other) || other.IsEmpty())
     {
+        return;
+    }
+    if (CElementBody& mine = ElementsAsIs(); mine.unfilled)
+    {
+        mine.TakeValues(other.Elements());
         return;
     }
     for (CObject* object : Body().list)
@@ -128,7 +141,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
 
 void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
 {
-    if (Body().references != 1 || values.Body().references != 1 || Elements().ShapeOrNull() != nullptr ||
+    if (Body().references != 1 || values.Body().references != 1 || Elements().IsShaped() ||
         !InStrictTagOrder(Body().list) || !InStrictTagOrder(values.Body().list))
     {
         RemoveTagsOf(values);
@@ -169,7 +182,7 @@ void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
 
 void CDcmElementSet::CopyNonEmptyInto(CDcmElementSet& target) const
 {
-    for (const CObject* object : Body().list)
+    for (const CObject* object : ListOfValues())
     {
         if (!ElementOf(object).IsEmptyValue())
         {

@@ -8,8 +8,17 @@ CDcmListBody::~CDcmListBody()
     DestroyObjects();
 }
 
+void CDcmListBody::Fill()
+{
+    unfilled = false;
+}
+
 void CDcmListBody::DestroyObjects()
 {
+    if (list.IsEmpty())
+    {
+        return; // As are the most, those of sequences in modules.
+    }
     CObList doomed;
     doomed.Swap(list);
     for (CObject* object : doomed)

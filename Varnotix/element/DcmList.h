@@ -17,8 +17,12 @@ public:
     /// Destroys all objects; handles of the body then see an empty list.
     void DestroyObjects();
 
+    /// Adds the objects that were left out of the list until somebody looks at it. Memory that ran out leaves them out.
+    virtual void Fill();
+
     CObList list;
     int references = 1;
+    bool unfilled = false;
 };
 
 /// A handle to a list body. Several handles may share one body; the last one that releases it destroys the objects.
@@ -30,7 +34,7 @@ public:
     ~CDcmList() override;
 
     /// Number of objects in the list.
-    int GetCount() const { return m_body->list.GetCount(); }
+    int GetCount() const { return Body().list.GetCount(); }
 
     /// True when both handles share one body.
     bool SharesBodyWith(const CDcmList& other) const { return m_body == other.m_body; }
@@ -46,7 +50,16 @@ protected:
     /// Compares the objects of two lists.
     virtual bool EqualLists(const CObList& left, const CObList& right) const = 0;
 
-    CDcmListBody& Body() const { return *m_body; }
+    CDcmListBody& Body() const
+    {
+        if (m_body->unfilled)
+        {
+            m_body->Fill();
+        }
+        return *m_body;
+    }
+    /// The body for those who do not look at its list.
+    CDcmListBody& BodyAsIs() const { return *m_body; }
 
     /// Releases the body and takes over another one, which is already counted for this handle.
     void TakeBody(CDcmListBody* body);

@@ -1,5 +1,7 @@
 #include "Varnotix/element/ElementBody.h"
 
+#include "Varnotix/element/TagText.h"
+
 #include <algorithm>
 #include <new>
 
@@ -12,8 +14,6 @@ constexpr int kScanLimit = 16;
 // So many elements at the end of a sorted list are put in their places one by one.
 constexpr int kFewAdded = 4;
 
-constexpr DWORD kGroupShift = 16;
-
 DWORD TagOf(const CObject* object)
 {
     return static_cast<const CDcmElement*>(object)->Tag();
@@ -25,6 +25,19 @@ bool TagLess(const CObject* left, const CObject* right)
 }
 
 } // namespace
+
+CBodyHandle::CBodyHandle(CElementBody& body) : m_body(&body)
+{
+    ++body.references;
+}
+
+CBodyHandle::~CBodyHandle()
+{
+    if (m_body != nullptr && --m_body->references == 0)
+    {
+        delete m_body;
+    }
+}
 
 int CElementBody::LowerBound(DWORD tag) const
 {
@@ -120,6 +133,7 @@ void CElementBody::SetList(const std::vector<CObject*>& elements)
 void CElementBody::Clear()
 {
     DestroyObjects();
+    unfilled = false;
     m_firstOfTag.reset();
     m_sorted = true;
 }
@@ -149,58 +163,206 @@ void CElementBody::Sort()
     m_sorted = true;
 }
 
-CElementBody::SShape& CElementBody::Shape()
+void CElementBody::TakeShape(const CElementShape& shape)
 {
-    if (!m_shape)
+    m_shape = &shape;
+    m_members.reserve(shape.Sequences().size());
+    unfilled = true;
+}
+
+CElementShape& CElementBody::OwnShape()
+{
+    if (!m_ownShape)
     {
-        m_shape = std::make_unique<SShape>();
+        m_ownShape = m_shape != nullptr ? std::make_unique<CElementShape>(*m_shape) : std::make_unique<CElementShape>();
+        m_shape = m_ownShape.get();
     }
-    return *m_shape;
+    return *m_ownShape;
+}
+
+void CElementBody::ForgetShape()
+{
+    m_members.clear();
+    m_shape = nullptr;
+    m_ownShape.reset();
+}
+
+bool CElementBody::HoldsAllValues() const
+{
+    if (!unfilled)
+    {
+        return true;
+    }
+    for (std::size_t i = 0; i < m_members.size(); ++i)
+    {
+        if (FindMember(i) == nullptr && !CDcmElementSet(*m_members[i]).IsEmptyOfValues())
+        {
+            return false;
+        }
+    }
+    return m_shape->BeginsEmpty();
+}
+
+bool CElementBody::IsUnfilledLike(const CElementBody& other) const
+{
+    return unfilled && other.unfilled && m_shape == other.m_shape && m_members.size() == other.m_members.size();
+}
+
+void CElementBody::BindNext(CElementBody& member)
+{
+    m_members.emplace_back(member);
+}
+
+std::unique_ptr<CDcmElement> CElementBody::MakeElement(const CElementShape::SElement& shape) const
+{
+    if (shape.vr == VR_SQ)
+    {
+        const std::vector<DWORD>& tags = m_shape->Sequences();
+        const auto place = static_cast<std::size_t>(std::find(tags.begin(), tags.end(), shape.tag) - tags.begin());
+        if (place < m_members.size())
+        {
+            std::unique_ptr<CDcmElementSet> items(new CDcmElementSet(*m_members[place]));
+            return std::unique_ptr<CDcmElement>(new CDcmElement(shape.tag, shape.entry, std::move(items)));
+        }
+    }
+    return std::make_unique<CDcmElement>(GroupNumber(shape.tag), ElementNumber(shape.tag), shape.vr, shape.entry);
 }
 
 void CElementBody::Rebind(bool restore)
 {
-    if (!m_shape)
+    if (m_shape == nullptr)
     {
         return;
     }
-    for (const auto& bound : m_shape->bound)
+    if (restore)
     {
-        const int group = static_cast<int>(bound->tag >> kGroupShift);
-        const int element = static_cast<int>(bound->tag & 0xFFFFU);
-        CDcmElement* sequence = Find(bound->tag);
+        Sort();
+    }
+    for (std::size_t i = 0; i < m_members.size(); ++i)
+    {
+        CDcmElement* sequence = FindMember(i);
+        CDcmElementSet member(*m_members[i]);
         if (sequence != nullptr && sequence->Items() != nullptr)
         {
             if (restore)
             {
-                bound->member.ReplaceItems(*sequence->Items());
+                member.ReplaceItems(*sequence->Items());
             }
             else
             {
-                bound->member.CopyIntoBody(*sequence->Items());
+                member.CopyIntoBody(*sequence->Items());
             }
-            sequence->Items()->CopyByReference(bound->member);
+            sequence->Items()->CopyByReference(member);
         }
         else if (restore && sequence == nullptr)
         {
-            bound->member.EmptyValues();
-            auto added = std::make_unique<CDcmElement>(group, element);
-            if (added->Items() != nullptr)
-            {
-                added->Items()->CopyByReference(bound->member);
-            }
-            Append(added.release());
+            member.EmptyValues();
         }
     }
-    if (restore)
+    unfilled = unfilled || restore;
+}
+
+/// @param make gives the element for a tag of the shape that is not in the sorted list, or null for none.
+template <class MAKE>
+void CElementBody::AddMissing(const MAKE& make)
+{
+    CDcmListBody made; // Owns the new elements until they are in the list.
+    std::vector<CObject*> all;
+    all.reserve(static_cast<std::size_t>(list.GetCount()) + m_shape->Elements().size());
+    const auto* next = list.begin();
+    for (const CElementShape::SElement& element : m_shape->Elements())
     {
-        for (const DWORD tag : m_shape->declared)
+        while (next != list.end() && TagOf(*next) < element.tag)
         {
-            if (Find(tag) == nullptr)
-            {
-                Append(new CDcmElement(static_cast<int>(tag >> kGroupShift), static_cast<int>(tag & 0xFFFFU)));
-            }
+            all.push_back(*next++);
         }
-        Sort();
+        if (next != list.end() && TagOf(*next) == element.tag)
+        {
+            continue;
+        }
+        if (std::unique_ptr<CDcmElement> missing = make(element))
+        {
+            made.list.AddTail(missing.get());
+            all.push_back(missing.release());
+        }
+    }
+    if (!made.list.IsEmpty())
+    {
+        all.insert(all.end(), next, list.end());
+        SetList(all);
+        made.list.RemoveAll();
+    }
+}
+
+void CElementBody::Fill()
+{
+    AddMissing([this](const CElementShape::SElement& element) { return MakeElement(element); });
+    unfilled = false;
+}
+
+/// As Find, for tags in ascending order.
+/// @param start 0 at first; moves on with the tags.
+CDcmElement* CElementBody::FindFrom(DWORD tag, int& start) const
+{
+    if (!m_sorted)
+    {
+        return Find(tag);
+    }
+    int step = 1;
+    while (start + step < list.GetCount() && TagOf(list.begin()[start + step]) < tag)
+    {
+        start += step;
+        step *= 2;
+    }
+    const auto* end = list.begin() + std::min(start + step + 1, list.GetCount());
+    const auto* found = std::lower_bound(list.begin() + std::min(start, list.GetCount()), end, tag,
+                                         [](const CObject* element, DWORD value) { return TagOf(element) < value; });
+    start = static_cast<int>(found - list.begin());
+    CDcmElement* element = At(start);
+    return element != nullptr && element->Tag() == tag ? element : nullptr;
+}
+
+void CElementBody::TakeValues(const CElementBody& other)
+{
+    for (CObject* object : list)
+    {
+        if (const CDcmElement* value = other.Find(TagOf(object)))
+        {
+            ElementOf(object) = *value;
+        }
+    }
+    int start = 0;
+    AddMissing(
+        [&](const CElementShape::SElement& element)
+        {
+            std::unique_ptr<CDcmElement> taken;
+            if (const CDcmElement* value = other.FindFrom(element.tag, start))
+            {
+                taken = MakeElement(element);
+                *taken = *value;
+            }
+            return taken;
+        });
+}
+
+void CElementBody::CopyUnfilled(const CElementBody& other)
+{
+    CDcmListBody copies;
+    for (const CObject* object : other.list)
+    {
+        auto copy = std::make_unique<CDcmElement>(ElementOf(object));
+        copies.list.AddTail(copy.get());
+        copy.release();
+    }
+    Clear();
+    list.Swap(copies.list);
+    unfilled = true;
+    Rebind(false);
+    for (std::size_t i = 0; i < m_members.size(); ++i)
+    {
+        if (FindMember(i) == nullptr)
+        {
+            CDcmElementSet(*m_members[i]).CopyIntoBody(CDcmElementSet(*other.m_members[i]));
+        }
     }
 }

@@ -3,9 +3,11 @@
 
 #include "Varnotix/element/DcmElement.h"
 #include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/element/ElementShape.h"
 
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 /// An entry of a body's list as what it is.
@@ -19,10 +21,33 @@ inline CDcmElement& ElementOf(CObject* object)
     return static_cast<CDcmElement&>(*object);
 }
 
+class CElementBody;
+
+/// One count of a body. It can be moved, so that bodies hold it in arrays.
+class CBodyHandle
+{
+public:
+    explicit CBodyHandle(CElementBody& body);
+    CBodyHandle(CBodyHandle&& other) noexcept : m_body(std::exchange(other.m_body, nullptr)) {}
+    CBodyHandle& operator=(CBodyHandle&& other) noexcept
+    {
+        std::swap(m_body, other.m_body);
+        return *this;
+    }
+    ~CBodyHandle();
+    CElementBody& operator*() const { return *m_body; }
+
+private:
+    CElementBody* m_body;
+};
+
 /// Elements in list order, found by tag.
 ///
 /// Streams and modules fill sets in tag order nearly always, and then a binary search over the list itself answers.
 /// A set that is out of order gets an index of the first element of each tag once somebody searches it.
+///
+/// A body with a shape is unfilled at first: elements of the shape that nobody gave a value are left out of its list,
+/// which is in tag order. They are added when somebody looks at the list; most of most modules' are never looked at.
 class CElementBody : public CDcmListBody
 {
 public:
@@ -40,41 +65,58 @@ public:
     /// Replaces the whole list. Elements that were in it and are not any more belong to the caller.
     void SetList(const std::vector<CObject*>& elements);
 
+    /// Adds an empty element for each tag of the shape that is not in the list.
+    void Fill() override;
+
+    /// To be called when the list was changed from outside.
+    void ListChanged();
+
     /// Destroys the elements; the shape stays.
     void Clear();
 
     /// Stable, ascending by tag.
     void Sort();
 
-    /// What a module or sequence class declared for this body.
-    struct SShape
-    {
-        struct SBound
-        {
-            DWORD tag;
-            CDcmElementSet member; // Shares the member sequence's body.
-        };
-        std::vector<DWORD> declared;
-        std::vector<std::unique_ptr<SBound>> bound;
-    };
+    // What a module or sequence class declared for this body.
 
-    /// The shape; made on first use.
-    SShape& Shape();
+    /// Takes the shape of a class for an empty body; its elements are made when somebody looks at the list.
+    void TakeShape(const CElementShape& shape);
+    /// A shape of this body alone, which can be added to.
+    CElementShape& OwnShape();
+    bool IsShaped() const { return m_shape != nullptr; }
+    void ForgetShape();
+    /// True when each element that is left out of the list would count as empty.
+    bool HoldsAllValues() const;
+    /// True when both lists are unfilled and of one shape.
+    bool IsUnfilledLike(const CElementBody& other) const;
+    /// The elements of an unfilled body, in the list or not, take the values of the other's elements of their tags.
+    void TakeValues(const CElementBody& other);
+    /// Replaces the elements by copies of those of a body that is unfilled like this one.
+    void CopyUnfilled(const CElementBody& other);
 
-    /// Null for a body that no module or sequence class shaped.
-    SShape* ShapeOrNull() const { return m_shape.get(); }
-
+    /// Makes the SQ element of the shape's next sequence show a member's elements.
+    void BindNext(CElementBody& member);
+    /// The members that SQ elements show, in the order of their binding.
+    const std::vector<CBodyHandle>& Members() const { return m_members; }
     /// Moves the items of each SQ element with a bound member into that member's body and shares it, after the
     /// elements were replaced.
-    /// @param restore also adds an empty element for each declared or bound tag that is missing.
+    /// @param restore also adds an empty element for each tag of the shape that is missing.
     void Rebind(bool restore);
 
 private:
+    /// An empty element of the shape, bound if it is a sequence with a member.
+    std::unique_ptr<CDcmElement> MakeElement(const CElementShape::SElement& shape) const;
+    template <class MAKE>
+    void AddMissing(const MAKE& make);
+    /// The element that shows a member, if it is in the list.
+    CDcmElement* FindMember(std::size_t member) const { return Find(m_shape->Sequences()[member]); }
+    CDcmElement* FindFrom(DWORD tag, int& start) const;
     int IndexOf(const CDcmElement* element) const;
     int LowerBound(DWORD tag) const;
-    void ListChanged();
 
     bool m_sorted = true;
     mutable std::unique_ptr<std::unordered_map<DWORD, CDcmElement*>> m_firstOfTag;
-    std::unique_ptr<SShape> m_shape;
+    const CElementShape* m_shape = nullptr;
+    std::unique_ptr<CElementShape> m_ownShape;
+    std::vector<CBodyHandle> m_members;
 };

@@ -2,6 +2,23 @@
 #pragma once
 
 #include "Varnotix/platform/String.h"
+#include "Varnotix/platform/Types.h"
+
+/// Group and element in one number, group in the high half; both are cut to 16 bits.
+constexpr DWORD TagNumber(int group, int element)
+{
+    return ((static_cast<DWORD>(group) & 0xFFFFU) << 16U) | (static_cast<DWORD>(element) & 0xFFFFU);
+}
+
+constexpr int GroupNumber(DWORD tag)
+{
+    return static_cast<int>(tag >> 16U);
+}
+
+constexpr int ElementNumber(DWORD tag)
+{
+    return static_cast<int>(tag & 0xFFFFU);
+}
 
 /// Four lower-case hexadecimal digits of a 16-bit number.
 inline CString HexText(int number)

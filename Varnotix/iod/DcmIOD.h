@@ -97,7 +97,8 @@ public:
     /// Path of the file last read or written through Serialize; empty for memory.
     const CString& PathName() const { return m_pathName; }
 
-    /// The transfer syntax of the last read or write (see ESyntax).
+    /// The transfer syntax in use (see ESyntax): the one that the last read found. Setting one replaces it, and so does
+    /// a write, by the one that was set, even where the store's Transfer Syntax UID had precedence.
     int IodSyntax() const { return m_syntax; }
     /// Sets the syntax in which to write to that of a UID; an unknown UID changes nothing. A Transfer Syntax UID in
     /// the store that is known has precedence.

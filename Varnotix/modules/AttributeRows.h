@@ -13,17 +13,21 @@
 ///
 /// One source file then holds IMPLEMENT_DCM_CLASS(CDcmSpecimenSequence, CDcmSequence).
 ///
-/// The order of the rows is the order of declaration. Attributes are declared first, then the sequences are bound,
-/// then the set is sorted by tag. Each accessor finds its element by its place in the declaration, which the row's
-/// line number stands for: rows therefore keep to one line each, and a class to kMaxRowLines lines.
+/// The order of the rows is the order of declaration: attributes first, then sequences. The elements stand in tag
+/// order. They make a shape that all objects of the class share; an object makes its elements from it when somebody
+/// looks at them. Each accessor finds its element by its place in the declaration, which the row's line number stands
+/// for: rows therefore keep to one line each, and a class to kMaxRowLines lines.
 ///
 /// A row gives a getter without arguments, which returns a reference into the element's own value, and a setter. The
 /// getter of an attribute that is missing, or whose VR holds another kind of value, returns a library-wide empty
 /// value, which must not be written to. Such a setter changes nothing.
 #pragma once
 
+#include "Varnotix/element/ElementShape.h"
 #include "Varnotix/modules/AttributeAccess.h"
 
+#include <map>
+#include <string>
 #include <utility>
 
 /// Lines that a class may span from its first macro to its last row.
@@ -38,11 +42,12 @@ struct SRowLine
 /// Walks the rows of a class in their order. Friend of every class made of rows.
 struct SRowWalker
 {
-    /// Declares the attributes, binds the sequences and sorts the set.
+    /// Gives the object the elements of its class and binds the sequences to its members.
     template <class CLASS>
     static void Declare(CLASS& object)
     {
-        Declare(object, std::make_integer_sequence<int, kMaxRowLines>());
+        object.GetDcmElementSet().TakeShape(ShapeOf(object));
+        Bind(object, std::make_integer_sequence<int, kMaxRowLines>());
     }
 
     /// Makes a macro's attributes a part of the object's own.
@@ -50,6 +55,17 @@ struct SRowWalker
     static void Include(CLASS& object, MACRO& macro)
     {
         macro.IncludeIn(object);
+    }
+
+    /// Declares the attributes of a macro.
+    template <class MACRO>
+    static void DeclareMacro(CElementShape& shape, MACRO& macro)
+    {
+        const CDcmElementSet& set = macro.GetDcmElementSet();
+        for (int i = 0; i < set.DeclaredCount(); ++i)
+        {
+            shape.Declare(set.DeclaredTag(i));
+        }
     }
 
     /// The place of the row at a line among the declared-tag texts (0, 2, 4, ...).
@@ -67,9 +83,9 @@ private:
     };
 
     template <class CLASS, int LINE>
-    static constexpr bool kDeclares = requires(CLASS& object)
+    static constexpr bool kDeclares = requires(CLASS& object, CElementShape& shape)
     {
-        object.DcmDeclareRow(SRowLine<LINE>());
+        object.DcmDeclareRow(SRowLine<LINE>(), shape);
     };
     template <class CLASS, int LINE>
     static constexpr bool kBinds = requires(CLASS& object)
@@ -88,12 +104,51 @@ private:
         return positions;
     }
 
+    /// The shape of the object's class, or of those of its objects that were constructed for the same tags.
+    template <class CLASS>
+    static const CElementShape& ShapeOf(CLASS& object)
+    {
+        if constexpr (requires { object.DcmVariant(); })
+        {
+            static std::map<std::string, CElementShape> shapes;
+            const std::string variant = object.DcmVariant();
+            auto shape = shapes.find(variant);
+            if (shape == shapes.end())
+            {
+                shape = shapes.emplace(variant, MakeShape(object)).first;
+            }
+            return shape->second;
+        }
+        else
+        {
+            static const CElementShape shape = MakeShape(object);
+            return shape;
+        }
+    }
+
+    template <class CLASS>
+    static CElementShape MakeShape(CLASS& object)
+    {
+        CElementShape shape;
+        FillShape(object, shape, std::make_integer_sequence<int, kMaxRowLines>());
+        return shape;
+    }
+
     template <int LINE, class CLASS>
-    static void DeclareLine(CLASS& object)
+    static void DeclareLine(CLASS& object, CElementShape& shape)
     {
         if constexpr (kDeclares<CLASS, LINE>)
         {
-            object.DcmDeclareRow(SRowLine<LINE>());
+            object.DcmDeclareRow(SRowLine<LINE>(), shape);
+        }
+    }
+
+    template <int LINE, class CLASS>
+    static void AddLine(CLASS& object, CElementShape& shape)
+    {
+        if constexpr (kBinds<CLASS, LINE>)
+        {
+            object.DcmAddRow(SRowLine<LINE>(), shape);
         }
     }
 
@@ -107,11 +162,16 @@ private:
     }
 
     template <class CLASS, int... OFFSETS>
-    static void Declare(CLASS& object, std::integer_sequence<int, OFFSETS...>)
+    static void FillShape(CLASS& object, CElementShape& shape, std::integer_sequence<int, OFFSETS...>)
     {
-        (DeclareLine<CLASS::kDcmFirstLine + OFFSETS>(object), ...);
+        (DeclareLine<CLASS::kDcmFirstLine + OFFSETS>(object, shape), ...);
+        (AddLine<CLASS::kDcmFirstLine + OFFSETS>(object, shape), ...);
+    }
+
+    template <class CLASS, int... OFFSETS>
+    static void Bind(CLASS& object, std::integer_sequence<int, OFFSETS...>)
+    {
         (BindLine<CLASS::kDcmFirstLine + OFFSETS>(object), ...);
-        object.GetDcmElementSet().Sort();
     }
 };
 
@@ -176,10 +236,10 @@ private:
 
 /// An attribute without accessors; hosts reach it through the element set.
 #define DCM_DECLARED(Group, Element) \
-    void DcmDeclareRow(SRowLine<__LINE__>) \
+    void DcmDeclareRow(SRowLine<__LINE__>, CElementShape& shape) \
     { \
         static_assert(__LINE__ - kDcmFirstLine < kMaxRowLines); \
-        GetDcmElementSet().Declare(Group, Element); \
+        shape.Declare(Group, Element); \
     }
 
 /// An attribute that can be read but not set under this name.
@@ -201,6 +261,10 @@ private:
     { \
         return m_dcm##Name; \
     } \
+    void DcmAddRow(SRowLine<__LINE__>, CElementShape& shape) \
+    { \
+        SRowWalker::DeclareMacro(shape, m_dcm##Name); \
+    } \
     void DcmBindRow(SRowLine<__LINE__>) \
     { \
         SRowWalker::Include(*this, m_dcm##Name); \
@@ -219,9 +283,13 @@ public:
     { \
         return m_dcm##Name; \
     } \
+    void DcmAddRow(SRowLine<__LINE__>, CElementShape& shape) \
+    { \
+        shape.AddSequence(Group, Element); \
+    } \
     void DcmBindRow(SRowLine<__LINE__>) \
     { \
-        GetDcmElementSet().BindSequence(Group, Element, m_dcm##Name.GetDcmElementSet()); \
+        GetDcmElementSet().BindNext(m_dcm##Name.GetDcmElementSet()); \
     } \
 \
 private: \
@@ -236,11 +304,15 @@ public:
     { \
         return m_dcm##Name; \
     } \
+    void DcmAddRow(SRowLine<__LINE__>, CElementShape& shape) \
+    { \
+        shape.AddSequence(DCM_GROUP, Element); \
+    } \
     void DcmBindRow(SRowLine<__LINE__>) \
     { \
         /* The module may have been assigned another one's group since the member was made. */ \
         m_dcm##Name = Sequence(DCM_GROUP); \
-        GetDcmElementSet().BindSequence(DCM_GROUP, Element, m_dcm##Name.GetDcmElementSet()); \
+        GetDcmElementSet().BindNext(m_dcm##Name.GetDcmElementSet()); \
     } \
 \
 private: \
@@ -298,6 +370,10 @@ private: \
     static const char* DcmDefaultGroup() \
     { \
         return DefaultGroup; \
+    } \
+    std::string DcmVariant() const \
+    { \
+        return std::string(m_dcmGroup.View()); \
     } \
     CString m_dcmGroup = DcmDefaultGroup(); \
 \

@@ -22,6 +22,11 @@ class VARNOTIX_EXPORT CDcmCodeAndModifer : public CDcmSequence
     CDcmCodeAndModifer(const CString& group, const CString& element);
 
 private:
+    friend struct SRowWalker;
+
+    /// The tag that the rows take from the object.
+    std::string DcmVariant() const { return std::string((m_group + m_element).View()); }
+
     CString m_group;
     CString m_element;
 };

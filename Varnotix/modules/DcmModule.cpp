@@ -3,14 +3,11 @@
 IMPLEMENT_DYNAMIC(CModulePrivate, CObject)
 IMPLEMENT_DYNCREATE(CDcmModule, CDcmAttributeSet)
 
-CDcmModule::CDcmModule() : m_private(new CModulePrivate) {}
+CDcmModule::CDcmModule() = default;
 
-CDcmModule::CDcmModule(const CDcmModule& other) : CDcmAttributeSet(other), m_private(new CModulePrivate) {}
+CDcmModule::CDcmModule(const CDcmModule& other) : CDcmAttributeSet(other) {}
 
-CDcmModule::~CDcmModule()
-{
-    delete m_private;
-}
+CDcmModule::~CDcmModule() = default;
 
 CDcmModule& CDcmModule::operator=(const CDcmModule& other)
 {

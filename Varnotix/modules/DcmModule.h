@@ -55,7 +55,7 @@ public:
 
 protected:
     CDcmElementSet& DcmModuleData() { return GetDcmElementSet(); }
-    CModulePrivate& ModulePrivate() { return *m_private; }
+    CModulePrivate& ModulePrivate() { return m_private; }
 
     /// Declares the module's tags, for classes that declare them in one place for reuse. Nothing here.
     virtual void InitializeModule();
@@ -66,5 +66,5 @@ protected:
 
 private:
     CDcmIOD* m_owner = nullptr;
-    CModulePrivate* m_private;
+    CModulePrivate m_private;
 };

@@ -2,8 +2,21 @@
 
 void CDcmModuleList::Add(CDcmModule& module)
 {
-    Remove(module);
-    Remove(module.GetRuntimeClass());
+    const CRuntimeClass* moduleClass = module.GetRuntimeClass();
+    bool displaced = false;
+    for (int i = 0; i < m_modules.GetSize();)
+    {
+        const bool isSame = m_modules[i] == &module;
+        if (isSame || (!displaced && m_modules[i]->IsKindOf(moduleClass)))
+        {
+            displaced = displaced || !isSame;
+            m_modules.RemoveAt(i);
+        }
+        else
+        {
+            ++i;
+        }
+    }
     m_modules.Add(&module);
 }
 

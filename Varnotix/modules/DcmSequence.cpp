@@ -3,14 +3,11 @@
 IMPLEMENT_DYNAMIC(CSequencePrivate, CObject)
 IMPLEMENT_DYNCREATE(CDcmSequence, CDcmAttributeSet)
 
-CDcmSequence::CDcmSequence() : m_private(new CSequencePrivate) {}
+CDcmSequence::CDcmSequence() = default;
 
-CDcmSequence::CDcmSequence(const CDcmSequence& other) : CDcmAttributeSet(other), m_private(new CSequencePrivate) {}
+CDcmSequence::CDcmSequence(const CDcmSequence& other) : CDcmAttributeSet(other) {}
 
-CDcmSequence::~CDcmSequence()
-{
-    delete m_private;
-}
+CDcmSequence::~CDcmSequence() = default;
 
 CDcmSequence& CDcmSequence::operator=(const CDcmSequence& other)
 {

@@ -37,7 +37,7 @@ public:
     void EmptySequence();
 
 protected:
-    CSequencePrivate& SequencePrivate() { return *m_private; }
+    CSequencePrivate& SequencePrivate() { return m_private; }
 
     /// Declares the sequence's tags, for classes that declare them in one place for reuse. Nothing here.
     virtual void InitializeSequence();
@@ -47,5 +47,5 @@ protected:
     virtual void DestroySequence();
 
 private:
-    CSequencePrivate* m_private;
+    CSequencePrivate m_private;
 };

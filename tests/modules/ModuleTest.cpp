@@ -188,3 +188,38 @@ TEST(Binding, OutlivesTheObjectThatWasCopied)
     EXPECT_STREQ(sequence.GetDcmElementSet().Find(0x0008, 0x1140)->Items()->Find(0x0008, 0x1155)->JoinedText(), "3");
     EXPECT_STREQ(copy->Outer().Inner().InstanceUID(), "1");
 }
+
+/// Elements without value are made at the first look; nobody may tell the difference.
+TEST(UnseenElements, AreThereForEveryOperation)
+{
+    CRowsModule unseen;
+    unseen.Outer().Inner().ClassUID("1.2");
+    EXPECT_FALSE(unseen == CRowsModule());
+    CRowsModule copy(unseen);
+    EXPECT_TRUE(copy == unseen);
+    EXPECT_FALSE(copy.GetDcmElementSet().IsEmptyOfValues());
+    copy.EmptyModule();
+    EXPECT_TRUE(copy == CRowsModule());
+    EXPECT_STREQ(unseen.Outer().Inner().ClassUID(), "1.2");
+
+    CDcmIOD iod;
+    iod << unseen;
+    EXPECT_EQ(iod.GetCount(), 1);
+    CRowsModule taken;
+    taken.Outer().Label("goes");
+    iod >> taken;
+    CRowsModule copyOfTaken(taken);
+    CRowsModule seen;
+    seen.Comments("goes too");
+    seen = taken;
+    for (CRowsModule* module : {&taken, &copyOfTaken, &seen})
+    {
+        EXPECT_STREQ(module->Outer().Inner().ClassUID(), "1.2");
+        module->Outer().Inner().ClassUID() = "3.4";
+        EXPECT_STREQ(InnerText(*module, 0x1150), "3.4");
+        EXPECT_TRUE(module->Outer().Label().IsEmpty());
+        EXPECT_TRUE(module->Comments().IsEmpty());
+        EXPECT_EQ(module->GetCountAll(), 15);
+        EXPECT_TRUE(*module == taken);
+    }
+}

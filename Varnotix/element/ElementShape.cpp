@@ -1,0 +1,42 @@
+#include "Varnotix/element/ElementShape.h"
+
+#include "Varnotix/element/TagText.h"
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include <algorithm>
+
+std::vector<CElementShape::SElement>::const_iterator CElementShape::Place(DWORD tag) const
+{
+    return std::upper_bound(m_elements.begin(), m_elements.end(), tag,
+                            [](DWORD value, const SElement& element) { return value < element.tag; });
+}
+
+void CElementShape::AddElement(DWORD tag)
+{
+    const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(GroupNumber(tag), ElementNumber(tag));
+    const int vr = entry != nullptr ? static_cast<int>(entry->vr) : static_cast<int>(VR_UNKNOWN);
+    m_elements.insert(Place(tag), SElement{tag, vr, entry});
+    m_beginsEmpty = m_beginsEmpty && entry != nullptr && VrKind(vr) != EVrKind::RawOnly;
+}
+
+void CElementShape::Declare(const CString& group, const CString& element)
+{
+    Declare(TagNumber(HexNumber(group), HexNumber(element)));
+}
+
+void CElementShape::Declare(DWORD tag)
+{
+    const auto place = Place(tag);
+    if (place == m_elements.begin() || std::prev(place)->tag != tag)
+    {
+        m_declared.push_back(tag);
+        AddElement(tag);
+    }
+}
+
+void CElementShape::AddSequence(const CString& group, const CString& element)
+{
+    const DWORD tag = TagNumber(HexNumber(group), HexNumber(element));
+    m_sequences.push_back(tag);
+    AddElement(tag);
+}

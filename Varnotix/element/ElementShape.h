@@ -1,0 +1,45 @@
+/// What a module or sequence class declares: the tags of its elements, the same for every object of the class.
+#pragma once
+
+#include "Varnotix/registry/DcmEntry.h"
+
+#include <vector>
+
+/// The tags that a class declares, in order of declaration, and the elements that these make, in tag order.
+///
+/// An object's set refers to the shape of its class, which must outlive it, and makes the elements when somebody first
+/// looks at them: most sequences of most modules are never looked at.
+class VARNOTIX_EXPORT CElementShape
+{
+public:
+    struct SElement
+    {
+        DWORD tag;
+        int vr;
+        const CDcmEntry* entry;
+    };
+
+    /// Declares an attribute, unless an element of its tag is there. The texts are hexadecimal.
+    void Declare(const CString& group, const CString& element);
+    void Declare(DWORD tag);
+    /// Adds the SQ element of a contained sequence, which is not among the declared tags.
+    void AddSequence(const CString& group, const CString& element);
+
+    /// In order of declaration.
+    const std::vector<DWORD>& Declared() const { return m_declared; }
+    /// The tags of contained sequences in the order in which they were added.
+    const std::vector<DWORD>& Sequences() const { return m_sequences; }
+    /// All elements, in tag order.
+    const std::vector<SElement>& Elements() const { return m_elements; }
+    /// True when each element counts as empty as long as nobody gives it a value (see CDcmElement::IsEmptyValue).
+    bool BeginsEmpty() const { return m_beginsEmpty; }
+
+private:
+    std::vector<SElement>::const_iterator Place(DWORD tag) const;
+    void AddElement(DWORD tag);
+
+    std::vector<DWORD> m_declared;
+    std::vector<DWORD> m_sequences;
+    std::vector<SElement> m_elements;
+    bool m_beginsEmpty = true;
+};
