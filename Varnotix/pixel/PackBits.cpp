@@ -1,9 +1,61 @@
 #include "Varnotix/pixel/PackBits.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
+#include <cstring>
 
 namespace
 {
+
+static_assert(std::endian::native == std::endian::little, "the first byte of a word is its lowest");
+
+using Word = std::uint64_t;
+constexpr std::size_t kWordSize = sizeof(Word);
+constexpr Word kEachByte = 0x0101010101010101U;
+constexpr Word kHighBits = 0x8080808080808080U;
+
+Word WordAt(const BYTE* bytes)
+{
+    Word word = 0;
+    std::memcpy(&word, bytes, kWordSize);
+    return word;
+}
+
+/// How often the first byte stands in a row.
+std::size_t CountEqual(const BYTE* begin, const BYTE* end)
+{
+    const Word pattern = *begin * kEachByte;
+    const BYTE* next = begin + 1;
+    while (static_cast<std::size_t>(end - next) >= kWordSize)
+    {
+        const Word differing = WordAt(next) ^ pattern;
+        if (differing != 0)
+        {
+            return static_cast<std::size_t>(next - begin) + static_cast<std::size_t>(std::countr_zero(differing)) / 8;
+        }
+        next += kWordSize;
+    }
+    return static_cast<std::size_t>(std::find_if(next, end, [=](BYTE byte) { return byte != *begin; }) - begin);
+}
+
+/// How many bytes stand before the first that equals its follower; the last byte has none.
+std::size_t CountSingle(const BYTE* begin, const BYTE* end)
+{
+    const BYTE* next = begin;
+    while (static_cast<std::size_t>(end - next) > kWordSize)
+    {
+        // A byte of the difference is zero where two neighbours are equal; the lowest such byte is found exactly.
+        const Word difference = WordAt(next) ^ WordAt(next + 1);
+        const Word zeros = (difference - kEachByte) & ~difference & kHighBits;
+        if (zeros != 0)
+        {
+            return static_cast<std::size_t>(next - begin) + static_cast<std::size_t>(std::countr_zero(zeros)) / 8;
+        }
+        next += kWordSize;
+    }
+    return static_cast<std::size_t>(std::adjacent_find(next, end) - begin);
+}
 
 constexpr std::size_t kLongestRun = 128;
 constexpr BYTE kLongestRunControl = 0x81; // -127
@@ -22,6 +74,30 @@ public:
     {
         while (Step(byte, count))
         {
+        }
+    }
+
+    /// Takes bytes none of which equals its neighbours.
+    void TakeSingle(const BYTE* bytes, std::size_t count)
+    {
+        while (count > 0)
+        {
+            std::size_t taken = 1;
+            if (m_state == EState::Literal && m_end + kRoomForStep <= m_room)
+            {
+                BYTE& control = m_bytes[m_literal];
+                taken = std::min({count, std::size_t{kFullLiteral} - control, m_room - m_end - (kRoomForStep - 1)});
+                std::memcpy(m_bytes.data() + m_end, bytes, taken);
+                m_end += taken;
+                control = static_cast<BYTE>(control + taken);
+                m_state = control == kFullLiteral ? EState::Base : EState::Literal;
+            }
+            else
+            {
+                Take(*bytes, 1);
+            }
+            bytes += taken;
+            count -= taken;
         }
     }
 
@@ -145,9 +221,16 @@ bool DecodePackBits(std::span<const BYTE> input, std::size_t segmentSize, BYTE* 
         if (control >= 0)
         {
             const std::size_t count = std::min({static_cast<std::size_t>(control) + 1, room, input.size() - cursor});
-            for (std::size_t i = 0; i < count; ++i)
+            if (stride == 1)
             {
-                output[(written + i) * stride] = input[cursor + i];
+                std::memcpy(output + written, input.data() + cursor, count);
+            }
+            else
+            {
+                for (std::size_t i = 0; i < count; ++i)
+                {
+                    output[(written + i) * stride] = input[cursor + i];
+                }
             }
             cursor += count;
             written += count;
@@ -156,9 +239,16 @@ bool DecodePackBits(std::span<const BYTE> input, std::size_t segmentSize, BYTE* 
         {
             const std::size_t count = std::min(static_cast<std::size_t>(1 - control), room);
             const BYTE byte = input[cursor++];
-            for (std::size_t i = 0; i < count; ++i)
+            if (stride == 1)
             {
-                output[(written + i) * stride] = byte;
+                std::memset(output + written, byte, count);
+            }
+            else
+            {
+                for (std::size_t i = 0; i < count; ++i)
+                {
+                    output[(written + i) * stride] = byte;
+                }
             }
             written += count;
         }
@@ -169,15 +259,19 @@ bool DecodePackBits(std::span<const BYTE> input, std::size_t segmentSize, BYTE* 
 std::vector<BYTE> EncodePackBits(std::span<const BYTE> input)
 {
     CPackBitsEncoder encoder(input.size());
-    for (std::size_t i = 0; i < input.size();)
+    const BYTE* next = input.data();
+    const BYTE* const end = next + input.size();
+    while (next != end)
     {
-        std::size_t count = 1;
-        while (i + count < input.size() && input[i + count] == input[i])
+        const std::size_t single = CountSingle(next, end);
+        encoder.TakeSingle(next, single);
+        next += single;
+        if (next != end)
         {
-            ++count;
+            const std::size_t equal = CountEqual(next, end);
+            encoder.Take(*next, equal);
+            next += equal;
         }
-        encoder.Take(input[i], count);
-        i += count;
     }
     return encoder.Result();
 }

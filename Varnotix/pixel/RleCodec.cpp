@@ -6,6 +6,7 @@
 #include <climits>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 
 namespace
@@ -63,15 +64,22 @@ std::size_t Product(std::initializer_list<std::size_t> factors)
     return static_cast<std::size_t>(product);
 }
 
-/// One sample of each pixel.
-std::vector<BYTE> Plane(const CByteArray& data, std::size_t sample, std::size_t pixels)
+/// The red, green and blue bytes of interleaved pixels, each by themselves.
+std::array<std::vector<BYTE>, kRgbSamples> Planes(const BYTE* data, std::size_t pixels)
 {
-    std::vector<BYTE> plane(pixels);
+    std::array<std::vector<BYTE>, kRgbSamples> planes;
+    for (std::vector<BYTE>& plane : planes)
+    {
+        plane.resize(pixels);
+    }
     for (std::size_t k = 0; k < pixels; ++k)
     {
-        plane[k] = data.GetData()[kRgbSamples * k + sample];
+        planes[0][k] = data[0];
+        planes[1][k] = data[1];
+        planes[2][k] = data[2];
+        data += kRgbSamples;
     }
-    return plane;
+    return planes;
 }
 
 } // namespace
@@ -129,9 +137,9 @@ void RleEncode(const SRleImage& image, CByteArray& data)
     {
         const std::uint64_t pixels = static_cast<std::uint64_t>(image.rows) * static_cast<std::uint64_t>(image.columns);
         const std::size_t plane = pixels <= size / kRgbSamples ? static_cast<std::size_t>(pixels) : 0;
-        for (std::size_t sample = 0; sample < kRgbSamples; ++sample)
+        for (const std::vector<BYTE>& samples : Planes(data.GetData(), plane))
         {
-            segments.push_back(EncodePackBits(Plane(data, sample, plane)));
+            segments.push_back(EncodePackBits(samples));
         }
     }
     else
