@@ -41,7 +41,7 @@ function(varnotix_copy_runtime target)
     endforeach()
     add_custom_command(TARGET ${target} POST_BUILD
         COMMAND ${CMAKE_COMMAND} -E copy_if_different ${runtime} $<TARGET_FILE_DIR:${target}>)
-    install(FILES ${runtime} DESTINATION ${CMAKE_INSTALL_BINDIR})
+    install(FILES ${runtime} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
 endfunction()
 
 # One GoogleTest program for a folder of tests. It runs in a folder of its own that holds the data files, and is told:
@@ -72,5 +72,5 @@ function(varnotix_test folder)
         VARNOTIX_SAMPLES=${VARNOTIX_SAMPLES}
         VARNOTIX_DATA=${PROJECT_SOURCE_DIR}/data
         VARNOTIX_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-    set_tests_properties(${target} PROPERTIES TIMEOUT 600 ENVIRONMENT "${environment}")
+    set_tests_properties(${target} PROPERTIES TIMEOUT 120 ENVIRONMENT "${environment}")
 endfunction()
