@@ -9,7 +9,8 @@ set -euo pipefail
 packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev)
 for stage in "$@"; do
     case $stage in
-        release | asan | installed) packages+=(libgtest-dev dcmtk libgdcm-tools) ;;
+        release | asan) packages+=(libgtest-dev dcmtk libgdcm-tools) ;;
+        installed) packages+=(libgtest-dev pkgconf dpkg-dev file) ;;
         clang) packages+=(libgtest-dev clang) ;;
         windows) packages+=(g++-mingw-w64-i686-posix googletest debootstrap util-linux) ;;
         fuzz) packages+=(clang libclang-rt-dev) ;;
