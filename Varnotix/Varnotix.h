@@ -17,6 +17,7 @@
 #include "Varnotix/iod/DcmNormalizedIOD.h"
 #include "Varnotix/iod/IdentifyingTags.h"
 #include "Varnotix/iod/ImageIODs.h"
+#include "Varnotix/iod/ScriptSource.h"
 #include "Varnotix/modules/Catalogue.h"
 #include "Varnotix/modules/DcmAttributeModule.h"
 #include "Varnotix/modules/DcmIE.h"

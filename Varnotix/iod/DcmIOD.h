@@ -174,6 +174,7 @@ protected:
     /// Every registered module takes the store's values.
     void UpdateIodModuleSet();
     CDcmIODPrivate& IodPrivate() { return *m_private; }
+    const CDcmIODPrivate& IodPrivate() const { return *m_private; }
 
 private:
     void CopyFrom(const CDcmIOD& other);

@@ -3,6 +3,7 @@
 
 #include "Varnotix/asl/ScriptNote.h"
 #include "Varnotix/codec/ParseException.h"
+#include "Varnotix/iod/ScriptSource.h"
 #include "Varnotix/platform/Object.h"
 
 #include <vector>
@@ -15,4 +16,5 @@ public:
     std::vector<SReadTrial> readTrials;
     std::vector<SReadNote> readNotes;
     std::vector<SScriptNote> scriptNotes;
+    std::vector<SScriptSource> scriptSources;
 };

@@ -1,6 +1,5 @@
 #include "Varnotix/platform/PictureSize.h"
 
-#include "Varnotix/platform/Arrays.h"
 #include "Varnotix/platform/File.h"
 
 #include <climits>
@@ -82,7 +81,7 @@ bool ReadJpegSize(const BYTE* bytes, std::size_t count, int& width, int& height)
     return false;
 }
 
-bool ReadPictureSize(const CString& path, WORD& width, WORD& height)
+bool ReadPicture(const CString& path, CByteArray& bytes, WORD& width, WORD& height)
 {
     CFile file(path, CFile::modeRead);
     // Two bytes tell most other files apart, so that a large one is not read for nothing.
@@ -93,16 +92,18 @@ bool ReadPictureSize(const CString& path, WORD& width, WORD& height)
     {
         return false;
     }
-    CByteArray bytes;
-    bytes.SetSize(static_cast<int>(length));
+    CByteArray read;
+    read.SetSize(static_cast<int>(length));
     file.Seek(0, CFile::begin);
-    const UINT got = file.Read(bytes.GetData(), static_cast<UINT>(length));
+    const UINT got = file.Read(read.GetData(), static_cast<UINT>(length));
     int wide = 0;
     int high = 0;
-    if (!ReadJpegSize(bytes.GetData(), got, wide, high))
+    if (!ReadJpegSize(read.GetData(), got, wide, high))
     {
         return false;
     }
+    read.SetSize(static_cast<int>(got));
+    bytes.Swap(read);
     width = static_cast<WORD>(wide);
     height = static_cast<WORD>(high);
     return true;

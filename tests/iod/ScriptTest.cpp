@@ -1,5 +1,7 @@
-// Objects from text.
+// Objects from text, and whole objects from scripts and the files that they name.
 #include "Elements.h"
+#include "Jpeg.h"
+#include "Varnotix/element/DcmFrameList.h"
 #include "Varnotix/iod/ImageIODs.h"
 
 #include <gtest/gtest.h>
@@ -27,6 +29,84 @@ public:
 private:
     std::filesystem::path m_path;
 };
+
+std::string ToText(const CByteArray& bytes)
+{
+    return {bytes.begin(), bytes.end()};
+}
+
+/// A stored object of two frames of two rows and three columns.
+std::string StoredObject(const char* syntax)
+{
+    CDcmCompositeIOD object;
+    auto pixelData = std::make_unique<CDcmElement>(kPixelDataGroup, kPixelDataElement);
+    pixelData->Frames()->AddFrame(TextBytes("first "));
+    pixelData->Frames()->AddFrame(TextBytes("second"));
+    Fill(object.ElementStore(),
+         {MakeText(0x0002, 0x0010, syntax), MakeText(0x0008, 0x0060, "OT"), MakeText(0x0028, 0x0008, "2"),
+          MakeWord(0x0028, 0x0010, 2), MakeWord(0x0028, 0x0011, 3), pixelData.release()});
+    CByteArray bytes;
+    object.ExportFileFormat(bytes);
+    return ToText(bytes);
+}
+
+/// Runs a script in the object; the states of its sources.
+std::vector<int> Create(CDcmCompositeIOD& object, const Texts& script)
+{
+    CStringArray lines;
+    for (const std::string& line : script)
+    {
+        lines.Add(CString(line));
+    }
+    object.CreateFromASL(lines);
+    std::vector<int> states;
+    for (const SScriptSource& source : object.ScriptSources())
+    {
+        EXPECT_STRNE(ScriptSourceText(source.state), "");
+        states.push_back(source.state);
+    }
+    return states;
+}
+
+Texts Names(const CDcmCompositeIOD& object)
+{
+    Texts names;
+    for (const SScriptSource& source : object.ScriptSources())
+    {
+        names.emplace_back(source.name.View());
+    }
+    return names;
+}
+
+Texts FrameTexts(const CDcmIOD& object)
+{
+    Texts frames;
+    const CDcmElement* pixelData = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    for (int i = 0; pixelData != nullptr && i < pixelData->Frames()->GetCount(); ++i)
+    {
+        const CDcmFrame& frame = *pixelData->Frames()->GetFrame(i);
+        frames.emplace_back(reinterpret_cast<const char*>(frame.Data()), frame.Size());
+    }
+    return frames;
+}
+
+WORD WordOf(const CDcmIOD& object, int group, int element)
+{
+    const CDcmElement* found = object.ElementStore().Find(group, element);
+    return found != nullptr ? (*found->Words())[0] : WORD{0};
+}
+
+/// "columns x rows".
+std::string SizeOf(const CDcmIOD& object)
+{
+    return std::to_string(WordOf(object, 0x0028, 0x0011)) + " x " + std::to_string(WordOf(object, 0x0028, 0x0010));
+}
+
+std::string TextOf(const CDcmIOD& object, int group, int element)
+{
+    const CDcmElement* found = object.ElementStore().Find(group, element);
+    return found != nullptr ? std::string(found->JoinedText().CText()) : "none";
+}
 
 } // namespace
 
@@ -64,4 +144,166 @@ TEST(ImportFromAsl, LeavesTheObjectWhenThereIsNothingToTake)
     object.ImportFromASL(".");
     EXPECT_TRUE(object.ScriptNotes().empty());
     EXPECT_EQ(Listing(object.ElementStore()), Texts{"00100040=F"});
+}
+
+TEST(CreateFromAsl, APictureIsAFrame)
+{
+    const std::string baseline = Jpeg(0xC0, 640, 480);
+    const std::string progressive = Jpeg(0xC2, 30, 20, "with Exif ");
+    const CScratchFile first("First.jpg", baseline);
+    const CScratchFile second("second.JPG", progressive);
+    const CScratchFile broken("broken.jpg", baseline.substr(0, 8));
+    const CScratchFile bitmap("bitmap.jpg", "BM");
+    const CScratchFile other("other.png", baseline);
+    const Texts script = {"0008,0060,CS,1,Modality,[OT,]", "0028,0002,US,1,Samples per Pixel,[3,]",
+                          "0028,0010,US,1,Rows,[1,]",      "#PIXEL_DATA_FILE=SECOND.jpg",
+                          "#PIXEL_DATA_FILE=first.jpg",    "#PIXEL_DATA_FILE=broken.jpg",
+                          "#PIXEL_DATA_FILE=bitmap.jpg",   "#PIXEL_DATA_FILE=none.jpg",
+                          "#PIXEL_DATA_FILE=other.png",    "#PIXEL_DATA_FILE=jpg",
+                          "#PIXEL_DATA_FILE=.\\first.jpg"};
+    CDcmCompositeIOD object;
+    EXPECT_EQ(Create(object, script),
+              (std::vector<int>{SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_NO_PICTURE,
+                                SCRIPT_SOURCE_NO_PICTURE, SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_OTHER_KIND,
+                                SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_TAKEN}));
+    EXPECT_EQ(FrameTexts(object), (Texts{progressive, baseline, baseline}));
+    EXPECT_EQ(SizeOf(object), "640 x 480");
+    EXPECT_EQ(TextOf(object, 0x0002, 0x0010), "1.2.840.10008.1.2.4.50");
+    EXPECT_EQ(TextOf(object, 0x0028, 0x0008), "3");
+    EXPECT_EQ(TextOf(object, 0x0008, 0x0060), "OT");
+    EXPECT_EQ(WordOf(object, 0x0028, 0x0002), 3);
+    EXPECT_TRUE(object.ElementStore().Find(kPixelDataGroup, kPixelDataElement)->HasVr(VR_OB));
+
+    // A size in the script goes before the pictures'; what is no number does not.
+    CDcmCompositeIOD sized;
+    Create(sized, {"#PIXEL_DATA_FILE=first.jpg", "#PIXEL_DATA_COLS=-500", "#PIXEL_DATA_ROWS=many"});
+    EXPECT_EQ(SizeOf(sized), "500 x 480");
+}
+
+TEST(CreateFromAsl, APatternsFirstMatchStandsWithoutItsFolder)
+{
+    std::filesystem::create_directory("Pictures");
+    const std::string a = Jpeg(0xC0, 1, 1);
+    const std::string b = Jpeg(0xC0, 2, 2);
+    const std::string here = Jpeg(0xC0, 3, 3);
+    {
+        const CScratchFile firstMatch("Pictures/a.jpg", a);
+        const CScratchFile secondMatch("Pictures/B.jpg", b);
+        const Texts script = {"#PIXEL_DATA_DIR=pictures\\*.jpg", "#PIXEL_DATA_DIR=PICTURES/?.JPG",
+                              "#PIXEL_DATA_DIR=pictures\\*.bmp", "#PIXEL_DATA_DIR=no such folder\\*"};
+        CDcmCompositeIOD object;
+        const std::vector<int> states = Create(object, script);
+        ASSERT_EQ(states.size(), 6U);
+        EXPECT_EQ(Names(object)[0], "pictures\\*.bmp");
+        EXPECT_EQ(states[0], SCRIPT_SOURCE_NO_MATCH);
+        EXPECT_EQ(states[1], SCRIPT_SOURCE_NO_MATCH);
+        // The system's order decides which of the two is bare.
+        const bool aIsFirst = Names(object)[2] == "a.jpg";
+        EXPECT_EQ(Names(object)[2], aIsFirst ? "a.jpg" : "B.jpg");
+        EXPECT_EQ(Names(object)[3], aIsFirst ? "pictures\\B.jpg" : "pictures\\a.jpg");
+        EXPECT_EQ(Names(object)[5], aIsFirst ? "pictures\\B.jpg" : "pictures\\a.jpg");
+        EXPECT_EQ(states[2], SCRIPT_SOURCE_NOT_OPENED);
+        EXPECT_EQ(FrameTexts(object), aIsFirst ? (Texts{b, b}) : (Texts{a, a}));
+
+        const CScratchFile bare(aIsFirst ? "a.jpg" : "B.jpg", here);
+        CDcmCompositeIOD again;
+        Create(again, {script[0], "#PIXEL_DATA_DIR=*a?jpg*", "#PIXEL_DATA_DIR=*B?jpg*"});
+        EXPECT_EQ(FrameTexts(again), (Texts{here, aIsFirst ? b : a, here}));
+    }
+    std::filesystem::remove("Pictures");
+}
+
+TEST(CreateFromAsl, ObjectsGiveFramesWhenTheirSyntaxIsCompressed)
+{
+    const CScratchFile jpeg("jpeg.DCM", StoredObject("1.2.840.10008.1.2.4.50"));
+    const CScratchFile htj2k("htj2k.dic", StoredObject("1.2.840.10008.1.2.4.203"));
+    const CScratchFile rle("rle.dcm", StoredObject("1.2.840.10008.1.2.5"));
+    const CScratchFile plain("plain.dcm", StoredObject("1.2.840.10008.1.2.1"));
+    const CScratchFile longEnding("jpeg.dicom", StoredObject("1.2.840.10008.1.2.4.50"));
+    const CScratchFile text("text.dcm", "#PIXEL_DATA_FILE=text.dcm");
+    const CScratchFile picture("picture.jpg", Jpeg(0xC0, 9, 8));
+    CDcmCompositeIOD object;
+    EXPECT_EQ(
+        Create(object, {"#PIXEL_DATA_FILE=picture.jpg", "#PIXEL_DATA_FILE=jpeg.dcm", "#PIXEL_DATA_FILE=rle.dcm",
+                        "#PIXEL_DATA_FILE=htj2k.dic", "#PIXEL_DATA_FILE=plain.dcm", "#PIXEL_DATA_FILE=jpeg.dicom",
+                        "#PIXEL_DATA_FILE=text.dcm"}),
+        (std::vector<int>{SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_OTHER_SYNTAX, SCRIPT_SOURCE_TAKEN,
+                          SCRIPT_SOURCE_OTHER_SYNTAX, SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_NO_OBJECT}));
+    EXPECT_EQ(FrameTexts(object), (Texts{Jpeg(0xC0, 9, 8), "first ", "second", "first ", "second"}));
+    EXPECT_EQ(object.ScriptSources()[1].frames, 2);
+    EXPECT_EQ(SizeOf(object), "3 x 2");
+    EXPECT_EQ(TextOf(object, 0x0028, 0x0008), "5");
+    EXPECT_EQ(TextOf(object, 0x0008, 0x0060), "none");
+
+    // Without any frame the object keeps its attributes and no more.
+    CDcmCompositeIOD bare;
+    Create(bare, {"0008,0060,CS,1,Modality,[CT,]", "#PIXEL_DATA_FILE=plain.dcm"});
+    EXPECT_EQ(Listing(bare.ElementStore()), Texts{"00080060=CT"});
+}
+
+TEST(CreateFromAsl, ASourceFileGoesBeforeEverythingElse)
+{
+    const CScratchFile plain("plain.dcm", StoredObject("1.2.840.10008.1.2.1"));
+    const CScratchFile picture("picture.jpg", Jpeg(0xC0, 9, 8));
+    const CScratchFile script("script.txt", "#SOURCE_FILE=script.txt");
+    CDcmCompositeIOD object;
+    EXPECT_EQ(Create(object, {"#PIXEL_DATA_FILE=picture.jpg", "#SOURCE_FILE=PLAIN.DCM", "0008,0060,CS,1,Modality,[CT,]",
+                              "0028,0010,US,1,Rows,[99,]"}),
+              (std::vector<int>{SCRIPT_SOURCE_PASSED_OVER, SCRIPT_SOURCE_TAKEN}));
+    EXPECT_EQ(FrameTexts(object), (Texts{"first ", "second"}));
+    EXPECT_EQ(SizeOf(object), "3 x 2");
+    EXPECT_EQ(TextOf(object, 0x0028, 0x0008), "2 ");
+    EXPECT_EQ(TextOf(object, 0x0008, 0x0060), "CT");
+    EXPECT_EQ(TextOf(object, 0x0002, 0x0010), "none");
+
+    CDcmCompositeIOD itself;
+    EXPECT_EQ(Create(itself, {"#SOURCE_FILE=script.txt"}), std::vector<int>{SCRIPT_SOURCE_NO_OBJECT});
+    EXPECT_EQ(itself.GetCount(), 0);
+}
+
+TEST(CreateFromAsl, EmptyElementsRemoveValuesUnlessTheScriptSaysOne)
+{
+    for (const auto& [flag, name] : {std::pair("1", "A"), {" 1x", "A"}, {"yes", ""}, {"0", ""}, {"", ""}})
+    {
+        CDcmCompositeIOD object;
+        Fill(object.ElementStore(), {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0020, "7")});
+        Create(object, {std::string("#REMOVE_EMPTY_ALL=") + flag, "0010,0010,PN,1,x,[]", "0010,0040,CS,1,x,[F,]"});
+        EXPECT_EQ(Listing(object.ElementStore()), (Texts{std::string("00100010=") + name, "00100020=7", "00100040=F"}))
+            << flag;
+    }
+}
+
+TEST(CreateFromAsl, AnonymisesWhenTheScriptSaysOne)
+{
+    for (const auto& [arguments, name] :
+         {std::pair("1,Nobody", "Nobody"), {"0,Nobody", "A"}, {"yes,Nobody", "A"}, {"1", "none"}})
+    {
+        CDcmCompositeIOD object;
+        Create(object, {std::string("#ANONYMIZE_55=") + arguments, "0010,0010,PN,1,x,[A,]"});
+        EXPECT_EQ(TextOf(object, 0x0010, 0x0010), name) << arguments;
+    }
+}
+
+TEST(CreateFromAsl, FilesThatDoNotOpenDoNoHarm)
+{
+    std::filesystem::create_directory("folder.jpg");
+    std::filesystem::create_directory("folder.dcm");
+    const CScratchFile picture("picture.jpg", Jpeg(0xC0, 9, 8));
+    const CScratchFile beyondAscii("\xE4.jpg", Jpeg(0xC0, 9, 8));
+    CDcmCompositeIOD pictures;
+    EXPECT_EQ(Create(pictures, {"#PIXEL_DATA_FILE=folder.jpg", "#PIXEL_DATA_FILE=\xE4.jpg"}),
+              (std::vector<int>{SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_NOT_ASCII}));
+    for (const char* command : {"#PIXEL_DATA_FILE=none.dcm", "#PIXEL_DATA_FILE=folder.dcm", "#SOURCE_FILE=none",
+                                "#SOURCE_FILE=folder.jpg", "#SOURCE_FILE=/dev/zero"})
+    {
+        CDcmCompositeIOD object;
+        EXPECT_THROW(Create(object, {"0008,0060,CS,1,Modality,[CT,]", "#PIXEL_DATA_FILE=picture.jpg", command}),
+                     CFileException)
+            << command;
+        ASSERT_EQ(object.ScriptSources().size(), 2U);
+        EXPECT_EQ(object.ScriptSources()[1].state, SCRIPT_SOURCE_NOT_OPENED);
+        EXPECT_EQ(Listing(object.ElementStore()), Texts{"00080060=CT"});
+    }
+    std::filesystem::remove("folder.jpg");
+    std::filesystem::remove("folder.dcm");
 }

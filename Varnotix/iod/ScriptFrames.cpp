@@ -1,0 +1,161 @@
+#include "Varnotix/iod/ScriptFrames.h"
+
+#include "Varnotix/asl/DcmAttributeScript.h"
+#include "Varnotix/iod/DcmCompositeIOD.h"
+#include "Varnotix/iod/DcmMetaFileInformation.h"
+#include "Varnotix/pixel/DcmImagePixelModule.h"
+#include "Varnotix/platform/Archive.h"
+#include "Varnotix/platform/FileSearch.h"
+#include "Varnotix/platform/PictureSize.h"
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+
+// The rows of the UID table whose objects give frames: JPEG, JPEG-LS, JPEG 2000, MPEG, HTJ2K. RLE stands behind them.
+constexpr int kFirstTaken = 5;
+constexpr int kLastTaken = 26;
+
+bool IsAscii(const CString& text)
+{
+    return std::all_of(text.View().begin(), text.View().end(),
+                       [](char character) { return static_cast<unsigned char>(character) < 0x80; });
+}
+
+/// Appends what a pattern finds. The first name stands without its folder: scripts have been written around that.
+bool FindSources(const CString& pattern, CStringArray& names)
+{
+    CStringArray found;
+    if (!FindFiles(pattern, found))
+    {
+        return false;
+    }
+    const int separator = std::max(pattern.ReverseFind('\\'), pattern.ReverseFind('/'));
+    const CString folder = pattern.Left(separator);
+    for (int i = 0; i < found.GetSize(); ++i)
+    {
+        names.Add(i == 0 || separator < 0 ? found[i] : folder + '\\' + found[i]);
+    }
+    return true;
+}
+
+} // namespace
+
+const char* ScriptSourceText(int state)
+{
+    static constexpr const char* kTexts[] = {
+        "taken",
+        "it is missing, no regular file, or cannot be read",
+        "no file matches the pattern",
+        "it is no JPEG picture",
+        "pictures with characters beyond ASCII in their names are not loaded",
+        "it cannot be read as DICOM",
+        "its transfer syntax is none of those whose frames are taken",
+        "it has no pixel data",
+        "its name ends in none of .jpg, .dic and .dcm",
+        "the script names a SOURCE_FILE, which goes before it",
+    };
+    return state >= 0 && state < static_cast<int>(std::size(kTexts)) ? kTexts[state] : "";
+}
+
+void ReadObject(const CString& path, CDcmCompositeIOD& object)
+{
+    CFile file(path, CFile::modeRead);
+    CArchive archive(&file, CArchive::load, 4096);
+    object.Serialize(archive);
+}
+
+const CDcmFrameList* FramesOf(const CDcmImagePixelModule& pixel)
+{
+    const CDcmElement* data = pixel.GetDcmElementSet().Find(kPixelDataGroup, kPixelDataElement);
+    return data != nullptr ? data->Frames() : nullptr;
+}
+
+void CScriptFrames::Gather(const CDcmAttributeScript& script)
+{
+    CStringArray names(script.PixelDataFiles());
+    for (const CString& pattern : script.PixelDataDirectories())
+    {
+        if (!FindSources(pattern, names))
+        {
+            m_sources.push_back({pattern, SCRIPT_SOURCE_NO_MATCH, 0});
+        }
+    }
+    for (const CString& name : names)
+    {
+        Take(name);
+    }
+}
+
+void CScriptFrames::Take(const CString& name)
+{
+    // An exception on the way leaves the state that explains it.
+    m_sources.push_back({name, SCRIPT_SOURCE_NOT_OPENED, 0});
+    const int before = m_frames.GetCount();
+    const CString ending = name.Right(4);
+    int state = SCRIPT_SOURCE_OTHER_KIND;
+    if (ending.CompareNoCase(".jpg") == 0)
+    {
+        state = TakePicture(name);
+    }
+    else if (ending.CompareNoCase(".dic") == 0 || ending.CompareNoCase(".dcm") == 0)
+    {
+        state = TakeObject(name);
+    }
+    m_sources.back().state = state;
+    m_sources.back().frames = m_frames.GetCount() - before;
+}
+
+int CScriptFrames::TakePicture(const CString& name)
+{
+    if (!IsAscii(name))
+    {
+        return SCRIPT_SOURCE_NOT_ASCII;
+    }
+    CByteArray bytes;
+    try
+    {
+        if (!ReadPicture(name, bytes, m_width, m_height))
+        {
+            return SCRIPT_SOURCE_NO_PICTURE;
+        }
+    }
+    catch (const CFileException&)
+    {
+        return SCRIPT_SOURCE_NOT_OPENED;
+    }
+    m_frames.AddFrame(bytes);
+    return SCRIPT_SOURCE_TAKEN;
+}
+
+int CScriptFrames::TakeObject(const CString& name)
+{
+    CDcmCompositeIOD object;
+    ReadObject(name, object);
+    if (object.GetCount() == 0)
+    {
+        return SCRIPT_SOURCE_NO_OBJECT;
+    }
+    CDcmImagePixelModule pixel;
+    CDcmMetaFileInformation meta;
+    object >> pixel;
+    object >> meta;
+    const int syntax = CDcmRegistry::Global().UidEnum(meta.TransferSyntaxUID());
+    if (syntax < kFirstTaken || syntax > kLastTaken)
+    {
+        return SCRIPT_SOURCE_OTHER_SYNTAX;
+    }
+    m_width = pixel.Columns();
+    m_height = pixel.Rows();
+    const CDcmFrameList* frames = FramesOf(pixel);
+    const int count = frames != nullptr ? frames->GetCount() : 0;
+    for (int i = 0; i < count; ++i)
+    {
+        const CDcmFrame& frame = *frames->GetFrame(i);
+        m_frames.AddFrame(CSharedBytes::Copy(frame.Data(), frame.Size()));
+    }
+    return count > 0 ? SCRIPT_SOURCE_TAKEN : SCRIPT_SOURCE_NO_FRAMES;
+}
