@@ -27,6 +27,17 @@ as_root()
 # with them, so nothing can stay mounted into the Wine root, not even after a kill.
 isolated=(unshare --mount --pid --fork --kill-child)
 
+# find_mirror SUITE: sets mirror to where this machine takes the suite's packages from, and the proxy that it takes.
+find_mirror()
+{
+    mirror=$(apt-get indextargets --format '$(RELEASE) $(COMPONENT) $(REPO_URI)' |
+        awk -v suite="$1" '$1 == suite && $2 == "main" { print $3; exit }')
+    [ -n "$mirror" ] || die "no package source of this machine offers $1 main"
+    local proxy
+    eval "$(apt-config shell proxy Acquire::http::Proxy)"
+    [ -z "${proxy:-}" ] || export http_proxy=$proxy
+}
+
 # enter_wine_root FOLDER... -- COMMAND...: runs the command in the Wine root, with the folders visible there under their
 # own paths. /tmp is fresh each time: the Wine server's socket lies there, so that runs side by side do not meet.
 # Only for use below "isolated".

@@ -22,11 +22,7 @@ flock 9
 "${isolated[@]}" true || die "mounts and name spaces are not permitted here, so Wine cannot be set up"
 
 suite=bookworm
-mirror=$(apt-get indextargets --format '$(RELEASE) $(COMPONENT) $(REPO_URI)' |
-    awk -v suite="$suite" '$1 == suite && $2 == "main" { print $3; exit }')
-[ -n "$mirror" ] || die "no package source of this machine offers $suite main"
-eval "$(apt-config shell proxy Acquire::http::Proxy)"
-[ -z "${proxy:-}" ] || export http_proxy=$proxy
+find_mirror "$suite"
 
 ! grep -qF " $wine_root" /proc/mounts || die "something is mounted below $wine_root: unmount it first"
 rm -rf --one-file-system "$wine_root"
