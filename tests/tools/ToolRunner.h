@@ -108,11 +108,13 @@ protected:
     }
 
     /// As above, with the standard output going to a file or device.
-    static SRun RunTo(const std::string& out, const std::string& arguments)
+    /// @param limit a command of the shell, to run before: "ulimit -f 8".
+    static SRun RunTo(const std::string& out, const std::string& arguments, const std::string& limit = "")
     {
         const char* folder = std::getenv("VARNOTIX_BIN");
         const std::filesystem::path program = std::filesystem::path(folder != nullptr ? folder : ".") / "varnotix";
-        std::string command = "\"" + program.string() + "\" " + arguments + " >" + out + " 2>err.txt";
+        std::string command = limit + (limit.empty() ? "\"" : " && \"") + program.string() + "\" " + arguments + " >" +
+                              out + " 2>err.txt";
         if (std::filesystem::path::preferred_separator == '\\')
         {
             command = "\"" + command + "\""; // The shell there takes off the outermost quotes.
@@ -144,11 +146,11 @@ protected:
         object.Serialize(archive);
     }
 
-    /// The files in the test's folder that begin as temporary outputs do.
-    static int CountTemporaries()
+    /// The files in a folder that begin as temporary outputs do.
+    static int CountTemporaries(const std::string& folder = ".")
     {
         int count = 0;
-        for (const auto& entry : std::filesystem::directory_iterator("."))
+        for (const auto& entry : std::filesystem::directory_iterator(folder))
         {
             count += entry.path().filename().string().starts_with(".varnotix-") ? 1 : 0;
         }

@@ -30,6 +30,10 @@ void PrepareStandardStreams()
 #if defined(SIGPIPE)
     std::signal(SIGPIPE, SIG_IGN);
 #endif
+#if defined(SIGXFSZ)
+    // A write beyond the user's limit then fails like one to a full disk, and the unfinished output is removed.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
 }
 
 void ReadStandardInput(CByteArray& bytes)

@@ -13,8 +13,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Makes the standard streams carry bytes unchanged, and a closed pipe a failed write instead of the program's end.
-/// To be called before either stream is used.
+/// Makes the standard streams carry bytes unchanged, and a closed pipe or a limit of file size a failed write instead
+/// of the program's end. To be called before either stream is used.
 void PrepareStandardStreams();
 
 /// Appends everything that standard input holds. Throws CMemoryException beyond 2^31-1 bytes, and CFileException when
