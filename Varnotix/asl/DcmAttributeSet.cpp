@@ -6,7 +6,7 @@ IMPLEMENT_DYNCREATE(CDcmAttributeSet, CObject)
 
 CDcmAttributeSet::CDcmAttributeSet() = default;
 
-CDcmAttributeSet::CDcmAttributeSet(const CDcmAttributeSet& other) : CObject(other)
+CDcmAttributeSet::CDcmAttributeSet(const CDcmAttributeSet& other) : CDcmAttributeSet()
 {
     CopyByCreate(other);
 }

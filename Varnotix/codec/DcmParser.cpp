@@ -118,7 +118,6 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
     CStreamCursor cursor = OpenStream(file);
     cursor.Seek(static_cast<std::size_t>(start));
     m_trials.clear();
-    CDcmRegistry& registry = CDcmRegistry::Global();
     bool triedLittle = false;
     bool triedImplicit = false;
     int syntax = SYNTAX_EXPLICIT_BIG;
@@ -139,7 +138,6 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
         bool& tried = syntax == SYNTAX_EXPLICIT_LITTLE ? triedLittle : triedImplicit;
         if (syntax == SYNTAX_UNKNOWN || tried)
         {
-            registry.ClearPrivateEntries();
             set.RemoveAll();
             m_notes.clear();
             break;

@@ -78,9 +78,10 @@ void CStreamDecoder::Decode(CDcmElementSet& set)
     }
     catch (...)
     {
-        // Elements may point to provisional entries, which go with the next read at the latest. That holds also when
-        // it is memory that ran out and the caller keeps the set.
+        // Elements may point to provisional entries, so both go. That holds also when it is memory that ran out, half
+        // the entries were moved already and the caller keeps the set.
         set.DestroyContents();
+        registry.ClearPrivateEntries();
         throw;
     }
 }

@@ -86,9 +86,7 @@ void CDcmElementSet::Add(CDcmElement* element)
 {
     if (element != nullptr)
     {
-        std::unique_ptr<CDcmElement> owned(element); // Goes when the list has no memory for it.
-        Elements().Append(element);
-        owned.release();
+        Elements().AddElement(std::unique_ptr<CDcmElement>(element));
     }
 }
 
@@ -173,18 +171,18 @@ void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
     {
         ++toRemove[ElementOf(object).Tag()];
     }
-    std::vector<CObject*> kept;
-    std::vector<CObject*> removed;
-    kept.reserve(static_cast<std::size_t>(GetCount()));
+    CObList kept;
+    CObList removed;
+    kept.Reserve(GetCount());
     for (CObject* object : Body().list)
     {
         const auto found = toRemove.find(ElementOf(object).Tag());
         const bool remove = found != toRemove.end() && (every || found->second-- > 0);
-        (remove ? removed : kept).push_back(object);
+        (remove ? removed : kept).AddTail(object);
     }
-    if (!removed.empty())
+    if (!removed.IsEmpty())
     {
-        Elements().SetList(kept);
+        Elements().SwapList(kept);
         for (const CObject* object : removed)
         {
             delete object;
@@ -194,8 +192,8 @@ void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
 
 void CDcmElementSet::RemoveAll()
 {
-    ForgetDeclared();
     TakeBody(new CElementBody);
+    ForgetDeclared();
 }
 
 void CDcmElementSet::DestroyContents()
@@ -207,8 +205,9 @@ void CDcmElementSet::DestroyContents()
 
 void CDcmElementSet::ForgetAll()
 {
+    CObList borrowed;
     Body().references = 1;
-    Elements().SetList({});
+    Elements().SwapList(borrowed);
 }
 
 void CDcmElementSet::EmptyValues()
@@ -257,12 +256,12 @@ bool CDcmElementSet::operator==(const CDcmElementSet& other) const
     return EqualLists(Body().list, other.Body().list);
 }
 
-void CDcmElementSet::CopyElementsInto(CObList& target) const
+void CDcmElementSet::CopyElementsInto(CDcmListBody& target) const
 {
-    target.Reserve(target.GetCount() + GetCount());
+    target.list.Reserve(target.list.GetCount() + GetCount());
     for (const CObject* object : Body().list)
     {
-        target.AddTail(new CDcmElement(ElementOf(object)));
+        target.Append(std::make_unique<CDcmElement>(ElementOf(object)));
     }
 }
 

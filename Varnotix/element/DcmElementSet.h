@@ -131,7 +131,7 @@ public:
     void Dump(CDumpContext& context) const override;
 
 protected:
-    void CopyElementsInto(CObList& target) const override;
+    void CopyElementsInto(CDcmListBody& target) const override;
     bool EqualLists(const CObList& left, const CObList& right) const override;
 
 private:

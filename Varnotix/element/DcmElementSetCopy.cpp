@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <memory>
 #include <unordered_map>
-#include <vector>
 
 namespace
 {
@@ -31,7 +30,7 @@ void CDcmElementSet::CopyByValue(const CDcmElementSet& other)
     if (this != &other)
     {
         auto body = std::make_unique<CElementBody>();
-        other.CopyElementsInto(body->list);
+        other.CopyElementsInto(*body);
         body->ListChanged();
         CopyDeclared(other);
         TakeBody(body.release()); // The other set may lie in the body that goes.
@@ -52,11 +51,11 @@ void CDcmElementSet::CopyIntoBody(const CDcmElementSet& other)
         CopyDeclared(other);
         return;
     }
-    CObList copies;
+    CDcmListBody copies;
     other.CopyElementsInto(copies);
-    mine.Clear();
-    mine.SetList({copies.begin(), copies.end()});
     CopyDeclared(other);
+    mine.Clear();
+    mine.SwapList(copies.list);
     mine.Rebind(false);
 }
 
@@ -66,11 +65,11 @@ void CDcmElementSet::ReplaceItems(const CDcmElementSet& items)
     {
         return;
     }
-    CObList copies;
+    CDcmListBody copies;
     items.CopyElementsInto(copies);
     CElementBody& mine = ElementsAsIs();
     mine.Clear();
-    mine.SetList({copies.begin(), copies.end()});
+    mine.SwapList(copies.list);
     mine.Rebind(true);
 }
 
@@ -100,7 +99,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
     {
         return;
     }
-    std::vector<CObject*> merged;
+    CDcmListBody merged;
     std::unordered_map<DWORD, const CDcmElement*> known;
     for (const CObject* object : other.Body().list)
     {
@@ -111,24 +110,28 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
         }
         else
         {
-            merged.push_back(new CDcmElement(element));
+            merged.Append(std::make_unique<CDcmElement>(element));
         }
     }
-    CElementBody* body = new CElementBody;
+    auto body = std::make_unique<CElementBody>();
     if (Body().references == 1)
     {
-        // Nobody else sees the old body, so its elements move into the new one as they are.
-        merged.insert(merged.end(), Body().list.begin(), Body().list.end());
-        Elements().SetList({});
+        // Nobody else sees the old body, so its elements move into the new one as they are. With the room made first,
+        // nothing can fail while they stand in both.
+        merged.list.Reserve(merged.list.GetCount() + GetCount());
+        for (CObject* object : Body().list)
+        {
+            merged.list.AddTail(object);
+        }
+        CObList moved;
+        Elements().SwapList(moved);
     }
     else
     {
-        CObList copies;
-        CopyElementsInto(copies);
-        merged.insert(merged.end(), copies.begin(), copies.end());
+        CopyElementsInto(merged);
     }
-    body->SetList(merged);
-    TakeBody(body);
+    body->SwapList(merged.list);
+    TakeBody(body.release());
     for (CObject* object : Body().list)
     {
         const auto source = known.find(ElementOf(object).Tag());
@@ -149,10 +152,10 @@ void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
         Sort();
         return;
     }
-    std::vector<CObject*> merged;
-    std::vector<CObject*> replaced;
-    merged.reserve(static_cast<std::size_t>(GetCount()) + static_cast<std::size_t>(values.GetCount()));
-    replaced.reserve(static_cast<std::size_t>(values.GetCount()));
+    CObList merged;
+    CObList replaced;
+    merged.Reserve(GetCount() + values.GetCount());
+    replaced.Reserve(values.GetCount());
     const CObList& mine = Body().list;
     auto next = mine.begin();
     for (CObject* value : values.Body().list)
@@ -160,18 +163,21 @@ void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
         const DWORD tag = ElementOf(value).Tag();
         for (; next != mine.end() && ElementOf(*next).Tag() < tag; ++next)
         {
-            merged.push_back(*next);
+            merged.AddTail(*next);
         }
         if (next != mine.end() && ElementOf(*next).Tag() == tag)
         {
-            replaced.push_back(*next++);
+            replaced.AddTail(*next++);
         }
-        merged.push_back(value);
+        merged.AddTail(value);
     }
     if (!values.IsEmpty())
     {
-        merged.insert(merged.end(), next, mine.end());
-        Elements().SetList(merged);
+        for (; next != mine.end(); ++next)
+        {
+            merged.AddTail(*next);
+        }
+        Elements().SwapList(merged);
         values.ForgetAll();
         for (const CObject* object : replaced)
         {

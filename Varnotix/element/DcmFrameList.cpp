@@ -21,13 +21,6 @@ const CDcmFrame& Frame(const CObject* object)
     return static_cast<const CDcmFrame&>(*object);
 }
 
-/// Hands a frame over to a list; it is destroyed when the list has no memory for it.
-void Append(CObList& list, std::unique_ptr<CDcmFrame> frame)
-{
-    list.AddTail(frame.get());
-    frame.release();
-}
-
 } // namespace
 
 CDcmFrameList::CDcmFrameList() : CDcmList(new CDcmListBody) {}
@@ -35,18 +28,17 @@ CDcmFrameList::CDcmFrameList() : CDcmList(new CDcmListBody) {}
 CDcmFrameList::CDcmFrameList(const CDcmFrameList& other)
     : CDcmList(new CDcmListBody), m_offsetTable(other.m_offsetTable)
 {
-    other.CopyElementsInto(Body().list);
+    other.CopyElementsInto(Body());
 }
 
 CDcmFrameList& CDcmFrameList::operator=(const CDcmFrameList& other)
 {
     if (this != &other)
     {
-        CObList copies;
+        CDcmListBody copies;
         other.CopyElementsInto(copies);
-        Body().DestroyObjects();
-        Body().list.Swap(copies);
         m_offsetTable = other.m_offsetTable;
+        Body().list.Swap(copies.list);
     }
     return *this;
 }
@@ -58,12 +50,12 @@ bool CDcmFrameList::operator==(const CDcmFrameList& other) const
     return SharesBodyWith(other) || EqualLists(Body().list, other.Body().list);
 }
 
-void CDcmFrameList::CopyElementsInto(CObList& target) const
+void CDcmFrameList::CopyElementsInto(CDcmListBody& target) const
 {
-    target.Reserve(target.GetCount() + GetCount());
+    target.list.Reserve(target.list.GetCount() + GetCount());
     for (const CObject* frame : Body().list)
     {
-        Append(target, std::make_unique<CDcmFrame>(Frame(frame)));
+        target.Append(std::make_unique<CDcmFrame>(Frame(frame)));
     }
 }
 
@@ -75,7 +67,7 @@ bool CDcmFrameList::EqualLists(const CObList& left, const CObList& right) const
 
 void CDcmFrameList::AddFrame(const CSharedBytes& bytes)
 {
-    Append(Body().list, std::make_unique<CDcmFrame>(bytes, GetCount()));
+    Body().Append(std::make_unique<CDcmFrame>(bytes, GetCount()));
 }
 
 void CDcmFrameList::AddFrame(const CByteArray& bytes)
@@ -97,7 +89,7 @@ void CDcmFrameList::SetFrame(int index, const CSharedBytes& bytes)
     }
     else
     {
-        Append(Body().list, std::make_unique<CDcmFrame>(bytes, index));
+        Body().Append(std::make_unique<CDcmFrame>(bytes, index));
     }
 }
 

@@ -8,6 +8,12 @@ CDcmListBody::~CDcmListBody()
     DestroyObjects();
 }
 
+void CDcmListBody::Append(std::unique_ptr<CObject> object)
+{
+    list.AddTail(object.get());
+    static_cast<void>(object.release());
+}
+
 void CDcmListBody::Fill()
 {
     unfilled = false;

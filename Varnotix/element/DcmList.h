@@ -3,6 +3,8 @@
 
 #include "Varnotix/platform/Lists.h"
 
+#include <memory>
+
 /// The body behind one or more CDcmList handles. It owns the objects of its list.
 class VARNOTIX_EXPORT CDcmListBody : public CObject
 {
@@ -13,6 +15,9 @@ public:
     CDcmListBody(const CDcmListBody&) = delete;
     CDcmListBody& operator=(const CDcmListBody&) = delete;
     ~CDcmListBody() override;
+
+    /// Appends an object and takes it over, also when there is no memory for it.
+    void Append(std::unique_ptr<CObject> object);
 
     /// Destroys all objects; handles of the body then see an empty list.
     void DestroyObjects();
@@ -45,8 +50,8 @@ protected:
     CDcmList(const CDcmList&) = delete;
     CDcmList& operator=(const CDcmList&) = delete;
 
-    /// Adds a newly made copy of each object, in order.
-    virtual void CopyElementsInto(CObList& target) const = 0;
+    /// Appends a newly made copy of each object, in order. When memory runs out, the target owns those that were made.
+    virtual void CopyElementsInto(CDcmListBody& target) const = 0;
     /// Compares the objects of two lists.
     virtual bool EqualLists(const CObList& left, const CObList& right) const = 0;
 

@@ -73,10 +73,11 @@ CDcmElement* CElementBody::Find(DWORD tag) const
     return found == m_firstOfTag->end() ? nullptr : found->second;
 }
 
-void CElementBody::Append(CDcmElement* element)
+void CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
 {
+    CDcmElement* element = added.get();
     const bool inOrder = list.IsEmpty() || TagOf(list.GetTail()) <= element->Tag();
-    list.AddTail(element);
+    Append(std::move(added));
     m_sorted = m_sorted && inOrder;
     if (m_firstOfTag)
     {
@@ -124,9 +125,9 @@ void CElementBody::ListChanged()
     m_sorted = std::is_sorted(list.begin(), list.end(), TagLess);
 }
 
-void CElementBody::SetList(const std::vector<CObject*>& elements)
+void CElementBody::SwapList(CObList& elements) noexcept
 {
-    list.Assign(elements);
+    list.Swap(elements);
     ListChanged();
 }
 
@@ -267,14 +268,14 @@ template <class MAKE>
 void CElementBody::AddMissing(const MAKE& make)
 {
     CDcmListBody made; // Owns the new elements until they are in the list.
-    std::vector<CObject*> all;
-    all.reserve(static_cast<std::size_t>(list.GetCount()) + m_shape->Elements().size());
+    CObList all;
+    all.Reserve(list.GetCount() + static_cast<int>(m_shape->Elements().size()));
     const auto* next = list.begin();
     for (const CElementShape::SElement& element : m_shape->Elements())
     {
         while (next != list.end() && TagOf(*next) < element.tag)
         {
-            all.push_back(*next++);
+            all.AddTail(*next++);
         }
         if (next != list.end() && TagOf(*next) == element.tag)
         {
@@ -282,14 +283,17 @@ void CElementBody::AddMissing(const MAKE& make)
         }
         if (std::unique_ptr<CDcmElement> missing = make(element))
         {
-            made.list.AddTail(missing.get());
-            all.push_back(missing.release());
+            all.AddTail(missing.get());
+            made.Append(std::move(missing));
         }
     }
     if (!made.list.IsEmpty())
     {
-        all.insert(all.end(), next, list.end());
-        SetList(all);
+        for (; next != list.end(); ++next)
+        {
+            all.AddTail(*next);
+        }
+        SwapList(all);
         made.list.RemoveAll();
     }
 }
@@ -350,9 +354,7 @@ void CElementBody::CopyUnfilled(const CElementBody& other)
     CDcmListBody copies;
     for (const CObject* object : other.list)
     {
-        auto copy = std::make_unique<CDcmElement>(ElementOf(object));
-        copies.list.AddTail(copy.get());
-        copy.release();
+        copies.Append(std::make_unique<CDcmElement>(ElementOf(object)));
     }
     Clear();
     list.Swap(copies.list);

@@ -56,14 +56,14 @@ public:
     /// The first element of the tag in list order, or null.
     CDcmElement* Find(DWORD tag) const;
 
-    /// Appends an element and takes ownership.
-    void Append(CDcmElement* element);
+    /// Appends an element and takes it over, also when there is no memory for it.
+    void AddElement(std::unique_ptr<CDcmElement> element);
 
     /// Unlinks the element from the list; the caller then owns it. False when it is not in the list.
     bool Unlink(const CDcmElement* element);
 
-    /// Replaces the whole list. Elements that were in it and are not any more belong to the caller.
-    void SetList(const std::vector<CObject*>& elements);
+    /// Exchanges the whole list. Elements that were in it and are not any more belong to the caller. Never fails.
+    void SwapList(CObList& elements) noexcept;
 
     /// Adds an empty element for each tag of the shape that is not in the list.
     void Fill() override;

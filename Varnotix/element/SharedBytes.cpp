@@ -5,8 +5,8 @@
 #include <climits>
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
+#include <new>
 #include <utility>
 
 namespace
@@ -27,8 +27,8 @@ CSharedBytes CSharedBytes::Allocate(std::size_t size, BYTE*& bytes)
     bytes = nullptr;
     if (size > 0)
     {
-        // malloc and not operator new: large blocks then come zeroed by the system and are touched once, by the copy.
-        void* memory = std::malloc(sizeof(SBlock) + size);
+        // Raw memory: the copy is the first to touch it.
+        void* memory = ::operator new(sizeof(SBlock) + size, std::nothrow);
         if (memory == nullptr)
         {
             throw CMemoryException();
@@ -55,7 +55,7 @@ CSharedBytes CSharedBytes::Copy(const BYTE* data, std::size_t size)
 
 void CSharedBytes::Free(SBlock* block)
 {
-    std::free(block);
+    ::operator delete(block);
 }
 
 CSharedBytes CSharedBytes::Part(std::size_t offset, std::size_t size) const

@@ -30,18 +30,14 @@ bool HoldsEqual(const CDcmElementSet& set, const CDcmElement& wanted)
 
 } // namespace
 
-CDcmIOD::CDcmIOD() : m_store(new CDcmElementSet), m_private(new CDcmIODPrivate) {}
+CDcmIOD::CDcmIOD() : m_store(std::make_unique<CDcmElementSet>()), m_private(std::make_unique<CDcmIODPrivate>()) {}
 
-CDcmIOD::CDcmIOD(const CDcmIOD& other) : CObject(other), m_store(new CDcmElementSet), m_private(new CDcmIODPrivate)
+CDcmIOD::CDcmIOD(const CDcmIOD& other) : CDcmIOD()
 {
     CopyFrom(other);
 }
 
-CDcmIOD::~CDcmIOD()
-{
-    delete m_store;
-    delete m_private;
-}
+CDcmIOD::~CDcmIOD() = default;
 
 CDcmIOD& CDcmIOD::operator=(const CDcmIOD& other)
 {

@@ -5,6 +5,7 @@
 #include "Varnotix/codec/ParseException.h"
 #include "Varnotix/modules/DcmModuleList.h"
 
+#include <memory>
 #include <vector>
 
 class CDcmIODPrivate;
@@ -189,6 +190,6 @@ private:
     int m_syntax = SYNTAX_IMPLICIT_LITTLE;
     int m_requestedSyntax = SYNTAX_IMPLICIT_LITTLE;
     CString m_pathName;
-    CDcmElementSet* m_store;
-    CDcmIODPrivate* m_private;
+    std::unique_ptr<CDcmElementSet> m_store;
+    std::unique_ptr<CDcmIODPrivate> m_private;
 };

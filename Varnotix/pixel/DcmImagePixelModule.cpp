@@ -1,7 +1,10 @@
 #include "Varnotix/pixel/DcmImagePixelModule.h"
 
 #include "Varnotix/pixel/RleCodec.h"
+#include "Varnotix/platform/Exceptions.h"
 #include "Varnotix/registry/DcmRegistry.h"
+
+#include <new>
 
 namespace
 {
@@ -15,6 +18,20 @@ SRleImage RleImage(CDcmImagePixelModule& module)
 {
     return {module.Rows(), module.Columns(), module.BitsAllocated(),
             CDcmRegistry::Global().PhotoMetricEnum(module.PhotoMetricInterpretation())};
+}
+
+/// Runs a coding step. It works in containers of its own, but a caller has one exception of memory to catch.
+template <class CODE>
+void Code(const CODE& code)
+{
+    try
+    {
+        code();
+    }
+    catch (const std::bad_alloc&)
+    {
+        throw CMemoryException();
+    }
 }
 
 } // namespace
@@ -54,10 +71,10 @@ void CDcmImagePixelModule::SetPixelData(const CWordArray& words)
 
 void CDcmImagePixelModule::DcmRleDecode(const CByteArray& rle, CByteArray& pixels)
 {
-    RleDecode(RleImage(*this), rle, pixels);
+    Code([&] { RleDecode(RleImage(*this), rle, pixels); });
 }
 
 void CDcmImagePixelModule::DcmRleEncode(CByteArray& data)
 {
-    RleEncode(RleImage(*this), data);
+    Code([&] { RleEncode(RleImage(*this), data); });
 }

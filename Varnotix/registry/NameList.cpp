@@ -2,8 +2,9 @@
 
 void CNameList::Add(const CString& text)
 {
-    m_lastRow[std::string(text.CText())] = GetCount();
+    // The map names no row that is not there: when memory runs out for it, the row has no name to be found by.
     m_rows.push_back(text);
+    m_lastRow[std::string(text.CText())] = GetCount() - 1;
 }
 
 CString CNameList::At(int index) const

@@ -1,0 +1,91 @@
+/// Memory that runs out at a chosen moment, and a count of what is held.
+///
+/// The test program replaces operator new. That reaches the library where it takes operator new from the program; a
+/// Windows DLL has its own.
+#pragma once
+
+#include "Varnotix/platform/Exceptions.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <new>
+
+/// What the program and the library have asked operator new for, and not given back.
+long LiveBlocks();
+
+/// The largest single request since the last call.
+std::size_t TakeLargestRequest();
+
+/// Which requests are refused.
+enum class ERefuse
+{
+    One,     ///< The one alone: what follows works again, as when another program lets go of memory.
+    AllAfter ///< The one and all that follow.
+};
+
+/// While it lives, memory runs out at a request.
+class CStarvation
+{
+public:
+    /// @param granted requests that are still granted.
+    CStarvation(long granted, ERefuse refuse);
+    ~CStarvation();
+    CStarvation(const CStarvation&) = delete;
+    CStarvation& operator=(const CStarvation&) = delete;
+
+    /// True once a request was refused.
+    bool Struck() const;
+};
+
+/// Tests that are skipped where the library does not take its memory from this program.
+class Starved : public testing::Test
+{
+protected:
+    void SetUp() override;
+
+    /// Makes a subject and runs an operation on it with its first request for memory refused, then its second, and so
+    /// on, until it needs no more. What the subject then is must pass the check, and nothing may be left behind.
+    template <class MAKE, class RUN, class CHECK>
+    static void AtEveryRequest(const MAKE& make, const RUN& run, const CHECK& check)
+    {
+        {
+            auto rehearsal = make(); // What is made once and kept is made now.
+            run(rehearsal);
+            check(rehearsal);
+        }
+        for (const ERefuse refuse : {ERefuse::One, ERefuse::AllAfter})
+        {
+            bool struck = true;
+            for (long granted = 0; struck && !HasFailure(); ++granted)
+            {
+                const long before = LiveBlocks();
+                {
+                    auto subject = make();
+                    struck = RunsOut(granted, refuse, [&] { run(subject); });
+                    check(subject);
+                }
+                EXPECT_EQ(LiveBlocks(), before) << "after " << granted << " requests";
+                EXPECT_TRUE(struck || granted > 0) << "nothing asked for memory";
+            }
+        }
+    }
+
+    /// True when memory ran out in the action.
+    template <class ACTION>
+    static bool RunsOut(long granted, ERefuse refuse, const ACTION& action)
+    {
+        const CStarvation starvation(granted, refuse);
+        try
+        {
+            action();
+        }
+        catch (const std::bad_alloc&)
+        {
+        }
+        catch (const CMemoryException&)
+        {
+        }
+        return starvation.Struck();
+    }
+};
