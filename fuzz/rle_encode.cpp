@@ -47,8 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     Promise(encoded.GetSize() >= kHeaderSize && NumberAt(encoded, 4) == kHeaderSize, "the header comes first");
-    Promise(encoded.GetSize() <= kHeaderSize + frame.GetSize() + frame.GetSize() / 128 + 8,
-            "a frame grows by a control byte in 128 at most");
+    Promise(encoded.GetSize() <= kHeaderSize + 2 * frame.GetSize(), "a byte costs a control byte more at most");
 
     // Decoded at the size of the frame, by a picture of one row.
     const int room = setting.IsRgb() ? setting.pixels : frame.GetSize();
