@@ -33,10 +33,10 @@ for input in "${inputs[@]}"; do
 done
 if [ $# -eq 0 ]; then
     measure '^memory/'
-    for growing in elements items nesting frames; do
+    for growing in elements items nesting frames lines; do
         measure "^RoundTrip/$growing/"
     done
-    measure '^(Construct|Update|Read|Encode|Decode|Data)[A-Z]'
+    measure '^(Construct|Update|Read|Encode|Decode|Data|Export|Import)[A-Z]'
 fi
 
 awk '
