@@ -13,4 +13,13 @@ void Texts()
             std::cout << line.CText() << '\n';
         }
     }
+
+    object.Export("guide.asl");
+    CDcmIOD again;
+    again.ImportFromASL("guide.asl");
+    std::cout << again.GetCount() << " of " << object.GetCount() << " elements\n";
+    for (const SScriptNote& note : again.ScriptNotes())
+    {
+        std::cout << "line " << note.line + 1 << ": " << ScriptNoteText(note.kind) << '\n';
+    }
 }
