@@ -4,7 +4,7 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-[ $# -gt 0 ] || set -- release asan installed windows clang bench fuzz hostile style
+[ $# -gt 0 ] || set -- release asan installed windows clang bench fuzz hostile style reference
 
 packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev)
 for stage in "$@"; do
@@ -17,6 +17,7 @@ for stage in "$@"; do
         hostile) packages+=(time) ;;
         bench) packages+=(libbenchmark-dev libdcmtk-dev libgdcm-dev) ;;
         style) packages+=(clang-format clang-tidy) ;;
+        reference) packages+=(doxygen) ;;
         *) die "there is no stage '$stage'" ;;
     esac
 done

@@ -35,6 +35,7 @@ struct SAslElement
     bool isTextOutside;      ///< Behind the name stands more than the list and white space.
 };
 
+/// Splits a line at its first five commas and at the brackets of the value list.
 VARNOTIX_EXPORT SAslElement SplitAslElement(std::string_view line);
 
 /// Takes the next text from a value list. A comma ends each text; behind the last one it may be missing.

@@ -21,8 +21,8 @@ enum ESyntax : int
     SYNTAX_EXPLICIT_BIG = 4
 };
 
-inline constexpr int kPixelDataGroup = 0x7FE0;
-inline constexpr int kPixelDataElement = 0x0010;
+inline constexpr int kPixelDataGroup = 0x7FE0;   ///< Group of Pixel Data.
+inline constexpr int kPixelDataElement = 0x0010; ///< Element of Pixel Data.
 
 /// A data element (PS3.5 section 7.1): tag, VR, VM and value.
 ///
@@ -103,7 +103,9 @@ public:
     /// bytes, and the raw bytes stay.
     void Exchange(CDmElement& record);
 
-    // Raw bytes.
+    /// @name Raw bytes
+    /// The value as it stands in a stream of little endian syntax.
+    /// @{
 
     /// Sets the value from little-endian bytes; an empty array changes nothing. Text is split at backslashes unless
     /// the VM is 1; a partial last number is dropped.
@@ -111,9 +113,12 @@ public:
     void SetRawBytes(CSharedBytes bytes);
     const CSharedBytes& RawBytes() const { return m_raw; }
 
-    // Typed setters. Each returns true when the element took the value: it has an entry, its VR holds this kind of
-    // value and its VM allows it. A single value is appended when the VM is -1, replaces the value when it is 1, and
-    // is appended when it is n > 1 while there are not more than n values, so that n+1 values can gather.
+    /// @}
+    /// @name Typed setters
+    /// Each returns true when the element took the value: it has an entry, its VR holds this kind of value and its VM
+    /// allows it. A single value is appended when the VM is -1, replaces the value when it is 1, and is appended when
+    /// it is n > 1 while there are not more than n values, so that n+1 values can gather.
+    /// @{
 
     /// An empty text clears an element of VM 1 and is not stored otherwise.
     bool AddText(const CString& text);
@@ -148,7 +153,10 @@ public:
     /// pixel data changes. False, and the list left empty, for any other element.
     bool GetFrames(CObList& arrays);
 
-    // Typed values. Null when the VR does not hold that kind, or the element has no entry.
+    /// @}
+    /// @name Typed values
+    /// Null when the VR does not hold that kind, or the element has no entry.
+    /// @{
 
     CStringArray* Texts();
     CWordArray* Words();
@@ -168,6 +176,8 @@ public:
     const CDcmElementSet* Items() const { return m_items.get(); }
     const CDcmFrameList* Frames() const { return m_frames.get(); }
 
+    /// @}
+
     /// The texts joined by one backslash between neighbours; empty for other VRs.
     CString JoinedText() const;
 
@@ -181,8 +191,10 @@ public:
     /// SQ: replaces the items by copies of the non-empty ones, at every depth; nothing changes when none would stay.
     void PruneEmptyItems();
 
-    // Encoding. An element remembers the length and syntax of its last encoding; its encoded bytes are made when they
-    // are written, so that no value is held twice.
+    /// @name Encoding
+    /// An element remembers the length and syntax of its last encoding; its encoded bytes are made when they are
+    /// written, so that no value is held twice.
+    /// @{
 
     /// The transfer syntax in which the element is to be encoded; implicit VR little endian at first.
     int Syntax() const { return m_syntax; }
@@ -200,6 +212,7 @@ public:
     /// Writes the encoded element; an element that was never encoded writes nothing. Loading is not supported: nothing
     /// is read.
     void Serialize(CArchive& archive) override;
+    /// @}
 
     /// Diagnostic text: tag, VM, VR, name, encoded size and values, each in brackets.
     void Dump(CDumpContext& context) const override;

@@ -26,10 +26,10 @@ public:
     bool m_present = false; ///< The element was read from a stream.
     bool m_raw;             ///< Direction of the value; see the constructor.
     CByteArray m_value;     ///< Value bytes, little endian.
-    int m_group = -1;
-    int m_element = -1;
-    int m_vr = -1; ///< VR code (see EVr).
-    int m_vm = 0;  ///< Value multiplicity of the dictionary; -1 means one or more.
-    CString m_name;
-    CString m_vrText;
+    int m_group = -1;       ///< Group number; -1 before the first exchange.
+    int m_element = -1;     ///< Element number; -1 before the first exchange.
+    int m_vr = -1;          ///< VR code (see EVr).
+    int m_vm = 0;           ///< Value multiplicity of the dictionary; -1 means one or more.
+    CString m_name;         ///< The attribute's name in the dictionary.
+    CString m_vrText;       ///< The VR as two letters.
 };

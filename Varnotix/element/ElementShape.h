@@ -12,6 +12,7 @@
 class VARNOTIX_EXPORT CElementShape
 {
 public:
+    /// What the element of a tag begins as.
     struct SElement
     {
         DWORD tag;

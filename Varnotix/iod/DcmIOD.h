@@ -46,8 +46,10 @@ public:
     /// True when each element of the other's store has an equal element of its tag here.
     bool IsSubSet(const CDcmIOD& other) const;
 
-    // Store and modules. In each, N stands for the elements of the given module that are not empty, and the registered
-    // module of the given module's class, if there is one, follows.
+    /// @name Store and modules
+    /// In each, N stands for the elements of the given module that are not empty, and the registered module of the
+    /// given module's class, if there is one, follows.
+    /// @{
 
     /// All elements of the module replace those of their tags in the store.
     CDcmIOD& operator+=(CDcmModule& module);
@@ -63,6 +65,7 @@ public:
     CDcmIOD& operator<<(CDcmModule& module);
     /// The module takes the store's values.
     CDcmIOD& operator>>(CDcmModule& module);
+    /// @}
 
     /// @param intoStore true: the registered modules' elements go into the store, in the way that EmptyElements says;
     ///        false: the registered modules take the store's values.

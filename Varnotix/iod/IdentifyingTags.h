@@ -6,10 +6,11 @@
 /// A tag as two texts of four hexadecimal digits.
 struct SIdentifyingTag
 {
-    const char* group;
-    const char* element;
+    const char* group;   ///< Four hexadecimal digits.
+    const char* element; ///< Four hexadecimal digits.
 };
 
+/// How many attributes there are.
 inline constexpr int kIdentifyingTagCount = 32;
 
 /// The fixed list, in the order in which CDcmIOD::Anonymize55 sets the elements.

@@ -3,6 +3,7 @@
 
 #include "Varnotix/platform/String.h"
 
+/// What came of one file.
 enum EScriptSource : int
 {
     SCRIPT_SOURCE_TAKEN = 0,        ///< Its pixel data is in the object.
@@ -20,6 +21,7 @@ enum EScriptSource : int
 /// The state in words, for a host that reports it.
 VARNOTIX_EXPORT const char* ScriptSourceText(int state);
 
+/// One file.
 struct SScriptSource
 {
     CString name; ///< As it was opened: the script's text, or the name that a search found.

@@ -15,54 +15,63 @@ struct VARNOTIX_EXPORT CTextAccess
     static void Set(CDcmElementSet& set, int position, const CString& value);
 };
 
+/// All texts.
 struct VARNOTIX_EXPORT CTextListAccess
 {
     static CStringArray& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, const CStringArray& value);
 };
 
+/// The first word of US, SS or AT. Set adds a word where the attribute may hold several.
 struct VARNOTIX_EXPORT CWordAccess
 {
     static const WORD& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, WORD value);
 };
 
+/// All words of US, SS, AT or OW.
 struct VARNOTIX_EXPORT CWordListAccess
 {
     static CWordArray& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, const CWordArray& value);
 };
 
+/// The first number of UL or SL. Set adds a number where the attribute may hold several.
 struct VARNOTIX_EXPORT CIntegerAccess
 {
     static const DWORD& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, DWORD value);
 };
 
+/// All numbers of UL or SL.
 struct VARNOTIX_EXPORT CIntegerListAccess
 {
     static CUIntArray& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, const CUIntArray& value);
 };
 
+/// The first number of FD. Set adds a number where the attribute may hold several.
 struct VARNOTIX_EXPORT CDoubleAccess
 {
     static const double& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, double value);
 };
 
+/// All numbers of FD.
 struct VARNOTIX_EXPORT CDoubleListAccess
 {
     static CDoubleArray& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, const CDoubleArray& value);
 };
 
+/// All numbers of FL or OF.
 struct VARNOTIX_EXPORT CFloatListAccess
 {
     static CFloatArray& Get(CDcmElementSet& set, int position);
     static void Set(CDcmElementSet& set, int position, const CFloatArray& value);
 };
 
+/// The bytes of OB.
 struct VARNOTIX_EXPORT CBytesAccess
 {
     static CByteArray& Get(CDcmElementSet& set, int position);

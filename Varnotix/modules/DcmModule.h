@@ -11,7 +11,7 @@ class VARNOTIX_EXPORT CModulePrivate : public CObject
     DECLARE_DYNAMIC(CModulePrivate)
 
 public:
-    DWORD m_word = 0;
+    DWORD m_word = 0; ///< Unused.
 };
 
 /// A module of the standard: attributes with fixed tags and typed accessors (PS3.3 Annex C).
@@ -41,7 +41,9 @@ public:
     /// Empties every value; elements and declared tags stay.
     void EmptyModule();
 
-    // The owner is the object that holds the module; it is not owned. Without an owner these do nothing to it.
+    /// @name The owner
+    /// It is the object that holds the module, and is not owned. Without an owner these do nothing to it.
+    /// @{
 
     /// Sets the owner, which must outlive the module or be reset.
     void SetOwner(CDcmIOD* owner) { m_owner = owner; }
@@ -52,6 +54,7 @@ public:
     void DetachModule();
     /// Empties the module and removes its tags from the owner's store.
     void RemoveModule();
+    /// @}
 
 protected:
     CDcmElementSet& DcmModuleData() { return GetDcmElementSet(); }

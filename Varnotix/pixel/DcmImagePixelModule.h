@@ -30,7 +30,9 @@ class VARNOTIX_EXPORT CDcmImagePixelModule : public CDcmModule
     DCM_DECLARED ("7FE0",                    "0010")
     // clang-format on
 
-    // Pixel Data (7FE0,0010). Nothing happens, and no frames are listed, when the module does not hold it.
+    /// @name Pixel Data (7FE0,0010)
+    /// Nothing happens, and no frames are listed, when the module does not hold it.
+    /// @{
 
     /// Fills the list with the frames' byte arrays (CByteArray), which stay owned by the element and valid until the
     /// pixel data changes.
@@ -43,8 +45,11 @@ class VARNOTIX_EXPORT CDcmImagePixelModule : public CDcmModule
     /// Adds one frame and makes the VR OW.
     void SetPixelData(const CWordArray& words);
 
-    // Run length encoding (PS3.5 Annex G) of one frame, by the rows, columns, bits allocated and photometric
-    // interpretation of this module. See RleCodec.h for what bad headers and incompressible frames give.
+    /// @}
+    /// @name Run length encoding (PS3.5 Annex G)
+    /// Of one frame, by the rows, columns, bits allocated and photometric interpretation of this module. See RleCodec.h
+    /// for what bad headers and incompressible frames give.
+    /// @{
 
     /// Decodes header and segments. Segments that fit no known layout are appended to what the array holds.
     /// Throws CMemoryException when the pixels would pass 2^31-1 bytes.
@@ -52,4 +57,5 @@ class VARNOTIX_EXPORT CDcmImagePixelModule : public CDcmModule
     /// Replaces a raw frame by its encoded form; a frame of an unknown photometric interpretation stays as it is. Pass
     /// only data that compresses.
     void DcmRleEncode(CByteArray& data);
+    /// @}
 };

@@ -17,6 +17,7 @@ concept ArchiveInteger = std::integral<TYPE> && !std::same_as<TYPE, bool> && siz
 class VARNOTIX_EXPORT CArchive
 {
 public:
+    /// The direction.
     enum Mode : UINT
     {
         store = 0,

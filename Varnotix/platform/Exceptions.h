@@ -31,6 +31,7 @@ class VARNOTIX_EXPORT CMemoryException : public CException
 class VARNOTIX_EXPORT CFileException : public CException
 {
     DECLARE_DYNAMIC(CFileException)
+    /// Why it failed, as far as the system tells.
     enum Cause
     {
         none,
@@ -54,17 +55,17 @@ class VARNOTIX_EXPORT CFileException : public CException
     /// For example: cannot open 'x': No such file or directory
     CString GetErrorMessage() const override;
 
-    Cause m_cause;
-    /// The system's own error number, 0 when there is none.
-    long m_lOsError;
-    CString m_strFileName;
-    CString m_strOperation;
+    Cause m_cause;          ///< One of Cause.
+    long m_lOsError;        ///< The system's own error number, 0 when there is none.
+    CString m_strFileName;  ///< The file as the caller named it.
+    CString m_strOperation; ///< The verb of the message.
 };
 
 /// An archive was used against its direction, or ended too early.
 class VARNOTIX_EXPORT CArchiveException : public CException
 {
     DECLARE_DYNAMIC(CArchiveException)
+    /// How the archive was misused.
     enum Cause
     {
         none,
@@ -80,7 +81,7 @@ class VARNOTIX_EXPORT CArchiveException : public CException
     ~CArchiveException() override;
     CString GetErrorMessage() const override;
 
-    Cause m_cause;
+    Cause m_cause; ///< One of Cause.
 };
 
 /// Throws CMemoryException. Out of line, so that the templates that call it stay small.

@@ -14,6 +14,7 @@
 class VARNOTIX_EXPORT CFile : public CObject
 {
     DECLARE_DYNAMIC(CFile)
+    /// How to open; a sum of these.
     enum OpenFlags : UINT
     {
         modeRead = 0x0000,
@@ -26,6 +27,7 @@ class VARNOTIX_EXPORT CFile : public CObject
         shareExclusive = 0x0010,
         typeBinary = 0x8000
     };
+    /// What an offset counts from.
     enum SeekPosition : UINT
     {
         begin,

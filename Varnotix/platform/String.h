@@ -10,9 +10,9 @@
 /// 8-bit text with a length. It may hold zero bytes, but it compares as C text: up to the first zero byte. That is why
 /// a UI value padded with a zero byte still equals its UID.
 ///
-/// A text longer than 2^31-1 bytes throws CMemoryException, memory that ran out std::bad_alloc; the
-/// text then stays as it was. Case conversions know ASCII
-/// only and never ask the locale. White space is blank, \t, \n, \v, \f and \r.
+/// A text longer than 2^31-1 bytes throws CMemoryException, memory that ran out std::bad_alloc; the text then stays as
+/// it was. Case conversions know ASCII only and never ask the locale. White space is the blank and the characters 09H
+/// to 0DH.
 class VARNOTIX_EXPORT CString
 {
 public:
