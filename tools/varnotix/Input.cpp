@@ -2,7 +2,6 @@
 
 #include "StandardStreams.h"
 
-#include <functional>
 #include <new>
 
 namespace
@@ -15,39 +14,20 @@ void Load(CFile& file, const std::function<void(CArchive&)>& take)
     archive.Close();
 }
 
-/// Hands over what a path or "-" names. False, with a message that tells why, when it cannot be read.
-bool ReadInput(const CString& path, const CReport& report, const std::function<void(CArchive&)>& take)
+/// Hands over what a path or "-" names.
+void ReadInput(const CString& path, const std::function<void(CArchive&)>& take)
 {
-    try
+    if (path == "-")
     {
-        if (path == "-")
-        {
-            CByteArray bytes;
-            ReadStandardInput(bytes);
-            CMemFile file;
-            file.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
-            Load(file, take);
-        }
-        else
-        {
-            CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
-            Load(file, take);
-        }
-        return true;
+        CByteArray bytes;
+        ReadStandardInput(bytes);
+        CMemFile file;
+        file.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
+        Load(file, take);
+        return;
     }
-    catch (const CFileException& failure)
-    {
-        report.Error(failure.GetErrorMessage());
-    }
-    catch (const CMemoryException& failure)
-    {
-        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
-    }
-    catch (const std::bad_alloc&)
-    {
-        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
-    }
-    return false;
+    CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
+    Load(file, take);
 }
 
 void ReportTrials(const CString& name, const CDcmIOD& object, const CReport& report)
@@ -97,9 +77,35 @@ CString ShownName(const CString& path)
     return path == "-" ? CString("standard input") : path;
 }
 
+bool TellingReadFailures(const CString& path, const CReport& report, const std::function<bool()>& read)
+{
+    try
+    {
+        return read();
+    }
+    catch (const CFileException& failure)
+    {
+        report.Error(failure.GetErrorMessage());
+    }
+    catch (const CMemoryException& failure)
+    {
+        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
+    }
+    catch (const std::bad_alloc&)
+    {
+        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
+    }
+    return false;
+}
+
 bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
 {
-    if (!ReadInput(path, report, [&](CArchive& archive) { object.Serialize(archive); }))
+    const auto read = [&]
+    {
+        ReadInput(path, [&](CArchive& archive) { object.Serialize(archive); });
+        return true;
+    };
+    if (!TellingReadFailures(path, report, read))
     {
         return false;
     }
@@ -113,18 +119,22 @@ bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
 
 bool ReadScript(const CString& path, CStringArray& lines, const CReport& report)
 {
-    const bool isRead = ReadInput(path, report,
-                                  [&](CArchive& archive)
-                                  {
-                                      for (CString line; archive.ReadString(line);)
-                                      {
-                                          lines.Add(line);
-                                      }
-                                  });
-    constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-    if (isRead && !lines.IsEmpty() && lines[0].View().starts_with(kByteOrderMark))
+    const auto readLines = [&](CArchive& archive)
     {
-        lines[0] = lines[0].Mid(static_cast<int>(kByteOrderMark.size()));
-    }
-    return isRead;
+        for (CString line; archive.ReadString(line);)
+        {
+            lines.Add(line);
+        }
+    };
+    const auto read = [&]
+    {
+        ReadInput(path, readLines);
+        constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+        if (!lines.IsEmpty() && lines[0].View().starts_with(kByteOrderMark))
+        {
+            lines[0] = lines[0].Mid(static_cast<int>(kByteOrderMark.size()));
+        }
+        return true;
+    };
+    return TellingReadFailures(path, report, read);
 }

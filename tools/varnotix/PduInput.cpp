@@ -6,7 +6,6 @@
 #include <climits>
 
 #include <algorithm>
-#include <new>
 
 namespace
 {
@@ -87,7 +86,7 @@ int FromHexadecimal(const CByteArray& text, CByteArray& bytes)
 
 bool ReadPduBytes(const CString& path, CByteArray& bytes, const CReport& report)
 {
-    try
+    const auto read = [&]
     {
         ReadAll(path, bytes);
         if (std::all_of(bytes.begin(), bytes.end(), IsTextByte))
@@ -110,18 +109,6 @@ bool ReadPduBytes(const CString& path, CByteArray& bytes, const CReport& report)
             return false;
         }
         return true;
-    }
-    catch (const CFileException& failure)
-    {
-        report.Error(failure.GetErrorMessage());
-    }
-    catch (const CMemoryException& failure)
-    {
-        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
-    }
-    catch (const std::bad_alloc&)
-    {
-        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
-    }
-    return false;
+    };
+    return TellingReadFailures(path, report, read);
 }

@@ -38,5 +38,9 @@ int Modules(const CString& input, bool withGaps, const CReport& report);
 /// @param output a path, or "-" for standard output.
 int New(const std::string& kind, const CString& output, const CReport& report);
 
+/// Changes the values of an object that differ in a script, and writes it in its own transfer syntax.
+/// @param output a path, or "-" for standard output.
+int Apply(const CString& script, const CString& input, const CString& output, const CReport& report);
+
 /// Prints which data files were loaded, how many rows each gave, and where they are looked for.
 int Where(const CReport& report);

@@ -55,6 +55,13 @@ constexpr const char* kNewFooter =
     "One line an attribute, by entity and module. What such an object must have is open, the rest is commented out\n"
     "with ';'. Class, modality and UIDs are filled in.";
 
+constexpr const char* kApplyFooter =
+    "'varnotix dump FILE >SCRIPT', change values, 'varnotix apply SCRIPT FILE -o OUT'. Only lines that differ from "
+    "what\n"
+    "FILE itself prints are applied; all else stays, what the text does not carry included. A line for an attribute\n"
+    "that FILE lacks adds it; '[]' empties a value; a line that is missing means nothing. Nothing is written when a\n"
+    "line cannot be applied. OUT keeps the transfer syntax of FILE; OUT and FILE may be the same file.";
+
 constexpr const char* kPduFooter =
     "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between the\n"
     "pairs of digits, and '#' starts a comment. Bytes that no PDU can be made of are told on standard error, with\n"
@@ -67,6 +74,7 @@ struct SArguments
     std::string output;
     std::string syntax;
     std::string kind;
+    std::string script;
     std::string text = "ANONYMOUS";
     bool deep = false;
     bool asPictures = false;
@@ -186,6 +194,13 @@ int Run(int count, char** texts)
     newScript->add_option("-o,--output", arguments.output, "Script to write; without it, standard output");
     newScript->footer(kNewFooter);
 
+    CLI::App* apply = app.add_subcommand("apply", "Change the values of a file that differ in a script");
+    apply->add_option("SCRIPT", arguments.script, "Script to read; '-' is standard input")->required();
+    apply->add_option("FILE", arguments.input, "File to read; '-' is standard input")->required();
+    apply->add_option("-o,--output", arguments.output, "File to write; '-' is standard output")->required();
+    apply->footer(kApplyFooter);
+    AddMessageFlags(*apply, arguments);
+
     CLI::App* pdu = app.add_subcommand("pdu", "Print what association PDUs hold");
     pdu->add_option("FILE", arguments.input,
                     "PDUs as bytes or in hexadecimal digits; '-', or no file, is standard input");
@@ -212,6 +227,11 @@ int Run(int count, char** texts)
     {
         return New(arguments.kind,
                    arguments.output.empty() ? CString("-") : CString(std::string_view(arguments.output)), report);
+    }
+    if (apply->parsed())
+    {
+        return Apply(CString(std::string_view(arguments.script)), CString(std::string_view(arguments.input)),
+                     CString(std::string_view(arguments.output)), report);
     }
     if (pdu->parsed())
     {
