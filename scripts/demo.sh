@@ -33,6 +33,9 @@ printf '\nAnother one, of a few lines, reads the name from it.\n'
 show example_read_patient phantom.dcm
 printf '\nThe tool prints objects as text; here are the patient and the picture.\n'
 show_part '/^0010,/p;/^0028,001/p;/^7fe0,/' varnotix dump phantom.dcm
+printf '\nA script makes another object around the same picture, a CT image.\n'
+show varnotix build "$top/examples/scripts/ct-from-phantom.asl" -o ct.dcm
+show_part '/^#IOD_KIND/p;/^0008,0060/p;/^0028,0030/p;/^7fe0,/' varnotix dump ct.dcm
 printf '\nIt rewrites them in another transfer syntax, here with the bytes of each number turned round.\n'
 show varnotix convert --syntax big phantom.dcm phantom-big.dcm
 show_part '/^#IOD_SYNTAX/p;/^0002,0010/p;/^0028,0010/' varnotix dump phantom-big.dcm

@@ -173,9 +173,10 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
         {"0010,0010,", "0010,9999,", "the dictionary does not know"},
         {"#SEQUENCE_BEGIN", "", "no #SEQUENCE_BEGIN follows"},
     };
+    const std::string dump = Run("dump in.dcm").out;
     for (const auto& edit : edits)
     {
-        WriteScript("in.dcm", edit.from, edit.to);
+        Write("s.asl", Replaced(dump, edit.from, edit.to));
         const SRun run = Run("apply s.asl in.dcm -o out.dcm");
         EXPECT_EQ(run.status, 20) << edit.to;
         EXPECT_TRUE(Holds(run.err, edit.reason)) << edit.to;

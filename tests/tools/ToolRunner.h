@@ -111,8 +111,15 @@ protected:
     /// @param limit a command of the shell, to run before: "ulimit -f 8".
     static SRun RunTo(const std::string& out, const std::string& arguments, const std::string& limit = "")
     {
+        return RunProgram("varnotix", out, arguments, limit);
+    }
+
+    /// Runs one of the project's programs.
+    static SRun RunProgram(const std::string& name, const std::string& out, const std::string& arguments,
+                           const std::string& limit = "")
+    {
         const char* folder = std::getenv("VARNOTIX_BIN");
-        const std::filesystem::path program = std::filesystem::path(folder != nullptr ? folder : ".") / "varnotix";
+        const std::filesystem::path program = std::filesystem::path(folder != nullptr ? folder : ".") / name;
         std::string command = limit + (limit.empty() ? "\"" : " && \"") + program.string() + "\" " + arguments + " >" +
                               out + " 2>err.txt";
         if (std::filesystem::path::preferred_separator == '\\')

@@ -150,6 +150,25 @@ void CompleteFileMeta(CDcmIOD& object, const CString& input, const CReport& repo
     AddText(store, input, 0x0013, kImplementationVersion, ' ', report);
 }
 
+void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& input, const CReport& report)
+{
+    CDcmElementSet& store = object.ElementStore();
+    const CString present = TextOf(store, kMetaGroup, 0x0010);
+    if (uid == present || (uid.IsEmpty() && IsUncompressed(present)))
+    {
+        return;
+    }
+    if (!present.IsEmpty())
+    {
+        report.Say(MetaPlace(input, 0x0010) + ": " + present + " gives way to that of the pixel data");
+    }
+    store.Remove(kMetaGroup, 0x0010);
+    if (!uid.IsEmpty())
+    {
+        SetMeta(store, 0x0010, uid.View(), '\0');
+    }
+}
+
 void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& report)
 {
     const CDcmElementSet& store = object.ElementStore();

@@ -24,6 +24,10 @@ CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& 
 /// Adds what the file meta information lacks, but the transfer syntax; tells each with -v.
 void CompleteFileMeta(CDcmIOD& object, const CString& input, const CReport& report);
 
+/// Sets the Transfer Syntax UID of an object whose pixel data comes from elsewhere.
+/// @param uid empty for uncompressed pixel data, of which any uncompressed syntax may be declared.
+void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& input, const CReport& report);
+
 /// Says where the file meta information names another SOP class or instance than the data set.
 void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& report);
 

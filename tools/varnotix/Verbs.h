@@ -38,6 +38,16 @@ int Modules(const CString& input, bool withGaps, const CReport& report);
 /// @param output a path, or "-" for standard output.
 int New(const std::string& kind, const CString& output, const CReport& report);
 
+struct SBuild
+{
+    CString output;              ///< A path, or "-" for standard output; empty: what the script says.
+    int syntax = SYNTAX_UNKNOWN; ///< The syntax to write (see ESyntax); unknown: what the script says.
+    bool force = false;          ///< Also when lines or sources are lost.
+};
+
+/// Makes an object from a script and writes it.
+int Build(const CString& script, const SBuild& wanted, const CReport& report);
+
 /// Changes the values of an object that differ in a script, and writes it in its own transfer syntax.
 /// @param output a path, or "-" for standard output.
 int Apply(const CString& script, const CString& input, const CString& output, const CReport& report);

@@ -62,6 +62,12 @@ constexpr const char* kApplyFooter =
     "that FILE lacks adds it; '[]' empties a value; a line that is missing means nothing. Nothing is written when a\n"
     "line cannot be applied. OUT keeps the transfer syntax of FILE; OUT and FILE may be the same file.";
 
+constexpr const char* kBuildFooter =
+    "The script's lines are the attributes; its commands name the files that pixel data comes from, what to anonymise\n"
+    "and what to remove. The file meta information is completed. Each line that is lost and each file that nothing is\n"
+    "taken from is named with the reason; nothing is written then, unless --force is given. A script opens the files\n"
+    "that it names, so trust it as you trust a program.";
+
 constexpr const char* kPduFooter =
     "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between the\n"
     "pairs of digits, and '#' starts a comment. Bytes that no PDU can be made of are told on standard error, with\n"
@@ -77,6 +83,7 @@ struct SArguments
     std::string script;
     std::string text = "ANONYMOUS";
     bool deep = false;
+    bool force = false;
     bool asPictures = false;
     bool withGaps = false;
     bool showFields = false;
@@ -194,6 +201,16 @@ int Run(int count, char** texts)
     newScript->add_option("-o,--output", arguments.output, "Script to write; without it, standard output");
     newScript->footer(kNewFooter);
 
+    CLI::App* build = app.add_subcommand("build", "Make an object from a script");
+    build->add_option("SCRIPT", arguments.script, "Script to read; '-' is standard input")->required();
+    build->add_option("-o,--output", arguments.output,
+                      "File to write; '-' is standard output. Without it, the script's TARGET_FILE");
+    build->add_option("-s,--syntax", arguments.syntax, "The syntax to write; without it, what the script says")
+        ->check(CLI::IsMember({"implicit", "explicit", "big"}));
+    build->add_flag("--force", arguments.force, "Write what there is when lines or files are lost");
+    build->footer(kBuildFooter);
+    AddMessageFlags(*build, arguments);
+
     CLI::App* apply = app.add_subcommand("apply", "Change the values of a file that differ in a script");
     apply->add_option("SCRIPT", arguments.script, "Script to read; '-' is standard input")->required();
     apply->add_option("FILE", arguments.input, "File to read; '-' is standard input")->required();
@@ -227,6 +244,12 @@ int Run(int count, char** texts)
     {
         return New(arguments.kind,
                    arguments.output.empty() ? CString("-") : CString(std::string_view(arguments.output)), report);
+    }
+    if (build->parsed())
+    {
+        const int syntax = arguments.syntax.empty() ? SYNTAX_UNKNOWN : SyntaxCode(arguments.syntax);
+        return Build(CString(std::string_view(arguments.script)),
+                     {CString(std::string_view(arguments.output)), syntax, arguments.force}, report);
     }
     if (apply->parsed())
     {

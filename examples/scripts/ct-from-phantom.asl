@@ -1,0 +1,33 @@
+; Makes a CT object around the picture that example_phantom writes:
+;     example_phantom phantom.dcm
+;     varnotix build ct-from-phantom.asl -o ct.dcm
+#SOURCE_FILE=phantom.dcm
+
+0008,0008,CS,-1,Image Type,[DERIVED,SECONDARY,AXIAL,]
+0008,0016,UI,1,SOP Class UID,[1.2.840.10008.5.1.4.1.1.2,]
+0008,0018,UI,1,SOP Instance UID,[2.25.147381560921394518604773213845907127463,]
+0008,0020,DA,1,Study Date,[20240131,]
+0008,0030,TM,1,Study Time,[101530,]
+0008,0050,SH,1,Accession Number,[]
+0008,0060,CS,1,Modality,[CT,]
+0008,0070,LO,1,Manufacturer,[]
+0008,0090,PN,1,Referring Physician's Name,[]
+0010,0010,PN,1,Patient's Name,[Phantom^Disc,]
+0010,0020,LO,1,Patient ID,[PHANTOM-1,]
+0010,0030,DA,1,Patient's Birth Date,[20000101,]
+0010,0040,CS,1,Patient's Sex,[O,]
+0018,0050,DS,1,Slice Thickness,[2,]
+0018,0060,DS,1,KVP,[120,]
+0020,000d,UI,1,Study Instance UID,[2.25.60913352789423118835670741962215874309,]
+0020,000e,UI,1,Series Instance UID,[2.25.231769044518220976536214908733652180945,]
+0020,0010,SH,1,Study ID,[1,]
+0020,0011,IS,1,Series Number,[1,]
+0020,0012,IS,1,Acquisition Number,[1,]
+0020,0013,IS,1,Instance Number,[1,]
+0020,0032,DS,3,Image Position (Patient),[-16,-16,0,]
+0020,0037,DS,6,Image Orientation (Patient),[1,0,0,0,1,0,]
+0020,0052,UI,1,Frame of Reference UID,[2.25.98230417355602711944863257180436921075,]
+0020,1040,LO,1,Position Reference Indicator,[]
+0028,0030,DS,2,Pixel Spacing,[0.5,0.5,]
+0028,1052,DS,1,Rescale Intercept,[-1024,]
+0028,1053,DS,1,Rescale Slope,[1,]

@@ -1,0 +1,33 @@
+; Makes a multi-frame secondary capture of the colour JPEG pictures in the current directory, a frame each, in the order
+; of their names. All must have one size, and be baseline JPEG:
+;     cd pictures && varnotix build pictures-to-capture.asl -o ../capture.dcm
+#PIXEL_DATA_DIR=.\*.jpg
+
+0008,0016,UI,1,SOP Class UID,[1.2.840.10008.5.1.4.1.1.7.4,]
+0008,0018,UI,1,SOP Instance UID,[2.25.188402916573305127849026471358930216674,]
+0008,0020,DA,1,Study Date,[]
+0008,0030,TM,1,Study Time,[]
+0008,0050,SH,1,Accession Number,[]
+0008,0060,CS,1,Modality,[OT,]
+0008,0064,CS,1,Conversion Type,[SI,]
+0008,0090,PN,1,Referring Physician's Name,[]
+0010,0010,PN,1,Patient's Name,[Doe^Jane,]
+0010,0020,LO,1,Patient ID,[1,]
+0010,0030,DA,1,Patient's Birth Date,[]
+0010,0040,CS,1,Patient's Sex,[]
+0018,2002,SH,-1,Frame Label Vector,[]
+0020,000d,UI,1,Study Instance UID,[2.25.43391850627714408821956230745911863025,]
+0020,000e,UI,1,Series Instance UID,[2.25.270615883094427136850917246503318894762,]
+0020,0010,SH,1,Study ID,[]
+0020,0011,IS,1,Series Number,[]
+0020,0013,IS,1,Instance Number,[1,]
+0028,0002,US,1,Samples per Pixel,[3,]
+0028,0004,CS,1,Photometric Interpretation,[YBR_FULL_422,]
+0028,0006,US,1,Planar Configuration,[0,]
+0028,0009,AT,-1,Frame Increment Pointer,[24,8194,]
+0028,0100,US,1,Bits Allocated,[8,]
+0028,0101,US,1,Bits Stored,[8,]
+0028,0102,US,1,High Bit,[7,]
+0028,0103,US,1,Pixel Representation,[0,]
+0028,0301,CS,1,Burned In Annotation,[NO,]
+0028,2110,CS,1,Lossy Image Compression,[01,]

@@ -1,0 +1,149 @@
+#include "FileMeta.h"
+#include "GroupCommands.h"
+#include "Input.h"
+#include "RawValue.h"
+#include "Rewrite.h"
+#include "ScriptObject.h"
+#include "ScriptTree.h"
+#include "Verbs.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr DWORD kPixelData = 0x7FE00010;
+
+/// Builds one object.
+class CBuilder
+{
+public:
+    CBuilder(const CString& name, const CStringArray& lines, const SBuild& wanted, const CReport& report)
+        : m_name(name), m_lines(lines), m_wanted(wanted), m_report(report)
+    {
+        CDcmAttributeModule read;
+        m_script.Run(lines, read);
+    }
+
+    int Write();
+
+private:
+    CString Output() const;
+    bool HasWholeLines(const CDcmIOD& object) const;
+    int Syntax(const SObjectForm& form) const;
+
+    const CString& m_name;
+    const CStringArray& m_lines;
+    const SBuild& m_wanted;
+    const CReport& m_report;
+    CDcmAttributeScript m_script; // For what the object itself does not do.
+};
+
+int CBuilder::Write()
+{
+    const CString output = Output();
+    if (output.IsEmpty())
+    {
+        m_report.Error("-o: the script has no TARGET_FILE, so the output must be named");
+        return STATUS_USAGE;
+    }
+    CDcmCompositeIOD object;
+    const bool hasGroups = HasGoodGroups(m_script, m_name, m_report);
+    const bool hasSources = BuildObject(m_script, m_lines, object, m_name, m_report);
+    const bool isWhole = HasWholeLines(object) && hasGroups && hasSources;
+    if (!isWhole && !m_wanted.force)
+    {
+        m_report.Error(output +
+                       ": not written, because the script is not followed in whole; --force writes what is there");
+        return STATUS_UNREADABLE;
+    }
+    ApplyGroupCommands(m_script, object.ElementStore(), m_name, m_report);
+    CompleteFileMeta(object, m_name, m_report);
+    GiveRawValues(object.ElementStore());
+
+    SObjectForm form = FormOf(object);
+    form.syntax = SYNTAX_EXPLICIT_LITTLE; // What a script states and does not state is that of explicit VR.
+    const int syntax = Syntax(form);
+    const CString uid = UidToWrite(form, m_name, syntax, m_report);
+    if (uid.IsEmpty())
+    {
+        return STATUS_UNREADABLE;
+    }
+    if (syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
+    {
+        GivePixelDataItsVr(object.ElementStore(), m_name, m_report);
+    }
+    TellUnlikeMeta(object, m_name, m_report);
+    CLossReport losses;
+    Rewrite(object, form, {uid, syntax, output}, m_name, losses, m_report);
+    return STATUS_DONE;
+}
+
+/// Paths in scripts have the separators of the system that they come from.
+CString CBuilder::Output() const
+{
+    if (!m_wanted.output.IsEmpty() || m_script.TargetFile().IsEmpty())
+    {
+        return m_wanted.output;
+    }
+    std::string path(m_script.TargetFile().CText());
+    std::replace(path.begin(), path.end(), '\\', '/');
+    m_report.Detail(m_name + ": TARGET_FILE: " + CString(path));
+    return CString(path);
+}
+
+/// Tells what the reader could not follow. False when lines were lost.
+bool CBuilder::HasWholeLines(const CDcmIOD& object) const
+{
+    const CDcmElement* pixels = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const bool hasPixels = pixels != nullptr && !pixels->IsEmptyValue();
+    const CScriptTree tree(m_lines, CDcmElementSet());
+    const auto isReplaced = [&](int index)
+    {
+        // A printed object names the file that its pixel data is in.
+        return hasPixels &&
+               std::any_of(tree.Lines().begin(), tree.Lines().end(),
+                           [&](const SScriptLine& line) { return line.line == index && line.tag == kPixelData; });
+    };
+    std::vector<SScriptFault> faults;
+    for (const SScriptNote& note : m_script.Notes())
+    {
+        if (note.kind == SCRIPT_OTHER_VR)
+        {
+            m_report.Detail(ScriptPlace(m_name, note.line) + ": " + ScriptNoteText(note.kind));
+        }
+        else if (note.kind != SCRIPT_NOT_IMPORTED || !isReplaced(note.line))
+        {
+            faults.push_back({note.line, ScriptNoteText(note.kind)});
+        }
+    }
+    return ReportFaults(m_name, faults, m_report) == 0;
+}
+
+int CBuilder::Syntax(const SObjectForm& form) const
+{
+    if (m_wanted.syntax != SYNTAX_UNKNOWN)
+    {
+        return m_wanted.syntax;
+    }
+    const int named = form.compressed ? SYNTAX_UNKNOWN : SyntaxOfUid(form.transferSyntax);
+    return named == SYNTAX_UNKNOWN ? SYNTAX_EXPLICIT_LITTLE : named;
+}
+
+} // namespace
+
+int Build(const CString& script, const SBuild& wanted, const CReport& report)
+{
+    if (!HasDataFiles(report, true))
+    {
+        return STATUS_UNREADABLE;
+    }
+    CStringArray lines;
+    if (!ReadScript(script, lines, report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    const CString name = ShownName(script);
+    return TellingFailures(wanted.output.IsEmpty() ? name : wanted.output, report,
+                           [&] { return CBuilder(name, lines, wanted, report).Write(); });
+}

@@ -1,0 +1,126 @@
+#include "GroupCommands.h"
+
+#include "Identity.h"
+
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <optional>
+
+namespace
+{
+
+constexpr const char* kDefaultText = "ANONYMOUS";
+
+std::optional<int> GroupOf(const CString& text)
+{
+    int group = 0;
+    const std::string_view digits = text.CText();
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), group, 16);
+    const bool isWhole = error == std::errc() && end == digits.data() + digits.size();
+    return isWhole && group >= 0 && group <= 0xFFFF ? std::optional(group) : std::nullopt;
+}
+
+/// True for texts of any content: the replacement is a value of these VRs.
+bool TakesAnyText(const CDcmElement& element)
+{
+    constexpr int kVrs[] = {VR_AE, VR_CS, VR_LO, VR_LT, VR_PN, VR_SH, VR_ST, VR_UT};
+    return std::any_of(std::begin(kVrs), std::end(kVrs), [&](int vr) { return element.HasVr(vr); });
+}
+
+void Anonymize(CDcmElement& element, const CString& text)
+{
+    if (CDcmElementSet* items = element.Items())
+    {
+        for (int i = 0; i < items->GetCount(); ++i)
+        {
+            Anonymize(*items->GetAt(i), text);
+        }
+        return;
+    }
+    const bool isKept = element.HasVr(VR_UI) || (element.HasVr(VR_CS) && !IsIdentifying(element.Tag()));
+    if (VrKind(element.Vr()) != EVrKind::Text || isKept || element.IsEmptyValue())
+    {
+        return;
+    }
+    CDcmElement replaced(element.Group(), element.Element(), element.Vr());
+    if (!text.IsEmpty() && TakesAnyText(element))
+    {
+        replaced.AddText(text);
+    }
+    element = replaced;
+}
+
+/// Does something to each element of the groups, and tells it.
+class CGroupCommand
+{
+public:
+    CGroupCommand(const char* command, const CStringArray& groups, const CString& name, const CReport& report)
+        : m_command(command), m_groups(groups), m_name(name), m_report(report)
+    {
+    }
+
+    /// @param act is false for an element that it leaves alone.
+    void Run(CDcmElementSet& store, const std::function<bool(CDcmElement&)>& act) const
+    {
+        for (const CString& text : m_groups)
+        {
+            const std::optional<int> group = GroupOf(text);
+            for (int i = store.GetCount() - 1; group && i >= 0; --i)
+            {
+                const DWORD tag = store.GetAt(i)->Tag();
+                if (store.GetAt(i)->HasGroup(*group) && act(*store.GetAt(i)))
+                {
+                    m_report.Detail(m_name + ": " + TagAndName(tag) + ": " + m_command + "=" + text);
+                }
+            }
+        }
+    }
+
+private:
+    const char* m_command;
+    const CStringArray& m_groups;
+    const CString& m_name;
+    const CReport& m_report;
+};
+
+} // namespace
+
+bool HasGoodGroups(const CDcmAttributeScript& script, const CString& name, const CReport& report)
+{
+    bool isGood = true;
+    for (const CStringArray* groups : {&script.AnonymizeGroups(), &script.RemoveGroups(), &script.RemoveEmptyGroups()})
+    {
+        for (const CString& text : *groups)
+        {
+            if (!GroupOf(text))
+            {
+                report.Error(name + ": '" + text + "' in a command is no group: a group has four hexadecimal digits");
+                isGood = false;
+            }
+        }
+    }
+    return isGood;
+}
+
+void ApplyGroupCommands(const CDcmAttributeScript& script, CDcmElementSet& store, const CString& name,
+                        const CReport& report)
+{
+    const CString& given = script.Anonymize55Second();
+    const CString text = given.IsEmpty() ? CString(kDefaultText) : given;
+    const auto remove = [&](CDcmElement& element)
+    {
+        store.Remove(&element);
+        return true;
+    };
+    CGroupCommand("ANONYMIZE_GROUP", script.AnonymizeGroups(), name, report)
+        .Run(store,
+             [&](CDcmElement& element)
+             {
+                 Anonymize(element, text);
+                 return true;
+             });
+    CGroupCommand("REMOVE_GROUP", script.RemoveGroups(), name, report).Run(store, remove);
+    CGroupCommand("REMOVE_EMPTY_GROUP", script.RemoveEmptyGroups(), name, report)
+        .Run(store, [&](CDcmElement& element) { return element.IsEmptyValue() && remove(element); });
+}
