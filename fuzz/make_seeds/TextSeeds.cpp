@@ -2,6 +2,14 @@
 
 #include "Seeds.h"
 
+namespace
+{
+
+const std::string kPatient = "0010,0010,PN,1,Patient's Name,[A^B,]\n0010,0020,LO,1,Patient ID,[77,]\n"
+                             "0028,0002,US,1,Samples per Pixel,[1,]\n";
+
+}
+
 void MakeTextSeeds()
 {
     using namespace std::string_literals;
@@ -46,4 +54,17 @@ void MakeTextSeeds()
     }
     asl("deep", deep + "0008,0100,SH,1,Code Value,[1,]\n");
     asl("zero_bytes", "0010,0020,LO,1,Patient ID,[7\0a,]\n\0\n0010,0010,PN,1,x,[\xFF\xFE,]\n"s);
+
+    // The names are those of the files that the target makes.
+    const auto script = [&](const char* name, const std::string& text) { PutSeed("script", name, text + kPatient); };
+    const std::string file = "#PIXEL_DATA_FILE=";
+    const std::string folder = "#PIXEL_DATA_DIR=";
+    script("pictures", file + "picture.jpg\n" + file + "object.dcm\n" + file + "picture.jpg\n");
+    script("searches",
+           folder + "*.jpg\n" + folder + ".\\*.dcm\n" + folder + "?\n#PIXEL_DATA_ROWS=-4\n#PIXEL_DATA_COLS=7\n");
+    script("source", "#SOURCE_FILE=object.dcm\n#PIXEL_DATA_FILE=picture.jpg\n");
+    script("unusable", file + "broken.jpg\n" + file + "text.txt\n" + file + "PICTURE.JPG\n#PIXEL_DATA_ROWS=x\n");
+    script("missing", "#SOURCE_FILE=missing.jpg\n");
+    script("folders", file + "folder\n" + file + ".\n" + folder + "folder\n#TARGET_FILE=out.dcm\n");
+    script("merged", "#REMOVE_EMPTY_ALL=1\n#ANONYMIZE_55=1,none\n#REMOVE_GROUP=0010\n#REMOVE_EMPTY_GROUP=0008\n");
 }
