@@ -67,16 +67,16 @@ void Store(const ARRAY& values, const SLineNotes& notes, const ADD& add, const S
 
 void StoreTexts(CDcmElement& element, std::string_view values, const SLineNotes& notes)
 {
-    const auto texts = Convert<CStringArray>(values, [](std::string_view text) { return CString(text); });
+    auto texts = Convert<CStringArray>(values, [](std::string_view text) { return CString(text); });
     Store(
         texts, notes, [&](const CString& text) { return element.AddText(text) || text.IsEmpty(); },
-        [&](const CStringArray& list)
+        [&](const CStringArray&)
         {
             // A list is taken as it stands: the setter would keep one text of many under a multiplicity of 1.
             CStringArray* mine = element.Texts();
             if (mine != nullptr)
             {
-                *mine = list;
+                mine->Swap(texts);
             }
             return mine != nullptr;
         });

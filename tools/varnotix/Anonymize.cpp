@@ -30,7 +30,6 @@ private:
     void TellReplaced(const CDcmElementSet& store) const;
     void ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const;
     void ClearPreamble(CFile& file) const;
-    void TellUncovered(const CDcmElementSet& written) const;
 
     CString m_name;
     const SAnonymize& m_wanted;
@@ -65,7 +64,7 @@ int CAnonymizer::Write(CDcmIOD& object, const CString& output)
     ClearPreamble(target.File());
     target.Commit();
     losses.Tell(m_name, m_report);
-    TellUncovered(written.ElementStore());
+    TellUncovered(written.ElementStore(), m_wanted.deep, m_name, m_report);
     return STATUS_DONE;
 }
 
@@ -129,49 +128,6 @@ void CAnonymizer::ClearPreamble(CFile& file) const
         file.Seek(0, CFile::begin);
         file.Write(preamble, kPreambleSize);
         m_report.Detail(m_name + ": the preamble is cleared");
-    }
-}
-
-void CAnonymizer::TellUncovered(const CDcmElementSet& written) const
-{
-    const SUncovered found = FindUncovered(written);
-    std::vector<CString> parts;
-    if (!found.nested.empty() && !m_wanted.deep)
-    {
-        CString part("1 identifying attribute in sequence items");
-        if (found.nested.size() > 1)
-        {
-            part.Format("%d identifying attributes in sequence items", static_cast<int>(found.nested.size()));
-        }
-        parts.push_back(part);
-        for (const CString& path : found.nested)
-        {
-            m_report.Detail(m_name + ": not covered: " + path);
-        }
-    }
-    if (!found.privateGroups.empty())
-    {
-        CString part("private groups");
-        for (const int group : found.privateGroups)
-        {
-            CString number;
-            number.Format(" %04X", static_cast<unsigned>(group));
-            part += number;
-        }
-        parts.push_back(part);
-    }
-    if (found.isBurnedIn)
-    {
-        parts.push_back(TagAndName(0x00280301) + " is YES: its pixels may show who the patient is");
-    }
-    CString text;
-    for (const CString& part : parts)
-    {
-        text += (text.IsEmpty() ? "" : "; ") + part;
-    }
-    if (!text.IsEmpty())
-    {
-        m_report.Say(m_name + ": not covered: " + text);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "FileMeta.h"
 #include "GroupCommands.h"
+#include "Identity.h"
 #include "Input.h"
 #include "RawValue.h"
 #include "Rewrite.h"
@@ -30,6 +31,7 @@ public:
 private:
     CString Output() const;
     bool HasWholeLines(const CDcmIOD& object) const;
+    void RemoveEmptySequences(CDcmElementSet& set, const CString& path) const;
     int Syntax(const SObjectForm& form) const;
 
     const CString& m_name;
@@ -48,9 +50,9 @@ int CBuilder::Write()
         return STATUS_USAGE;
     }
     CDcmCompositeIOD object;
-    const bool hasGroups = HasGoodGroups(m_script, m_name, m_report);
+    const bool hasArguments = HasGoodArguments(m_script, m_name, m_report);
     const bool hasSources = BuildObject(m_script, m_lines, object, m_name, m_report);
-    const bool isWhole = HasWholeLines(object) && hasGroups && hasSources;
+    const bool isWhole = HasWholeLines(object) && hasArguments && hasSources;
     if (!isWhole && !m_wanted.force)
     {
         m_report.Error(output +
@@ -58,6 +60,11 @@ int CBuilder::Write()
         return STATUS_UNREADABLE;
     }
     ApplyGroupCommands(m_script, object.ElementStore(), m_name, m_report);
+    RemoveEmptySequences(object.ElementStore(), CString());
+    if (!m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty())
+    {
+        TellUncovered(object.ElementStore(), false, m_name, m_report);
+    }
     CompleteFileMeta(object, m_name, m_report);
     GiveRawValues(object.ElementStore());
 
@@ -106,6 +113,13 @@ bool CBuilder::HasWholeLines(const CDcmIOD& object) const
                            [&](const SScriptLine& line) { return line.line == index && line.tag == kPixelData; });
     };
     std::vector<SScriptFault> faults;
+    for (const SScriptLine& line : tree.Lines())
+    {
+        if (line.tag >> 16U < kFirstGroup)
+        {
+            faults.push_back({line.line, kNoPlaceInFile});
+        }
+    }
     for (const SScriptNote& note : m_script.Notes())
     {
         if (note.kind == SCRIPT_OTHER_VR)
@@ -118,6 +132,29 @@ bool CBuilder::HasWholeLines(const CDcmIOD& object) const
         }
     }
     return ReportFaults(m_name, faults, m_report) == 0;
+}
+
+/// A reader takes the element behind an empty sequence for one of its items.
+void CBuilder::RemoveEmptySequences(CDcmElementSet& set, const CString& path) const
+{
+    for (int i = set.GetCount() - 1; i >= 0; --i)
+    {
+        CDcmElement* element = set.GetAt(i);
+        if (!element->HasVr(VR_SQ))
+        {
+            continue;
+        }
+        if (CDcmElementSet* items = element->Items())
+        {
+            RemoveEmptySequences(*items, path + TagName(element->Tag()) + ">");
+        }
+        if (element->Items() == nullptr || element->Items()->IsEmpty())
+        {
+            m_report.Say(m_name + ": " + path + TagAndName(element->Tag()) +
+                         " is left out: what follows an empty sequence is read as a part of it");
+            set.Remove(element);
+        }
+    }
 }
 
 int CBuilder::Syntax(const SObjectForm& form) const

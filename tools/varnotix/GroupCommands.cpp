@@ -21,6 +21,15 @@ std::optional<int> GroupOf(const CString& text)
     return isWhole && group >= 0 && group <= 0xFFFF ? std::optional(group) : std::nullopt;
 }
 
+/// A size may be negative; its sign does not count.
+bool IsNumberUpTo(const CString& text, int highest)
+{
+    int number = 0;
+    const std::string_view digits = text.CText();
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    return error == std::errc() && end == digits.data() + digits.size() && number <= highest && number >= -highest;
+}
+
 /// True for texts of any content: the replacement is a value of these VRs.
 bool TakesAnyText(const CDcmElement& element)
 {
@@ -86,9 +95,28 @@ private:
 
 } // namespace
 
-bool HasGoodGroups(const CDcmAttributeScript& script, const CString& name, const CReport& report)
+bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, const CReport& report)
 {
+    const struct
+    {
+        const char* command;
+        const CString& text;
+        int highest;
+    } numbers[] = {{"ANONYMIZE_55", script.Anonymize55First(), 1},
+                   {"REMOVE_EMPTY_ALL", script.RemoveEmptyAll(), 1},
+                   {"PIXEL_DATA_ROWS", script.RowsText(), 0xFFFF},
+                   {"PIXEL_DATA_COLS", script.ColsText(), 0xFFFF}};
     bool isGood = true;
+    for (const auto& number : numbers)
+    {
+        if (!number.text.IsEmpty() && !IsNumberUpTo(number.text, number.highest))
+        {
+            CString what;
+            what.Format("' is no number from 0 to %d, so it would have no effect", number.highest);
+            report.Error(name + ": " + number.command + ": '" + number.text + what);
+            isGood = false;
+        }
+    }
     for (const CStringArray* groups : {&script.AnonymizeGroups(), &script.RemoveGroups(), &script.RemoveEmptyGroups()})
     {
         for (const CString& text : *groups)

@@ -3,8 +3,9 @@
 
 #include "Report.h"
 
-/// True when every group that the script's commands name is a hexadecimal number; a message names each that is not.
-bool HasGoodGroups(const CDcmAttributeScript& script, const CString& name, const CReport& report);
+/// True when every group, flag and size in the script's commands is a number that has an effect; a message names each
+/// that is not.
+bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, const CReport& report);
 
 /// Does what ANONYMIZE_GROUP, REMOVE_GROUP and REMOVE_EMPTY_GROUP ask for, in this order, and tells each change with
 /// -v. Groups that are no number are left out.

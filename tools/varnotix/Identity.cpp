@@ -131,6 +131,49 @@ SUncovered FindUncovered(const CDcmElementSet& store)
     return found;
 }
 
+void TellUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report)
+{
+    const SUncovered found = FindUncovered(written);
+    std::vector<CString> parts;
+    if (!found.nested.empty() && !deep)
+    {
+        CString part("1 identifying attribute in sequence items");
+        if (found.nested.size() > 1)
+        {
+            part.Format("%d identifying attributes in sequence items", static_cast<int>(found.nested.size()));
+        }
+        parts.push_back(part);
+        for (const CString& path : found.nested)
+        {
+            report.Detail(name + ": not covered: " + path);
+        }
+    }
+    if (!found.privateGroups.empty())
+    {
+        CString part("private groups");
+        for (const int group : found.privateGroups)
+        {
+            CString number;
+            number.Format(" %04X", static_cast<unsigned>(group));
+            part += number;
+        }
+        parts.push_back(part);
+    }
+    if (found.isBurnedIn)
+    {
+        parts.push_back(TagAndName(0x00280301) + " is YES: its pixels may show who the patient is");
+    }
+    CString text;
+    for (const CString& part : parts)
+    {
+        text += (text.IsEmpty() ? "" : "; ") + part;
+    }
+    if (!text.IsEmpty())
+    {
+        report.Say(name + ": not covered: " + text);
+    }
+}
+
 void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text)
 {
     if (text.IsEmpty())

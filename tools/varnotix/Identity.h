@@ -19,6 +19,10 @@ struct SUncovered
 
 SUncovered FindUncovered(const CDcmElementSet& store);
 
+/// Tells what anonymisation did not reach in an object that is to be written.
+/// @param deep it reached into sequence items.
+void TellUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report);
+
 /// Writes the text into the identifying attributes at every depth, or removes them for an empty text.
 void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text);
 

@@ -48,7 +48,7 @@ private:
     void AddHead();
     void AddModule(const CDcmModule& module);
     void AddAttribute(const CDcmElement& attribute);
-    void AddItems(const CDcmElement& sequence, bool isOpen, int depth);
+    void AddItems(const CDcmElement& sequence, int depth);
     void AddLine(const CString& line) { m_text += line + "\n"; }
 
     const SScriptKind& m_kind;
@@ -82,7 +82,8 @@ void CScriptMaker::AddHead()
             " object. Put values between the brackets, a comma behind " + "each: [DOE^JOHN,]");
     AddLine("; Then build the object: varnotix build SCRIPT -o OUT.dcm");
     AddLine("; A line that begins with ';' is a comment. The open lines are the attributes of types 1 and 2 in the");
-    AddLine("; modules that such an object must have (PS3.3); type 2 may stay empty. Open others where you need them.");
+    AddLine("; modules that such an object must have (PS3.3); type 2 may stay empty. Open others where you need them,");
+    AddLine("; and the sequences that you give values: an empty sequence is not written.");
     AddLine(";");
     AddLine("; Pixel data comes from files; open one of these commands:");
     AddLine(";#SOURCE_FILE=object.dcm");
@@ -139,7 +140,7 @@ void CScriptMaker::AddAttribute(const CDcmElement& attribute)
     {
         return;
     }
-    const bool isOpen = m_open.contains(attribute.Tag());
+    const bool isOpen = m_open.contains(attribute.Tag()) && !attribute.HasVr(VR_SQ);
     CString line = EmptyLine(attribute);
     const auto value = m_values.find(attribute.Tag());
     if (isOpen && value != m_values.end())
@@ -147,24 +148,24 @@ void CScriptMaker::AddAttribute(const CDcmElement& attribute)
         line = line.Left(line.GetLength() - 1) + value->second + ",]";
     }
     AddLine((isOpen ? CString() : CString(";")) + line);
-    AddItems(attribute, isOpen, 0);
+    AddItems(attribute, 0);
 }
 
-/// The attributes of an item are there for those who want one; an empty sequence needs none.
-void CScriptMaker::AddItems(const CDcmElement& sequence, bool isOpen, int depth)
+/// Items are for those who fill them in: a sequence without values is not written.
+void CScriptMaker::AddItems(const CDcmElement& sequence, int depth)
 {
     const CDcmElementSet* items = sequence.Items();
     if (items == nullptr)
     {
         return;
     }
-    const CString start = (isOpen ? CString() : CString(";")) + CString(' ', 3 * depth);
+    const CString start = ";" + CString(' ', 3 * depth);
     AddLine(start + "#SEQUENCE_BEGIN");
     for (int i = 0; i < items->GetCount(); ++i)
     {
         const CDcmElement& attribute = *items->GetAt(i);
         AddLine(";" + CString(' ', 3 * (depth + 1)) + EmptyLine(attribute));
-        AddItems(attribute, false, depth + 1);
+        AddItems(attribute, depth + 1);
     }
     AddLine(start + "#SEQUENCE_END");
 }

@@ -238,6 +238,10 @@ bool CScriptMerge::MayApply(const SScriptLine& line)
 /// Why a line must not be applied, beyond what its reader notes; empty when it may.
 CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
 {
+    if (line.tag >> 16U < kFirstGroup)
+    {
+        return kNoPlaceInFile;
+    }
     if ((line.tag & 0xFFFFU) == 0)
     {
         return "group lengths are made anew by the write; take the line out";
@@ -267,6 +271,10 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
     const CDcmElement& shape = element != nullptr ? *element : unread;
     const EVrKind kind = VrKind(shape.Vr());
     const int count = CountValues(line.parts.values);
+    if (kind == EVrKind::Items && element == nullptr && line.item.empty())
+    {
+        return "what follows an empty sequence is read as a part of it; give it an item with an attribute";
+    }
     if (kind == EVrKind::Bytes)
     {
         if (element != nullptr && element->RawBytes().Size() > kLongestPrintedBytes)
