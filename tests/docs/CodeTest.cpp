@@ -71,13 +71,6 @@ TEST(Pages, ShowCodeThatIsBuilt)
     EXPECT_GT(shown, 20);
 }
 
-TEST(Pages, ReadmeShowsAWholeHost)
-{
-    const std::vector<Lines> blocks = Blocks(LinesOfFile("README.md"), "cpp");
-    ASSERT_EQ(blocks.size(), 1U);
-    EXPECT_EQ(blocks.front(), LinesOfFile("examples/read_patient/read_patient.cpp"));
-}
-
 TEST(HostGuide, PrintsWhatItsPageShows)
 {
     ASSERT_EQ(StatusOf("example_guide", ""), 0) << ReadText("err.txt");

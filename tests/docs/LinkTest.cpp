@@ -20,50 +20,37 @@ bool IsInTree(const std::string& path)
     return Exists(path) || Exists("Varnotix/" + path) || Exists("tools/varnotix/" + path);
 }
 
-/// Calls back for each first group of the pattern in the page.
-template <class CALL>
-void ForEachMatch(const std::filesystem::path& page, const std::regex& pattern, const CALL& call)
+/// Each first group of the pattern in the page.
+Lines Matches(const std::filesystem::path& page, const std::regex& pattern)
 {
     const std::string text = ReadText(ProjectFolder() / page);
-    for (std::sregex_iterator match(text.begin(), text.end(), pattern), end; match != end; ++match)
-    {
-        call((*match)[1].str());
-    }
+    return {std::sregex_token_iterator(text.begin(), text.end(), pattern, 1), {}};
 }
 
 } // namespace
 
-TEST(Pages, LinkToWhatIsThere)
+TEST(Pages, LinkToAndNameWhatIsThere)
 {
     const std::regex link(R"(\]\(([^)#:]+)(#[^)]*)?\))");
-    int links = 0;
-    for (const std::filesystem::path& page : AllPages())
-    {
-        ForEachMatch(page, link,
-                     [&](const std::string& target)
-                     {
-                         EXPECT_TRUE(Exists(page.parent_path() / target)) << page << " links to " << target;
-                         ++links;
-                     });
-    }
-    EXPECT_GT(links, 10);
-}
-
-TEST(Pages, NameFilesThatAreThere)
-{
     const std::regex file("`([A-Za-z_]+(?:/[A-Za-z_.-]+)*/[A-Za-z_-]*\\.?(?:h|cpp|md|sh|txt|cmake|))`");
+    int links = 0;
     int files = 0;
     for (const std::filesystem::path& page : AllPages())
     {
-        ForEachMatch(page, file,
-                     [&](const std::string& path)
-                     {
-                         if (!path.starts_with("build/") && !path.starts_with("share/"))
-                         {
-                             EXPECT_TRUE(IsInTree(path)) << page << " names " << path;
-                             ++files;
-                         }
-                     });
+        for (const std::string& target : Matches(page, link))
+        {
+            EXPECT_TRUE(Exists(page.parent_path() / target)) << page << " links to " << target;
+            ++links;
+        }
+        for (const std::string& path : Matches(page, file))
+        {
+            if (!path.starts_with("build/") && !path.starts_with("share/"))
+            {
+                EXPECT_TRUE(IsInTree(path)) << page << " names " << path;
+                ++files;
+            }
+        }
     }
+    EXPECT_GT(links, 10);
     EXPECT_GT(files, 20);
 }
