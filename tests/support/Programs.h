@@ -33,11 +33,13 @@ inline std::string ReadOutput()
     return text;
 }
 
-/// The status of a program that is run with its standard output in out.txt and its errors in err.txt.
-inline int StatusOf(const std::string& program, const std::string& arguments)
+/// The status of a program that is run with its standard output in a file or device and its errors in err.txt.
+/// @param limit a command of the shell, to run before: "ulimit -f 8".
+inline int StatusOf(const std::string& program, const std::string& arguments, const std::string& out = "out.txt",
+                    const std::string& limit = "")
 {
-    std::string command =
-        "\"" + (FolderOf("VARNOTIX_BIN") / program).string() + "\" " + arguments + " >out.txt 2>err.txt";
+    std::string command = limit + (limit.empty() ? "\"" : " && \"") + (FolderOf("VARNOTIX_BIN") / program).string() +
+                          "\" " + arguments + " >" + out + " 2>err.txt";
     if (std::filesystem::path::preferred_separator == '\\')
     {
         command = "\"" + command + "\""; // The shell there takes off the outermost quotes.

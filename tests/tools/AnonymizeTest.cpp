@@ -23,15 +23,12 @@ protected:
         return Run("anonymize in.dcm -o out.dcm " + arguments);
     }
 
-    /// A value of the output as text; "absent" without the element.
+    /// A value of the output as text; "(absent)" without the element.
     static std::string Value(int group, int element)
     {
         CDcmIOD object;
         ReadObject("out.dcm", object);
-        const CDcmElement* found = object.ElementStore().Find(group, element);
-        CString text = found == nullptr ? CString("absent") : found->JoinedText();
-        text.TrimRight();
-        return std::string(text.CText());
+        return TextOf(object, group, element);
     }
 };
 
@@ -44,8 +41,8 @@ TEST_F(Anonymize, TheTextReplacesWhatIsThereAndAddsNothing)
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(Value(0x0010, 0x0010), "ANONYMOUS");
     EXPECT_EQ(Value(0x0010, 0x0030), "ANONYMOUS");
-    EXPECT_EQ(Value(0x0010, 0x0020), "absent");
-    EXPECT_EQ(Value(0x0012, 0x0062), "absent");
+    EXPECT_EQ(Value(0x0010, 0x0020), "(absent)");
+    EXPECT_EQ(Value(0x0012, 0x0062), "(absent)");
     EXPECT_EQ(Value(0x0008, 0x0060), "MR");
 
     AnonymizeOne(Part10(kExplicitUid, kName), "--text X7");
@@ -55,7 +52,7 @@ TEST_F(Anonymize, TheTextReplacesWhatIsThereAndAddsNothing)
 TEST_F(Anonymize, AnEmptyTextRemovesEveryElementOfATag)
 {
     EXPECT_EQ(AnonymizeOne(Part10(kExplicitUid, kModality + kName + kName), "--text \"\"").status, 0);
-    EXPECT_EQ(Value(0x0010, 0x0010), "absent");
+    EXPECT_EQ(Value(0x0010, 0x0010), "(absent)");
     EXPECT_EQ(Read("out.dcm").find("Doe"), std::string::npos);
 
     std::filesystem::create_directory("out");
@@ -104,14 +101,10 @@ TEST_F(Anonymize, ThePreambleHoldsNoCopyOfABareDataSet)
 
 TEST_F(Anonymize, CompressedPixelDataKeepsItsSyntaxAndBytes)
 {
-    AnonymizeOne(Part10(kRleUid, kName + Encapsulated("", {"aabb", "cc"})));
-    CDcmIOD object;
-    ReadObject("out.dcm", object);
+    const std::string pixels = Encapsulated("", {"aabb", "cc"});
+    AnonymizeOne(Part10(kRleUid, kName + pixels));
     EXPECT_EQ(Value(0x0002, 0x0010), kRleUid);
-    const CDcmFrameList& frames = *object.ElementStore().Find(kPixelDataGroup, kPixelDataElement)->Frames();
-    ASSERT_EQ(frames.GetCount(), 2);
-    EXPECT_EQ(std::string(reinterpret_cast<const char*>(frames.GetFrame(0)->Data()), frames.GetFrame(0)->Size()),
-              "aabb");
+    EXPECT_TRUE(Read("out.dcm").ends_with(pixels));
 }
 
 TEST_F(Anonymize, ABatchGoesOnAfterAnInputThatIsNotReadable)

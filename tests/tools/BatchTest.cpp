@@ -8,8 +8,7 @@ class Batch : public ToolTest
 protected:
     static SRun RunBatch(const std::string& arguments)
     {
-        const std::filesystem::path project = std::filesystem::path(std::getenv("VARNOTIX_DATA")).parent_path();
-        const std::string command = "VARNOTIX=\"$VARNOTIX_BIN\"/varnotix \"" + project.string() +
+        const std::string command = "VARNOTIX=\"$VARNOTIX_BIN\"/varnotix \"" + ProjectFolder().string() +
                                     "\"/scripts/batch.sh " + arguments + " >out.txt 2>err.txt";
         const int status = std::system(command.c_str());
         return {status >> 8, Read("out.txt"), Read("err.txt")};

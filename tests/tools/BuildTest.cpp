@@ -4,58 +4,10 @@
 class Build : public ToolTest
 {
 protected:
-    static std::filesystem::path Scripts()
-    {
-        const char* data = std::getenv("VARNOTIX_DATA");
-        return std::filesystem::path(data != nullptr ? data : ".").parent_path() / "examples" / "scripts";
-    }
-
     /// An example script, copied to where the test runs.
-    static void TakeExample(const std::string& name) { std::filesystem::copy_file(Scripts() / name, name); }
-
-    /// The texts without the blank that makes their length even.
-    static std::string Trimmed(const CDcmElement& element)
+    static void TakeExample(const std::string& name)
     {
-        CString text(element.JoinedText().CText());
-        text.TrimRight();
-        return static_cast<const char*>(text);
-    }
-
-    static std::string TextOf(const CDcmIOD& object, int group, int element)
-    {
-        const CDcmElement* found = object.ElementStore().Find(group, element);
-        return found != nullptr ? Trimmed(*found) : std::string("(absent)");
-    }
-
-    /// The object that the library alone makes of a script, as it lies in a file.
-    static void Create(const std::string& script, CDcmCompositeIOD& object)
-    {
-        CStringArray lines;
-        std::size_t begin = 0;
-        for (std::size_t end = script.find('\n'); end != std::string::npos; end = script.find('\n', begin))
-        {
-            lines.Add(CString(std::string_view(script).substr(begin, end - begin)));
-            begin = end + 1;
-        }
-        object.CreateFromASL(lines);
-    }
-
-    /// Everything that the script made is in the file that the tool wrote, but the file meta information.
-    static void ExpectMade(const std::string& script, const std::string& file)
-    {
-        CDcmCompositeIOD made;
-        Create(Read(script), made);
-        CDcmIOD written;
-        ReadObject(file, written);
-        for (int i = 0; i < made.GetCount(); ++i)
-        {
-            const CDcmElement& element = *made.ElementStore().GetAt(i);
-            const CDcmElement* found = written.ElementStore().Find(element);
-            ASSERT_NE(found, nullptr) << static_cast<const char*>(element.Name());
-            EXPECT_TRUE(element.HasGroup(2) || *found == element ||
-                        (element.Texts() != nullptr && Trimmed(*found) == Trimmed(element)))
-                << static_cast<const char*>(element.Name());
-        }
+        std::filesystem::copy_file(ProjectFolder() / "examples" / "scripts" / name, name);
     }
 };
 
@@ -97,7 +49,6 @@ TEST_F(Build, CtFromThePhantom)
         const SRun run = Run(std::string("build -v ct-from-phantom.asl -o ct.dcm --syntax ") + syntax);
         ASSERT_EQ(run.status, 0) << run.err;
         EXPECT_TRUE(Holds(run.err, "'phantom.dcm': 1 frame"));
-        ExpectMade("ct-from-phantom.asl", "ct.dcm");
     }
     CDcmIOD phantom;
     ReadObject("phantom.dcm", phantom);
@@ -120,7 +71,6 @@ TEST_F(Build, CaptureFromPictures)
     }
     const SRun run = Run("build pictures-to-capture.asl -o capture.dcm");
     ASSERT_EQ(run.status, 0) << run.err;
-    ExpectMade("pictures-to-capture.asl", "capture.dcm");
     CDcmIOD object;
     ReadObject("capture.dcm", object);
     EXPECT_EQ(TextOf(object, 0x0002, 0x0010), kBaselineUid);

@@ -99,6 +99,7 @@ TEST_F(Dump, ReadsStandardInputByteForByte)
     Write("in.dcm", kPatient + Explicit(0x00204000, "LT", "one\r\ntwo\x1A!") + Explicit(0x00280010, "US", "\x0D\x0A"));
     const SRun run = Run("dump - <in.dcm");
     EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(Holds(run.out, "#SOURCE_FILE=\n"));
     EXPECT_TRUE(Holds(run.out, "[one\r\ntwo\x1A!,]"));
     EXPECT_TRUE(Holds(run.out, "0028,0010,US,1,Rows,[2573,]"));
 }

@@ -23,14 +23,6 @@ const std::string kTwoInOneItem = Explicit(0x00081140, "SQ", Item(kImageReferenc
 
 } // namespace
 
-TEST_F(LossReport, NothingIsSaidWhenNothingIsLost)
-{
-    const std::string kept = Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY ") + Explicit(0x00100010, "PN", "Doe") +
-                             Explicit(0x00280010, "US", LittleEndian(7, 2));
-    EXPECT_EQ(Rewrite(kept, "-s explicit"), "");
-    EXPECT_EQ(Rewrite(kept, "-v -s explicit"), "");
-}
-
 TEST_F(LossReport, OneLineSumsUpAndVerboseGivesALineAnElement)
 {
     const std::string lossy = Explicit(0x00080000, "UL", LittleEndian(4, 4)) +
@@ -48,15 +40,6 @@ TEST_F(LossReport, OneLineSumsUpAndVerboseGivesALineAnElement)
     EXPECT_TRUE(Holds(lines, ": written one element an item; items read: 2\n"));
     EXPECT_TRUE(Holds(lines, "varnotix: in.dcm: (0009,1001) Private Data Element: value of 4 bytes lost\n"));
     EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 5);
-}
-
-TEST_F(LossReport, LossesInsideSequencesHaveTheirPath)
-{
-    const std::string inner = Explicit(0x00080008, "CS", "A\\\\B ");
-    const std::string nested =
-        Explicit(0x00081140, "SQ", Item(Explicit(0x00081115, "SQ", Item(inner) + Implicit(0xFFFEE0DD, ""))));
-    EXPECT_TRUE(Holds(Rewrite(nested, "-v -s explicit"),
-                      "in.dcm: (0008,1140)>(0008,1115)>(0008,0008) Image Type: empty values are dropped\n"));
 }
 
 TEST_F(LossReport, OfGroupLengthsInItemsTheFirstGoes)

@@ -11,10 +11,7 @@ namespace
 /// The manual page as plain text: without escapes of hyphens and fonts.
 std::string ManPage()
 {
-    const char* data = std::getenv("VARNOTIX_DATA");
-    const std::filesystem::path project = std::filesystem::path(data != nullptr ? data : ".").parent_path();
-    std::ifstream file(project / "docs" / "man" / "varnotix.1", std::ios::binary);
-    const std::string source{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    const std::string source = ReadText(ProjectFolder() / "docs" / "man" / "varnotix.1");
     return std::regex_replace(std::regex_replace(source, std::regex("\\\\f[A-Z]"), ""), std::regex("\\\\-"), "-");
 }
 

@@ -67,7 +67,8 @@ TEST_F(Modules, GapsAreNamedWhereTheyAreAskedFor)
     EXPECT_EQ(LineOf(run.out, "Referenced SOP Instance UID"),
               "      Referenced SOP Instance UID (0008,1155) UI: absent");
     EXPECT_EQ(LineOf(run.out, "Patient's Name"), "    Patient's Name (0010,0010) PN: absent");
-    EXPECT_EQ(LineOf(run.out, "SOP Class UID (0008,0016"), "    SOP Class UID (0008,0016) UI: 1.2.840.10008.5.1.4.1.1.2");
+    EXPECT_EQ(LineOf(run.out, "SOP Class UID (0008,0016"),
+              "    SOP Class UID (0008,0016) UI: 1.2.840.10008.5.1.4.1.1.2");
 }
 
 TEST_F(Modules, ValuesArePrintedByTheirKind)
@@ -89,26 +90,6 @@ TEST_F(Modules, ATagThatStandsThereTwiceIsPrintedTwice)
     const SRun run = ModulesOf(kCt + Explicit(0x00100010, "PN", "One ") + Explicit(0x00100010, "PN", "Two "));
     EXPECT_TRUE(Holds(run.out, "PN: One\n"));
     EXPECT_TRUE(Holds(run.out, "PN: Two\n"));
-}
-
-TEST_F(Modules, DumpNamesTheObjectThatFitsTheSopClass)
-{
-    const std::string storage = "1.2.840.10008.5.1.4.1.1.";
-    const std::pair<std::string, std::string> kinds[] = {
-        {storage + "1", "CCRImageIOD"},          {storage + "2", "CCTImageIOD"},
-        {storage + "4", "CMRImageIOD"},          {storage + "20", "CNMImageIOD"},
-        {storage + "6.1", "CUSImageIOD"},        {storage + "3.1", "CUSMultiFrameImageIOD"},
-        {storage + "7", "CSCImageIOD"},          {storage + "7.4", "CSCMultiFrameImageIOD"},
-        {storage + "481.2", "CDcmCompositeIOD"}, {"1.2.840.10008.3.1.2.1.1", "CPatientInformationIOD"},
-    };
-    for (const auto& [uid, kind] : kinds)
-    {
-        Write("in.dcm", Part10(kExplicitUid, SopClass(uid) + Explicit(0x00091001, "LO", "own ")));
-        const SRun run = Run("dump in.dcm");
-        EXPECT_TRUE(Holds(run.out, "#SOURCE_FILE=in.dcm\n#IOD_KIND=" + kind + "\n"));
-        EXPECT_TRUE(Holds(run.out, "#COUNT=4\n"));
-    }
-    EXPECT_TRUE(Holds(Run("dump - <in.dcm").out, "#SOURCE_FILE=\n#IOD_KIND=CPatientInformationIOD\n"));
 }
 
 TEST_F(Modules, FailuresHaveTheirStatus)

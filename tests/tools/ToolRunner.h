@@ -1,14 +1,13 @@
 // Runs the built command-line host in a folder of the test's own, and builds inputs for it byte by byte.
 #pragma once
 
+#include "Programs.h"
 #include "Varnotix/Varnotix.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -108,7 +107,6 @@ protected:
     }
 
     /// As above, with the standard output going to a file or device.
-    /// @param limit a command of the shell, to run before: "ulimit -f 8".
     static SRun RunTo(const std::string& out, const std::string& arguments, const std::string& limit = "")
     {
         return RunProgram("varnotix", out, arguments, limit);
@@ -118,16 +116,8 @@ protected:
     static SRun RunProgram(const std::string& name, const std::string& out, const std::string& arguments,
                            const std::string& limit = "")
     {
-        const char* folder = std::getenv("VARNOTIX_BIN");
-        const std::filesystem::path program = std::filesystem::path(folder != nullptr ? folder : ".") / name;
-        std::string command = limit + (limit.empty() ? "\"" : " && \"") + program.string() + "\" " + arguments + " >" +
-                              out + " 2>err.txt";
-        if (std::filesystem::path::preferred_separator == '\\')
-        {
-            command = "\"" + command + "\""; // The shell there takes off the outermost quotes.
-        }
-        const int status = std::system(command.c_str());
-        return {status > 0xFF ? status >> 8 : status, std::string(), Read("err.txt")};
+        const int status = StatusOf(name, arguments, out, limit);
+        return {status, std::string(), Read("err.txt")};
     }
 
     static void Write(const std::string& name, const std::string& bytes)
@@ -137,8 +127,7 @@ protected:
 
     static std::string Read(const std::string& name)
     {
-        std::ifstream file(name, std::ios::binary);
-        std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        std::string text = ReadText(name);
         if (name == "err.txt")
         {
             std::erase(text, '\r'); // Messages have the line ends of their system.
@@ -151,6 +140,15 @@ protected:
         CFile file(name.c_str(), CFile::modeRead);
         CArchive archive(&file, CArchive::load);
         object.Serialize(archive);
+    }
+
+    /// An element's texts without the blank that makes their length even; "(absent)" without the element.
+    static std::string TextOf(const CDcmIOD& object, int group, int element)
+    {
+        const CDcmElement* found = object.ElementStore().Find(group, element);
+        CString text = found == nullptr ? CString("(absent)") : found->JoinedText();
+        text.TrimRight();
+        return std::string(text.CText());
     }
 
     /// The files in a folder that begin as temporary outputs do.
