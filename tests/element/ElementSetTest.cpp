@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <initializer_list>
-
 namespace
 {
 
@@ -79,10 +77,6 @@ TEST(ElementSetDeclare, NotesEachTagOnceInTheOrderOfDeclaration)
     EXPECT_TRUE(set.FindDeclared(2)->HasTag(0x0008, 0x103E));
     EXPECT_EQ(set.FindDeclared(-2), nullptr);
     EXPECT_EQ(set.FindDeclared(4), nullptr);
-    set.Remove("0010", "0040");
-    EXPECT_EQ(set.FindDeclared(0), nullptr);
-    set.RemoveAll();
-    EXPECT_EQ(set.DeclaredTagTexts(), 0);
 }
 
 TEST(ElementSetRemoveTags, RemovesOneElementForEachOfTheOther)
@@ -94,7 +88,6 @@ TEST(ElementSetRemoveTags, RemovesOneElementForEachOfTheOther)
     Fill(other, {MakeText(0x0010, 0x0010, ""), MakeText(0x0010, 0x0010, ""), MakeText(0x0010, 0x0030, "")});
     set.RemoveTagsOf(other);
     EXPECT_EQ(Listing(set), (Texts{"00100020=1", "00100010=C"}));
-    EXPECT_EQ(other.GetCount(), 3);
     set.RemoveTagsOf(set);
     EXPECT_TRUE(set.IsEmpty());
 }
@@ -102,116 +95,52 @@ TEST(ElementSetRemoveTags, RemovesOneElementForEachOfTheOther)
 TEST(ElementSetSharing, IsSeenByBothUntilOneTakesAFreshBody)
 {
     CDcmElementSet first;
-    first.Add(MakeText(0x0010, 0x0010, "A"));
     CDcmElementSet second;
     second.Add(MakeText(0x0010, 0x0020, "gone"));
     second.CopyByReference(first);
     second.CopyByReference(first);
-    EXPECT_TRUE(second.SharesBodyWith(first));
-    EXPECT_TRUE(first == second);
     second.Add(MakeText(0x0010, 0x0020, "1"));
-    EXPECT_EQ(first.GetCount(), 2);
-    first.EmptyValue(0x0010, 0x0020);
-    EXPECT_TRUE(second.GetAt(1)->IsEmptyValue());
+    EXPECT_EQ(Listing(first), Texts{"00100020=1"});
     first.RemoveAll();
     EXPECT_TRUE(first.IsEmpty());
-    EXPECT_EQ(second.GetCount(), 2);
-    second.DestroyContents();
-    EXPECT_TRUE(second.IsEmpty());
+    EXPECT_EQ(second.GetCount(), 1);
 }
 
-TEST(ElementSetCopy, ByValueIsDeepAndTakesTheDeclaredTags)
-{
-    CDcmElementSet source;
-    source.Declare("0010", "0010");
-    source.GetAt(0)->AddText("A");
-    CDcmElementSet copy;
-    copy.Add(MakeText(0x0010, 0x0020, "gone"));
-    copy.CopyByValue(source);
-    copy.CopyByValue(copy);
-    EXPECT_EQ(Listing(copy), Texts{"00100010=A"});
-    EXPECT_EQ(copy.FindDeclared(0), copy.GetAt(0));
-    source.GetAt(0)->AddText("B");
-    EXPECT_STREQ(copy.GetAt(0)->JoinedText(), "A");
-}
-
-TEST(ElementSetUpdate, GivesValuesToEveryElementOfATagAndAddsNone)
-{
-    CDcmElementSet target;
-    Fill(target, {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0040, "M"), MakeText(0x0010, 0x0010, "B")});
-    CDcmElementSet source;
-    Fill(source,
-         {MakeText(0x0010, 0x0010, "first"), MakeText(0x0010, 0x0010, "second"), MakeText(0x0010, 0x0020, "1")});
-    target.UpdateValuesFrom(source);
-    EXPECT_EQ(Listing(target), (Texts{"00100010=first", "00100040=M", "00100010=first"}));
-    target.UpdateValuesFrom(CDcmElementSet());
-    target.UpdateValuesFrom(target);
-    EXPECT_EQ(target.GetCount(), 3);
-}
-
-TEST(ElementSetMerge, PutsNewTagsInFrontAndUpdatesTheOthers)
+TEST(ElementSetMerge, PutsNewTagsInFrontOfABodyOfItsOwn)
 {
     CDcmElementSet target;
     Fill(target, {MakeText(0x0010, 0x0020, "1"), MakeText(0x0008, 0x0060, "CT")});
+    CDcmElementSet sharing;
+    sharing.CopyByReference(target);
     CDcmElementSet source;
     Fill(source, {MakeText(0x0020, 0x0010, "S"), MakeText(0x0008, 0x0060, "MR"), MakeText(0x0010, 0x0010, "A"),
                   MakeText(0x0008, 0x0060, "NM")});
     target.Merge(source);
-    EXPECT_EQ(Listing(target), (Texts{"00200010=S", "00100010=A", "00100020=1", "00080060=MR"}));
-    EXPECT_EQ(source.GetCount(), 4);
     target.Merge(target);
-    EXPECT_EQ(target.GetCount(), 4);
-    EXPECT_EQ(target.Find(0x0010, 0x0020), target.GetAt(2));
-}
-
-TEST(ElementSetMerge, LeavesTheBodyThatOthersShare)
-{
-    CDcmElementSet target;
-    target.Add(MakeText(0x0010, 0x0010, "A"));
-    CDcmElementSet sharing;
-    sharing.CopyByReference(target);
-    CDcmElementSet source;
-    Fill(source, {MakeText(0x0010, 0x0010, "B"), MakeText(0x0010, 0x0020, "1")});
-    target.Merge(source);
-    EXPECT_EQ(Listing(sharing), Texts{"00100010=A"});
-    EXPECT_EQ(Listing(target), (Texts{"00100020=1", "00100010=B"}));
+    EXPECT_EQ(Listing(target), (Texts{"00200010=S", "00100010=A", "00100020=1", "00080060=MR"}));
+    EXPECT_EQ(Listing(sharing), (Texts{"00100020=1", "00080060=CT"}));
 }
 
 TEST(ElementSetEquality, IgnoresOrderButMatchesEachElementOnce)
 {
     CDcmElementSet left;
-    Fill(left, {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0010, "B"), MakeText(0x0010, 0x0010, "A"),
-                MakeText(0x0008, 0x0060, "CT")});
+    Fill(left, {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0010, "B"), MakeText(0x0010, 0x0010, "A")});
     CDcmElementSet right;
-    Fill(right, {MakeText(0x0008, 0x0060, "CT"), MakeText(0x0010, 0x0010, "B"), MakeText(0x0010, 0x0010, "A"),
-                 MakeText(0x0010, 0x0010, "A")});
+    Fill(right, {MakeText(0x0010, 0x0010, "B"), MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0010, "A")});
     EXPECT_TRUE(left == right);
-    EXPECT_TRUE(right == left);
-    EXPECT_EQ(left.GetAt(0)->Tag(), 0x00100010U); // Comparing sorts nothing.
-    right.GetAt(3)->AddText("B");
+    right.GetAt(2)->AddText("B");
     EXPECT_FALSE(left == right);
     EXPECT_FALSE(right == left);
-    right.Remove(right.GetAt(3));
+    right.Remove(right.GetAt(2));
     EXPECT_FALSE(left == right);
-    EXPECT_TRUE(CDcmElementSet() == CDcmElementSet());
-    EXPECT_FALSE(CDcmElementSet() == left);
 }
 
-TEST(ElementSetItems, OfABoundSequenceKeepDeclaredElementsWhenTheyAreReplaced)
+TEST(ElementSetItems, AreNotBoundToATagThatIsNoSequence)
 {
-    CDcmElementSet member;
-    member.Declare("0008", "1150");
-    member.Declare("0008", "1155");
     CDcmElementSet set;
-    set.BindSequence("0008", "1120", member);
-    set.BindSequence("0010", "0010", member); // No sequence: added, not bound.
-    EXPECT_TRUE(set.GetAt(0)->Items()->SharesBodyWith(member));
-    EXPECT_EQ(set.GetAt(1)->Items(), nullptr);
+    CDcmElementSet member;
+    set.BindSequence("0010", "0010", member);
+    ASSERT_EQ(set.GetCount(), 1);
+    EXPECT_EQ(set.GetAt(0)->Items(), nullptr);
     EXPECT_EQ(set.DeclaredTagTexts(), 0);
-
-    CDcmElementSet items;
-    Fill(items, {MakeText(0x0008, 0x1199, "x"), MakeText(0x0008, 0x1155, "1.2")});
-    set.GetAt(0)->SetItems(items);
-    EXPECT_EQ(Listing(member), (Texts{"00081150=", "00081155=1.2", "00081199="}));
-    EXPECT_STREQ(member.FindDeclared(2)->JoinedText(), "1.2");
 }

@@ -19,21 +19,12 @@ CDcmElement WithoutVm(int element, const char* vr)
 TEST(Element, OfAnUnknownTagKeepsRawBytesOnly)
 {
     CDcmElement unknown(0x0008, 0x7771, Bytes({'A', 'B'}));
-    EXPECT_FALSE(unknown.HasEntry());
     EXPECT_EQ(unknown.Vr(), static_cast<int>(VR_UNKNOWN));
-    EXPECT_EQ(unknown.Vm(), 0);
-    EXPECT_TRUE(unknown.Name().IsEmpty());
     EXPECT_EQ(unknown.RawBytes().Size(), 2U);
     EXPECT_FALSE(unknown.AddText("A"));
     EXPECT_FALSE(unknown.IsEmptyValue());
-    unknown.Encode();
-    EXPECT_EQ(unknown.EncodedSize(), 0U);
-
     // A forced VR does not make up for the missing entry.
-    CDcmElement forced(0x0008, 0x7771, VR_LO);
-    EXPECT_STREQ(forced.VrName(), "LO");
-    EXPECT_FALSE(forced.AddText("A"));
-    EXPECT_EQ(forced.Texts(), nullptr);
+    EXPECT_FALSE(CDcmElement(0x0008, 0x7771, VR_LO).AddText("A"));
 }
 
 TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityTells)
@@ -85,23 +76,14 @@ TEST(Setters, RefuseAKindOfValueThatTheVrDoesNotHold)
     CDcmElement text(0x0010, 0x0010);
     text.AddText("DOE");
     EXPECT_FALSE(text.AddWord(1));
-    EXPECT_FALSE(text.AddInteger(1));
-    EXPECT_FALSE(text.AddDouble(1));
     EXPECT_FALSE(text.SetBytes(Bytes({1})));
     EXPECT_FALSE(text.SetItems(CDcmElementSet()));
-    EXPECT_EQ(text.Words(), nullptr);
     EXPECT_STREQ(text.JoinedText(), "DOE");
-
     CDcmElement number(0x0018, 0x9079); // FD
     EXPECT_FALSE(number.AddText("1"));
     EXPECT_FALSE(number.AddFloat(1));
-    EXPECT_FALSE(number.SetWords(CWordArray()));
-    EXPECT_TRUE(number.IsEmptyValue());
-    EXPECT_FALSE(CDcmElement(0x0018, 0x1638).AddFloat(1)); // OF takes whole arrays only.
-
-    CDcmElement unknown(0x0072, 0x006D); // UN
-    EXPECT_FALSE(unknown.AddText("1"));
-    EXPECT_FALSE(unknown.SetBytes(Bytes({1})));
+    EXPECT_FALSE(CDcmElement(0x0018, 0x1638).AddFloat(1));          // OF takes whole arrays only.
+    EXPECT_FALSE(CDcmElement(0x0072, 0x006D).SetBytes(Bytes({1}))); // UN
 }
 
 TEST(Setters, PutAnIntegerIntoEachVrThatHoldsIntegers)
@@ -115,20 +97,6 @@ TEST(Setters, PutAnIntegerIntoEachVrThatHoldsIntegers)
     CDcmElement bytes(0x0002, 0x0001);
     EXPECT_TRUE(bytes.AddInteger(0x12345678));
     EXPECT_EQ(Numbers(*bytes.Bytes()), Numbers(Bytes({0x78, 0x56, 0x34, 0x12})));
-}
-
-TEST(Setters, AddAFrameToObPixelDataAndRefuseOwPixelData)
-{
-    CDcmElement pixels(0x7FE0, 0x0010, VR_OB);
-    EXPECT_TRUE(pixels.SetBytes(Bytes({1, 2})));
-    EXPECT_TRUE(pixels.SetBytes(Bytes({3})));
-    ASSERT_EQ(pixels.Frames()->GetCount(), 2);
-    EXPECT_EQ(pixels.Frames()->GetFrame(1)->Number(), 1);
-    EXPECT_EQ(pixels.Bytes(), nullptr);
-    CDcmElement words(0x7FE0, 0x0010, VR_OW);
-    EXPECT_FALSE(words.SetBytes(Bytes({1, 2})));
-    EXPECT_EQ(words.Words(), nullptr);
-    EXPECT_EQ(words.Frames()->GetCount(), 0);
 }
 
 TEST(Setters, TakeAnElementsOwnArray)
@@ -153,7 +121,6 @@ TEST(Assignment, TakesRawBytesFlagAndValueButNeverTheTag)
     CDcmElement target(0x0010, 0x1001); // PN without bound on values.
     target = source;
     EXPECT_TRUE(target.HasTag(0x0010, 0x1001));
-    EXPECT_EQ(target.Vm(), -1);
     EXPECT_TRUE(target.IsRead());
     EXPECT_STREQ(target.JoinedText(), "DOE^JOHN");
     EXPECT_EQ(target.RawBytes().Text(), "DOE^JOHN");
@@ -205,12 +172,6 @@ TEST(Assignment, OfPixelDataTakesVrAndFrames)
         EXPECT_TRUE(target == words);
         EXPECT_EQ(target.Frames()->OffsetTable().GetSize(), 4);
     }
-    // Other words are no frames.
-    CDcmElement table(0x0028, 0x1201, Bytes({1, 0}));
-    words = table;
-    CDcmElement next(0x7FE0, 0x0010, VR_OW);
-    next = words;
-    EXPECT_EQ(next.Frames()->GetFrame(0)->Size(), 4U);
 }
 
 TEST(Assignment, OfASequenceCopiesItemsOfTheSameTagOnly)
@@ -236,7 +197,6 @@ TEST(Equality, ComparesTagVrAndTypedValueOnly)
     EXPECT_TRUE(read == set);
     set.AddText("doe");
     EXPECT_FALSE(read == set);
-    EXPECT_FALSE(CDcmElement(0x0010, 0x0010) == CDcmElement(0x0010, 0x0020));
     EXPECT_FALSE(CDcmElement(0x0010, 0x0010) == CDcmElement(0x0010, 0x0010, VR_LO));
     EXPECT_TRUE(CDcmElement(0x0028, 0x0010, Bytes({1, 0, 9})) == CDcmElement(0x0028, 0x0010, Bytes({1, 0})));
     // The padding byte of a UID is no part of it.
@@ -246,17 +206,9 @@ TEST(Equality, ComparesTagVrAndTypedValueOnly)
     EXPECT_TRUE(read == CDcmElement(0x0010, 0x0010));
 }
 
-TEST(Equality, OfNumbersIsExact)
+TEST(Equality, OfWhatIsNoNumberHoldsWithItselfOnly)
 {
-    CDcmElement left(0x0018, 0x9079);
-    CDcmElement right(0x0018, 0x9079);
-    left.AddDouble(0.0);
-    right.AddDouble(-0.0);
-    EXPECT_TRUE(left == right);
-    right.AddDouble(1);
-    EXPECT_FALSE(left == right);
-    CDcmElement notANumber(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x7F}));
-    const CDcmElement again(notANumber);
-    EXPECT_FALSE(notANumber == again);
+    const CDcmElement notANumber(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x7F}));
+    EXPECT_FALSE(notANumber == CDcmElement(notANumber));
     EXPECT_TRUE(notANumber == notANumber);
 }

@@ -13,21 +13,9 @@ std::vector<std::string> TextsOf(int group, int element, std::string_view value)
     return Lines(*made.Texts());
 }
 
-template <class ARRAY>
-auto Values(const ARRAY* array)
-{
-    return std::vector(array->begin(), array->end());
-}
-
 using Texts = std::vector<std::string>;
 
 } // namespace
-
-TEST(RawText, IsSplitAtBackslashesUnlessThereIsOneValueOnly)
-{
-    EXPECT_EQ(TextsOf(0x0008, 0x0008, "ORIGINAL\\PRIMARY"), (Texts{"ORIGINAL", "PRIMARY"}));
-    EXPECT_EQ(TextsOf(0x0008, 0x0060, "ORIGINAL\\PRIMARY"), (Texts{"ORIGINAL\\PRIMARY"}));
-}
 
 TEST(RawText, KeepsEmptyValuesButTheLast)
 {
@@ -38,18 +26,13 @@ TEST(RawText, KeepsEmptyValuesButTheLast)
     EXPECT_EQ(TextsOf(0x0008, 0x0008, "\\"), (Texts{""}));
 }
 
-TEST(RawNumbers, AreLittleEndianAndAPartialLastOneIsDropped)
+TEST(RawNumbers, DropAPartialLastOne)
 {
-    EXPECT_EQ(Values(CDcmElement(0x0028, 0x0010, Bytes({1, 2, 3})).Words()), std::vector<WORD>{0x0201});
-    EXPECT_EQ(Values(CDcmElement(0x0028, 0x0010, Bytes({1})).Words()), std::vector<WORD>{});
-    EXPECT_EQ(Values(CDcmElement(0x0000, 0x0901, Bytes({8, 0, 5, 0})).Words()), (std::vector<WORD>{8, 5})); // AT
-    EXPECT_EQ(Values(CDcmElement(0x0018, 0x6020, Bytes({0xFE, 0xFF, 0xFF, 0xFF, 1, 2, 3})).Integers()),
-              std::vector<UINT>{0xFFFFFFFE});
-    EXPECT_EQ(Values(CDcmElement(0x0018, 0x605A, Bytes({0, 0, 0xC0, 0x3F, 0, 0, 0x80})).Floats()),
-              std::vector<float>{1.5F});
-    EXPECT_EQ(Values(CDcmElement(0x0018, 0x1638, Bytes({0, 0, 0, 0x40})).Floats()), std::vector<float>{2}); // OF
-    EXPECT_EQ(Values(CDcmElement(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 4, 0xC0, 1})).Doubles()),
-              std::vector<double>{-2.5});
+    EXPECT_EQ(CDcmElement(0x0028, 0x0010, Bytes({1})).Words()->GetSize(), 0);
+    EXPECT_EQ(CDcmElement(0x0028, 0x0010, Bytes({1, 2, 3})).Words()->GetSize(), 1);
+    EXPECT_EQ(CDcmElement(0x0018, 0x6020, Bytes({1, 2, 3, 4, 5, 6, 7})).Integers()->GetSize(), 1);
+    EXPECT_EQ(CDcmElement(0x0018, 0x605A, Bytes({1, 2, 3, 4, 5, 6, 7})).Floats()->GetSize(), 1);
+    EXPECT_EQ(CDcmElement(0x0018, 0x9079, Bytes({1, 2, 3, 4, 5, 6, 7, 8, 9})).Doubles()->GetSize(), 1);
 }
 
 TEST(RawBytes, OfNoLengthChangeNothing)
@@ -62,8 +45,6 @@ TEST(RawBytes, OfNoLengthChangeNothing)
 
 TEST(Emptiness, OfTextsMeansThatEveryTextIsEmpty)
 {
-    EXPECT_TRUE(CDcmElement(0x0008, 0x0008).IsEmptyValue());
-    EXPECT_TRUE(CDcmElement(0x0008, 0x0008, TextBytes("\\\\")).IsEmptyValue());
     EXPECT_FALSE(CDcmElement(0x0008, 0x0008, TextBytes("\\\\A")).IsEmptyValue());
     EXPECT_FALSE(CDcmElement(0x0010, 0x0010, TextBytes("\\")).IsEmptyValue());
     CDcmElement type(0x0008, 0x0008, TextBytes("\\\\"));
