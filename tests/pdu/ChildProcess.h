@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
-#include <sstream>
 #include <string>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,16 +14,7 @@ inline constexpr int kWaitMilliseconds = 30000;
 
 inline bool IsInstalled(const std::string& program)
 {
-    const char* path = std::getenv("PATH");
-    std::istringstream folders(path != nullptr ? path : "");
-    for (std::string folder; std::getline(folders, folder, ':');)
-    {
-        if (access((folder + "/" + program).c_str(), X_OK) == 0)
-        {
-            return true;
-        }
-    }
-    return false;
+    return std::system(("which " + program + " >/dev/null").c_str()) == 0;
 }
 
 /// A program whose output and errors come through one pipe. It is killed with the object.

@@ -112,14 +112,3 @@ inline CByteArray AbortBytes()
     return Bytes({0x07, 0x00, 0x00, 0x00, 0x00, 0x04, // PDU type 7, reserved, PDU length 4
                   0x00, 0x00, 0x02, 0x06});           // reserved, reserved, source 2, reason 6
 }
-
-inline std::vector<CByteArray> AllGoldenPdus()
-{
-    return {RequestBytes(),
-            AcceptBytes(),
-            RejectBytes(),
-            DataBytes(),
-            ReleaseBytes(PDU_RELEASE_RQ),
-            ReleaseBytes(PDU_RELEASE_RP),
-            AbortBytes()};
-}
