@@ -51,30 +51,23 @@ CObList List(std::initializer_list<CObject*> objects)
 
 } // namespace
 
-TEST(PixelModule, AddsBytesAsFramesToByteDataOnly)
+TEST(PixelModule, AddsBytesToByteDataOnlyAndWordsToAny)
 {
     CDcmImagePixelModule module;
     PixelData(module).ForcePixelVr(VR_OB);
     module.SetPixelData(Bytes({1, 2}));
     module.SetPixelData(Bytes({3}));
     EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}}));
-    EXPECT_EQ(PixelData(module).Frames()->GetFrame(0)->Number(), 0);
     EXPECT_EQ(PixelData(module).Frames()->GetFrame(1)->Number(), 1);
     PixelData(module).ForcePixelVr(VR_OW);
     module.SetPixelData(Bytes({4}));
     EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}}));
     EXPECT_EQ(PixelData(module).Vr(), VR_OW);
-}
-
-TEST(PixelModule, AddsWordsLowByteFirstAndMakesTheVrOw)
-{
-    CDcmImagePixelModule module;
+    // Words are added low byte first, and make the VR OW.
     PixelData(module).ForcePixelVr(VR_OB);
-    module.SetPixelData(Bytes({1}));
     module.SetPixelData(Words({0x0102, 0x0304}));
-    EXPECT_EQ(FramesOf(module), (Frames{{1}, {2, 1, 4, 3}}));
+    EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}, {2, 1, 4, 3}}));
     EXPECT_EQ(PixelData(module).Vr(), VR_OW);
-    EXPECT_EQ(PixelData(module).Frames()->GetFrame(1)->Number(), 1);
 }
 
 TEST(PixelModule, ReplacesAllFramesByAListOfOneKind)
