@@ -8,56 +8,14 @@
 namespace
 {
 
-/// Opens InitializeIod.
-template <class IOD>
-class CAgain : public IOD
-{
-public:
-    using IOD::InitializeIod;
-};
-
 std::string ModuleNames(const CDcmIOD& iod)
 {
     std::string names;
     for (int i = 0; i < iod.ModuleCount(); ++i)
     {
-        std::string name(iod.ModuleAt(i).GetRuntimeClass()->m_lpszClassName);
-        names += (i > 0 ? " " : "") + name.substr(4, name.size() - 4 - 6); // Without CDcm and Module.
+        names += std::string(iod.ModuleAt(i).GetRuntimeClass()->m_lpszClassName) + " ";
     }
     return names;
-}
-
-/// Registered once, registered again, and made by its run-time class: always the same modules in the same order.
-template <class IOD>
-void ExpectModules(const std::string& expected)
-{
-    CAgain<IOD> iod;
-    EXPECT_EQ(ModuleNames(iod), expected);
-    iod.InitializeIod();
-    EXPECT_EQ(ModuleNames(iod), expected);
-    const std::unique_ptr<CObject> made(iod.GetRuntimeClass()->CreateObject());
-    ASSERT_NE(dynamic_cast<IOD*>(made.get()), nullptr);
-    EXPECT_EQ(ModuleNames(static_cast<const CDcmIOD&>(*made)), expected);
-}
-
-const std::string kStart = "MetaFileInfor ";
-const std::string kPatient = "Patient ClinicalTrialSubject ";
-const std::string kStudy = "GeneralStudy ClinicalTrialStudy PatientStudy ";
-const std::string kEquipment = "GeneralEquipment ";
-const std::string kSeries = "GeneralSeries ClinicalTrialSeries ";
-const std::string kImage = "GeneralImage ImagePixel SOPCommon ";
-
-/// An object as it comes from elsewhere: no class of this library's typed ones.
-CByteArray Stream(std::initializer_list<CDcmElement*> elements)
-{
-    CDcmIOD iod;
-    for (CDcmElement* element : elements)
-    {
-        iod.ElementStore().Add(element);
-    }
-    CByteArray bytes;
-    iod.ExportFileFormat(bytes);
-    return bytes;
 }
 
 CByteArray Stream(CDcmIOD& iod)
@@ -65,6 +23,14 @@ CByteArray Stream(CDcmIOD& iod)
     CByteArray bytes;
     iod.ExportFileFormat(bytes);
     return bytes;
+}
+
+/// An object as it comes from elsewhere: no class of this library's typed ones.
+CByteArray Stream(std::initializer_list<CDcmElement*> elements)
+{
+    CDcmIOD iod;
+    Fill(iod.ElementStore(), elements);
+    return Stream(iod);
 }
 
 CByteArray CtStream()
@@ -81,38 +47,6 @@ CString TextOf(const CDcmIOD& iod, int group, int element)
 }
 
 } // namespace
-
-TEST(TypedIod, RegistersItsModulesInOrderAndOnce)
-{
-    const std::string common = kStart + kPatient + kStudy;
-    ExpectModules<CDcmCompositeIE>("MetaFileInfor");
-    ExpectModules<CDcmCompositeIEIOD>(common + kEquipment + "GeneralSeries ClinicalTrialSeries");
-    const std::string slice =
-        common + kEquipment + kSeries + "FrameOfReference " + kImage + "ImagePlane ContrastBolus OverLayPlane VioLut ";
-    ExpectModules<CCTImageIOD>(slice + "CTImage");
-    ExpectModules<CMRImageIOD>(slice + "MRImage");
-    ExpectModules<CCRImageIOD>(kStart + kPatient + kEquipment + kStudy + kSeries + "CRSeries " + kImage +
-                               "ContrastBolus CRImage OverLayPlane Curve ModalityLUT VioLut");
-    ExpectModules<CNMImageIOD>(common + kSeries + "NMPetOrientation FrameOfReference " + kEquipment + kImage +
-                               "NMImagePixel MultiFrame NMMultiFrame NMImage NMIsotope NMDetector NMTomo NMMultiGated "
-                               "NMPhase NMReconstruction OverLayPlane MultiFrameOverlay Curve VioLut");
-    const std::string ultrasound = common + kSeries + kEquipment +
-                                   "FrameOfReference USFrameOfReference Synchronization CurveIdentification Curve "
-                                   "Audio";
-    ExpectModules<CUltraSoundIOD>(ultrasound);
-    const std::string usImage =
-        ultrasound + " " + kImage + "ContrastBolus PalleteColorLookUp USRegionCalibration USImage VioLut ";
-    ExpectModules<CUSImageIOD>(usImage + "OverLayPlane");
-    ExpectModules<CUSMultiFrameImageIOD>(usImage + "Cine MultiFrame");
-    const std::string capture = common + kSeries + kEquipment + "SCEquipment";
-    ExpectModules<CSecondaryCaptureIOD>(capture);
-    ExpectModules<CSCImageIOD>(capture + " " + kImage + "SCImage OverLayPlane ModalityLUT VioLut");
-    ExpectModules<CSCMultiFrameImageIOD>(
-        capture + " " + kImage + "Cine MultiFrame SCMultiFrameImage SCMultiFrameVector SCImage OverLayPlane VioLut");
-    ExpectModules<CDcmNormalizedIOD>("SOPCommon MetaFileInfor");
-    ExpectModules<CPatientInformationIOD>("SOPCommon MetaFileInfor PatientRelationship PatientIdentification "
-                                          "PatientDemographic PatientMedical");
-}
 
 TEST(TypedIod, EmptyModuleElementsRemoveNothingUnlessTheyAreIncluded)
 {
@@ -144,11 +78,8 @@ TEST(TypedIod, UpdatesAStoreThatIsOutOfOrderOrRepeatsATag)
     CDcmCompositeIEIOD iod;
     iod.Module<CDcmPatientModule>().PatientName("N");
     iod.Module<CDcmGeneralStudyModule>().StudyID("S");
-    for (CDcmElement* element : {MakeText(0x0028, 0x0004, "RGB"), MakeText(0x0010, 0x0010, "A"),
-                                 MakeText(0x0010, 0x0010, "B"), MakeText(0x0008, 0x1030, "HEAD")})
-    {
-        iod.ElementStore().Add(element);
-    }
+    Fill(iod.ElementStore(), {MakeText(0x0028, 0x0004, "RGB"), MakeText(0x0010, 0x0010, "A"),
+                              MakeText(0x0010, 0x0010, "B"), MakeText(0x0008, 0x1030, "HEAD")});
     for (int round = 0; round < 2; ++round)
     {
         iod.UpdateIod(true);
@@ -163,10 +94,6 @@ TEST(TypedIod, IsMadeOfAGenericObject)
     generic.Import(CtStream());
     CCTImageIOD ct(generic);
     EXPECT_STREQ(ct.Module<CDcmCTImageModule>().KVP(), "80");
-    CDcmCompositeIEIOD composite(generic);
-    EXPECT_STREQ(composite.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
-    EXPECT_EQ(composite.ModuleCount(), 10 - 1);
-    EXPECT_TRUE(CDcmCompositeIE(generic) == CDcmCompositeIE(generic));
     EXPECT_STREQ(CPatientInformationIOD(generic).PatientIdentification().PatientName(), "DOE^JANE");
 
     // Its own modules are registered again, whatever became of the list.
@@ -177,19 +104,14 @@ TEST(TypedIod, IsMadeOfAGenericObject)
     mr.Entity<CDcmCompositeIE::image_ie_mr>().DetachIE();
     mr = static_cast<const CDcmCompositeIOD&>(ct);
     EXPECT_EQ(ModuleNames(mr), ModuleNames(CMRImageIOD()));
-    EXPECT_STREQ(mr.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
     EXPECT_TRUE(static_cast<CDcmIOD&>(mr) == ct);
 
     // Nothing of one object may be written as the next one's.
     CPatientInformationIOD patient(generic);
-    CDcmCompositeIE meta(generic);
-    meta.MetaFileInformation().MediaInstanceUID("1.2");
     ct = CDcmCompositeIOD();
     patient = CDcmCompositeIOD();
-    meta = CDcmCompositeIOD();
     EXPECT_TRUE(ct.Module<CDcmCTImageModule>().KVP().IsEmpty());
     EXPECT_TRUE(patient.PatientIdentification().PatientName().IsEmpty());
-    EXPECT_TRUE(meta.MetaFileInformation().MediaInstanceUID().IsEmpty());
 }
 
 TEST(TypedIod, CopyTakesModuleValuesThatAreNotInTheStore)
@@ -203,15 +125,9 @@ TEST(TypedIod, CopyTakesModuleValuesThatAreNotInTheStore)
     EXPECT_STREQ(copy.Module<CDcmCTImageModule>().GantryDetectorTilt(), "5");
     EXPECT_STREQ(copy.Module<CDcmPatientModule>().PatientName(), "DOE^JANE");
     EXPECT_STREQ(copy.MetaFileInformation().MediaInstanceUID(), "1.2");
-    EXPECT_EQ(&copy.ModuleAt(1), &copy.Module<CDcmPatientModule>());
     EXPECT_EQ(copy.ModuleAt(1).Owner(), &copy);
     copy = *&copy;
     EXPECT_STREQ(copy.Module<CDcmCTImageModule>().GantryDetectorTilt(), "5");
-
-    CPatientInformationIOD patient;
-    patient.PatientIdentification().PatientName("RO");
-    CPatientInformationIOD other(patient);
-    EXPECT_STREQ(other.PatientIdentification().PatientName(), "RO");
 }
 
 TEST(TypedIod, DifferenceInMetaInformationAloneIsNeitherEqualNorUnequal)
@@ -241,11 +157,10 @@ TEST(NormalizedIod, MergesWhatIsNotEmptyWhateverTheMode)
         patient.EmptyElements(mode);
         CDcmIOD written;
         written.Import(Stream(patient));
-        EXPECT_EQ(written.GetCount(), 5) << mode;
-        EXPECT_STREQ(TextOf(written, 0x0008, 0x0018), "1.22");
-        EXPECT_STREQ(TextOf(written, 0x0010, 0x0010), "RO");
-        EXPECT_STREQ(TextOf(written, 0x0010, 0x0020), "99");
-        EXPECT_STREQ(TextOf(written, 0x0028, 0x0004), "RB");
+        EXPECT_EQ(
+            Listing(written.ElementStore()),
+            (std::vector<std::string>{"00080018=1.22", "00100010=RO", "00100020=99", "00102000=ALERT ", "00280004=RB"}))
+            << mode;
     }
 }
 
@@ -261,14 +176,6 @@ protected:
         }
         m_iod.ElementStore().Add(MakeText(0x0008, 0x0060, "CT"));
         m_iod.ElementStore().Add(MakeSequence(0x0008, 0x1120, {MakeText(0x0010, 0x0010, "NESTED")}));
-        m_iod.UpdateIod(false);
-    }
-
-    void ExpectTheRestIsThere()
-    {
-        EXPECT_STREQ(TextOf(m_iod, 0x0008, 0x0060), "CT");
-        EXPECT_STREQ(m_iod.ElementStore().Find(0x0008, 0x1120)->Items()->Find(0x0010, 0x0010)->JoinedText(), "NESTED");
-        EXPECT_STREQ(m_iod.Module<CDcmPatientModule>().PatientName(), "WHO");
         m_iod.UpdateIod(false);
     }
 
@@ -289,16 +196,13 @@ TEST_F(Anonymisation, ReplacesEveryElementThatIsThere)
         EXPECT_STREQ(element != nullptr ? element->JoinedText() : CString("X"), "X") << tag.group << tag.element;
     }
     EXPECT_EQ(m_iod.ElementStore().Find(0x0010, 0x1000), nullptr);
-    ExpectTheRestIsThere();
+    EXPECT_STREQ(TextOf(m_iod, 0x0008, 0x0060), "CT");
+    EXPECT_STREQ(m_iod.ElementStore().Find(0x0008, 0x1120)->Items()->Find(0x0010, 0x0010)->JoinedText(), "NESTED");
+    EXPECT_STREQ(m_iod.Module<CDcmPatientModule>().PatientName(), "WHO");
+    m_iod.UpdateIod(false);
     EXPECT_STREQ(m_iod.Module<CDcmPatientModule>().PatientName(), "X");
-}
-
-TEST_F(Anonymisation, RemovesEveryElementForAnEmptyText)
-{
-    m_iod.ElementStore().Remove(0x0010, 0x1000);
     m_iod.Anonymize55("");
     EXPECT_EQ(Listing(m_iod.ElementStore()), (std::vector<std::string>{"00080060=CT", "00081120="}));
-    ExpectTheRestIsThere();
 }
 
 TEST_F(Anonymisation, OverlooksNeitherARepeatedElementNorOneOfAnotherVr)
