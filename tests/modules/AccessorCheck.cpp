@@ -75,27 +75,6 @@ bool IsNamedForItsAttribute(const CString& className, const SAccessorRow& row, c
     return found != PageLines().end() && found->starts_with(start);
 }
 
-void CheckText(const CDcmAttributeSet& object, const CDcmAttributeSet& fresh, const SAccessorRow& row)
-{
-    CStringArray lines;
-    CStringArray freshLines;
-    object.Export(lines);
-    fresh.Export(freshLines);
-    CString start(row.group + "," + row.element + ",");
-    start.MakeLower();
-    ASSERT_EQ(lines.GetSize(), freshLines.GetSize());
-    int differing = 0;
-    for (int i = 0; i < lines.GetSize(); ++i)
-    {
-        if (lines[i] != freshLines[i])
-        {
-            ++differing;
-            EXPECT_TRUE(lines[i].View().starts_with(start.View())) << lines[i].CText();
-        }
-    }
-    EXPECT_EQ(differing, 1) << row.name;
-}
-
 void WriteAndRead(const CDcmElementSet& values, CDcmElementSet& target)
 {
     CDcmIOD iod;
@@ -111,4 +90,14 @@ void WriteAndRead(const CDcmElementSet& values, CDcmElementSet& target)
     const CDcmElement* read = again.ElementStore().Find(0x0008, 0x1140);
     ASSERT_NE(read, nullptr);
     target.ReplaceItems(*read->Items());
+}
+
+void CheckDeclaration(const CDcmElementSet& set)
+{
+    EXPECT_TRUE(set.IsEmptyOfValues());
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        EXPECT_TRUE(set.GetAt(i)->HasEntry()) << set.GetAt(i)->GroupText().CText();
+        EXPECT_TRUE(i == 0 || set.GetAt(i - 1)->Tag() < set.GetAt(i)->Tag());
+    }
 }

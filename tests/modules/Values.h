@@ -23,9 +23,9 @@ inline CWordArray Words(std::initializer_list<WORD> values)
 
 inline void AddNumbers(std::string& text, const auto* values)
 {
-    for (const auto value : *values)
+    for (int i = 0; values != nullptr && i < values->GetSize(); ++i)
     {
-        text += std::to_string(value) + " ";
+        text += std::to_string((*values)[i]) + " ";
     }
 }
 
@@ -50,29 +50,17 @@ inline std::string Values(const CDcmElementSet& set)
             text += element.JoinedText().CText();
             text += " ";
         }
-        else if (element.Words() != nullptr)
+        else if (element.Frames() != nullptr)
         {
-            AddNumbers(text, element.Words());
-        }
-        else if (element.Integers() != nullptr)
-        {
-            AddNumbers(text, element.Integers());
-        }
-        else if (element.Bytes() != nullptr)
-        {
-            AddNumbers(text, element.Bytes());
-        }
-        else if (element.Floats() != nullptr)
-        {
-            AddNumbers(text, element.Floats());
-        }
-        else if (element.Doubles() != nullptr)
-        {
-            AddNumbers(text, element.Doubles());
+            text += "(pixels) ";
         }
         else
         {
-            text += "(pixels) ";
+            AddNumbers(text, element.Words());
+            AddNumbers(text, element.Integers());
+            AddNumbers(text, element.Bytes());
+            AddNumbers(text, element.Floats());
+            AddNumbers(text, element.Doubles());
         }
     }
     return text;
