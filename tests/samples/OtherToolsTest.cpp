@@ -1,11 +1,14 @@
 // What independent tools make of the files that the library writes.
 #if !defined(_WIN32)
 
+#include "Jpeg.h"
 #include "Sample.h"
+#include "Varnotix/iod/DcmCompositeIOD.h"
 #include "Varnotix/platform/Archive.h"
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <sstream>
 
 namespace
@@ -36,6 +39,11 @@ SOutput Run(const std::string& command)
 bool IsInstalled(const char* tool)
 {
     return Run("which " + std::string(tool)).status == 0;
+}
+
+bool AreBothInstalled()
+{
+    return IsInstalled("dcmdump") && IsInstalled("gdcmdump");
 }
 
 void Save(CDcmIOD& object, const std::string& path)
@@ -81,17 +89,26 @@ std::string DifferentTags(const std::string& left, const std::string& right)
 {
     const auto before = TopLevelValues(left);
     const auto after = TopLevelValues(right);
-    std::map<std::string, std::string> all(before);
-    all.insert(after.begin(), after.end());
-    std::string text;
-    for (const auto& [tag, value] : all)
+    std::set<std::string> tags;
+    for (const auto& [tag, value] : before)
     {
-        const auto was = before.find(tag);
-        const auto is = after.find(tag);
-        if (was == before.end() || is == after.end() || was->second != is->second)
+        const auto found = after.find(tag);
+        if (found == after.end() || found->second != value)
         {
-            text += (text.empty() ? "" : " ") + tag;
+            tags.insert(tag);
         }
+    }
+    for (const auto& [tag, value] : after)
+    {
+        if (before.count(tag) == 0)
+        {
+            tags.insert(tag);
+        }
+    }
+    std::string text;
+    for (const std::string& tag : tags)
+    {
+        text += (text.empty() ? "" : " ") + tag;
     }
     return text;
 }
@@ -141,7 +158,7 @@ const std::map<std::string, SQuestion> kQuestions = {
 TEST(SampleOtherTools, ReadWhatTheLibraryWritesAndShowTheSameValues)
 {
     SKIP_WITHOUT_SAMPLES();
-    if (!IsInstalled("dcmdump") || !IsInstalled("gdcmdump"))
+    if (!AreBothInstalled())
     {
         GTEST_SKIP() << "dcmdump and gdcmdump are not installed";
     }
@@ -166,6 +183,50 @@ TEST(SampleOtherTools, ReadWhatTheLibraryWritesAndShowTheSameValues)
             EXPECT_EQ(DifferentTags(SampleFolder() + "/" + name, path), question.tags) << name;
         }
     }
+    std::remove(path.c_str());
+}
+
+TEST(OtherTools, ReadAnObjectThatAScriptBuiltFromPictures)
+{
+    if (!AreBothInstalled())
+    {
+        GTEST_SKIP() << "dcmdump and gdcmdump are not installed";
+    }
+    const std::vector<std::string> pictures = {Jpeg(0xC0, 4, 3), Jpeg(0xC2, 40, 30, "Exif"),
+                                               Jpeg(0xC0, 400, 300, "more")};
+    CStringArray script;
+    for (const char* line : {"0002,0002,UI,1,x,[1.2.840.10008.5.1.4.1.1.7.4,]", "0002,0003,UI,1,x,[2.25.1,]",
+                             "0008,0016,UI,1,x,[1.2.840.10008.5.1.4.1.1.7.4,]", "0008,0018,UI,1,x,[2.25.1,]",
+                             "0028,0002,US,1,x,[1,]", "0028,0004,CS,1,x,[MONOCHROME2,]", "0028,0100,US,1,x,[8,]",
+                             "0028,0101,US,1,x,[8,]", "0028,0102,US,1,x,[7,]", "0028,0103,US,1,x,[0,]"})
+    {
+        script.Add(line);
+    }
+    for (std::size_t i = 0; i < pictures.size(); ++i)
+    {
+        const std::string name = Text("picture%d.jpg", static_cast<int>(i));
+        std::ofstream(name, std::ios::binary) << pictures[i];
+        script.Add(CString("#PIXEL_DATA_FILE=" + name));
+    }
+    CDcmCompositeIOD object;
+    object.CreateFromASL(script);
+    const std::string path = "built.dcm";
+    Save(object, path);
+    EXPECT_TRUE(Accepts("dcmdump +W .", path));
+    EXPECT_TRUE(Accepts("gdcmdump", path));
+    const std::map<std::string, std::string> values = TopLevelValues(path);
+    EXPECT_NE(values.at("0028,0008").find("[3]"), std::string::npos);
+    EXPECT_NE(values.at("0028,0010").find("300"), std::string::npos);
+    EXPECT_NE(values.at("0028,0011").find("400"), std::string::npos);
+    for (std::size_t i = 0; i < pictures.size(); ++i)
+    {
+        const std::string fragment = path + Text(".%d.raw", static_cast<int>(i) + 1);
+        const CByteArray bytes = FileBytes(fragment);
+        EXPECT_EQ(std::string(bytes.begin(), bytes.end()), pictures[i]);
+        std::remove(fragment.c_str());
+        std::remove(Text("picture%d.jpg", static_cast<int>(i)).c_str());
+    }
+    std::remove((path + ".0.raw").c_str());
     std::remove(path.c_str());
 }
 

@@ -15,16 +15,39 @@ std::unique_ptr<CDcmCompositeIOD> ObjectFor(const CDcmIOD& plain)
     const std::string uid(sopClass != nullptr ? sopClass->JoinedText().CText() : "");
     const std::string storage = "1.2.840.10008.5.1.4.1.1.";
     const std::string kind = uid.substr(0, storage.size()) == storage ? uid.substr(storage.size()) : "";
-    const std::map<std::string, const CRuntimeClass*> classes = {
-        {"1", RUNTIME_CLASS(CCRImageIOD)},  {"2", RUNTIME_CLASS(CCTImageIOD)},
-        {"4", RUNTIME_CLASS(CMRImageIOD)},  {"6.1", RUNTIME_CLASS(CUSImageIOD)},
-        {"20", RUNTIME_CLASS(CNMImageIOD)}, {"3.1", RUNTIME_CLASS(CUSMultiFrameImageIOD)},
-        {"7", RUNTIME_CLASS(CSCImageIOD)}};
-    const auto found = classes.find(kind);
-    const CRuntimeClass* known = found != classes.end()   ? found->second
-                                 : kind.starts_with("7.") ? RUNTIME_CLASS(CSCMultiFrameImageIOD)
-                                                          : RUNTIME_CLASS(CDcmCompositeIOD);
-    return std::unique_ptr<CDcmCompositeIOD>(static_cast<CDcmCompositeIOD*>(known->CreateObject()));
+    if (kind == "1")
+    {
+        return std::make_unique<CCRImageIOD>();
+    }
+    if (kind == "2")
+    {
+        return std::make_unique<CCTImageIOD>();
+    }
+    if (kind == "4")
+    {
+        return std::make_unique<CMRImageIOD>();
+    }
+    if (kind == "6.1")
+    {
+        return std::make_unique<CUSImageIOD>();
+    }
+    if (kind == "3.1")
+    {
+        return std::make_unique<CUSMultiFrameImageIOD>();
+    }
+    if (kind == "20")
+    {
+        return std::make_unique<CNMImageIOD>();
+    }
+    if (kind == "7")
+    {
+        return std::make_unique<CSCImageIOD>();
+    }
+    if (kind.substr(0, 2) == "7.")
+    {
+        return std::make_unique<CSCMultiFrameImageIOD>();
+    }
+    return std::make_unique<CDcmCompositeIOD>();
 }
 
 /// The lines of elements with a value. Empty elements inside sequences are no part of a module's value.
@@ -36,33 +59,73 @@ Lines ValuesOf(const CDcmElementSet& set)
     return lines;
 }
 
-} // namespace
-
-TEST(SampleTyped, WritingThroughModulesChangesNoValue)
+/// Every sample that can be read, read plainly and into its concrete class.
+template <class CHECK>
+void ForEachSample(const CHECK& check)
 {
-    SKIP_WITHOUT_SAMPLES();
     for (const std::string& name : SampleNames())
     {
         SCOPED_TRACE(name);
         const CByteArray bytes(FileBytes(SampleFolder() + "/" + name));
         CDcmIOD plain;
         plain.Import(bytes);
-        if (plain.GetCount() == 0)
+        if (plain.GetCount() > 0)
         {
-            continue;
+            const std::unique_ptr<CDcmCompositeIOD> typed = ObjectFor(plain);
+            typed->Import(bytes);
+            check(plain, *typed);
         }
-        const std::unique_ptr<CDcmCompositeIOD> typed = ObjectFor(plain);
-        typed->Import(bytes);
-        CByteArray plainBytes;
-        plain.ExportFileFormat(plainBytes);
-        CByteArray typedBytes;
-        typed->ExportFileFormat(typedBytes);
-        EXPECT_EQ(ValuesOf(typed->ElementStore()), ValuesOf(plain.ElementStore()));
-        CDcmIOD plainAgain;
-        plainAgain.Import(plainBytes);
-        CDcmIOD typedAgain;
-        typedAgain.Import(typedBytes);
-        EXPECT_EQ(ValuesOf(typedAgain.ElementStore()), ValuesOf(plainAgain.ElementStore()));
-        EXPECT_EQ(typedAgain.GetCount(), plainAgain.GetCount());
     }
+}
+
+} // namespace
+
+TEST(SampleTyped, WritingThroughModulesChangesNoValue)
+{
+    SKIP_WITHOUT_SAMPLES();
+    ForEachSample(
+        [](CDcmIOD& plain, CDcmCompositeIOD& typed)
+        {
+            CByteArray plainBytes;
+            plain.ExportFileFormat(plainBytes);
+            CByteArray typedBytes;
+            typed.ExportFileFormat(typedBytes);
+            EXPECT_EQ(ValuesOf(typed.ElementStore()), ValuesOf(plain.ElementStore()));
+            CDcmIOD plainAgain;
+            plainAgain.Import(plainBytes);
+            CDcmIOD typedAgain;
+            typedAgain.Import(typedBytes);
+            EXPECT_EQ(ValuesOf(typedAgain.ElementStore()), ValuesOf(plainAgain.ElementStore()));
+            EXPECT_EQ(typedAgain.GetCount(), plainAgain.GetCount());
+        });
+}
+
+/// The getter of an attribute reads the element of the module, which the accessor tests of the catalogue hold to.
+TEST(SampleTyped, ModulesShowWhatTheFileHolds)
+{
+    SKIP_WITHOUT_SAMPLES();
+    int shown = 0;
+    ForEachSample(
+        [&shown](CDcmIOD& plain, CDcmCompositeIOD& typed)
+        {
+            for (int i = 0; i < typed.ModuleCount(); ++i)
+            {
+                SCOPED_TRACE(typed.ModuleAt(i).GetRuntimeClass()->m_lpszClassName);
+                const CDcmElementSet& module = typed.ModuleAt(i).GetDcmElementSet();
+                const Lines values = ValuesOf(module);
+                for (const auto& [place, value] : ValuesOf(plain.ElementStore()))
+                {
+                    const CDcmElement* element = module.Find(CString(place.substr(0, 4)), CString(place.substr(4, 4)));
+                    const CDcmElement* stored = element != nullptr ? plain.ElementStore().Find(*element) : nullptr;
+                    // An element of another VR than the stream's takes no value; docs/catalogue.md lists those.
+                    if (stored != nullptr && (stored->HasVr(element->Vr()) || stored->IsPixelData()))
+                    {
+                        const auto found = values.find(place);
+                        EXPECT_EQ(found != values.end() ? found->second : "nothing", value) << place;
+                        ++shown;
+                    }
+                }
+            }
+        });
+    EXPECT_GT(shown, 1000);
 }
