@@ -172,6 +172,8 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
         {"0010,0010,", "0010,000Z,", "does not begin with a tag"},
         {"0010,0010,", "0010,9999,", "the dictionary does not know"},
         {"#SEQUENCE_BEGIN", "", "no #SEQUENCE_BEGIN follows"},
+        {"0010,0010,", "0001,0010,LO,1,,[A,]\n0010,0010,", "groups below 0002"},
+        {"0010,0010,", "0008,1110,SQ,1,,[]\n#SEQUENCE_BEGIN\n#SEQUENCE_END\n0010,0010,", "an empty sequence"},
     };
     const std::string dump = Run("dump in.dcm").out;
     for (const auto& edit : edits)

@@ -133,6 +133,16 @@ TEST_F(Build, DoesWhatTheLibraryLeavesToItsCaller)
     EXPECT_NE(object.ElementStore().Find(0x0028, 0x0010), nullptr);
     EXPECT_EQ(Read("target.dcm").find("German"), std::string::npos);
 
+    // A name in an item is out of reach, and what follows an empty sequence would slip into it.
+    Write("t.asl", kSmall + "#ANONYMIZE_55=1,X\n0008,1110,SQ,1,,[]\n#SEQUENCE_BEGIN\n#SEQUENCE_END\n"
+                            "0040,0275,SQ,1,,[]\n#SEQUENCE_BEGIN\n0010,0010,PN,1,,[Doe^John,]\n#SEQUENCE_END\n");
+    const SRun told = Run("build t.asl -o target.dcm");
+    EXPECT_TRUE(Holds(told.err, "not covered: 1 identifying attribute in sequence items"));
+    EXPECT_TRUE(Holds(told.err, "(0008,1110) Referenced Study Sequence is left out"));
+    CDcmIOD whole;
+    ReadObject("target.dcm", whole);
+    EXPECT_EQ(TextOf(whole, 0x0010, 0x0010), "X");
+
     Write("t.asl", kSmall);
     EXPECT_EQ(Run("build t.asl").status, 1);
     Write("t.asl", kSmall + "#REMOVE_GROUP=patient\n");
@@ -145,11 +155,17 @@ TEST_F(Build, RefusesLostLinesUnlessForced)
 {
     Write("out.dcm", "old");
     Write("s.asl", kSmall + "0028,0010,US,1,Rows,[x,]\nnonsense\n0028,1201,OW,1,,[1,]\n#NONSENSE=1\n"
-                            "7fe0,0010,OW,1,Pixel Data,[1 frame,]\n");
+                            "7fe0,0010,OW,1,Pixel Data,[1 frame,]\n0001,0010,LO,1,,[A,]\n"
+                            "#ANONYMIZE_55=yes\n#REMOVE_EMPTY_ALL=2\n#PIXEL_DATA_ROWS=65536\n#PIXEL_DATA_COLS=-64\n");
     const SRun run = Run("build s.asl -o out.dcm");
     EXPECT_EQ(run.status, 20);
+    for (const char* argument : {"ANONYMIZE_55: 'yes'", "REMOVE_EMPTY_ALL: '2'", "PIXEL_DATA_ROWS: '65536'"})
+    {
+        EXPECT_TRUE(Holds(run.err, argument));
+    }
+    EXPECT_EQ(run.err.find("PIXEL_DATA_COLS"), std::string::npos);
     for (const char* place : {"s.asl:4: a value is not a number",
-                              "s.asl:5: ", "s.asl:6: ", "s.asl:7: ", "s.asl:8: ", "out.dcm: not written"})
+                              "s.asl:5: ", "s.asl:6: ", "s.asl:7: ", "s.asl:8: ", "s.asl:9: ", "out.dcm: not written"})
     {
         EXPECT_TRUE(Holds(run.err, place));
     }

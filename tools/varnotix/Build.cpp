@@ -61,12 +61,12 @@ int CBuilder::Write()
     }
     ApplyGroupCommands(m_script, object.ElementStore(), m_name, m_report);
     RemoveEmptySequences(object.ElementStore(), CString());
+    CompleteFileMeta(object, m_name, m_report);
+    GiveRawValues(object.ElementStore());
     if (!m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty())
     {
         TellUncovered(object.ElementStore(), false, m_name, m_report);
     }
-    CompleteFileMeta(object, m_name, m_report);
-    GiveRawValues(object.ElementStore());
 
     SObjectForm form = FormOf(object);
     form.syntax = SYNTAX_EXPLICIT_LITTLE; // What a script states and does not state is that of explicit VR.
