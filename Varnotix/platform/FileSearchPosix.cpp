@@ -9,6 +9,7 @@
 #include <dlfcn.h>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <vector>
@@ -34,7 +35,12 @@ bool Exists(const char* path)
     return ::stat(path, &status) == 0;
 }
 
-/// The names in a folder that match, in byte order; without "." and "..".
+bool IsDots(std::string_view name)
+{
+    return name == "." || name == "..";
+}
+
+/// The names in a folder that match: "." and "..", which a root folder lacks, then the others in byte order.
 std::vector<std::string> Names(const CString& folder, const CString& pattern)
 {
     std::vector<std::string> names;
@@ -43,14 +49,16 @@ std::vector<std::string> Names(const CString& folder, const CString& pattern)
     {
         while (const dirent* entry = ::readdir(opened.get()))
         {
-            const CString name = entry->d_name;
-            if (name != "." && name != ".." && MatchesWildcard(pattern, name))
+            const std::string name = entry->d_name;
+            if (MatchesWildcard(pattern, name.c_str()) && !(IsDots(name) && folder == "/"))
             {
-                names.emplace_back(entry->d_name);
+                names.push_back(name);
             }
         }
     }
-    std::sort(names.begin(), names.end());
+    std::sort(names.begin(), names.end(),
+              [](const std::string& left, const std::string& right)
+              { return IsDots(left) != IsDots(right) ? IsDots(left) : left < right; });
     return names;
 }
 

@@ -38,11 +38,7 @@ bool FindFiles(const CString& pattern, CStringArray& names)
     {
         do
         {
-            const CString name = entry.cFileName;
-            if (name != "." && name != "..")
-            {
-                names.Add(name);
-            }
+            names.Add(CString(entry.cFileName));
         } while (::FindNextFileA(search, &entry));
     }
     catch (...)

@@ -160,6 +160,12 @@ TEST(CreateFromAsl, APatternsFirstMatchStandsWithoutItsFolder)
         EXPECT_EQ(states, (std::vector<int>{SCRIPT_SOURCE_NO_MATCH, SCRIPT_SOURCE_NO_MATCH, SCRIPT_SOURCE_NOT_OPENED,
                                             SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_TAKEN}));
         ASSERT_EQ(states.size(), 6U);
+        // The folder itself is what "*.*" finds first, so that every file has its folder.
+        CDcmCompositeIOD all;
+        EXPECT_EQ(Create(all, {"#PIXEL_DATA_DIR=pictures\\*.*"}),
+                  (std::vector<int>{SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_TAKEN,
+                                    SCRIPT_SOURCE_TAKEN}));
+
         // The system's order decides which of the two is bare.
         const bool aIsFirst = object.ScriptSources()[2].name == "a.jpg";
         EXPECT_EQ(FrameTexts(object), aIsFirst ? (Texts{b, b}) : (Texts{a, a}));

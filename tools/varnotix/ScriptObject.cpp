@@ -68,6 +68,11 @@ bool CSourceReport::Tell(const SScriptSource& source, bool isNamed) const
         return true;
     }
     CString reason(ScriptSourceText(source.state));
+    if (!isNamed && source.name.View().ends_with('.')) // The folder itself, which "*.*" finds.
+    {
+        m_report.Detail(place + reason);
+        return true;
+    }
     if (source.state == SCRIPT_SOURCE_PASSED_OVER || (source.state == SCRIPT_SOURCE_OTHER_KIND && !isNamed))
     {
         m_report.Say(place + reason);
