@@ -1,7 +1,7 @@
 // Memory that runs out while PDUs and run length encoded frames are read and written.
 
+#include "GoldenPdus.h"
 #include "Starvation.h"
-#include "Varnotix/pdu/DcmProtocolDataUnit.h"
 #include "Varnotix/pixel/DcmImagePixelModule.h"
 
 #include <memory>
@@ -21,14 +21,6 @@ std::unique_ptr<CDcmProtocolDataUnit> MakeRequest()
     pdu->AddPresentationContext("1.2.840.10008.5.1.4.1.1.2", syntaxes, 1, 0);
     pdu->AddUserDataItem(0x52, CString("1.2.3.4.5.6.7.8.9.10.11"));
     return pdu;
-}
-
-CByteArray Encoded(CDcmProtocolDataUnit& pdu)
-{
-    pdu.Create();
-    CByteArray bytes;
-    pdu.PduField(bytes);
-    return bytes;
 }
 
 } // namespace
