@@ -14,6 +14,7 @@ void Writing();
 void Frames();
 void Sequences();
 void Texts();
+void Scripts();
 void Anonymising();
 void Associations();
 void Failures();

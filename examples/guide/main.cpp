@@ -18,6 +18,7 @@ try
     Frames();
     Sequences();
     Texts();
+    Scripts();
     Anonymising();
     Associations();
     Failures();
