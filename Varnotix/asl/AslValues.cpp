@@ -3,6 +3,7 @@
 #include "Varnotix/asl/AslLine.h"
 #include "Varnotix/asl/ScanNumber.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -47,6 +48,8 @@ template <class ARRAY, class CONVERT>
 ARRAY Convert(std::string_view values, const CONVERT& convert)
 {
     ARRAY converted;
+    // A text takes many times the room of its comma, so none is taken for more than there are.
+    converted.Reserve(static_cast<int>(std::count(values.begin(), values.end(), ',')) + 1);
     for (std::string_view text; NextAslValue(values, text);)
     {
         converted.Add(convert(text));
