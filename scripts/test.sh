@@ -5,6 +5,7 @@
 #   installed  hosts, built and run against an installed copy that was moved, and against the unpacked Debian packages;
 #              the exported names
 #   windows    32-bit Windows under Wine; a host, built and run against the unpacked archive
+#   reference  the API reference, whose comments must be whole
 #   clang      Linux, built by clang
 # A stage that takes longer than its limit is stopped and has failed. VARNOTIX_PATIENCE=2 doubles the limits, for slow
 # machines. Sample files are looked for in VARNOTIX_SAMPLES, then in ../shared/samples.
@@ -13,7 +14,7 @@ set -uo pipefail
 cd "$top" || exit 1
 
 # Seconds, from nothing on two cores. Together they leave a hang time to be reported.
-declare -A limits=([release]=1200 [asan]=1500 [installed]=600 [windows]=1500 [clang]=1200)
+declare -A limits=([release]=1200 [asan]=1500 [installed]=600 [windows]=1500 [reference]=300 [clang]=1200)
 
 # quietly LOG COMMAND...: shows what the command printed only if it fails.
 quietly()
@@ -137,6 +138,7 @@ check()
             timed wine scripts/wine-root.sh && timed build build_preset windows &&
                 timed tests run_tests windows && (timed archive try_zip)
             ;;
+        reference) timed reference scripts/reference.sh ;;
         *) timed build build_preset "$1" && timed tests run_tests "$1" ;;
     esac
 }
@@ -146,9 +148,9 @@ if [ "${1:-}" = --check ]; then
     exit
 fi
 
-[ $# -gt 0 ] || set -- release asan installed windows
+[ $# -gt 0 ] || set -- release asan installed windows reference
 for stage in "$@"; do
-    [ -n "${limits[$stage]:-}" ] || die "there is no stage '$stage': release, asan, installed, windows, clang"
+    [ -n "${limits[$stage]:-}" ] || die "there is no stage '$stage': release, asan, installed, windows, reference, clang"
 done
 
 mkdir -p build
