@@ -190,7 +190,11 @@ int CDcmAttributeScript::ReadItem(const CStringArray& lines, CDcmElement& sequen
     {
         m_notes.Add(index, SCRIPT_OPEN_SEQUENCE);
     }
-    sequence.SetItems(item.GetDcmElementSet());
+    // Shared, not copied: a copy at each level would copy the deepest elements 64 times.
+    if (CDcmElementSet* items = sequence.Items())
+    {
+        items->CopyByReference(item.GetDcmElementSet());
+    }
     return end;
 }
 
