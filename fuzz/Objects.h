@@ -12,18 +12,22 @@ inline const char* const kSyntaxUids[] = {"1.2.840.10008.1.2", "1.2.840.10008.1.
 inline constexpr int kShortestElement = 8;
 
 /// What a set holds that keeps a second reading from giving the same set: an empty sequence, which takes the element
-/// behind it; a second group length of a group, which stays when the first is remade; a number that equals nothing.
+/// behind it; a second group length of a group, which stays when the first is remade; a delimiter that a stream gave a
+/// VR; a value with a backslash, which separates values; a number that equals nothing.
 inline bool ReadsOtherwise(const CDcmElementSet& set)
 {
+    const auto isSeparated = [](const CString& text) { return text.Find('\\') >= 0; };
     const auto isNan = [](double number) { return std::isnan(number); };
     for (int i = 0; i < set.GetCount(); ++i)
     {
         const CDcmElement& element = *set.GetAt(i);
         const CDcmElementSet* items = element.Items();
+        const CStringArray* texts = element.Texts();
         const CFloatArray* floats = element.Floats();
         const CDoubleArray* doubles = element.Doubles();
         if ((items != nullptr && (items->IsEmpty() || ReadsOtherwise(*items))) ||
-            (element.Element() == 0 && set.Find(element) != &element) ||
+            (element.Element() == 0 && set.Find(element) != &element) || element.Group() == 0xFFFE ||
+            (texts != nullptr && element.Vm() != 1 && std::any_of(texts->begin(), texts->end(), isSeparated)) ||
             (floats != nullptr && std::any_of(floats->begin(), floats->end(), isNan)) ||
             (doubles != nullptr && std::any_of(doubles->begin(), doubles->end(), isNan)))
         {

@@ -8,6 +8,7 @@
 #include "Varnotix/registry/EntryTable.h"
 
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -46,12 +47,17 @@ std::string Loaded(const std::uint8_t* data, std::size_t size)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    const auto reloaded = [](const std::string& text)
-    { return Loaded(reinterpret_cast<const std::uint8_t*>(text.data()), text.size()); };
-    const std::string first = Loaded(data, size);
-    // The text form loses blanks inside tags, comments as tags and repeating groups; what is left of it is stable.
-    const std::string second = reloaded(first);
-    const std::string third = reloaded(second);
-    Promise(reloaded(third) == third, "the text of a dictionary loads as that dictionary");
-    return 0;
+    std::string text = Loaded(data, size);
+    // The text form loses blanks inside tags, comments as tags and repeating groups. Tags that lost a blank are cut
+    // elsewhere at the next load, where another blank may get lost: so more than one load may take something away.
+    for (bool first = true;; first = false)
+    {
+        std::string again = Loaded(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+        if (again == text)
+        {
+            return 0;
+        }
+        Promise(first || again.size() < text.size(), "a dictionary loaded from its text differs by what is lost alone");
+        text = std::move(again);
+    }
 }

@@ -76,6 +76,7 @@ void MakeStreamSeeds()
     put("every_vr", Part10(kMeta + EveryVr()));
     put("every_vr_implicit", Part10(kImplicitMeta + InSyntax(EveryVr(), SYNTAX_IMPLICIT_LITTLE)));
     put("every_vr_big", Part10(kBigMeta + InSyntax(EveryVr(), SYNTAX_EXPLICIT_BIG)));
+    put("delimiter_with_vr", kSequence + kItem + Stream("FEFF DDE0 'SH' 0200 'AB'") + kItemEnd + kEnd);
     put("data_set", InSyntax(EveryVr(), SYNTAX_IMPLICIT_LITTLE));
     put("data_set_big", InSyntax(EveryVr(), SYNTAX_EXPLICIT_BIG));
     put("magic_first", Stream("'DICM'") + kMeta + EveryVr());

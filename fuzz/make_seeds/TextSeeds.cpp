@@ -19,6 +19,7 @@ void MakeTextSeeds()
     dictionary("groups", "50xx,0005,usss,1,Curve Dimensions\n60XX,3000,OBOW,1,Overlay Data\n6002,3000,OW,1,One\n");
     dictionary("malformed", "  \t\n0018\nzz\n0018,0010,QQ,3\n0018,0010,LO,99999999999\n,,,\n,#,x\n0010 0020,LO,-5,a\n");
     dictionary("empty_lines", "\n\r\n\r\r\n\n#\n");
+    dictionary("blanks_in_tags", "A   B   C   D   E,0,LO,1,cut elsewhere at each load\n6 0x,x,x,1,\n");
     dictionary("zero_bytes", "0010,0020,LO,1,a\0b\n0010\0,0021,L\0O,1,c\n"s);
 
     const auto uids = [](const char* name, const std::string& text) { PutSeed("uid_table", name, text); };
@@ -66,5 +67,6 @@ void MakeTextSeeds()
     script("unusable", file + "broken.jpg\n" + file + "text.txt\n" + file + "PICTURE.JPG\n#PIXEL_DATA_ROWS=x\n");
     script("missing", "#SOURCE_FILE=missing.jpg\n");
     script("folders", file + "folder\n" + file + ".\n" + folder + "folder\n#TARGET_FILE=out.dcm\n");
+    script("separator_as_value", "0020,0020,CS,2,Patient Orientation,[A,\\,]\n");
     script("merged", "#REMOVE_EMPTY_ALL=1\n#ANONYMIZE_55=1,none\n#REMOVE_GROUP=0010\n#REMOVE_EMPTY_GROUP=0008\n");
 }

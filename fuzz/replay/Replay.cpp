@@ -1,5 +1,6 @@
-// Feeds every file of the folders to the target that it is linked with, whole and cut short at each place: the fuzzers'
-// seeds, run as a test. An input is handed over in a block of its own size, so that a sanitizer sees one byte too many.
+// Feeds every file of the folders to the target that it is linked with, whole, cut short and with one byte changed: the
+// fuzzers' seeds, run as a test. An input is handed over in a block of its own size, so that a sanitizer sees one byte
+// too many.
 
 #include <algorithm>
 #include <cstdint>
@@ -10,6 +11,7 @@
 #include <iterator>
 #include <memory>
 #include <set>
+#include <utility>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -17,8 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 namespace
 {
 
-// Longer seeds are cut short in as many places, spread over their length.
-constexpr std::size_t kCuts = 32;
+// Longer seeds are cut short or changed in as many places, spread over their length.
+constexpr std::size_t kPlaces = 32;
 
 void Feed(const std::vector<char>& bytes, std::size_t size)
 {
@@ -30,13 +32,16 @@ void Feed(const std::vector<char>& bytes, std::size_t size)
 void Replay(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
-    const std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    const std::size_t step = bytes.size() / kCuts + 1;
-    for (std::size_t size = 0; size < bytes.size(); size += step)
-    {
-        Feed(bytes, size);
-    }
+    std::vector<char> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     Feed(bytes, bytes.size());
+    const std::size_t step = bytes.size() / kPlaces + 1;
+    for (std::size_t place = 0; place < bytes.size(); place += step)
+    {
+        Feed(bytes, place);
+        const char kept = std::exchange(bytes[place], static_cast<char>(~bytes[place]));
+        Feed(bytes, bytes.size());
+        bytes[place] = kept;
+    }
 }
 
 } // namespace
