@@ -4,7 +4,7 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-[ $# -gt 0 ] || set -- release asan installed windows clang bench fuzz hostile style reference
+[ $# -gt 0 ] || set -- release asan installed windows clang bench coverage fuzz hostile style reference
 
 packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev)
 for stage in "$@"; do
@@ -16,6 +16,7 @@ for stage in "$@"; do
         fuzz) packages+=(clang libclang-rt-dev) ;;
         hostile) packages+=(time) ;;
         bench) packages+=(libbenchmark-dev libdcmtk-dev libgdcm-dev) ;;
+        coverage) packages+=(libgtest-dev gcovr) ;;
         style) packages+=(clang-format clang-tidy) ;;
         reference) packages+=(doxygen) ;;
         *) die "there is no stage '$stage'" ;;

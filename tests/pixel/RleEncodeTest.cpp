@@ -68,6 +68,10 @@ TEST(RleEncode, LiteralsEndAt128Bytes)
     expected = literal(Counting(1, 127));
     expected.insert(expected.end(), {0xFF, 200, 0, 1});
     EXPECT_EQ(Segment(Join({Counting(1, 127), behind})), expected);
+    // The byte that decides for folding may be the last of the literal itself.
+    expected = literal(Join({Counting(1, 125), behind}));
+    expected.insert(expected.end(), {0, 2});
+    EXPECT_EQ(Segment(Join({Counting(1, 125), behind, Bytes({2})})), expected);
 }
 
 TEST(RleEncode, InputThatDoesNotShrinkStartsOverItsOwnOutput)
