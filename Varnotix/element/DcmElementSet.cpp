@@ -4,23 +4,13 @@
 #include "Varnotix/element/TagText.h"
 #include "Varnotix/platform/DumpContext.h"
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/registry/DictionaryFile.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <unordered_map>
 #include <vector>
 
 IMPLEMENT_DYNCREATE(CDcmElementSet, CDcmList)
-
-namespace
-{
-
-int LeadingDecimal(const CString& text)
-{
-    return static_cast<int>(std::strtol(text, nullptr, 10));
-}
-
-} // namespace
 
 CDcmElementSet::CDcmElementSet() : CDcmList(new CElementBody) {}
 
@@ -116,7 +106,7 @@ CDcmElement* CDcmElementSet::Insert(const CString& group, const CString& element
     {
         return nullptr;
     }
-    registry.AddSharedPrivateEntry(groupNumber, elementNumber, vr, LeadingDecimal(vm));
+    registry.AddSharedPrivateEntry(groupNumber, elementNumber, vr, LeadingNumber(vm.CText(), 0));
     return AddKnown(group, element);
 }
 
@@ -166,7 +156,7 @@ void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
         Elements().Clear();
         return;
     }
-    std::unordered_map<DWORD, int> toRemove;
+    std::unordered_map<DWORD, int, STagHash> toRemove;
     for (const CObject* object : other.Body().list)
     {
         ++toRemove[ElementOf(object).Tag()];

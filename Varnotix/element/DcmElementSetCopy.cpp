@@ -100,7 +100,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
         return;
     }
     CDcmListBody merged;
-    std::unordered_map<DWORD, const CDcmElement*> known;
+    std::unordered_map<DWORD, const CDcmElement*, STagHash> known;
     for (const CObject* object : other.Body().list)
     {
         const CDcmElement& element = ElementOf(object);

@@ -61,7 +61,7 @@ CDcmElement* CElementBody::Find(DWORD tag) const
     }
     if (!m_firstOfTag)
     {
-        auto index = std::make_unique<std::unordered_map<DWORD, CDcmElement*>>();
+        auto index = std::make_unique<CTagIndex>();
         index->reserve(static_cast<std::size_t>(list.GetCount()));
         for (CObject* element : list)
         {
@@ -94,8 +94,8 @@ void CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
 
 int CElementBody::IndexOf(const CDcmElement* element) const
 {
-    const int start = m_sorted ? LowerBound(element->Tag()) : 0;
-    const auto found = std::find(list.begin() + start, list.end(), element);
+    // The pointer alone is looked for: an element that is not in the list may be gone.
+    const auto found = std::find(list.begin(), list.end(), element);
     return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }
 

@@ -4,6 +4,7 @@
 #include "Varnotix/element/DcmElement.h"
 #include "Varnotix/element/DcmElementSet.h"
 #include "Varnotix/element/ElementShape.h"
+#include "Varnotix/registry/TagHash.h"
 
 #include <memory>
 #include <unordered_map>
@@ -104,6 +105,8 @@ public:
     void Rebind(bool restore);
 
 private:
+    using CTagIndex = std::unordered_map<DWORD, CDcmElement*, STagHash>;
+
     /// An empty element of the shape, bound if it is a sequence with a member.
     std::unique_ptr<CDcmElement> MakeElement(const CElementShape::SElement& shape) const;
     template <class MAKE>
@@ -115,7 +118,7 @@ private:
     int LowerBound(DWORD tag) const;
 
     bool m_sorted = true;
-    mutable std::unique_ptr<std::unordered_map<DWORD, CDcmElement*>> m_firstOfTag;
+    mutable std::unique_ptr<CTagIndex> m_firstOfTag;
     const CElementShape* m_shape = nullptr;
     std::unique_ptr<CElementShape> m_ownShape;
     std::vector<CBodyHandle> m_members;

@@ -1,6 +1,7 @@
 #include "Varnotix/element/TagText.h"
 
 #include <cstdlib>
+#include <optional>
 #include <string_view>
 
 namespace
@@ -42,22 +43,34 @@ int FourDigits(std::string_view text)
     return number;
 }
 
+/// The leading hexadecimal number, as "%x" reads it; nothing where there is none.
+std::optional<unsigned long long> LeadingHexNumber(const CString& text)
+{
+    if (const int whole = FourDigits(text.View()); whole >= 0)
+    {
+        return static_cast<unsigned long long>(whole);
+    }
+    const char* digits = text;
+    char* end = nullptr;
+    // A long has 32 bits on one system and 64 on another.
+    const unsigned long long number = std::strtoull(digits, &end, 16);
+    return end == digits ? std::nullopt : std::optional(number);
+}
+
 } // namespace
 
 bool ScanHexNumber(const CString& text, int& number)
 {
-    if (const int whole = FourDigits(text.View()); whole >= 0)
+    const auto scanned = LeadingHexNumber(text);
+    if (scanned)
     {
-        number = whole;
-        return true;
+        number = static_cast<int>(*scanned & 0xFFFFU);
     }
-    const char* digits = text;
-    char* end = nullptr;
-    const unsigned long value = std::strtoul(digits, &end, 16);
-    if (end == digits)
-    {
-        return false;
-    }
-    number = static_cast<int>(value & 0xFFFFU);
-    return true;
+    return scanned.has_value();
+}
+
+bool IsTagNumber(const CString& text)
+{
+    const auto scanned = LeadingHexNumber(text);
+    return scanned && *scanned <= 0xFFFFU;
 }

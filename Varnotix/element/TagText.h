@@ -28,9 +28,13 @@ inline CString HexText(int number)
     return text;
 }
 
-/// Reads the leading hexadecimal number of a text, as "%x" does: white space and 0x may stand before it.
+/// Reads the leading hexadecimal number of a text, as "%x" does: white space and 0x may stand before it. A longer
+/// number is cut to 16 bits.
 /// @return false when the text does not begin with one; the number is then left alone.
 bool ScanHexNumber(const CString& text, int& number);
+
+/// True when the text begins with a hexadecimal number that 16 bits hold.
+bool IsTagNumber(const CString& text);
 
 /// The leading hexadecimal number of a text, cut to 16 bits; 0 when there is none.
 inline int HexNumber(const CString& text)

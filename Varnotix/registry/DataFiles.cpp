@@ -10,6 +10,8 @@
 namespace
 {
 
+constexpr ULONGLONG kLargestFile = 64U << 20U; // The dictionary of the whole standard has a quarter of a megabyte.
+
 /// The folders to search, in order. The empty one is the current directory.
 std::vector<CString> DataFolders()
 {
@@ -36,6 +38,11 @@ bool ReadWhole(const CString& path, CByteArray& bytes)
     try
     {
         CFile file(path, CFile::modeRead);
+        // Tables are read while the library is loaded, where nobody could catch an exception.
+        if (file.GetLength() > kLargestFile)
+        {
+            return false;
+        }
         bytes.SetSize(static_cast<int>(file.GetLength()));
         bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
         return true;
@@ -52,7 +59,7 @@ CString ReadDataFile(const CString& name, const std::function<void(std::string_v
 {
     for (const CString& folder : DataFolders())
     {
-        const CString path = folder.IsEmpty() ? name : JoinPath(folder, name);
+        CString path = folder.IsEmpty() ? name : JoinPath(folder, name);
         CByteArray bytes;
         if (!ReadWhole(path, bytes))
         {

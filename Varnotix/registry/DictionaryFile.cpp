@@ -5,7 +5,9 @@
 
 #include <climits>
 
+#include <algorithm>
 #include <cstdlib>
+#include <string>
 
 namespace
 {
@@ -31,19 +33,6 @@ std::string_view TakeField(std::string_view& line)
     return Trimmed(field);
 }
 
-/// The leading number of the multiplicity column ("1" of "1-n"); 1 where there is none.
-int LeadingNumber(std::string_view text)
-{
-    const std::string digits(text);
-    char* end = nullptr;
-    const long number = std::strtol(digits.c_str(), &end, 10);
-    if (end == digits.c_str() || number > INT_MAX || number < INT_MIN)
-    {
-        return 1;
-    }
-    return static_cast<int>(number);
-}
-
 std::string UpperKey(std::string_view group, std::string_view element)
 {
     std::string key;
@@ -60,6 +49,15 @@ std::string UpperKey(std::string_view group, std::string_view element)
 }
 
 } // namespace
+
+int LeadingNumber(std::string_view text, int otherwise)
+{
+    const std::string digits(text);
+    char* end = nullptr;
+    // A long has 32 bits on one system and 64 on another.
+    const long long number = std::strtoll(digits.c_str(), &end, 10);
+    return end == digits.c_str() ? otherwise : static_cast<int>(std::clamp<long long>(number, INT_MIN, INT_MAX));
+}
 
 void AddDictionaryLine(std::string_view line, CEntryTable& dictionary)
 {
@@ -80,7 +78,7 @@ void AddDictionaryLine(std::string_view line, CEntryTable& dictionary)
     const std::string key = UpperKey(group, element);
     if (dictionary.Find(key) == nullptr)
     {
-        dictionary.Add(key, std::make_unique<CDcmEntry>(VrCode(vr), LeadingNumber(multiplicity), CString(name)));
+        dictionary.Add(key, std::make_unique<CDcmEntry>(VrCode(vr), LeadingNumber(multiplicity, 1), CString(name)));
     }
 }
 

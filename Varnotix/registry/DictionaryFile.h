@@ -16,6 +16,10 @@ class CNameList;
 /// a tag stands. A malformed line yields an entry under whatever key it holds.
 void AddDictionaryLine(std::string_view line, CEntryTable& dictionary);
 
+/// The decimal number at the beginning of a multiplicity text ("1" of "1-n"), the nearest int if it is too large.
+/// @param otherwise the result for a text that does not begin with a number.
+int LeadingNumber(std::string_view text, int otherwise);
+
 /// One entry as a line of text; see CDcmRegistry::ExportPublicDictionary.
 CString DictionaryLine(std::string_view key, const CDcmEntry& entry);
 

@@ -9,9 +9,6 @@ constexpr std::size_t kKeyLength = 8;
 constexpr std::size_t kFirstSlots = 64;
 constexpr std::uint64_t kRepeatingMark = std::uint64_t{1} << 32U;
 
-// Multiplying by a large odd constant spreads neighbouring tags over the table (Fibonacci hashing).
-constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15U;
-
 bool IsRepeatingGroup(unsigned group)
 {
     const unsigned family = group & 0xFF00U;
@@ -91,7 +88,7 @@ std::string CEntryTable::KeyOfTag(int group, int element)
 std::size_t CEntryTable::SlotOf(Code code) const
 {
     const std::size_t mask = m_slots.size() - 1;
-    std::size_t slot = static_cast<std::size_t>((code * kSpread) >> 32U) & mask;
+    std::size_t slot = static_cast<std::size_t>(SpreadNumber(code, m_spread)) & mask;
     while (m_slots[slot].entry != nullptr && m_slots[slot].code != code)
     {
         slot = (slot + 1) & mask;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Varnotix/registry/DcmEntry.h"
+#include "Varnotix/registry/TagHash.h"
 
 #include <cstdint>
 #include <memory>
@@ -64,6 +65,7 @@ private:
 
     std::vector<SItem> m_items;
     std::vector<SSlot> m_slots;
+    std::uint64_t m_spread = TagSpread();
     std::size_t m_codedCount = 0;
     std::unordered_map<std::string, const CDcmEntry*> m_otherKeys;
 };

@@ -33,6 +33,12 @@ TEST(ElementSet, FindsTheFirstOfATagInLargeUnsortedSetsWhileTheyChange)
     set.Add(new CDcmElement(0x0009, 0x1FFF));
     EXPECT_EQ(set.Find(0x0009, 0x1FFF), set.GetAt(set.GetCount() - 1));
     set.Sort();
+    // To remove once more what is gone already changes nothing, and its memory is not looked at.
+    CDcmElement* gone = set.GetAt(0);
+    set.Remove(gone);
+    const int left = set.GetCount();
+    set.Remove(gone);
+    EXPECT_EQ(set.GetCount(), left);
     EXPECT_EQ(set.Find(0x0009, 0x1001), set.GetAt(0));
     EXPECT_EQ(set.Find(0x0009, 0x1000), nullptr);
     set.RemoveAll();

@@ -1,6 +1,8 @@
 // The registry reads its files when its first instance is made. These tests end the library's own instance and make it
 // anew in a folder with files of their own, so they have a program to themselves.
 
+#include "Varnotix/codec/ParseException.h"
+#include "Varnotix/iod/DcmIOD.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>
@@ -66,13 +68,15 @@ TEST_F(DataFiles, LinesAreTrimmedAndCommentsSkipped)
                                         "\n"
                                         " 0010 ,\t0020 , lo , 1-n , Patient ID , [a,b] rest\r\n"
                                         "0010,0030,DA,n,Birth Date\n"
+                                        "0010,0050,LO,99999999999,Many\n"
                                         "0010,0040,CS,-1,Sex", // The last line has no end.
                                         "");
-    EXPECT_EQ(registry.DictionarySize(), 3);
+    EXPECT_EQ(registry.DictionarySize(), 4);
     EXPECT_EQ(registry.LookUpTag(0x0010, 0x0020)->vr, static_cast<DWORD>(VR_LO));
     EXPECT_STREQ(registry.LookUpTag(0x0010, 0x0020)->name, "Patient ID");
     EXPECT_EQ(registry.LookUpTag(0x0010, 0x0030)->multiplicity, 1);
     EXPECT_EQ(registry.LookUpTag(0x0010, 0x0040)->multiplicity, -1);
+    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0050)->multiplicity, 2147483647) << "on every system";
 }
 
 TEST_F(DataFiles, MalformedLinesMakeEntriesUnderWhatKeyTheyHold)
@@ -100,6 +104,32 @@ TEST_F(DataFiles, RepeatingGroupsAreLoadedInAnyCaseAndExportedWithZeros)
     CStringArray lines;
     registry.ExportPublicDictionary(lines);
     EXPECT_STREQ(lines[0], "6000,3000,OB,1,Overlay Data,");
+}
+
+TEST_F(DataFiles, ThatAreMissingOrOfASizeThatNoTableHasAreTakenFromElsewhere)
+{
+    Load("", "");
+    std::filesystem::resize_file("dictionary.txt", (std::uintmax_t{64} << 20U) + 1);
+    std::filesystem::remove("UidTable.txt");
+    CDcmRegistry& registry = CDcmRegistry::Global();
+    std::destroy_at(&registry);
+    std::construct_at(&registry);
+    EXPECT_STRNE(registry.DictionaryPath(), "dictionary.txt");
+    EXPECT_STRNE(registry.UidTablePath(), "UidTable.txt");
+    EXPECT_NE(registry.LookUpTag(0x0010, 0x0010), nullptr) << registry.DictionaryPath().CText();
+}
+
+TEST_F(DataFiles, ThatGiveATagNoVrLeaveImplicitStreamsUnread)
+{
+    Load("0010,0010,QQ,1,Name of no VR\n", "");
+    constexpr BYTE kName[] = {0x10, 0x00, 0x10, 0x00, 0x02, 0x00, 0x00, 0x00, 'A', 'B'};
+    CByteArray stream;
+    stream.Assign(kName, sizeof kName);
+    CDcmIOD object;
+    object.Import(stream);
+    EXPECT_EQ(object.GetCount(), 0);
+    ASSERT_FALSE(object.ReadTrials().empty());
+    EXPECT_EQ(object.ReadTrials().back().fault, PARSE_NO_VR);
 }
 
 TEST_F(DataFiles, UidLinesEndAtTheFirstBlankAndLaterRowsWin)
