@@ -60,14 +60,13 @@ void AppendItems(std::string_view list, CStringArray& items)
 }
 
 /// The element of the line's tag in the module, made when the dictionary knows the tag or it can be entered as a
-/// private one; otherwise null.
+/// private one; otherwise null. A number longer than 16 bits is no tag: cut, it would put the value into an attribute
+/// that nobody named.
 CDcmElement* ElementOfLine(const SAslElement& line, CDcmAttributeModule& module)
 {
     const CString group(line.group);
     const CString element(line.element);
-    int number = 0;
-    const bool isTag = ScanHexNumber(group, number) && ScanHexNumber(element, number);
-    if (isTag &&
+    if (IsTagNumber(group) && IsTagNumber(element) &&
         (module.Insert(group, element) || module.Insert(group, element, CString(line.vr), CString(line.multiplicity))))
     {
         return module.GetDcmElementSet().Find(group, element);
@@ -190,10 +189,16 @@ int CDcmAttributeScript::ReadItem(const CStringArray& lines, CDcmElement& sequen
     {
         m_notes.Add(index, SCRIPT_OPEN_SEQUENCE);
     }
-    // Shared, not copied: a copy at each level would copy the deepest elements 64 times.
-    if (CDcmElementSet* items = sequence.Items())
+    CDcmElementSet* items = sequence.Items();
+    if (depth > 0 && items != nullptr)
     {
+        // A sequence of this reader's own takes the item over: with a copy at each level, the time would grow with the
+        // depth too.
         items->CopyByReference(item.GetDcmElementSet());
+    }
+    else
+    {
+        sequence.SetItems(item.GetDcmElementSet());
     }
     return end;
 }

@@ -110,9 +110,11 @@ TEST(Script, SkipsLinesWhoseTagCannotBeInserted)
 {
     SRead read;
     Read(read, {"no element at all", ",,,,,[1,]", "zz,0010,LO,1,x,[1,]", "0010,,LO,1,x,[1,]", "0008,7771,LO,1,x,[1,]",
-                "7771,1010,LO,2,of no importance,[A,B,]", "7771,1011,,2,x,[1,]", "7771,1012,LO,,x,[1,]"});
+                "7771,1010,LO,2,of no importance,[A,B,]", "7771,1011,,2,x,[1,]", "7771,1012,LO,,x,[1,]",
+                "10010,0010,PN,1,x,[A,]", "1FFFF0010,0020,LO,1,x,[A,]"});
     EXPECT_EQ(read.Elements(), Texts{"7771,1010,LO,2,Private Data Element,[A,B,]"});
-    EXPECT_EQ(read.Notes(), (Texts{"0:3", "1:3", "2:3", "3:3", "4:3", "6:3", "7:3"}));
+    EXPECT_EQ(read.Notes(), (Texts{"0:3", "1:3", "2:3", "3:3", "4:3", "6:3", "7:3", "8:3", "9:3"}));
+    EXPECT_EQ(Through("7771,1014,LO,4294967297,x,[A,]"), "7771,1014,LO,2147483647,Private Data Element,[A,]");
     EXPECT_EQ(Through("7771,1010,UI,1,x,[A,]"), "7771,1010,LO,2,Private Data Element,[A,] 5") << "learned before";
 }
 
