@@ -13,8 +13,8 @@
 /// object: bytes that an encoding does not name keep what the field held before. To receive, call Create(bytes).
 ///
 /// Nothing is reported. An item for which there is no memory is not added. Decoding stops quietly at the first length
-/// that does not fit and keeps what it has read. It scans past item types that it does not know byte by byte. Lengths
-/// beyond 16 bits are cut to their low 16 bits.
+/// that does not fit, or when memory runs out, and keeps what it has read. It scans past item types that it does not
+/// know byte by byte. Lengths beyond 16 bits are cut to their low 16 bits.
 class VARNOTIX_EXPORT CDcmProtocolDataUnit : public CObject
 {
     DECLARE_DYNCREATE(CDcmProtocolDataUnit)
@@ -127,6 +127,7 @@ private:
     void CopyFrom(const CDcmProtocolDataUnit& other);
     void WriteHeader(int fixedSize, int length);
     void WriteTitle(CString& title, int offset);
+    void DecodeField();
     void DecodeAssociation();
     void DecodeDataValues();
     bool DecodeApplicationContext(int& position);

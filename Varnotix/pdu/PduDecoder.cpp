@@ -3,9 +3,11 @@
 
 #include "Varnotix/pdu/DcmProtocolDataUnit.h"
 #include "Varnotix/pdu/PduBytes.h"
+#include "Varnotix/platform/Exceptions.h"
 
 #include <algorithm>
 #include <cstdint>
+#include <new>
 
 namespace
 {
@@ -49,6 +51,21 @@ bool TakeSubItem(const CByteArray& field, int& position, SSubItem& item)
 } // namespace
 
 void CDcmProtocolDataUnit::DecodeProtocol()
+{
+    // Memory that runs out ends the decoding where it is, as a length does that does not fit.
+    try
+    {
+        DecodeField();
+    }
+    catch (const CMemoryException&)
+    {
+    }
+    catch (const std::bad_alloc&)
+    {
+    }
+}
+
+void CDcmProtocolDataUnit::DecodeField()
 {
     const int size = m_pduField.GetSize();
     m_type = 0;

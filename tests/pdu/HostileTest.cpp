@@ -84,4 +84,33 @@ TEST(PduHostileTest, AnItemWithoutMemoryIsDroppedAndTheRestStays)
     EXPECT_EQ(DumpOf(pdu), before);
 }
 
+TEST(PduHostileTest, DecodingWithoutMemoryStopsQuietly)
+{
+    CDcmProtocolDataUnit request;
+    request.PduType(PDU_ASSOCIATE_RQ);
+    request.AddApplicationContextItem(CString('n', 100));
+    request.AddPresentationContext(CString('s', 100), Texts({"1.2.840.10008.1.2.4.100.99"}), 1, 0);
+    request.AddUserDataItem(1, Zeros(100));
+    for (const CByteArray& bytes : {Encoded(request), DataBytes()})
+    {
+        for (int granted = 0; granted < 32; ++granted)
+        {
+            CDcmProtocolDataUnit pdu(bytes);
+            bool threw = false;
+            allocationsLeft = granted;
+            try
+            {
+                pdu.DecodeProtocol();
+            }
+            catch (...)
+            {
+                threw = true;
+            }
+            allocationsLeft = -1;
+            EXPECT_FALSE(threw) << granted;
+            EXPECT_EQ(pdu.PduType(), bytes[0]);
+        }
+    }
+}
+
 #endif
