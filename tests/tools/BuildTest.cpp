@@ -149,6 +149,12 @@ TEST_F(Build, DoesWhatTheLibraryLeavesToItsCaller)
     const SRun wrong = Run("build t.asl -o t.dcm");
     EXPECT_EQ(wrong.status, 20);
     EXPECT_TRUE(Holds(wrong.err, "t.asl: 'patient' in a command is no group"));
+    // Nobody may take an object for anonymised whose script only looks as if it asked for that.
+    for (const char* argument : {"-1,X", ",X"})
+    {
+        Write("t.asl", kSmall + "#ANONYMIZE_55=" + argument + "\n");
+        EXPECT_EQ(Run("build t.asl -o t.dcm").status, 20) << argument;
+    }
 }
 
 TEST_F(Build, RefusesLostLinesUnlessForced)

@@ -29,6 +29,7 @@ TEST_F(CommandLine, WrongUsageIsStatusOneWithAComplaintOnStandardError)
         EXPECT_EQ(run.out, "") << arguments;
         EXPECT_TRUE(Holds(run.err, "varnotix: ")) << arguments;
     }
+    EXPECT_TRUE(Holds(Run("nonsense").err, "nonsense"));
 }
 
 TEST_F(CommandLine, HelpAndVersionAreData)

@@ -9,6 +9,7 @@
 #include "Verbs.h"
 
 #include <algorithm>
+#include <set>
 
 namespace
 {
@@ -105,16 +106,15 @@ bool CBuilder::HasWholeLines(const CDcmIOD& object) const
     const CDcmElement* pixels = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
     const bool hasPixels = pixels != nullptr && !pixels->IsEmptyValue();
     const CScriptTree tree(m_lines, CDcmElementSet());
-    const auto isReplaced = [&](int index)
-    {
-        // A printed object names the file that its pixel data is in.
-        return hasPixels &&
-               std::any_of(tree.Lines().begin(), tree.Lines().end(),
-                           [&](const SScriptLine& line) { return line.line == index && line.tag == kPixelData; });
-    };
+    std::set<int> replaced;
     std::vector<SScriptFault> faults;
     for (const SScriptLine& line : tree.Lines())
     {
+        // A printed object names the file that its pixel data is in.
+        if (hasPixels && line.tag == kPixelData)
+        {
+            replaced.insert(line.line);
+        }
         if (line.tag >> 16U < kFirstGroup)
         {
             faults.push_back({line.line, kNoPlaceInFile});
@@ -126,7 +126,7 @@ bool CBuilder::HasWholeLines(const CDcmIOD& object) const
         {
             m_report.Detail(ScriptPlace(m_name, note.line) + ": " + ScriptNoteText(note.kind));
         }
-        else if (note.kind != SCRIPT_NOT_IMPORTED || !isReplaced(note.line))
+        else if (note.kind != SCRIPT_NOT_IMPORTED || !replaced.contains(note.line))
         {
             faults.push_back({note.line, ScriptNoteText(note.kind)});
         }

@@ -38,7 +38,7 @@ CString CGrayScale::Read(const CDcmElementSet& store, const CString& name, const
     {
         report.Say(name + ": drawn without its " + TagAndName(kModalityLut));
     }
-    const CString reason = ReadRescale(store);
+    CString reason = ReadRescale(store);
     if (!reason.IsEmpty())
     {
         return reason;

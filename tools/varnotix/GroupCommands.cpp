@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <functional>
+#include <map>
 #include <optional>
 
 namespace
@@ -21,13 +22,12 @@ std::optional<int> GroupOf(const CString& text)
     return isWhole && group >= 0 && group <= 0xFFFF ? std::optional(group) : std::nullopt;
 }
 
-/// A size may be negative; its sign does not count.
-bool IsNumberUpTo(const CString& text, int highest)
+bool IsNumberFrom(int lowest, int highest, const CString& text)
 {
     int number = 0;
     const std::string_view digits = text.CText();
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    return error == std::errc() && end == digits.data() + digits.size() && number <= highest && number >= -highest;
+    return error == std::errc() && end == digits.data() + digits.size() && number >= lowest && number <= highest;
 }
 
 /// True for texts of any content: the replacement is a value of these VRs.
@@ -72,16 +72,21 @@ public:
     /// @param act is false for an element that it leaves alone.
     void Run(CDcmElementSet& store, const std::function<bool(CDcmElement&)>& act) const
     {
+        std::map<int, CString> texts;
         for (const CString& text : m_groups)
         {
-            const std::optional<int> group = GroupOf(text);
-            for (int i = store.GetCount() - 1; group && i >= 0; --i)
+            if (const std::optional<int> group = GroupOf(text))
             {
-                const DWORD tag = store.GetAt(i)->Tag();
-                if (store.GetAt(i)->HasGroup(*group) && act(*store.GetAt(i)))
-                {
-                    m_report.Detail(m_name + ": " + TagAndName(tag) + ": " + m_command + "=" + text);
-                }
+                texts.emplace(*group, text);
+            }
+        }
+        for (int i = texts.empty() ? -1 : store.GetCount() - 1; i >= 0; --i)
+        {
+            const DWORD tag = store.GetAt(i)->Tag();
+            const auto group = texts.find(store.GetAt(i)->Group());
+            if (group != texts.end() && act(*store.GetAt(i)))
+            {
+                m_report.Detail(m_name + ": " + TagAndName(tag) + ": " + m_command + "=" + group->second);
             }
         }
     }
@@ -101,15 +106,23 @@ bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, co
     {
         const char* command;
         const CString& text;
+        int lowest;
         int highest;
-    } numbers[] = {{"ANONYMIZE_55", script.Anonymize55First(), 1},
-                   {"REMOVE_EMPTY_ALL", script.RemoveEmptyAll(), 1},
-                   {"PIXEL_DATA_ROWS", script.RowsText(), 0xFFFF},
-                   {"PIXEL_DATA_COLS", script.ColsText(), 0xFFFF}};
+    } numbers[] = {{"ANONYMIZE_55", script.Anonymize55First(), 0, 1},
+                   {"REMOVE_EMPTY_ALL", script.RemoveEmptyAll(), 0, 1},
+                   // A size may be negative; its sign does not count.
+                   {"PIXEL_DATA_ROWS", script.RowsText(), -0xFFFF, 0xFFFF},
+                   {"PIXEL_DATA_COLS", script.ColsText(), -0xFFFF, 0xFFFF}};
     bool isGood = true;
+    if (script.Anonymize55First().IsEmpty() && !script.Anonymize55Second().IsEmpty())
+    {
+        report.Error(name + ": ANONYMIZE_55: '" + script.Anonymize55Second() +
+                     "' needs a 1 before it, so it would have no effect");
+        isGood = false;
+    }
     for (const auto& number : numbers)
     {
-        if (!number.text.IsEmpty() && !IsNumberUpTo(number.text, number.highest))
+        if (!number.text.IsEmpty() && !IsNumberFrom(number.lowest, number.highest, number.text))
         {
             CString what;
             what.Format("' is no number from 0 to %d, so it would have no effect", number.highest);

@@ -230,6 +230,13 @@ int Run(int count, char** texts)
     {
         app.parse(ReversedArguments(count, texts));
     }
+    catch (const CLI::RequiredError& result)
+    {
+        // Of a word that is no verb the parser tells only that the verb is missing.
+        const std::vector<std::string> unknown = app.remaining();
+        return unknown.empty() ? PrintParseResult(app, result)
+                               : PrintParseResult(app, CLI::ExtrasError("", {unknown.front()}));
+    }
     catch (const CLI::ParseError& result)
     {
         return PrintParseResult(app, result);
