@@ -186,7 +186,7 @@ DWORD CElementEncoder::ItemsSize(const CDcmElement& element)
 
 void CElementEncoder::Write(const CDcmElement& element, COutputBuffer& out)
 {
-    if (element.m_encodedSyntax != 0)
+    if (element.m_encodedSyntax != CDcmElement::kNeverEncoded)
     {
         WriteHeader(element, out);
         WriteValue(element, out);
@@ -316,13 +316,14 @@ void CDcmElement::Encode()
 
 DWORD CDcmElement::EncodedSize() const
 {
-    return m_encodedSyntax == 0 ? 0 : CElementEncoder::HeaderSize(m_encodedSyntax, m_vr) + m_encodedValueSize;
+    return m_encodedSyntax == kNeverEncoded ? 0
+                                            : CElementEncoder::HeaderSize(m_encodedSyntax, m_vr) + m_encodedValueSize;
 }
 
 // Defined here, above the element layer, because the encoded bytes are made when they are written.
 void CDcmElement::Serialize(CArchive& archive)
 {
-    if (archive.IsStoring() && m_encodedSyntax != 0)
+    if (archive.IsStoring() && m_encodedSyntax != kNeverEncoded)
     {
         const int syntax = m_syntax;
         m_syntax = m_encodedSyntax;

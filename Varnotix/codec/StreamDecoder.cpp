@@ -160,7 +160,7 @@ bool CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& 
         const BYTE* header = m_cursor.Take(kShortestStream);
         if (header == nullptr)
         {
-            m_bytesLeft = m_cursor.Length() - position;
+            m_bytesLeft += m_cursor.Length() - position; // The levels around this one find nothing more.
             break;
         }
         const STag tag = ReadTag(header);

@@ -16,10 +16,11 @@ namespace
 constexpr int kMetaGroup = 0x0002;
 constexpr int kGroupLength = 0x0000;
 
-/// Sorts a set of encoded elements, removes the first group length element of each group and, where wanted, makes one
-/// that holds the encoded sizes of the group's elements.
+/// Sorts a set of encoded elements, removes the group length elements and, where wanted, makes one for a group that
+/// holds the encoded sizes of the group's elements.
+/// @param every whether a group length that stands twice is removed as a whole, not the first one alone.
 template <class WANTED>
-void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, const WANTED& wanted)
+void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, bool every, const WANTED& wanted)
 {
     struct SGroup
     {
@@ -37,7 +38,7 @@ void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, const W
         {
             groups.push_back({element.Group(), 0});
         }
-        if (isFirst && element.Element() == kGroupLength)
+        if ((isFirst || every) && element.Element() == kGroupLength)
         {
             oldLengths.Add(new CDcmElement(element));
         }
@@ -80,7 +81,7 @@ void EncodeTree(CDcmElement& element, int syntax, bool groupLengths)
     {
         EncodeTree(*items->GetAt(i), syntax, groupLengths);
     }
-    RemakeGroupLengths(*items, syntax, syntax, [groupLengths](int) { return groupLengths; });
+    RemakeGroupLengths(*items, syntax, syntax, false, [groupLengths](int) { return groupLengths; });
     CElementEncoder::PrepareSequence(element);
 }
 
@@ -98,7 +99,8 @@ void CDcmParser::Store(CArchive& archive, CDcmElementSet& set)
         const int syntax = element.HasGroup(kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_outputSyntax;
         EncodeTree(element, syntax, m_groupLengths);
     }
-    RemakeGroupLengths(set, m_outputSyntax, SYNTAX_EXPLICIT_LITTLE,
+    // A second (0002,0000) that stayed would say where a reader takes the meta information to end.
+    RemakeGroupLengths(set, m_outputSyntax, SYNTAX_EXPLICIT_LITTLE, true,
                        [this](int group) { return m_groupLengths || group == kMetaGroup; });
 
     std::uint64_t total = 0;

@@ -16,7 +16,7 @@ CDcmElement::CDcmElement(int group, int element, int vr, const CDcmEntry* entry)
     : m_entry(entry),
       m_group(static_cast<WORD>(group)),
       m_element(static_cast<WORD>(element)),
-      m_vr(static_cast<BYTE>(vr))
+      m_vr(static_cast<BYTE>(vr >= 0 && vr < VR_UNKNOWN ? vr : static_cast<int>(VR_UNKNOWN)))
 {
     CreateOwned();
 }
@@ -161,8 +161,9 @@ bool CDcmElement::operator==(const CDcmElement& other) const
     }
     // Equal bytes give equal values, except for floats, where a value that is not a number differs from itself.
     const EVrKind kind = VrKind(m_vr);
+    // OW may have been handed bytes beside its words, which its raw bytes do not tell.
     if (m_valueFromRaw && other.m_valueFromRaw && Vm() == other.Vm() && kind != EVrKind::Floats &&
-        kind != EVrKind::Doubles && m_raw.SameBytes(other.m_raw))
+        kind != EVrKind::Doubles && kind != EVrKind::OtherWords && m_raw.SameBytes(other.m_raw))
     {
         return true;
     }

@@ -45,7 +45,8 @@ public:
     /// An empty element of a tag; VR, VM and name are those of the dictionary.
     CDcmElement(int group, int element);
 
-    /// As above, with the VR forced to a code, also for a tag that the dictionary lacks.
+    /// As above, with the VR forced to a code, also for a tag that the dictionary lacks. A number that is no code gives
+    /// VR_UNKNOWN.
     CDcmElement(int group, int element, int vr);
 
     /// As the first form; the texts are read as hexadecimal ("0010", "00E0").
@@ -236,12 +237,14 @@ private:
     template <class ARRAY, class VALUE>
     bool AddNumber(ARRAY& values, VALUE value);
 
+    static constexpr signed char kNeverEncoded = -128; // No syntax; a host may set any other number.
+
     const CDcmEntry* m_entry = nullptr;
     WORD m_group = 0;
     WORD m_element = 0;
     BYTE m_vr = VR_UNKNOWN;
     signed char m_syntax = SYNTAX_IMPLICIT_LITTLE;
-    signed char m_encodedSyntax = 0; // 0: never encoded.
+    signed char m_encodedSyntax = kNeverEncoded;
     bool m_read = false;
     mutable bool m_valueFromRaw = false; // The typed value stands in the raw bytes and is not built yet.
     DWORD m_encodedValueSize = 0;

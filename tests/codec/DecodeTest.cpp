@@ -226,9 +226,13 @@ TEST(Decode, GathersTheElementsOfAllItemsInOneSet)
         EXPECT_EQ(read.parser.Notes()[0].note, READ_ITEMS_GATHERED);
         EXPECT_EQ(read.parser.Notes()[0].count, 2u);
     }
-    // A sequence without delimiter takes the rest of the stream.
+    // A sequence without delimiter takes the rest of the stream. Bytes behind its last element are told all the same.
     const Bytes open(undefined.begin(), undefined.end() - 8);
     EXPECT_EQ(SRead(open + after).set.GetCount(), 1);
+    const SRead cut(Part10(open + Stream("010203")));
+    ASSERT_EQ(cut.parser.Notes().size(), 2u);
+    EXPECT_EQ(cut.parser.Notes()[1].note, READ_BYTES_LEFT);
+    EXPECT_EQ(cut.parser.Notes()[1].count, 3u);
 }
 
 TEST(Decode, SequenceEndsAreLookedAtBehindEachElement)
