@@ -74,6 +74,11 @@ void CDcmAttributeSet::CopyByCreate(const CDcmAttributeSet& source)
         TakeDeclared(source.m_elements);
         return;
     }
+    if (source.m_elements.HoldsNothing())
+    {
+        m_elements.CopyDeclared(source.m_elements);
+        return;
+    }
     if (source.m_isPart)
     {
         CDcmElementSet part;

@@ -20,6 +20,7 @@ public:
     ~CDcmAttributeSet() override;
 
     /// Becomes a deep copy: elements, values and declared tags. Sequences that are bound to member objects stay bound.
+    /// Of a set without elements it takes the declared tags alone, and keeps its own elements and their values.
     CDcmAttributeSet& operator=(const CDcmAttributeSet& other);
 
     /// Value copy from the other set: each element here takes the value of the other's element of the same tag. No

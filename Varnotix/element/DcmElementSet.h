@@ -35,6 +35,8 @@ public:
     CDcmElement* Find(const CString& group, const CString& element) const;
     CDcmElement* Find(const CDcmElement& sameTag) const;
     bool IsEmpty() const { return GetCount() == 0; }
+    /// As IsEmpty, without making the elements that a class declares.
+    bool HoldsNothing() const { return !BodyAsIs().unfilled && BodyAsIs().list.IsEmpty(); }
     /// True when every element counts as empty (see CDcmElement::IsEmptyValue).
     bool IsEmptyOfValues() const;
 
@@ -50,6 +52,8 @@ public:
     /// Declares a tag: when no element of it exists, notes the tag as declared and adds an empty element.
     void Declare(const CString& group, const CString& element);
     void DeclareTagsOf(const CDcmElementSet& other);
+    /// Takes the other set's declared tags in place of its own; the elements stay as they are.
+    void CopyDeclared(const CDcmElementSet& other);
     /// Adds an empty element of a tag that the dictionary knows, in place of an element of that tag.
     /// @return the element; null, and nothing changed, for an empty text or an unknown tag.
     CDcmElement* AddKnown(const CString& group, const CString& element);
@@ -72,7 +76,8 @@ public:
     void RemoveAll();
     /// Destroys the elements in the shared body and forgets the declared tags: every handle of the body sees it empty.
     void DestroyContents();
-    /// Unlinks all elements without destroying them, whoever else shares the body: for a set that borrowed them.
+    /// Unlinks all elements without destroying them, and counts this set as the only one of its body: for a set that
+    /// borrowed its elements. Another set that still shares the body must not be used any more.
     void ForgetAll();
 
     // Copying and merging.
@@ -144,7 +149,6 @@ private:
     CElementBody& ElementsAsIs() const;
     const CObList& ListOfValues() const;
     void Declare(DWORD tag);
-    void CopyDeclared(const CDcmElementSet& other);
     void ForgetDeclared();
     void RemoveTags(const CDcmElementSet& other, bool every);
 

@@ -36,6 +36,9 @@ class VARNOTIX_EXPORT CDcmList : public CObject
     DECLARE_DYNAMIC(CDcmList)
 
 public:
+    /// A class of lists decides for itself what its copies share.
+    CDcmList(const CDcmList&) = delete;
+    CDcmList& operator=(const CDcmList&) = delete;
     ~CDcmList() override;
 
     /// Number of objects in the list.
@@ -47,8 +50,6 @@ public:
 protected:
     /// Takes over a fresh body.
     explicit CDcmList(CDcmListBody* body) : m_body(body) {}
-    CDcmList(const CDcmList&) = delete;
-    CDcmList& operator=(const CDcmList&) = delete;
 
     /// Appends a newly made copy of each object, in order. When memory runs out, the target owns those that were made.
     virtual void CopyElementsInto(CDcmListBody& target) const = 0;

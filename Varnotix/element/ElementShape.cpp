@@ -17,6 +17,20 @@ void CElementShape::AddElement(DWORD tag)
     const int vr = entry != nullptr ? static_cast<int>(entry->vr) : static_cast<int>(VR_UNKNOWN);
     m_elements.insert(Place(tag), SElement{tag, vr, entry});
     m_beginsEmpty = m_beginsEmpty && entry != nullptr && VrKind(vr) != EVrKind::RawOnly;
+    m_hasPrivateTags = m_hasPrivateTags || (GroupNumber(tag) & 1) != 0;
+}
+
+bool CElementShape::IsCurrent() const
+{
+    // The dictionary of the standard stays as it was loaded.
+    return !m_hasPrivateTags || std::all_of(m_elements.begin(), m_elements.end(),
+                                            [](const SElement& element)
+                                            {
+                                                const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(
+                                                    GroupNumber(element.tag), ElementNumber(element.tag));
+                                                return entry == element.entry &&
+                                                       (entry == nullptr || static_cast<int>(entry->vr) == element.vr);
+                                            });
 }
 
 void CElementShape::Declare(const CString& group, const CString& element)

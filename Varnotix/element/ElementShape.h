@@ -34,6 +34,9 @@ public:
     const std::vector<SElement>& Elements() const { return m_elements; }
     /// True when each element counts as empty as long as nobody gives it a value (see CDcmElement::IsEmptyValue).
     bool BeginsEmpty() const { return m_beginsEmpty; }
+    /// False when the dictionary has learned or forgotten a private tag of the shape since it was made: objects that
+    /// are made from then on need another shape.
+    bool IsCurrent() const;
 
 private:
     std::vector<SElement>::const_iterator Place(DWORD tag) const;
@@ -43,4 +46,5 @@ private:
     std::vector<DWORD> m_sequences;
     std::vector<SElement> m_elements;
     bool m_beginsEmpty = true;
+    bool m_hasPrivateTags = false;
 };

@@ -53,6 +53,7 @@ void CDcmIOD::Anonymize55(const CString& text)
     }
     else
     {
+        const CString copy(text); // The text may stand in the store, where values change.
         const CDcmElementSet& values = replacement.GetDcmElementSet();
         m_store->UpdateValuesFrom(values);
         for (int i = 0; i < m_store->GetCount(); ++i)
@@ -63,7 +64,7 @@ void CDcmIOD::Anonymize55(const CString& text)
             {
                 // Values pass between elements of one VR only, but a name stays none because a file gave it another VR.
                 element.EmptyValue();
-                element.AddText(text);
+                element.AddText(copy);
             }
         }
     }

@@ -15,11 +15,15 @@ void CopyNonEmpty(const CDcmModule& module, CDcmElementSet& copies)
 }
 
 /// True when any element of the set equals this one, tag and value.
-bool HoldsEqual(const CDcmElementSet& set, const CDcmElement& wanted)
+/// @param next where the search begins; it goes around, and moves on behind what was found. Repeated tags that are
+///        asked for in the set's own order are so found at once.
+bool HoldsEqual(const CDcmElementSet& set, const CDcmElement& wanted, int& next)
 {
-    for (int i = 0; i < set.GetCount(); ++i)
+    const int count = set.GetCount();
+    for (int left = count; left > 0; --left)
     {
-        const CDcmElement& element = *set.GetAt(i);
+        const CDcmElement& element = *set.GetAt(next);
+        next = next + 1 < count ? next + 1 : 0;
         if (element.Tag() == wanted.Tag() && element == wanted)
         {
             return true;
@@ -67,11 +71,12 @@ bool CDcmIOD::operator==(const CDcmIOD& other) const
 
 bool CDcmIOD::IsSubSet(const CDcmIOD& other) const
 {
+    int next = 0;
     for (int i = 0; i < other.m_store->GetCount(); ++i)
     {
         const CDcmElement& wanted = *other.m_store->GetAt(i);
         const CDcmElement* first = m_store->Find(wanted);
-        if (first == nullptr || (*first != wanted && !HoldsEqual(*m_store, wanted)))
+        if (first == nullptr || (*first != wanted && !HoldsEqual(*m_store, wanted, next)))
         {
             return false;
         }

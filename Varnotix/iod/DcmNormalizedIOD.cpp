@@ -69,6 +69,7 @@ CPatientInformationIOD& CPatientInformationIOD::operator=(const CPatientInformat
 {
     if (this != &other)
     {
+        AssignModules(other);
         m_relationship = other.m_relationship;
         m_identification = other.m_identification;
         m_demographic = other.m_demographic;

@@ -27,6 +27,13 @@ protected:
     /// Empties the list of registered modules and registers the object's own.
     virtual void InitializeIod();
 
+    /// Assigns SOP common and the meta information; derived classes assign their own modules too.
+    void AssignModules(const CDcmNormalizedIOD& other)
+    {
+        m_sopCommon = other.m_sopCommon;
+        m_metaFileInformation = other.m_metaFileInformation;
+    }
+
 private:
     CDcmSOPCommonModule m_sopCommon;
     CDcmMetaFileInformation m_metaFileInformation;
@@ -43,7 +50,7 @@ public:
     /// Registers the object's own modules and copies the other's store, from which they take their values.
     explicit CPatientInformationIOD(const CDcmCompositeIOD& other);
     ~CPatientInformationIOD() override;
-    /// Assigns the four modules, then store and settings.
+    /// Assigns every module, then store and settings.
     CPatientInformationIOD& operator=(const CPatientInformationIOD& other);
     CPatientInformationIOD& operator=(const CDcmCompositeIOD& other);
 

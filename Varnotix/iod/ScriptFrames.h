@@ -27,7 +27,8 @@ public:
     void Gather(const CDcmAttributeScript& script);
 
     const CDcmFrameList& Frames() const { return m_frames; }
-    /// The size of the last picture or object that gave frames; 0 before.
+    /// The size of the last picture that was taken, or of the last object in a syntax that is taken, whether or not it
+    /// gave frames; 0 before.
     WORD Width() const { return m_width; }
     WORD Height() const { return m_height; }
 

@@ -221,21 +221,30 @@ bool CDcmAttributeModule::GetValueField(const CString& group, const CString& ele
 bool CDcmAttributeModule::GetValueField(const CString& group, const CString& element, CObList& frames,
                                         CDmElement* record)
 {
-    return With(group, element, record, [&](CDcmElement& source) { return source.GetFrames(frames); });
+    return With(group, element, record,
+                [&](CDcmElement& source) { return source.Frames() != nullptr && source.GetFrames(frames); });
 }
 
 bool CDcmAttributeModule::GetValueField(const CString& group, const CString& element, CDcmAttributeModule& item,
                                         CDmElement* record)
 {
-    return With(group, element, record,
-                [&](const CDcmElement& source)
-                {
-                    if (source.Items() != nullptr)
-                    {
-                        item.GetDcmElementSet().CopyByValue(*source.Items());
-                    }
-                    return source.Items() != nullptr;
-                });
+    // The item may be this very module, whose elements go.
+    CDcmElementSet items;
+    const bool found = With(group, element, record,
+                            [&](const CDcmElement& source)
+                            {
+                                if (source.Items() != nullptr)
+                                {
+                                    items.CopyByValue(*source.Items());
+                                }
+                                return source.Items() != nullptr;
+                            });
+    if (found)
+    {
+        item.RemoveAll();
+        item.GetDcmElementSet().CopyByReference(items);
+    }
+    return found;
 }
 
 void CDcmAttributeModule::RemoveAll()

@@ -66,7 +66,7 @@ public:
     bool GetValueField(const CString& group, const CString& element, CByteArray& value, CDmElement* record = nullptr);
     /// Pixel Data: the frames' byte arrays, which stay owned by the element.
     bool GetValueField(const CString& group, const CString& element, CObList& frames, CDmElement* record = nullptr);
-    /// SQ: the module becomes a copy of the items.
+    /// SQ: the module, which may be this one, becomes a copy of the items.
     bool GetValueField(const CString& group, const CString& element, CDcmAttributeModule& item,
                        CDmElement* record = nullptr);
 

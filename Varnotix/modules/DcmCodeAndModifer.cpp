@@ -13,7 +13,7 @@ CDcmCodeAndModifer::CDcmCodeAndModifer(const CString& group, const CString& elem
 CDcmCodeAndModifer::CDcmCodeAndModifer(const CDcmCodeAndModifer& other)
     : CDcmCodeAndModifer(other.m_group, other.m_element)
 {
-    *this = other;
+    SRowWalker::Copy(*this, other);
 }
 
 CDcmCodeAndModifer& CDcmCodeAndModifer::operator=(const CDcmCodeAndModifer& other)

@@ -25,6 +25,8 @@ TEST(Element, OfAnUnknownTagKeepsRawBytesOnly)
     EXPECT_FALSE(unknown.IsEmptyValue());
     // A forced VR does not make up for the missing entry.
     EXPECT_FALSE(CDcmElement(0x0008, 0x7771, VR_LO).AddText("A"));
+    // Nor does a number become the VR that its low byte would be.
+    EXPECT_EQ(CDcmElement(0x0010, 0x0010, 256 + VR_OB).Vr(), static_cast<int>(VR_UNKNOWN));
 }
 
 TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityTells)
@@ -62,7 +64,9 @@ TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWord)
 TEST(SingleValueSetters, ClearWithAnEmptyTextWhereThereIsOneValueOnly)
 {
     CDcmElement name(0x0010, 0x0010);
-    EXPECT_TRUE(name.AddText("DOE"));
+    EXPECT_TRUE(name.AddText("A name that does not lie in the text itself"));
+    EXPECT_TRUE(name.AddText((*name.Texts())[0]));
+    EXPECT_STREQ(name.JoinedText(), "A name that does not lie in the text itself");
     EXPECT_TRUE(name.AddText(""));
     EXPECT_TRUE(name.Texts()->IsEmpty());
     CDcmElement type(0x0008, 0x0008);
@@ -201,6 +205,11 @@ TEST(Equality, ComparesTagVrAndTypedValueOnly)
     EXPECT_TRUE(CDcmElement(0x0028, 0x0010, Bytes({1, 0, 9})) == CDcmElement(0x0028, 0x0010, Bytes({1, 0})));
     // The padding byte of a UID is no part of it.
     EXPECT_TRUE(CDcmElement(0x0008, 0x0018, TextBytes({"1.2\0", 4})) == CDcmElement(0x0008, 0x0018, TextBytes("1.2")));
+    // Bytes handed to OW count, also beside words that nobody has looked at.
+    CDcmElement words(0x0028, 0x3006, Bytes({1, 2}));
+    EXPECT_TRUE(words == CDcmElement(words));
+    words.SetBytes(Bytes({9}));
+    EXPECT_FALSE(words == CDcmElement(0x0028, 0x3006, Bytes({1, 2})));
     // Both hold nothing, one because it was emptied.
     read.EmptyValue();
     EXPECT_TRUE(read == CDcmElement(0x0010, 0x0010));

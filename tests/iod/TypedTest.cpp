@@ -128,6 +128,13 @@ TEST(TypedIod, CopyTakesModuleValuesThatAreNotInTheStore)
     EXPECT_EQ(copy.ModuleAt(1).Owner(), &copy);
     copy = *&copy;
     EXPECT_STREQ(copy.Module<CDcmCTImageModule>().GantryDetectorTilt(), "5");
+
+    CPatientInformationIOD patient;
+    patient.SOPCommon().SOPInstanceUID("1.2.3");
+    patient.PatientIdentification().PatientName("N");
+    CPatientInformationIOD other(patient);
+    EXPECT_STREQ(other.SOPCommon().SOPInstanceUID(), "1.2.3");
+    EXPECT_STREQ(other.PatientIdentification().PatientName(), "N");
 }
 
 TEST(TypedIod, DifferenceInMetaInformationAloneIsNeitherEqualNorUnequal)
@@ -236,4 +243,9 @@ TEST_F(Anonymisation, OverlooksNeitherARepeatedElementNorOneOfAnotherVr)
             EXPECT_EQ(std::string(written.begin(), written.end()).find("DOE"), std::string::npos);
         }
     }
+    CDcmIOD own;
+    Fill(own.ElementStore(), {MakeText(0x0010, 0x0010, "A text of the object itself"), MakeText(0x0010, 0x0030, "X")});
+    own.ElementStore().Add(std::make_unique<CDcmElement>(0x0010, 0x0020, VR_PN).release());
+    own.Anonymize55((*own.ElementStore().GetAt(0)->Texts())[0]);
+    EXPECT_STREQ(own.ElementStore().Find(0x0010, 0x0020)->JoinedText(), "A text of the object itself");
 }

@@ -1,8 +1,10 @@
 #include "Elements.h"
 #include "Varnotix/iod/DcmIOD.h"
 #include "Varnotix/modules/AttributeRows.h"
+#include "Varnotix/modules/DcmAttributeModule.h"
 #include "Varnotix/modules/DcmModule.h"
 #include "Varnotix/modules/DcmSequence.h"
+#include "Varnotix/registry/DcmRegistry.h"
 
 #include <gtest/gtest.h>
 
@@ -23,6 +25,15 @@ class COuterSequence : public CDcmSequence
     DCM_INITIALIZE_SEQUENCE()
     DCM_SEQUENCE(Inner, CInnerSequence, "0008", "1140")
     DCM_TEXT(Label, "0008", "0104")
+    // clang-format on
+};
+
+/// A maker's own attribute, which no dictionary file lists.
+class CMakerModule : public CDcmModule
+{
+    // clang-format off
+    DCM_MODULE(CMakerModule)
+    DCM_TEXT(Maker, "0029", "1077")
     // clang-format on
 };
 
@@ -47,6 +58,7 @@ public:
 };
 
 IMPLEMENT_DCM_CLASS(CInnerSequence, CDcmSequence)
+IMPLEMENT_DCM_CLASS(CMakerModule, CDcmModule)
 IMPLEMENT_DCM_INITIALIZED_CLASS(COuterSequence, CDcmSequence, InitializeSequence)
 IMPLEMENT_DCM_INITIALIZED_CLASS(CRowsModule, CDcmModule, InitializeModule)
 
@@ -112,6 +124,18 @@ TEST(Rows, OfAMissingElementReadEmptyValuesAndIgnoreWrites)
     EXPECT_EQ(module.GetCountAll(), 11);
 }
 
+TEST(Rows, OfAPrivateTagHoldValuesOnceTheDictionaryKnowsIt)
+{
+    CMakerModule early;
+    early.Maker("lost");
+    EXPECT_TRUE(early.Maker().IsEmpty());
+    CDcmRegistry::Global().AddSharedPrivateEntry(0x0029, 0x1077, "LO", 1);
+    CMakerModule module;
+    module.Maker("kept");
+    EXPECT_STREQ(module.Maker(), "kept");
+    EXPECT_TRUE(early.Maker().IsEmpty());
+}
+
 TEST(Binding, HoldsAfterAReadAndWhatIsSetThenIsWritten)
 {
     CDcmIOD iod;
@@ -151,6 +175,18 @@ TEST(Binding, ShowsTheFirstOfSeveralItems)
               (std::vector<std::string>{"00080104=three", "00080104=two", "00081140="}));
 }
 
+TEST(Rows, OfAnObjectWithoutElementsGiveTheirDeclaredTagsAlone)
+{
+    CRowsModule destroyed;
+    destroyed.DestroyModule();
+    CRowsModule module;
+    module.Comments("stays");
+    module = destroyed;
+    EXPECT_TRUE(module.Comments().IsEmpty()) << "it is not declared any more";
+    EXPECT_STREQ(ElementOf(module, 0x0010, 0x4000).JoinedText(), "stays");
+    EXPECT_EQ(CRowsModule(destroyed).GetCount(), 0);
+}
+
 /// Elements without value are made at the first look; nobody may tell the difference.
 TEST(UnseenElements, AreThereForEveryOperation)
 {
@@ -182,4 +218,31 @@ TEST(UnseenElements, AreThereForEveryOperation)
         EXPECT_EQ(module->GetCountAll(), 11);
         EXPECT_TRUE(*module == taken);
     }
+}
+
+TEST(AttributeModule, GetsWhatWasSetByTag)
+{
+    CDcmAttributeModule item;
+    ASSERT_TRUE(item.Insert("0010", "0020"));
+    ASSERT_TRUE(item.SetValueField("0010", "0020", CString("7")));
+    CDcmAttributeModule module;
+    for (const char* element : {"1140", "0060"})
+    {
+        ASSERT_TRUE(module.Insert("0008", element));
+    }
+    ASSERT_TRUE(module.SetValueField("0008", "1140", item));
+
+    // A value of another kind is refused, and nothing is touched.
+    CByteArray bytes;
+    CObList frames;
+    frames.AddTail(&bytes);
+    EXPECT_FALSE(module.SetValueField("0008", "0060", frames));
+    EXPECT_FALSE(module.GetValueField("0008", "0060", frames));
+    EXPECT_EQ(frames.GetCount(), 1);
+
+    // A module may become its own item; the record still tells of the sequence.
+    CDmElement record;
+    ASSERT_TRUE(module.GetValueField("0008", "1140", module, &record));
+    EXPECT_TRUE(record.IsEqualGroupElement(0x0008, 0x1140));
+    EXPECT_EQ(Listing(module.GetDcmElementSet()), (std::vector<std::string>{"00100020=7"}));
 }
