@@ -3,7 +3,6 @@
 #include "Varnotix/platform/Object.h"
 
 #include <cstring>
-#include <mutex>
 
 namespace
 {
@@ -13,13 +12,6 @@ constinit CRuntimeClass* libraryClasses = nullptr;
 constinit CRuntimeClass* hostClasses = nullptr;
 constinit int joinCount = 0;
 
-/// Made by the first record: not every system has a mutex that is ready without a constructor.
-std::mutex& ChainMutex()
-{
-    static std::mutex mutex;
-    return mutex;
-}
-
 CRuntimeClass*& Head(ClassModule module)
 {
     return module == ClassModule::Library ? libraryClasses : hostClasses;
@@ -28,7 +20,6 @@ CRuntimeClass*& Head(ClassModule module)
 template <class ACTION>
 void ForEachVisible(ACTION action)
 {
-    const std::lock_guard lock(ChainMutex());
     for (CRuntimeClass* record = hostClasses; record != nullptr; record = record->m_pNextClass)
     {
         action(record);
@@ -45,14 +36,12 @@ void ForEachVisible(ACTION action)
 
 CRuntimeClassEntry::CRuntimeClassEntry(CRuntimeClass& record, ClassModule module) : m_record(record), m_module(module)
 {
-    const std::lock_guard lock(ChainMutex());
     record.m_pNextClass = Head(module);
     Head(module) = &record;
 }
 
 CRuntimeClassEntry::~CRuntimeClassEntry()
 {
-    const std::lock_guard lock(ChainMutex());
     for (CRuntimeClass** link = &Head(m_module); *link != nullptr; link = &(*link)->m_pNextClass)
     {
         if (*link == &m_record)
@@ -65,13 +54,11 @@ CRuntimeClassEntry::~CRuntimeClassEntry()
 
 void JoinLibraryClasses()
 {
-    const std::lock_guard lock(ChainMutex());
     ++joinCount;
 }
 
 void LeaveLibraryClasses()
 {
-    const std::lock_guard lock(ChainMutex());
     --joinCount;
 }
 
