@@ -9,20 +9,19 @@
 #include <type_traits>
 
 /// An entity that holds modules of these classes, in this order, behind those of its base entity.
-template <class BASE, class... MODULES> class TEntity : public BASE
+template <class BASE, class... MODULES>
+class TEntity : public BASE
 {
 public:
     TEntity() : TEntity(nullptr) {}
-    explicit TEntity(CDcmCompositeIE* owner) : BASE(owner)
-    {
-        (this->AddIeModule(std::get<MODULES>(m_modules)), ...);
-    }
+    explicit TEntity(CDcmCompositeIE* owner) : BASE(owner) { (this->AddIeModule(std::get<MODULES>(m_modules)), ...); }
     /// A copy would hold the other's modules by pointer; use AssignModules.
     TEntity(const TEntity&) = delete;
     TEntity& operator=(const TEntity&) = delete;
 
     /// True when the entity holds a module of the class.
-    template <class MODULE> static constexpr bool Holds()
+    template <class MODULE>
+    static constexpr bool Holds()
     {
         if constexpr ((std::is_same_v<MODULE, MODULES> || ...))
         {
@@ -36,7 +35,8 @@ public:
     }
 
     /// The entity's module of a class.
-    template <class MODULE> MODULE& Module()
+    template <class MODULE>
+    MODULE& Module()
     {
         if constexpr ((std::is_same_v<MODULE, MODULES> || ...))
         {
@@ -137,11 +137,13 @@ DCM_ENTITY(image_ie_us_multi, CDcmCompositeIE::composite_image_ie_us,
 
 /// A composite object that owns these entities, behind those of its base object. It registers the modules of its base,
 /// then those of its own entities, in this order.
-template <class BASE, class... ENTITIES> class TCompositeIod : public BASE
+template <class BASE, class... ENTITIES>
+class TCompositeIod : public BASE
 {
 public:
     /// The object's entity of a class.
-    template <class ENTITY> ENTITY& Entity()
+    template <class ENTITY>
+    ENTITY& Entity()
     {
         if constexpr ((std::is_same_v<ENTITY, ENTITIES> || ...))
         {
@@ -154,7 +156,8 @@ public:
     }
 
     /// The object's module of a class: iod.template Module<CDcmPatientModule>().
-    template <class MODULE> MODULE& Module()
+    template <class MODULE>
+    MODULE& Module()
     {
         if constexpr ((ENTITIES::template Holds<MODULE>() || ...))
         {
@@ -190,9 +193,14 @@ protected:
     }
 
 private:
-    template <class ENTITY> static CDcmCompositeIE* OwnerOf(CDcmCompositeIE* owner) { return owner; }
+    template <class ENTITY>
+    static CDcmCompositeIE* OwnerOf(CDcmCompositeIE* owner)
+    {
+        return owner;
+    }
 
-    template <class ENTITY, class MODULE> void FindIn(MODULE*& module)
+    template <class ENTITY, class MODULE>
+    void FindIn(MODULE*& module)
     {
         if constexpr (ENTITY::template Holds<MODULE>())
         {

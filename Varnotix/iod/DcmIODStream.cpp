@@ -27,7 +27,8 @@ int SyntaxToWrite(const CDcmElementSet& store, int otherwise)
 }
 
 /// Runs a write into memory and hands the bytes over.
-template <class WRITE> void WriteToMemory(CByteArray& bytes, const WRITE& write)
+template <class WRITE>
+void WriteToMemory(CByteArray& bytes, const WRITE& write)
 {
     CMemFile file(kMemoryGrowth);
     CArchive archive(&file, CArchive::store, kArchiveBuffer);

@@ -11,7 +11,10 @@ CDcmModule::~CDcmModule() = default;
 
 CDcmModule& CDcmModule::operator=(const CDcmModule& other)
 {
-    CDcmAttributeSet::operator=(other);
+    if (this != &other)
+    {
+        CDcmAttributeSet::operator=(other);
+    }
     return *this;
 }
 

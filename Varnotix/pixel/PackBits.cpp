@@ -216,6 +216,7 @@ bool DecodePackBits(std::span<const BYTE> input, std::size_t segmentSize, BYTE* 
     std::size_t written = 0;
     while (cursor < segmentSize && cursor < input.size() && written < capacity)
     {
+        // A control byte has a sign. NOLINTNEXTLINE(bugprone-signed-char-misuse)
         const int control = static_cast<signed char>(input[cursor++]);
         const std::size_t room = capacity - written;
         if (control >= 0)

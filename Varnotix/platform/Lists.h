@@ -109,6 +109,7 @@ protected:
 private:
     static POSITION ToPosition(int index) noexcept
     {
+        // A position is an index in the guise of a pointer. NOLINTNEXTLINE(performance-no-int-to-ptr)
         return reinterpret_cast<POSITION>(static_cast<std::uintptr_t>(index) + 1);
     }
     int Index(POSITION position) const

@@ -21,8 +21,8 @@ inline std::string SampleFolder()
 }
 
 /// A test over the samples has nothing to say without them.
-#define SKIP_WITHOUT_SAMPLES()                                                                                         \
-    if (SampleFolder().empty())                                                                                        \
+#define SKIP_WITHOUT_SAMPLES() \
+    if (SampleFolder().empty()) \
     GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder of sample files"
 
 /// The names of all sample files, in order.
