@@ -71,7 +71,7 @@ measure()
     rm -rf pictures
     timeout 600 /usr/bin/time -o measured -f '%U %S %M' "${@//INPUT/$name.input}" >/dev/null 2>message || status=$?
     awk -v what="$what" -v count="$count" -v size="$size" -v status="$status" 'END {
-        printf "| %s | %d | %.2f MB | %.2f s | %.1f MB | %s |\n", what, count, size / 1e6, $1 + $2, $3 / 1024,
+        printf "| %s | %d | %.2f MB | %.2f s | %.1f MB | %s |\n", what, count, size / 1e6, $1 + $2, $3 * 1024 / 1e6,
             status ? "exit " status : "" }' measured
     rm "$name.input"
 }
