@@ -40,6 +40,7 @@ class VARNOTIX_EXPORT CDcmElement : public CObject
     DECLARE_DYNCREATE(CDcmElement)
 
 public:
+    /// Tag (0000,0000) without entry.
     CDcmElement();
 
     /// An empty element of a tag; VR, VM and name are those of the dictionary.
@@ -49,7 +50,7 @@ public:
     /// VR_UNKNOWN.
     CDcmElement(int group, int element, int vr);
 
-    /// As the first form; the texts are read as hexadecimal ("0010", "00E0").
+    /// As the first form; the texts are read as hexadecimal ("0010", "00E0"). A text that is no number counts as 0.
     CDcmElement(const CString& group, const CString& element);
 
     /// As the first form, with the value set from little-endian bytes (see SetRawBytes).
@@ -58,6 +59,7 @@ public:
     /// For callers that have looked the tag up already.
     CDcmElement(int group, int element, int vr, const CDcmEntry* entry);
 
+    /// A copy with items of its own. Raw bytes and frames are shared until somebody can write to them.
     CDcmElement(const CDcmElement& other);
 
     /// Takes over the read flag and the raw bytes, and the typed value when both VRs are equal. Items are taken only
@@ -96,7 +98,7 @@ public:
     bool HasEntry() const { return m_entry != nullptr; }
     bool IsPixelData() const { return HasTag(kPixelDataGroup, kPixelDataElement); }
 
-    /// Makes this element's VR another one. Only Pixel Data changes its VR after construction, between OB and OW.
+    /// Makes Pixel Data OB or OW. Nothing happens for other elements and other codes.
     void ForcePixelVr(int vr);
 
     /// Copies read flag, group, element, VR, VM, name and VR text into the record. Then, when the record is raw, the
@@ -197,7 +199,8 @@ public:
     /// written, so that no value is held twice.
     /// @{
 
-    /// The transfer syntax in which the element is to be encoded; implicit VR little endian at first.
+    /// The transfer syntax in which the element is to be encoded; implicit VR little endian at first. The code is not
+    /// checked: what is encoded in any other than the three of ESyntax cannot be read.
     int Syntax() const { return m_syntax; }
     void SetSyntax(int syntax) { m_syntax = static_cast<signed char>(syntax); }
 

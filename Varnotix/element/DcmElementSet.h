@@ -32,6 +32,7 @@ public:
     CDcmElement* GetAt(int index) const { return static_cast<CDcmElement*>(Body().list.At(index)); }
     /// The first element of the tag, or null.
     CDcmElement* Find(int group, int element) const;
+    /// As above; a text that is no hexadecimal number counts as 0.
     CDcmElement* Find(const CString& group, const CString& element) const;
     CDcmElement* Find(const CDcmElement& sameTag) const;
     bool IsEmpty() const { return GetCount() == 0; }
@@ -65,6 +66,7 @@ public:
     void Remove(const CDcmElement* element);
     /// Removes and destroys the first element of the tag.
     void Remove(int group, int element);
+    /// As above; a text that is no hexadecimal number counts as 0.
     void Remove(const CString& group, const CString& element);
     void RemoveTagOf(const CDcmElement& sameTag);
     /// For each element of the other set, removes the first element of that tag here. The set itself as the argument
@@ -121,13 +123,13 @@ public:
     /// Number of texts in the declared-tag list: two a tag.
     int DeclaredTagTexts() const { return DeclaredCount() * 2; }
     int DeclaredCount() const;
+    /// @param index from 0 to DeclaredCount() - 1; it is not checked.
     DWORD DeclaredTag(int index) const;
     /// The element of the tag whose group text stands at a position of the declared-tag list (0, 2, 4, ...); null for
     /// a position outside the list or a tag that is not in the set.
     CDcmElement* FindDeclared(int position) const;
     /// Adds an SQ element whose items are the member set's elements from now on: what is written through either is
-    /// seen by the other, also after a copy or an assignment. The element of a tag
-    /// that is no SQ is added unbound.
+    /// seen by the other, also after a copy or an assignment. The element of a tag that is no SQ is added unbound.
     void BindSequence(const CString& group, const CString& element, CDcmElementSet& member);
     /// As BindSequence, for the shape's next sequence.
     void BindNext(CDcmElementSet& member);

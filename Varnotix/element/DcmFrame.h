@@ -23,6 +23,7 @@ public:
 
     int Number() const { return m_number; }
 
+    /// Size() bytes, valid until the frame changes. It may be null for a frame without bytes.
     const BYTE* Data() const { return m_array ? m_array->GetData() : m_shared.Data(); }
     std::size_t Size() const { return m_array ? static_cast<std::size_t>(m_array->GetSize()) : m_shared.Size(); }
 

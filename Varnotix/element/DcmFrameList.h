@@ -41,7 +41,8 @@ public:
     /// Removes all frames, and the offset table, which told where they lay.
     void RemoveAll();
 
-    /// The basic offset table: little-endian 32-bit offsets as read from the first item of encapsulated pixel data.
+    /// The basic offset table: little-endian 32-bit offsets as read from the first item of encapsulated pixel data. It
+    /// is not checked; a table that does not fit the frames is written empty.
     void SetOffsetTable(const CByteArray& table) { m_offsetTable = table; }
     const CByteArray& OffsetTable() const { return m_offsetTable; }
 

@@ -34,7 +34,7 @@ public:
         return false;
     }
 
-    /// The entity's module of a class.
+    /// The entity's module of a class. For a class that the entity does not hold it does not compile.
     template <class MODULE>
     MODULE& Module()
     {
@@ -141,7 +141,7 @@ template <class BASE, class... ENTITIES>
 class TCompositeIod : public BASE
 {
 public:
-    /// The object's entity of a class.
+    /// The object's entity of a class. For a class that the object lacks it does not compile.
     template <class ENTITY>
     ENTITY& Entity()
     {
@@ -155,7 +155,8 @@ public:
         }
     }
 
-    /// The object's module of a class: iod.template Module<CDcmPatientModule>().
+    /// The object's module of a class, as in iod.Module<CDcmPatientModule>(); within a template that is
+    /// iod.template Module<CDcmPatientModule>(). For a class that the object lacks it does not compile.
     template <class MODULE>
     MODULE& Module()
     {

@@ -131,6 +131,7 @@ public:
 
     /// Registered modules in the order of their registration.
     int ModuleCount() const { return m_modules.GetSize(); }
+    /// @param index from 0 to ModuleCount() - 1; it is not checked.
     CDcmModule& ModuleAt(int index) const { return m_modules[index]; }
 
     /// Replaces the lines by the object's text document.

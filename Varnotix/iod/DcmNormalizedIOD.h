@@ -14,8 +14,10 @@ class VARNOTIX_EXPORT CDcmNormalizedIOD : public CDcmIOD
 
 public:
     CDcmNormalizedIOD();
+    /// Registers the object's own modules and copies the other's store, from which they take their values.
     CDcmNormalizedIOD(const CDcmNormalizedIOD& other);
     ~CDcmNormalizedIOD() override;
+    /// Copies the other's store, from which the modules take their values.
     CDcmNormalizedIOD& operator=(const CDcmNormalizedIOD& other);
 
     void Serialize(CArchive& archive) override;
