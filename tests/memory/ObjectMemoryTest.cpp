@@ -4,6 +4,7 @@
 #include "StreamBytes.h"
 #include "Varnotix/iod/ImageIODs.h"
 
+#include <fstream>
 #include <memory>
 
 namespace
@@ -196,4 +197,45 @@ TEST_F(Starvation, LeavesTextReadable)
     AtEveryRequest([] { return std::make_unique<CDcmIOD>(); },
                    [path](const std::unique_ptr<CDcmIOD>& object) { object->ImportFromASL(path); },
                    [&](const std::unique_ptr<CDcmIOD>& object) { EXPECT_EQ(importedFile(*object), written); });
+}
+
+TEST_F(Starvation, LeavesAnObjectThatItsScriptMakesAnew)
+{
+    using namespace std::string_literals;
+    std::ofstream("starved.jpg", std::ios::binary)
+        << "\xFF\xD8\xFF\xC0\x00\x0B\x08\x00\x01\x00\x02\x01\x01\x11\x00\xFF\xD9"s;
+    {
+        CDcmIOD source;
+        Read(source, ObjectBytes());
+        CByteArray file;
+        source.ExportFileFormat(file);
+        std::ofstream("starved.dcm", std::ios::binary)
+            .write(reinterpret_cast<const char*>(file.GetData()), file.GetSize());
+    }
+    for (const char* pixels : {"#SOURCE_FILE=starved.dcm", "#PIXEL_DATA_FILE=starved.jpg"})
+    {
+        CStringArray lines;
+        for (const char* line : {pixels, "#ANONYMIZE_55=1,nobody", "0010,0010,PN,1,Patient's Name,[DOE^JOHN,]",
+                                 "0008,1140,SQ,1,Referenced Image Sequence", "#SEQUENCE_BEGIN",
+                                 "0008,1150,UI,1,Referenced SOP Class UID,[1.2,]", "#SEQUENCE_END"})
+        {
+            lines.Add(line);
+        }
+        const auto made = [&lines](CDcmCompositeIOD& object)
+        {
+            object.CreateFromASL(lines);
+            return Show(object.ElementStore());
+        };
+        CDcmCompositeIOD whole;
+        const std::string shown = made(whole);
+        EXPECT_NE(shown.find("nobody"), std::string::npos);
+        EXPECT_NE(whole.ElementStore().Find(0x7FE0, 0x0010), nullptr);
+        AtEveryRequest([] { return std::make_unique<CDcmCompositeIOD>(); },
+                       [&lines](const std::unique_ptr<CDcmCompositeIOD>& object) { object->CreateFromASL(lines); },
+                       [&](const std::unique_ptr<CDcmCompositeIOD>& object)
+                       {
+                           LookAt(*object);
+                           EXPECT_EQ(made(*object), shown);
+                       });
+    }
 }
