@@ -163,7 +163,7 @@ for stage in "$@"; do
     printf '\n== %s\n' "$stage"
     SECONDS=0
     limit=$((limits[$stage] * ${VARNOTIX_PATIENCE:-1}))
-    timeout --kill-after=30 "$limit" "${BASH_SOURCE[0]}" --check "$stage" &
+    timeout --kill-after=30 "$limit" "$top/scripts/test.sh" --check "$stage" &
     running=$!
     wait "$running"
     case $? in
