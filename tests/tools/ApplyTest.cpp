@@ -1,6 +1,7 @@
 #include "ToolRunner.h"
 
 #include <bit>
+#include <utility>
 
 using namespace std::string_literals;
 
@@ -18,9 +19,7 @@ protected:
     /// Writes the object's text, with one part replaced, as a script.
     static void WriteScript(const std::string& object, const std::string& from, const std::string& to)
     {
-        const SRun dump = Run("dump " + object);
-        ASSERT_EQ(dump.status, 0) << dump.err;
-        Write("s.asl", Replaced(dump.out, from, to));
+        Write("s.asl", Replaced(Expect(0, "dump " + object).out, from, to));
     }
 };
 
@@ -44,9 +43,8 @@ std::string AwkwardDataSet()
            Explicit(0x00091003, "OB", std::string(5001, '\1')) + Explicit(0x00100010, "PN", "Doe^Jane") +
            Explicit(0x00100020, "LO", "Smith, [J]") + Explicit(0x00104000, "LT", "one\n#SEQUENCE_END\r\n0010,0010,") +
            Explicit(0x00186020, "SL", LittleEndian(0xFFFFFFFF, 4)) +
-           Explicit(0x00189087, "FD", std::string(7, '\1') + '?') + Explicit(0x00280010, "US", LittleEndian(1, 2)) +
-           Explicit(0x00280011, "US", LittleEndian(2, 2)) + Explicit(0x00280100, "US", LittleEndian(16, 2)) +
-           Explicit(0x00280106, "SS", LittleEndian(0xFFFE, 2)) +
+           Explicit(0x00189087, "FD", std::string(7, '\1') + '?') + Us(0x00280010, 1) + Us(0x00280011, 2) +
+           Us(0x00280100, 16) + Explicit(0x00280106, "SS", LittleEndian(0xFFFE, 2)) +
            Explicit(0x00281201, "OW", LittleEndian(0x01020304, 4)) +
            Explicit(0x00720076, "FL", FloatBytes(1.23456789F)) +
            Explicit(0x7FE00010, "OW", LittleEndian(0x01020304, 4));
@@ -67,38 +65,32 @@ TEST_F(Apply, ChangesOneValueOfASampleAndNoOtherByte)
     for (const auto& [syntax, name] : samples)
     {
         const std::string sample = "\"" + (std::filesystem::path(folder) / name).string() + "\"";
-        ASSERT_EQ(Run(std::string("convert -q -s ") + syntax + " " + sample + " converted.dcm").status, 0) << name;
+        Expect(0, std::string("convert -q -s ") + syntax + " " + sample + " converted.dcm");
         std::string script = Run("dump " + sample).out;
         const std::string start = "\n0010,0020,LO,1,Patient ID,[";
         const std::size_t place = script.find(start) + start.size();
         ASSERT_LT(place, script.size()) << name;
-        const char old = script[place];
-        script[place] = '~';
+        const char old = std::exchange(script[place], '~');
         Write("s.asl", script);
-        const SRun run = Run("apply s.asl " + sample + " -o applied.dcm");
-        ASSERT_EQ(run.status, 0) << name << run.err;
-        EXPECT_TRUE(Holds(run.err, "1 value changed, 0 attributes added")) << name;
+        Expect(0, "apply s.asl " + sample + " -o applied.dcm", "1 value changed, 0 attributes added");
 
+        std::string applied = Read("applied.dcm");
         const std::string expected = Read("converted.dcm");
-        const std::string applied = Read("applied.dcm");
         ASSERT_EQ(applied.size(), expected.size()) << name;
         const auto [mine, theirs] = std::mismatch(applied.begin(), applied.end(), expected.begin());
         ASSERT_NE(mine, applied.end()) << name;
-        EXPECT_EQ(*mine, '~') << name;
-        EXPECT_EQ(*theirs, old) << name;
-        EXPECT_TRUE(std::equal(mine + 1, applied.end(), theirs + 1)) << name;
+        EXPECT_EQ(std::exchange(*mine, old), '~') << name;
+        EXPECT_TRUE(applied == expected) << name;
     }
 }
 
 TEST_F(Apply, LeavesAloneWhatTextDoesNotCarry)
 {
     Write("in.dcm", Part10(kExplicitUid, AwkwardDataSet()));
-    ASSERT_EQ(Run("convert -q -s explicit in.dcm expected.dcm").status, 0);
+    Expect(0, "convert -q -s explicit in.dcm expected.dcm");
 
     WriteScript("in.dcm", "", "");
-    const SRun same = Run("apply s.asl in.dcm -o same.dcm");
-    ASSERT_EQ(same.status, 0) << same.err;
-    EXPECT_TRUE(Holds(same.err, "0 values changed, 0 attributes added"));
+    Expect(0, "apply s.asl in.dcm -o same.dcm", "0 values changed, 0 attributes added");
     EXPECT_EQ(Read("same.dcm"), Read("expected.dcm"));
 
     // Of gathered items the place tells which value is meant. The script may come with other line ends, and in parts.
@@ -108,7 +100,7 @@ TEST_F(Apply, LeavesAloneWhatTextDoesNotCarry)
         Replaced(script, script.substr(script.find("0072,0076"), script.find("7fe0,") - script.find("0072,0076")), "");
     script = Replaced(script, "0008,0016", "; a comment\r\n0008,0016");
     Write("s.asl", script);
-    ASSERT_EQ(Run("apply -q - in.dcm -o changed.dcm <s.asl").status, 0);
+    Expect(0, "apply -q - in.dcm -o changed.dcm <s.asl");
     EXPECT_EQ(Read("changed.dcm"), Replaced(Read("expected.dcm"), "1.2\0"s, "1.9\0"s));
 }
 
@@ -126,21 +118,14 @@ TEST_F(Apply, ReplacesAddsAndEmpties)
                    "#SEQUENCE_BEGIN\n"
                    "   0008,1155,UI,1,Referenced SOP Instance UID,[1.7,]\n"
                    "#SEQUENCE_END\n");
-    EXPECT_EQ(Run("apply s.asl in.dcm -o out.dcm").status, 20);
+    Expect(20, "apply s.asl in.dcm -o out.dcm");
     Write("s.asl", Replaced(Read("s.asl"), "0028,0106,SS,1,,[]\n", ""));
-    const SRun run = Run("apply -v s.asl in.dcm -o out.dcm");
-    ASSERT_EQ(run.status, 0) << run.err;
-    EXPECT_TRUE(Holds(run.err, "s.asl:3: (0010,0020) Patient ID is changed"));
-    EXPECT_TRUE(Holds(run.err, "in.dcm: 5 values changed, 2 attributes added"));
-    const std::string written = Read("out.dcm");
-    for (const std::string& element :
-         {Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY\\AXIAL"), Explicit(0x00091001, "OB", "\x01\xC8"),
-          Explicit(0x00100020, "LO", ""), Explicit(0x00104000, "LT", "short "),
-          Explicit(0x00280106, "US", LittleEndian(0xFFFD, 2)), Explicit(0x00181010, "LO", "new "),
-          Explicit(0x00081155, "UI", PaddedUid("1.7"))})
-    {
-        EXPECT_TRUE(Holds(written, element));
-    }
+    Expect(0, "apply -v s.asl in.dcm -o out.dcm", "s.asl:3: (0010,0020) Patient ID is changed",
+           "in.dcm: 5 values changed, 2 attributes added");
+    EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY\\AXIAL"),
+                      Explicit(0x00091001, "OB", "\x01\xC8"), Explicit(0x00100020, "LO", ""),
+                      Explicit(0x00104000, "LT", "short "), Us(0x00280106, 0xFFFD), Explicit(0x00181010, "LO", "new "),
+                      Explicit(0x00081155, "UI", PaddedUid("1.7"))));
 }
 
 TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
@@ -179,21 +164,16 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
     for (const auto& edit : edits)
     {
         Write("s.asl", Replaced(dump, edit.from, edit.to));
-        const SRun run = Run("apply s.asl in.dcm -o out.dcm");
-        EXPECT_EQ(run.status, 20) << edit.to;
-        EXPECT_TRUE(Holds(run.err, edit.reason)) << edit.to;
-        EXPECT_TRUE(Holds(run.err, "varnotix: s.asl:")) << edit.to;
+        SCOPED_TRACE(edit.to);
+        Expect(20, "apply s.asl in.dcm -o out.dcm", edit.reason, "varnotix: s.asl:");
     }
     Write("s.asl", "0028,0010,US,1,Rows,[x,]\n; fine\n0028,1201,OW,1,,[1,]\n0008,1140,SQ,1,,[]\n#SEQUENCE_BEGIN\n");
-    const SRun all = Run("apply s.asl in.dcm -o out.dcm");
-    EXPECT_TRUE(Holds(all.err, "s.asl:1: "));
-    EXPECT_TRUE(Holds(all.err, "s.asl:3: "));
-    EXPECT_TRUE(Holds(all.err, "s.asl:5: the item that begins here has no #SEQUENCE_END"));
-    EXPECT_TRUE(Holds(all.err, "nothing is written, because 3 lines cannot be applied"));
-
-    EXPECT_EQ(Run("apply missing.asl in.dcm -o out.dcm").status, 20);
-    EXPECT_EQ(Run("apply in.dcm s.asl -o out.dcm").status, 20);
-    EXPECT_EQ(Run("apply - - -o out.dcm <in.dcm").status, 1);
+    Expect(20, "apply s.asl in.dcm -o out.dcm",
+           "s.asl:1: ", "s.asl:3: ", "s.asl:5: the item that begins here has no #SEQUENCE_END",
+           "nothing is written, because 3 lines cannot be applied");
+    Expect(20, "apply missing.asl in.dcm -o out.dcm");
+    Expect(20, "apply in.dcm s.asl -o out.dcm");
+    Expect(1, "apply - - -o out.dcm <in.dcm");
     EXPECT_EQ(Read("out.dcm"), "old");
     EXPECT_EQ(CountTemporaries(), 0);
 }

@@ -3,15 +3,17 @@
 
 #include "ToolRunner.h"
 
-class Batch : public ToolTest
+class BatchTest : public ToolTest
 {
 protected:
-    static SRun RunBatch(const std::string& arguments)
+    /// Runs the script, expects the status, and returns the standard output.
+    static std::string Batch(int status, const std::string& arguments)
     {
         const std::string command = "VARNOTIX=\"$VARNOTIX_BIN\"/varnotix \"" + ProjectFolder().string() +
                                     "\"/scripts/batch.sh " + arguments + " >out.txt 2>err.txt";
-        const int status = std::system(command.c_str());
-        return {status >> 8, Read("out.txt"), Read("err.txt")};
+        SCOPED_TRACE(arguments);
+        EXPECT_EQ(std::system(command.c_str()) >> 8, status) << Read("err.txt");
+        return Read("out.txt");
     }
 
     static std::string Named(const std::string& name) { return Part10(kExplicitUid, Explicit(0x00100010, "PN", name)); }
@@ -29,13 +31,11 @@ protected:
     }
 };
 
-TEST_F(Batch, DoesAFolderAndThenWhatFailed)
+TEST_F(BatchTest, DoesAFolderAndThenWhatFailed)
 {
     WriteArchive();
     const std::string command = "run -j 2 state in out anonymize --text X";
-    const SRun first = RunBatch(command);
-    EXPECT_EQ(first.status, 20) << first.err;
-    EXPECT_EQ(first.out, "20 in/a b/bad.dcm\n");
+    EXPECT_EQ(Batch(20, command), "20 in/a b/bad.dcm\n");
     EXPECT_TRUE(Holds(Read("state/log/000000"), "in/a b/bad.dcm: not readable as DICOM"));
     for (const char* name : {"out/one.dcm", "out/a b/one.dcm", "out/a b/-two.dcm", "out/c/one.dcm"})
     {
@@ -46,46 +46,41 @@ TEST_F(Batch, DoesAFolderAndThenWhatFailed)
 
     Write("in/a b/bad.dcm", Named("Doe^Bad "));
     Write("out/one.dcm", "is not written again");
-    const SRun second = RunBatch(command);
-    EXPECT_EQ(second.status, 0) << second.err;
-    EXPECT_EQ(second.out, "");
+    EXPECT_EQ(Batch(0, command), "");
     EXPECT_NE(Read("out/a b/bad.dcm"), "");
     EXPECT_EQ(Read("out/one.dcm"), "is not written again");
-    EXPECT_EQ(RunBatch("finish state").status, 0);
+    Batch(0, "finish state");
 }
 
-TEST_F(Batch, DoesTheChunksOfAListOneByOne)
+TEST_F(BatchTest, DoesTheChunksOfAListOneByOne)
 {
     WriteArchive();
     Write("list", "in/one.dcm\nin/a b/one.dcm\nmissing.dcm\n./in/c/one.dcm\n");
-    ASSERT_EQ(RunBatch("split state list 2").status, 0);
-    EXPECT_EQ(RunBatch("chunk state 0 out convert -s big").status, 0);
-    EXPECT_EQ(RunBatch("finish state").status, 40);
+    Batch(0, "split state list 2");
+    Batch(0, "chunk state 0 out convert -s big");
+    Batch(40, "finish state");
     EXPECT_TRUE(Holds(Read("err.txt"), "1 chunks are not done"));
     std::filesystem::create_directories("out/in");
     Write("out/in/c", "a file where a folder should be");
-    EXPECT_EQ(RunBatch("chunk state 1 out convert -s big").status, 40);
-    const SRun ended = RunBatch("finish state");
-    EXPECT_EQ(ended.status, 40);
-    EXPECT_TRUE(Holds(ended.out, "20 missing.dcm\n"));
-    EXPECT_TRUE(Holds(ended.out, "40 ./in/c/one.dcm\n"));
+    Batch(40, "chunk state 1 out convert -s big");
+    EXPECT_TRUE(Holds(Batch(40, "finish state"), "20 missing.dcm\n", "40 ./in/c/one.dcm\n"));
     CDcmIOD object;
     ReadObject("out/in/a b/one.dcm", object);
     EXPECT_EQ(object.IodSyntax(), SYNTAX_EXPLICIT_BIG);
 }
 
-TEST_F(Batch, RefusesWhatCannotWork)
+TEST_F(BatchTest, RefusesWhatCannotWork)
 {
     WriteArchive();
-    EXPECT_EQ(RunBatch("run state in out convert --syntax none").status, 1);
-    EXPECT_EQ(RunBatch("run other in in convert -s big").status, 1);
+    Batch(1, "run state in out convert --syntax none");
+    Batch(1, "run other in in convert -s big");
     EXPECT_TRUE(Holds(Read("err.txt"), "INPUT and OUT are one folder"));
-    EXPECT_EQ(RunBatch("run state in out dump").status, 1);
-    EXPECT_EQ(RunBatch("run state missing out convert -s big").status, 1);
-    EXPECT_EQ(RunBatch("chunk state 7 out convert -s big").status, 1);
-    EXPECT_EQ(RunBatch("run").status, 1);
+    Batch(1, "run state in out dump");
+    Batch(1, "run state missing out convert -s big");
+    Batch(1, "chunk state 7 out convert -s big");
+    Batch(1, "run");
     Write("list", "in/../in/one.dcm\n");
-    EXPECT_EQ(RunBatch("split new list").status, 1);
+    Batch(1, "split new list");
     EXPECT_FALSE(std::filesystem::exists("out/one.dcm"));
 }
 

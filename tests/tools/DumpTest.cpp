@@ -1,12 +1,7 @@
 #include "ToolRunner.h"
 
-class CommandLine : public ToolTest
-{
-};
-
-class Dump : public ToolTest
-{
-};
+using CommandLine = ToolTest;
+using Dump = ToolTest;
 
 namespace
 {
@@ -24,56 +19,35 @@ TEST_F(CommandLine, WrongUsageIsStatusOneWithAComplaintOnStandardError)
     for (const char* arguments :
          {"", "nonsense", "dump", "convert in.dcm out.dcm", "convert -s other in.dcm out.dcm", "dump -q -v in.dcm"})
     {
-        const SRun run = Run(arguments);
-        EXPECT_EQ(run.status, 1) << arguments;
-        EXPECT_EQ(run.out, "") << arguments;
-        EXPECT_TRUE(Holds(run.err, "varnotix: ")) << arguments;
+        EXPECT_EQ(Expect(1, arguments, "varnotix: ").out, "") << arguments;
     }
     EXPECT_TRUE(Holds(Run("nonsense").err, "nonsense"));
 }
 
 TEST_F(CommandLine, HelpAndVersionAreData)
 {
-    const SRun help = Run("--help");
-    EXPECT_EQ(help.status, 0);
+    const SRun help = Expect(0, "--help");
     EXPECT_EQ(help.err, "");
-    for (const char* word : {"dump", "convert", "where", "VARNOTIX_DATA", "Exit status"})
-    {
-        EXPECT_TRUE(Holds(help.out, word));
-    }
+    EXPECT_TRUE(Holds(help.out, "dump", "convert", "where", "VARNOTIX_DATA", "Exit status"));
     EXPECT_TRUE(Holds(Run("convert --help").out, "implicit,explicit,big"));
     EXPECT_EQ(Run("--version").out.substr(0, 9), "varnotix ");
 }
 
 TEST_F(CommandLine, WhereNamesTheFilesThatWereLoaded)
 {
-    const SRun run = Run("where");
-    EXPECT_EQ(run.status, 0);
-    CString dictionary;
-    dictionary.Format("dictionary.txt, %d rows", CDcmRegistry::Global().DictionarySize());
-    EXPECT_TRUE(Holds(run.out, static_cast<const char*>(dictionary)));
-    CString uids;
-    uids.Format("UidTable.txt, %d rows", CDcmRegistry::Global().UidDictionarySize());
-    EXPECT_TRUE(Holds(run.out, static_cast<const char*>(uids)));
-    EXPECT_TRUE(Holds(run.out, "the current directory: "));
-}
-
-TEST_F(CommandLine, AnEmptyDictionaryStopsAllVerbsButWhere)
-{
+    const CDcmRegistry& registry = CDcmRegistry::Global();
+    EXPECT_TRUE(Holds(Expect(0, "where").out, "dictionary.txt, " + std::to_string(registry.DictionarySize()) + " rows",
+                      "UidTable.txt, " + std::to_string(registry.UidDictionarySize()) + " rows",
+                      "the current directory: "));
+    // Without a dictionary it is the one verb that works.
     Write("dictionary.txt", "");
     Write("in.dcm", Part10(kExplicitUid, kPatient));
     for (const char* arguments : {"dump in.dcm", "convert -s big in.dcm out.dcm"})
     {
-        const SRun run = Run(arguments);
-        EXPECT_EQ(run.status, 20);
-        EXPECT_EQ(run.out, "");
-        EXPECT_TRUE(Holds(run.err, "there is no data dictionary"));
-        EXPECT_TRUE(Holds(run.err, "set VARNOTIX_DATA to its folder"));
+        EXPECT_EQ(Expect(20, arguments, "there is no data dictionary", "set VARNOTIX_DATA to its folder").out, "");
     }
     EXPECT_FALSE(FileExists("out.dcm"));
-    const SRun where = Run("where");
-    EXPECT_EQ(where.status, 0);
-    EXPECT_TRUE(Holds(where.out, "dictionary.txt, 0 rows"));
+    EXPECT_TRUE(Holds(Expect(0, "where").out, "dictionary.txt, 0 rows"));
 }
 
 TEST_F(Dump, PrintsTheDocumentThatTheLibraryMakes)
@@ -88,8 +62,7 @@ TEST_F(Dump, PrintsTheDocumentThatTheLibraryMakes)
     {
         document += std::string(line.View()) + "\n";
     }
-    const SRun run = Run("dump in.dcm");
-    EXPECT_EQ(run.status, 0);
+    const SRun run = Expect(0, "dump in.dcm");
     EXPECT_EQ(run.out, document);
     EXPECT_EQ(run.err, "");
 }
@@ -98,45 +71,35 @@ TEST_F(Dump, ReadsStandardInputByteForByte)
 {
     // A line end of one system and the end-of-text mark of another must come through.
     Write("in.dcm", kPatient + Explicit(0x00204000, "LT", "one\r\ntwo\x1A!") + Explicit(0x00280010, "US", "\x0D\x0A"));
-    const SRun run = Run("dump - <in.dcm");
-    EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_TRUE(Holds(run.out, "#SOURCE_FILE=\n"));
-    EXPECT_TRUE(Holds(run.out, "[one\r\ntwo\x1A!,]"));
-    EXPECT_TRUE(Holds(run.out, "0028,0010,US,1,Rows,[2573,]"));
+    EXPECT_TRUE(
+        Holds(Expect(0, "dump - <in.dcm").out, "#SOURCE_FILE=\n", "[one\r\ntwo\x1A!,]", "0028,0010,US,1,Rows,[2573,]"));
 }
 
 TEST_F(Dump, GoesOnBehindABadInputAndEndsWithTheWorstStatus)
 {
     Write("good.dcm", Part10(kExplicitUid, kPatient));
-    const SRun run = Run("dump missing.dcm . good.dcm");
-    EXPECT_EQ(run.status, 20);
+    const std::string missing = "varnotix: cannot open 'missing.dcm': No such file or directory\n";
+    const SRun run = Expect(20, "dump missing.dcm . good.dcm", missing,
+                            "varnotix: cannot open '.': ", "varnotix: 2 of 3 inputs could not be read\n");
     EXPECT_TRUE(Holds(run.out, "[Doe^Jane,]"));
-    EXPECT_TRUE(Holds(run.err, "cannot open 'missing.dcm': No such file or directory\n"));
-    EXPECT_TRUE(Holds(run.err, "varnotix: cannot open '.': "));
-    EXPECT_TRUE(Holds(run.err, "varnotix: 2 of 3 inputs could not be read\n"));
-
-    const SRun quiet = Run("dump -q missing.dcm good.dcm");
-    EXPECT_EQ(quiet.status, 20);
-    EXPECT_EQ(quiet.err, "varnotix: cannot open 'missing.dcm': No such file or directory\n");
+    EXPECT_EQ(Expect(20, "dump -q missing.dcm good.dcm").err, missing);
 }
 
 TEST_F(Dump, TellsWhatEachTrialOfAnUnreadableStreamMet)
 {
-    Write("short.dcm", Part10(kExplicitUid, kCutShort));
-    const SRun run = Run("dump short.dcm");
-    EXPECT_EQ(run.status, 20);
+    const std::string cutShort = Part10(kExplicitUid, kCutShort);
+    Write("short.dcm", cutShort);
+    const SRun run = Expect(20, "dump short.dcm");
     EXPECT_EQ(run.out, "");
-    const std::string end = std::to_string(Part10(kExplicitUid, kCutShort).size());
     EXPECT_EQ(run.err, "varnotix: short.dcm: not readable as DICOM\n"
                        "  explicit VR big endian: fault 2 at offset 138: "
                        "a tag that the dictionary lacks, or an unknown VR\n"
                        "  explicit VR little endian: fault 5 at offset " +
-                           end + ": the stream ends inside a value\n");
-
+                           std::to_string(cutShort.size()) + ": the stream ends inside a value\n");
     Write("empty.dcm", "");
-    EXPECT_TRUE(Holds(Run("dump empty.dcm").err, "varnotix: empty.dcm: not readable as DICOM\n  explicit"));
     Write("bare.dcm", std::string(128, '\0') + "DICM");
-    EXPECT_TRUE(Holds(Run("dump bare.dcm").err, "there are no elements in it"));
+    Expect(20, "dump empty.dcm bare.dcm", "varnotix: empty.dcm: not readable as DICOM\n  explicit",
+           "bare.dcm: ", "there are no elements in it");
 }
 
 TEST_F(Dump, AFullDeviceIsAnOutputThatCannotBeWritten)
@@ -146,12 +109,12 @@ TEST_F(Dump, AFullDeviceIsAnOutputThatCannotBeWritten)
         GTEST_SKIP() << "this system has no device that is always full";
     }
     Write("in.dcm", Part10(kExplicitUid, kPatient));
-    for (const char* arguments : {"dump in.dcm", "convert -s big in.dcm -", "where", "--help"})
+    for (const char* arguments : {"dump in.dcm", "modules in.dcm", "convert -s big in.dcm -", "where", "--help"})
     {
-        const SRun run = RunTo("/dev/full", arguments);
+        const SRun run = Run(arguments, "/dev/full");
         EXPECT_EQ(run.status, 40) << arguments;
         EXPECT_TRUE(Holds(run.err, "cannot write to the standard output: No space left on device")) << arguments;
     }
-    EXPECT_EQ(Run("convert -s big in.dcm /dev/full").status, 40);
+    Expect(40, "convert -s big in.dcm /dev/full");
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/full"));
 }

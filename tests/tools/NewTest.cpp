@@ -1,22 +1,9 @@
 #include "ToolRunner.h"
 
+#include <regex>
 #include <set>
-#include <sstream>
 
-class New : public ToolTest
-{
-protected:
-    static std::vector<std::string> LinesOf(const std::string& text)
-    {
-        std::vector<std::string> lines;
-        std::istringstream stream(text);
-        for (std::string line; std::getline(stream, line);)
-        {
-            lines.push_back(line);
-        }
-        return lines;
-    }
-};
+using New = ToolTest;
 
 namespace
 {
@@ -46,26 +33,19 @@ TEST_F(New, OpensWhatTheKindMustHaveAndCommentsTheRestOut)
 {
     for (const SKind& kind : kKinds)
     {
-        const SRun run = Run(std::string("new ") + kind.word);
-        ASSERT_EQ(run.status, 0) << run.err;
-        const std::vector<std::string> lines = LinesOf(run.out);
-        const std::set<std::string> known(lines.begin(), lines.end());
-        EXPECT_TRUE(known.contains(std::string("0008,0016,UI,1,SOP Class UID,[") + kind.sopClass + ",]")) << kind.word;
-        EXPECT_TRUE(known.contains(std::string("0008,0060,CS,1,Modality,[") + kind.modality + ",]")) << kind.word;
-        EXPECT_TRUE(known.contains("0010,0010,PN,1,Patient's Name,[]")) << kind.word;
-        EXPECT_TRUE(known.contains(kind.ownLine)) << kind.word;
-        EXPECT_TRUE(known.contains(";0010,4000,LT,1,Patient Comments,[]")) << kind.word;
-        EXPECT_TRUE(known.contains(";0012,0010,LO,1,Clinical Trial Sponsor Name,[]")) << kind.word;
-
+        SCOPED_TRACE(kind.word);
+        const std::string script = "\n" + Expect(0, std::string("new ") + kind.word).out;
+        EXPECT_TRUE(Holds(script, std::string("\n0008,0016,UI,1,SOP Class UID,[") + kind.sopClass + ",]\n",
+                          std::string("\n0008,0060,CS,1,Modality,[") + kind.modality + ",]\n",
+                          "\n0010,0010,PN,1,Patient's Name,[]\n", std::string("\n") + kind.ownLine + "\n",
+                          "\n;0010,4000,LT,1,Patient Comments,[]\n",
+                          "\n;0012,0010,LO,1,Clinical Trial Sponsor Name,[]\n"));
         // A tag that several modules declare stands there once.
         std::set<std::string> tags;
-        for (const std::string& line : lines)
+        const std::regex tag("\n;?(....,....),");
+        for (std::sregex_iterator match(script.begin(), script.end(), tag), end; match != end; ++match)
         {
-            const std::string text = line.starts_with(';') ? line.substr(1) : line;
-            if (text.size() > 9 && text[4] == ',' && text[9] == ',')
-            {
-                EXPECT_TRUE(tags.insert(text.substr(0, 9)).second) << kind.word << ": " << line;
-            }
+            EXPECT_TRUE(tags.insert((*match)[1]).second) << (*match)[1];
         }
     }
 }
@@ -88,32 +68,22 @@ TEST_F(New, FollowsTheOrderOfEntitiesAndModules)
 
 TEST_F(New, NamesEachObjectAnew)
 {
-    const auto instance = [](const std::string& script)
+    Expect(0, "new CT -o first.asl");
+    const std::regex uid("\n0008,0018,UI,1,SOP Instance UID,\\[2\\.25\\.([1-9][0-9]{0,38}),\\]\n");
+    std::set<std::string> made;
+    for (const std::string& script : {Read("first.asl"), Run("new CT").out})
     {
-        const std::string start = "0008,0018,UI,1,SOP Instance UID,[2.25.";
-        const std::size_t begin = script.find(start);
-        return begin == std::string::npos
-                   ? std::string()
-                   : script.substr(begin + start.size(), script.find(',', begin + start.size()) - begin - start.size());
-    };
-    ASSERT_EQ(Run("new CT -o first.asl").status, 0);
-    const std::string first = instance(Read("first.asl"));
-    const std::string second = instance(Run("new CT").out);
-    EXPECT_NE(first, second);
-    for (const std::string& digits : {first, second})
-    {
-        EXPECT_FALSE(digits.empty());
-        EXPECT_LE(digits.size(), 39U);
-        EXPECT_NE(digits[0], '0');
-        EXPECT_EQ(digits.find_first_not_of("0123456789"), std::string::npos);
+        std::smatch match;
+        ASSERT_TRUE(std::regex_search(script, match, uid)) << script;
+        EXPECT_TRUE(made.insert(match[1]).second);
     }
 }
 
 TEST_F(New, RefusesAnUnknownKindAndKeepsTheOldScript)
 {
     Write("old.asl", "old");
-    EXPECT_EQ(Run("new XY -o old.asl").status, 1);
-    EXPECT_EQ(Run("new CT -o no-folder/script.asl").status, 40);
+    Expect(1, "new XY -o old.asl");
+    Expect(40, "new CT -o no-folder/script.asl");
     EXPECT_EQ(Read("old.asl"), "old");
     EXPECT_EQ(CountTemporaries(), 0);
 }

@@ -6,9 +6,7 @@
 namespace
 {
 
-class Pdu : public ToolTest
-{
-};
+using Pdu = ToolTest;
 
 /// A request with one context and a maximum length, low byte first; then data, a release and an abort.
 const std::string kCapture = "# captured on the way in\r\n"
@@ -67,17 +65,13 @@ TEST_F(Pdu, DumpsEachPduOfAStreamOfDigitsOrBytes)
 {
     Write("capture.txt", kCapture);
     Write("capture.bin", Raw());
-    const SRun text = Run("pdu capture.txt");
-    EXPECT_EQ(text.status, 0);
+    const SRun text = Expect(0, "pdu capture.txt");
     EXPECT_EQ(text.err, "");
-    for (const char* part : {"# PDU 1 at offset 0, 109 bytes: A-ASSOCIATE-RQ\nPDU Type [1]\nPDU Length [103]\n",
-                             "Called AE [ANY-SCP         ]\nCalling AE [ECHOSCU]\n", "UDI [(51h) (0,64,0,0,)]\n",
-                             "# PDU 2 at offset 109, 14 bytes: P-DATA-TF\n", "PDV [(1) (3) (2)]\n",
-                             "# PDU 3 at offset 123, 10 bytes: A-RELEASE-RQ\n",
-                             "# PDU 4 at offset 133, 10 bytes: A-ABORT\n", "Source [2]\nReason [6]\n"})
-    {
-        EXPECT_TRUE(Holds(text.out, part));
-    }
+    EXPECT_TRUE(Holds(text.out, "# PDU 1 at offset 0, 109 bytes: A-ASSOCIATE-RQ\nPDU Type [1]\nPDU Length [103]\n",
+                      "Called AE [ANY-SCP         ]\nCalling AE [ECHOSCU]\n", "UDI [(51h) (0,64,0,0,)]\n",
+                      "# PDU 2 at offset 109, 14 bytes: P-DATA-TF\n", "PDV [(1) (3) (2)]\n",
+                      "# PDU 3 at offset 123, 10 bytes: A-RELEASE-RQ\n", "# PDU 4 at offset 133, 10 bytes: A-ABORT\n",
+                      "Source [2]\nReason [6]\n"));
     EXPECT_EQ(Run("pdu capture.bin").out, text.out);
     EXPECT_EQ(Run("pdu - <capture.bin").out, text.out);
     EXPECT_EQ(Run("pdu <capture.txt").out, text.out);
@@ -86,71 +80,53 @@ TEST_F(Pdu, DumpsEachPduOfAStreamOfDigitsOrBytes)
 TEST_F(Pdu, FieldsShowEveryByteWithItsOffsetAndMeaning)
 {
     Write("capture.txt", kCapture);
-    const SRun run = Run("pdu --fields capture.txt");
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(BytesShown(run.out), Raw());
-    for (const char* part :
-         {"       0  01                                               PDU type: A-ASSOCIATE-RQ (01H)\n",
-          "called AE title: 'ANY-SCP         '\n", "calling AE title: 'ECHOSCU'\n", "context ID: 1\n",
-          "sub-item type: abstract syntax (30H)\n", "value: '1.2\\x00\\xAB'\n",
-          "value: 4194304 bytes; low byte first it would be 16384\n", "message control: command, last fragment\n",
-          "     121  ca fe                                            data: 2 bytes\n",
-          "reason: invalid PDU parameter value (06H)\n"})
-    {
-        EXPECT_TRUE(Holds(run.out, part));
-    }
+    const std::string listing = Expect(0, "pdu --fields capture.txt").out;
+    EXPECT_EQ(BytesShown(listing), Raw());
+    EXPECT_TRUE(
+        Holds(listing, "       0  01                                               PDU type: A-ASSOCIATE-RQ (01H)\n",
+              "called AE title: 'ANY-SCP         '\n", "calling AE title: 'ECHOSCU'\n", "context ID: 1\n",
+              "sub-item type: abstract syntax (30H)\n", "value: '1.2\\x00\\xAB'\n",
+              "value: 4194304 bytes; low byte first it would be 16384\n", "message control: command, last fragment\n",
+              "     121  ca fe                                            data: 2 bytes\n",
+              "reason: invalid PDU parameter value (06H)\n"));
 }
 
 TEST_F(Pdu, BytesThatDoNotFitAreShownAsUnreadWithTheirOffset)
 {
-    struct SCase
+    const std::array<const char*, 3> cases[] = {
+        {"0500000000040000000007", "      10  07 ", "PDU 2: unread from offset 10 on, 1 byte: too short for a PDU"},
+        {"0300000000040001", "       6  00 01 ", "from offset 6 on, 2 bytes: too short for result"},
+        {"040000000006000000090103", "       6  00 00 00 09 01 03 ", "the data value runs past the end"},
+        {"0400000000FF00", "       6  00 ", "the PDU length runs past the end"},
+        {"48545450000000000500", "       6  00 00 05 00", "the PDU length runs past the end"}};
+    for (const auto& [digits, field, reason] : cases)
     {
-        const char* digits;
-        const char* field;
-        const char* reason;
-    };
-    for (const SCase& test : std::initializer_list<SCase>{
-             {"0500000000040000000007", "      10  07 ",
-              "PDU 2: unread from offset 10 on, 1 byte: too short for a PDU"},
-             {"0300000000040001", "       6  00 01 ", "from offset 6 on, 2 bytes: too short for result"},
-             {"040000000006000000090103", "       6  00 00 00 09 01 03 ", "the data value runs past the end"},
-             {"0400000000FF00", "       6  00 ", "the PDU length runs past the end"},
-             {"48545450000000000500", "       6  00 00 05 00", "the PDU length runs past the end"}})
-    {
-        Write("in.txt", test.digits);
-        const SRun run = Run("pdu --fields in.txt");
-        EXPECT_EQ(run.status, 20) << test.digits;
-        EXPECT_EQ(BytesShown(run.out), FromHexadecimal(test.digits));
-        EXPECT_TRUE(Holds(run.out, "unread bytes: "));
-        EXPECT_TRUE(Holds(run.out, test.field));
-        EXPECT_TRUE(Holds(run.err, test.reason));
+        Write("in.txt", digits);
+        const SRun run = Expect(20, "pdu --fields in.txt", reason);
+        EXPECT_EQ(BytesShown(run.out), FromHexadecimal(digits));
+        EXPECT_TRUE(Holds(run.out, "unread bytes: ", field));
     }
 }
 
 TEST_F(Pdu, UnknownItemsAreShownAsSkipped)
 {
     Write("in.txt", "01 00 0000004E 0001 " + std::string(132, '0') + " 77 00 0002 EEEE 50000000");
-    const SRun run = Run("pdu --fields in.txt");
-    EXPECT_EQ(run.status, 0);
-    EXPECT_TRUE(Holds(run.out, "      74  77 00 00 02 ee ee                                "
-                               "skipped: no item type that is known\n      80  50 "));
+    EXPECT_TRUE(Holds(Expect(0, "pdu --fields in.txt").out,
+                      "      74  77 00 00 02 ee ee                                "
+                      "skipped: no item type that is known\n      80  50 "));
 }
 
 TEST_F(Pdu, NothingButDigitsMakesTextAndMessagesNameThePlace)
 {
-    const std::array<std::array<const char*, 2>, 4> cases = {{{"01 0\n", "offset 3, line 1"},
-                                                              {"0100\n# x\n0g\n", "offset 9, line 3"},
-                                                              {" \n", "there are no bytes"},
-                                                              {"", "there are no bytes"}}};
-    for (const auto& [text, message] : cases)
+    for (const auto& [text, message] : {std::pair("01 0\n", "offset 3, line 1"),
+                                        {"0100\n# x\n0g\n", "offset 9, line 3"},
+                                        {" \n", "there are no bytes"},
+                                        {"", "there are no bytes"}})
     {
         Write("in.txt", text);
-        const SRun run = Run("pdu in.txt");
-        EXPECT_EQ(run.status, 20);
-        EXPECT_EQ(run.out, "");
-        EXPECT_TRUE(Holds(run.err, message));
+        EXPECT_EQ(Expect(20, "pdu in.txt", message).out, "");
     }
-    EXPECT_EQ(Run("pdu missing.bin").status, 20);
+    Expect(20, "pdu missing.bin");
 }
 
 TEST_F(Pdu, DamagedCapturesAreShownInFullByFieldsAndByTheDecoderAlike)

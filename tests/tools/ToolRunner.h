@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -63,6 +64,11 @@ inline std::string Encapsulated(const std::string& table, const std::vector<std:
     return text + Implicit(0xFFFEE0DD, "");
 }
 
+inline std::string Us(unsigned long tag, unsigned long value)
+{
+    return Explicit(tag, "US", LittleEndian(value, 2));
+}
+
 inline std::string PaddedUid(const std::string& uid)
 {
     return uid.size() % 2 == 0 ? uid : uid + '\0';
@@ -99,25 +105,22 @@ protected:
 
     void TearDown() override { std::filesystem::current_path(m_start); }
 
-    /// Runs "varnotix ARGUMENTS", which may redirect; its standard output and error are caught.
-    static SRun Run(const std::string& arguments)
+    /// Runs "varnotix ARGUMENTS", which may redirect. The standard output goes to a file or device.
+    /// @param limit a command of the shell, to run before.
+    static SRun Run(const std::string& arguments, const std::string& out = "out.txt", const std::string& limit = "")
     {
-        const SRun run = RunTo("out.txt", arguments);
-        return {run.status, Read("out.txt"), run.err};
+        const int status = StatusOf("varnotix", arguments, out, limit);
+        return {status, std::filesystem::is_regular_file(out) ? Read(out) : "", Read("err.txt")};
     }
 
-    /// As above, with the standard output going to a file or device.
-    static SRun RunTo(const std::string& out, const std::string& arguments, const std::string& limit = "")
+    /// Runs as above and expects the status, and all parts in the messages.
+    static SRun Expect(int status, const std::string& arguments, const auto&... parts)
     {
-        return RunProgram("varnotix", out, arguments, limit);
-    }
-
-    /// Runs one of the project's programs.
-    static SRun RunProgram(const std::string& name, const std::string& out, const std::string& arguments,
-                           const std::string& limit = "")
-    {
-        const int status = StatusOf(name, arguments, out, limit);
-        return {status, std::string(), Read("err.txt")};
+        SCOPED_TRACE(arguments);
+        const SRun run = Run(arguments);
+        EXPECT_EQ(run.status, status) << run.err;
+        EXPECT_TRUE(Holds(run.err, parts...));
+        return run;
     }
 
     static void Write(const std::string& name, const std::string& bytes)
@@ -142,31 +145,40 @@ protected:
         object.Serialize(archive);
     }
 
-    /// An element's texts without the blank that makes their length even; "(absent)" without the element.
-    static std::string TextOf(const CDcmIOD& object, int group, int element)
+    /// The text of each element without the blank that makes its length even, in brackets; "-" where there is none.
+    static std::string TextsOf(const std::string& name, std::initializer_list<int> tags)
     {
-        const CDcmElement* found = object.ElementStore().Find(group, element);
-        CString text = found == nullptr ? CString("(absent)") : found->JoinedText();
-        text.TrimRight();
-        return std::string(text.CText());
+        CDcmIOD object;
+        ReadObject(name, object);
+        std::string texts;
+        for (const int tag : tags)
+        {
+            const CDcmElement* found = object.ElementStore().Find(tag >> 16, tag & 0xFFFF);
+            CString text = found == nullptr ? CString() : found->JoinedText();
+            text.TrimRight();
+            texts += found == nullptr ? "-" : "[" + std::string(text.CText()) + "]";
+        }
+        return texts;
     }
 
     /// The files in a folder that begin as temporary outputs do.
     static int CountTemporaries(const std::string& folder = ".")
     {
-        int count = 0;
-        for (const auto& entry : std::filesystem::directory_iterator(folder))
-        {
-            count += entry.path().filename().string().starts_with(".varnotix-") ? 1 : 0;
-        }
-        return count;
+        const auto isOne = [](const auto& entry) { return entry.path().filename().string().starts_with(".varnotix-"); };
+        return static_cast<int>(std::count_if(std::filesystem::directory_iterator(folder), {}, isOne));
     }
 
-    static testing::AssertionResult Holds(const std::string& text, const std::string& part)
+    /// In any order.
+    static testing::AssertionResult Holds(const std::string& text, const auto&... parts)
     {
-        return text.find(part) != std::string::npos ? testing::AssertionSuccess()
-                                                    : testing::AssertionFailure() << "no \"" << part << "\" in:\n"
-                                                                                  << text;
+        for (const std::string& part : std::initializer_list<std::string>{parts...})
+        {
+            if (text.find(part) == std::string::npos)
+            {
+                return testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
+            }
+        }
+        return testing::AssertionSuccess();
     }
 
 private:
