@@ -173,9 +173,9 @@ TEST_F(Starvation, IsNotBroughtAboutByLengthsInTheStream)
     for (const char* text : kStreams)
     {
         const Bytes stream = Stream(text);
-        TakeLargestRequest();
+        TakeRequests();
         const SRead read(stream);
-        EXPECT_LE(TakeLargestRequest(), kProportionate) << text;
+        EXPECT_LE(TakeRequests().largest, kProportionate) << text;
         EXPECT_EQ(read.set.GetCount(), 0) << text;
     }
 }

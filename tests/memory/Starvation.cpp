@@ -1,6 +1,7 @@
 #include "Starvation.h"
 
 #include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/platform/Exceptions.h"
 
 #include <cstdlib>
 #include <utility>
@@ -11,20 +12,16 @@ namespace
 constexpr long kUnlimited = -1;
 
 long live = 0;
-std::size_t largest = 0;
+SRequests requests = {};
 long grantedLeft = kUnlimited;
 ERefuse refusing = ERefuse::One;
 bool struck = false;
 
 bool IsGranted()
 {
-    if (grantedLeft == kUnlimited)
+    if (grantedLeft != 0)
     {
-        return true;
-    }
-    if (grantedLeft > 0)
-    {
-        --grantedLeft;
+        grantedLeft -= grantedLeft > 0 ? 1 : 0;
         return true;
     }
     struck = true;
@@ -34,7 +31,7 @@ bool IsGranted()
 
 void* Allocate(std::size_t size)
 {
-    largest = size > largest ? size : largest;
+    requests = {size > requests.largest ? size : requests.largest, requests.total + size};
     void* memory = IsGranted() ? std::malloc(size > 0 ? size : 1) : nullptr;
     live += memory != nullptr ? 1 : 0;
     return memory;
@@ -84,25 +81,32 @@ long LiveBlocks()
     return live;
 }
 
-std::size_t TakeLargestRequest()
+SRequests TakeRequests()
 {
-    return std::exchange(largest, 0);
+    return std::exchange(requests, {});
 }
 
-CStarvation::CStarvation(long granted, ERefuse refuse)
+bool RunsOut(long granted, ERefuse refuse, const std::function<void()>& action)
 {
     struck = false;
     refusing = refuse;
     grantedLeft = granted;
-}
-
-CStarvation::~CStarvation()
-{
+    try
+    {
+        action();
+    }
+    catch (const std::bad_alloc&)
+    {
+    }
+    catch (const CMemoryException&)
+    {
+    }
+    catch (...)
+    {
+        grantedLeft = kUnlimited;
+        throw;
+    }
     grantedLeft = kUnlimited;
-}
-
-bool CStarvation::Struck() const
-{
     return struck;
 }
 

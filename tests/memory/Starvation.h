@@ -4,18 +4,22 @@
 /// Windows DLL has its own.
 #pragma once
 
-#include "Varnotix/platform/Exceptions.h"
-
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <functional>
 #include <new>
 
 /// What the program and the library have asked operator new for, and not given back.
 long LiveBlocks();
 
-/// The largest single request since the last call.
-std::size_t TakeLargestRequest();
+/// What has been asked of operator new since the last call.
+struct SRequests
+{
+    std::size_t largest;
+    std::size_t total;
+};
+SRequests TakeRequests();
 
 /// Which requests are refused.
 enum class ERefuse
@@ -24,19 +28,10 @@ enum class ERefuse
     AllAfter ///< The one and all that follow.
 };
 
-/// While it lives, memory runs out at a request.
-class CStarvation
-{
-public:
-    /// @param granted requests that are still granted.
-    CStarvation(long granted, ERefuse refuse);
-    ~CStarvation();
-    CStarvation(const CStarvation&) = delete;
-    CStarvation& operator=(const CStarvation&) = delete;
-
-    /// True once a request was refused.
-    bool Struck() const;
-};
+/// Runs an action for which memory runs out.
+/// @param granted requests that are still granted.
+/// @return true when a request was refused.
+bool RunsOut(long granted, ERefuse refuse, const std::function<void()>& action);
 
 /// Tests that are skipped where the library does not take its memory from this program.
 class Starved : public testing::Test
@@ -69,23 +64,5 @@ protected:
                 EXPECT_TRUE(struck || granted > 0) << "nothing asked for memory";
             }
         }
-    }
-
-    /// True when memory ran out in the action.
-    template <class ACTION>
-    static bool RunsOut(long granted, ERefuse refuse, const ACTION& action)
-    {
-        const CStarvation starvation(granted, refuse);
-        try
-        {
-            action();
-        }
-        catch (const std::bad_alloc&)
-        {
-        }
-        catch (const CMemoryException&)
-        {
-        }
-        return starvation.Struck();
     }
 };

@@ -37,16 +37,13 @@ TEST(PduDecodeTest, GoldenBytesBecomeFieldsAndItems)
                                    "PCI [() (1.5,1.6,) (3) (4)]", "ACI [1.2.3,]", "UDI [(55h)  ()]"}))
         << "the items of the request before it are gone";
     pdu.Create(RejectBytes());
-    EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RJ);
-    EXPECT_EQ(pdu.PduLength(), 4);
-    EXPECT_EQ(pdu.Result(), 1);
-    EXPECT_EQ(pdu.Source(), 2);
-    EXPECT_EQ(pdu.Reason(), 7);
+    EXPECT_EQ(DumpOf(pdu), (CLines{"PDU Type [3]", "PDU Length [4]", "Protocol Version [1]", "Called AE [B]",
+                                   "Calling AE [A]", "Result [1]", "Source [2]", "Reason [7]",
+                                   "PCI [() (1.5,1.6,) (3) (4)]", "ACI [1.2.3,]", "UDI [(55h)  ()]"}));
     pdu.Create(AbortBytes());
-    EXPECT_EQ(pdu.PduType(), PDU_ABORT);
-    EXPECT_EQ(pdu.Result(), 1) << "an abort has no result";
-    EXPECT_EQ(pdu.Source(), 2);
-    EXPECT_EQ(pdu.Reason(), 6);
+    const CLines aborted = DumpOf(pdu);
+    EXPECT_EQ(CLines(aborted.begin() + 5, aborted.begin() + 8), (CLines{"Result [1]", "Source [2]", "Reason [6]"}))
+        << "an abort has no result";
     pdu.Create(ReleaseBytes(PDU_RELEASE_RP));
     EXPECT_EQ(pdu.PduType(), PDU_RELEASE_RP);
     EXPECT_EQ(ItemsOf(DataBytes()), (CLines{"ACI []", "PDV [(1) (3) (10)]", "PDV [(5) (0) (0)]"}));
@@ -83,22 +80,16 @@ TEST(PduDecodeTest, TheLengthMayExceedWhatFollowsTheHeaderBySix)
     negative.Create(bytes);
     EXPECT_LT(negative.PduLength(), 0) << "the field is a signed number, which no size is below";
     EXPECT_EQ(negative.Reason(), 7);
-}
 
-TEST(PduDecodeTest, ShortRejectsAndAbortsKeepEarlierNumbers)
-{
-    for (CByteArray bytes : {RejectBytes(), AbortBytes()})
+    // What is too short keeps the numbers of the PDU before it.
+    for (CByteArray cut : {RejectBytes(), AbortBytes()})
     {
         CDcmProtocolDataUnit pdu;
-        pdu.Result(11);
-        pdu.Source(12);
-        pdu.Reason(13);
-        bytes.SetSize(9);
-        pdu.Create(bytes);
-        EXPECT_EQ(pdu.PduType(), bytes[0]);
-        EXPECT_EQ(pdu.Result(), 11);
-        EXPECT_EQ(pdu.Source(), 12);
-        EXPECT_EQ(pdu.Reason(), 13);
+        pdu.Create(RejectBytes());
+        cut.SetSize(9);
+        pdu.Create(cut);
+        EXPECT_EQ(pdu.PduType(), cut[0]);
+        EXPECT_EQ(pdu.Result() * 100 + pdu.Source() * 10 + pdu.Reason(), 127);
     }
 }
 
@@ -113,10 +104,11 @@ TEST(PduDecodeTest, EveryPrefixGivesWhatItsBytesCarry)
         pdu.Create(bytes);
 
         CLines expected = {size >= 6 ? "PDU Type [1]" : "PDU Type [0]", "PDU Length [0]"};
-        expected.emplace_back(size >= 42 ? "Protocol Version [1]" : "Protocol Version [0]");
-        expected.emplace_back(size >= 42 ? "Called AE [B]" : "Called AE []");
-        expected.emplace_back(size >= 42 ? "Calling AE [A]" : "Calling AE []");
-        expected.insert(expected.end(), {"Result [0]", "Source [0]", "Reason [0]"});
+        const bool isFixed = size >= 42;
+        expected.insert(expected.end(),
+                        {isFixed ? "Protocol Version [1]" : "Protocol Version [0]",
+                         isFixed ? "Called AE [B]" : "Called AE []", isFixed ? "Calling AE [A]" : "Calling AE []",
+                         "Result [0]", "Source [0]", "Reason [0]"});
         if (size >= 91) // A context whose header is there is kept, cut short as it may be.
         {
             expected.push_back(std::string("PCI [(") + (size >= 100 ? "1.2.4" : "") + ") (" +
@@ -148,7 +140,7 @@ TEST(PduDecodeTest, TitlesEndAtAZeroAndKeepTheirSpaces)
     EXPECT_EQ(pdu.ProtocolVersion(), 0x12ABCD) << "the low 16 bits are replaced";
 }
 
-TEST(PduDecodeTest, UnknownItemsAreScannedThroughByteByByte)
+TEST(PduDecodeTest, UnknownItemsAreScannedThroughAndUnknownSubItemsPassedOver)
 {
     const CByteArray user = Bytes({0x50, 0, 0, 5, 0x52, 0, 0, 1, '1'});
     EXPECT_EQ(ItemsOf(Association(Join({Bytes({0x55, 0, 0, 2, 0xAA, 0xBB}), user}))),
@@ -158,10 +150,7 @@ TEST(PduDecodeTest, UnknownItemsAreScannedThroughByteByByte)
     EXPECT_EQ(ItemsOf(Association(Join({Bytes({0x55, 0, 0, 5, 0x10, 0, 0, 1, 'x'}), user}))),
               (CLines{"ACI [x,]", "UDI [(52h)  (1)]"}))
         << "what looks like an item inside is read as one";
-}
-
-TEST(PduDecodeTest, ContextsReadBothFormsAndPassOverOtherSubItems)
-{
+    // Contexts have two forms; sub-items of other types are passed over.
     const CByteArray subItems =
         Bytes({0x30, 0, 0, 1, 'a', 0x40, 0, 0, 1, 't', 0x99, 0, 0, 2, 'x', 'y', 0x30, 0, 0, 1, 'b', 0x40, 0, 0, 0});
     for (const int itemType : {0x20, 0x21})
@@ -175,22 +164,16 @@ TEST(PduDecodeTest, ContextsReadBothFormsAndPassOverOtherSubItems)
         << "an item length below 4 leaves room for no sub-item";
 }
 
-TEST(PduDecodeTest, ASubItemMayRunPastItsItemButNotPastTheField)
-{
-    // The item says 9 bytes, the sub-item in it 4 where there is room for 1.
-    const CByteArray item = Bytes({0x20, 0, 0, 9, 5, 0, 0, 0, 0x40, 0, 0, 4, 'w', 'x', 'y', 'z'});
-    EXPECT_EQ(ItemsOf(Association(Join({item, Bytes({0x10, 0, 0, 1, 'n'})}))),
-              (CLines{"PCI [() (wxyz,) (5) (0)]", "ACI [n,]"}))
-        << "the next item is looked for behind the sub-item";
-    CByteArray cut = item;
-    cut.SetSize(15);
-    EXPECT_EQ(ItemsOf(Association(cut)), (CLines{"PCI [() () (5) (0)]", "ACI []"}));
-}
-
-TEST(PduDecodeTest, ABadLengthEndsTheDecodingAndKeepsWhatWasRead)
+TEST(PduDecodeTest, LengthsAreHeldToTheFieldAndABadOneKeepsWhatWasRead)
 {
     const CByteArray name = Bytes({0x10, 0, 0, 1, 'n'});
     const CByteArray good = Bytes({0x50, 0, 0, 5, 0x52, 0, 0, 1, '1'});
+    // The item says 9 bytes, the sub-item in it 4 where there is room for 1.
+    CByteArray item = Bytes({0x20, 0, 0, 9, 5, 0, 0, 0, 0x40, 0, 0, 4, 'w', 'x', 'y', 'z'});
+    EXPECT_EQ(ItemsOf(Association(Join({item, name}))), (CLines{"PCI [() (wxyz,) (5) (0)]", "ACI [n,]"}))
+        << "the next item is looked for behind the sub-item";
+    item.SetSize(15);
+    EXPECT_EQ(ItemsOf(Association(item)), (CLines{"PCI [() () (5) (0)]", "ACI []"}));
     EXPECT_EQ(ItemsOf(Association(Join({name, Bytes({0x10, 0, 1, 0}), good}))), (CLines{"ACI [n,]"}));
     EXPECT_EQ(ItemsOf(Association(Join({Bytes({0x20, 0, 0, 9, 5, 0, 0, 0, 0x40, 0, 1, 0}), name}))),
               (CLines{"PCI [() () (5) (0)]", "ACI []"}));

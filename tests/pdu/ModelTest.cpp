@@ -9,20 +9,15 @@ TEST(PduModelTest, LookupsAnswerWithTheFirstMatch)
     pdu.AddPresentationContext("1.2.b", Texts({"2"}), 3, 0);
     pdu.AddPresentationContext("1.2.a", Texts({"3"}), 3, 4);
 
-    ASSERT_NE(pdu.FindPresentationContext(3), nullptr);
+    ASSERT_TRUE(pdu.FindPresentationContext(3) != nullptr && pdu.FindPresentationContext("1.2.a") != nullptr);
     EXPECT_EQ(pdu.FindPresentationContext(3)->AbstractSyntax(), "1.2.b");
-    ASSERT_NE(pdu.FindPresentationContext("1.2.a"), nullptr);
     EXPECT_EQ(pdu.FindPresentationContext("1.2.a")->ContextID(), 1) << "case is ignored";
     EXPECT_EQ(pdu.FindPresentationContextID("1.2.B"), 3);
-    EXPECT_EQ(pdu.FindPresentationContext(5), nullptr);
-    EXPECT_EQ(pdu.FindPresentationContext("1.2"), nullptr);
+    EXPECT_TRUE(pdu.FindPresentationContext(5) == nullptr && pdu.FindPresentationContext("1.2") == nullptr);
     EXPECT_EQ(pdu.FindPresentationContextID("1.2"), -1);
-
     EXPECT_EQ(pdu.GetContextIDResult(1), 3);
     EXPECT_EQ(pdu.GetContextIDResult(5), -1);
-    EXPECT_FALSE(pdu.IsValidContextID(1));
-    EXPECT_TRUE(pdu.IsValidContextID(3));
-    EXPECT_FALSE(pdu.IsValidContextID(5));
+    EXPECT_TRUE(!pdu.IsValidContextID(1) && pdu.IsValidContextID(3) && !pdu.IsValidContextID(5));
 }
 
 TEST(PduModelTest, CopiesHaveItemsOfTheirOwn)

@@ -6,27 +6,35 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace
 {
-
-using Frames = std::vector<std::vector<int>>;
 
 CDcmElement& PixelData(CDcmImagePixelModule& module)
 {
     return *module.GetDcmElementSet().Find(kPixelDataGroup, kPixelDataElement);
 }
 
-Frames FramesOf(CDcmImagePixelModule& module)
+/// The VR and the bytes of each frame: "OB 1 2 | 3 |".
+std::string FramesOf(CDcmImagePixelModule& module)
 {
     CObList list;
     module.GetPixelData(list);
-    Frames frames;
+    std::string text = VrText(PixelData(module).Vr());
+    int number = 0;
     for (CObject* array : list)
     {
         EXPECT_TRUE(array->IsKindOf(RUNTIME_CLASS(CByteArray)));
-        frames.push_back(Numbers(static_cast<CByteArray&>(*array)));
+        EXPECT_EQ(PixelData(module).Frames()->GetFrame(number)->Number(), number);
+        for (const int byte : Numbers(static_cast<CByteArray&>(*array)))
+        {
+            text += " " + std::to_string(byte);
+        }
+        text += " |";
+        ++number;
     }
-    return frames;
+    return text;
 }
 
 CWordArray Words(std::initializer_list<WORD> values)
@@ -42,10 +50,7 @@ CWordArray Words(std::initializer_list<WORD> values)
 CObList List(std::initializer_list<CObject*> objects)
 {
     CObList list;
-    for (CObject* object : objects)
-    {
-        list.AddTail(object);
-    }
+    std::for_each(objects.begin(), objects.end(), [&](CObject* object) { list.AddTail(object); });
     return list;
 }
 
@@ -57,17 +62,14 @@ TEST(PixelModule, AddsBytesToByteDataOnlyAndWordsToAny)
     PixelData(module).ForcePixelVr(VR_OB);
     module.SetPixelData(Bytes({1, 2}));
     module.SetPixelData(Bytes({3}));
-    EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}}));
-    EXPECT_EQ(PixelData(module).Frames()->GetFrame(1)->Number(), 1);
+    EXPECT_EQ(FramesOf(module), "OB 1 2 | 3 |");
     PixelData(module).ForcePixelVr(VR_OW);
     module.SetPixelData(Bytes({4}));
-    EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}}));
-    EXPECT_EQ(PixelData(module).Vr(), VR_OW);
+    EXPECT_EQ(FramesOf(module), "OW 1 2 | 3 |");
     // Words are added low byte first, and make the VR OW.
     PixelData(module).ForcePixelVr(VR_OB);
     module.SetPixelData(Words({0x0102, 0x0304}));
-    EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}, {2, 1, 4, 3}}));
-    EXPECT_EQ(PixelData(module).Vr(), VR_OW);
+    EXPECT_EQ(FramesOf(module), "OW 1 2 | 3 | 2 1 4 3 |");
 }
 
 TEST(PixelModule, ReplacesAllFramesByAListOfOneKind)
@@ -77,35 +79,26 @@ TEST(PixelModule, ReplacesAllFramesByAListOfOneKind)
     CByteArray first(Bytes({1, 2}));
     CByteArray second(Bytes({3}));
     CWordArray words(Words({0x0506}));
-
-    CObList mixed(List({&first, &words}));
-    module.SetPixelData(mixed);
-    CObList holed(List({&first, nullptr}));
-    module.SetPixelData(holed);
-    CObList strangers(List({&module}));
-    module.SetPixelData(strangers);
-    EXPECT_EQ(FramesOf(module), (Frames{{9, 0}}));
-    EXPECT_EQ(PixelData(module).Vr(), VR_OW);
-
+    for (CObject* other : std::initializer_list<CObject*>{&words, nullptr, &module})
+    {
+        CObList mixed(List({&first, other}));
+        module.SetPixelData(mixed);
+        EXPECT_EQ(FramesOf(module), "OW 9 0 |");
+    }
     CObList bytes(List({&first, &second}));
     module.SetPixelData(bytes);
-    EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}}));
-    EXPECT_EQ(PixelData(module).Vr(), VR_OB);
-    EXPECT_EQ(PixelData(module).Frames()->GetFrame(1)->Number(), 1);
+    EXPECT_EQ(FramesOf(module), "OB 1 2 | 3 |");
     CObList own;
     module.GetPixelData(own);
     own.AddTail(&first);
     module.SetPixelData(own); // Its own frames and one more.
-    EXPECT_EQ(FramesOf(module), (Frames{{1, 2}, {3}, {1, 2}}));
-
+    EXPECT_EQ(FramesOf(module), "OB 1 2 | 3 | 1 2 |");
     CObList wordLists(List({&words}));
     module.SetPixelData(wordLists);
-    EXPECT_EQ(FramesOf(module), (Frames{{6, 5}}));
-    EXPECT_EQ(PixelData(module).Vr(), VR_OW);
+    EXPECT_EQ(FramesOf(module), "OW 6 5 |");
     CObList none;
     module.SetPixelData(none);
-    EXPECT_EQ(FramesOf(module), Frames());
-    EXPECT_EQ(PixelData(module).Vr(), VR_OB);
+    EXPECT_EQ(FramesOf(module), "OB");
 }
 
 TEST(PixelModule, TakesNothingWithoutPixelDataOfABinaryVr)

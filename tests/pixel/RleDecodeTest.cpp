@@ -4,12 +4,7 @@
 
 #include <algorithm>
 
-namespace
-{
-
 using Stream = std::vector<int>;
-
-} // namespace
 
 TEST(RleDecode, FillsWhatASegmentLacksWithZeros)
 {
@@ -21,10 +16,7 @@ TEST(RleDecode, FillsWhatASegmentLacksWithZeros)
     CByteArray inPlace(RleFrame({segment}));
     Image(2, 4, 8, "MONOCHROME2").DcmRleDecode(inPlace, inPlace);
     EXPECT_EQ(Numbers(inPlace), (Stream{1, 2, 3, 9, 9, 9, 0, 0}));
-}
-
-TEST(RleDecode, StopsWhenTheCapacityIsUsedUp)
-{
+    // What is more than the capacity is left.
     EXPECT_EQ(Decoded(Image(1, 3, 8, "RGB"), RleFrame({Bytes({4, 1, 2, 3, 4, 5, 0, 6})})), (Stream{1, 2, 3}));
     EXPECT_EQ(Decoded(Image(1, 3, 8, "RGB"), RleFrame({Bytes({0, 1, 0x81, 2})})), (Stream{1, 2, 2}));
 }
@@ -49,16 +41,12 @@ TEST(RleDecode, TheLastSegmentEnds64BytesBeforeTheInput)
         interleaved.insert(interleaved.end(), {all[static_cast<std::size_t>(i)], cut[static_cast<std::size_t>(i)]});
     }
     EXPECT_EQ(Decoded(Image(8, 10, 8, "MONOCHROME2"), RleFrame({runs, runs}, 0)), interleaved);
-}
-
-TEST(RleDecode, ALiteralMayReachBeyondItsSegment)
-{
-    // The first segment holds the control byte alone; its bytes are those of the second.
+    // A literal may reach beyond its segment: the first one holds the control byte alone.
     EXPECT_EQ(Decoded(Image(1, 4, 8, "RGB"), RleFrame({Bytes({3}), Bytes({1, 2, 3, 4})})),
               (Stream{1, 2, 3, 4, 2, 3, 0, 0}));
 }
 
-TEST(RleDecode, InterleavesTwoSegmentsOfAGreyOrPaletteImage)
+TEST(RleDecode, InterleavesTwoSegmentsOfAGreyOrPaletteImageAndAppendsOthers)
 {
     const CByteArray frame(RleFrame({Bytes({1, 1, 2}), Bytes({0xFF, 9})}));
     for (const char* photometric : {"MONOCHROME1", "MONOCHROME2", "PALETTE COLOR"})
@@ -67,10 +55,7 @@ TEST(RleDecode, InterleavesTwoSegmentsOfAGreyOrPaletteImage)
     }
     // Each segment has the capacity of the whole 16-bit image: high bytes first, and as many zeros behind.
     EXPECT_EQ(Decoded(Image(1, 2, 16, "MONOCHROME2"), frame), (Stream{1, 9, 2, 9, 0, 0, 0, 0}));
-}
-
-TEST(RleDecode, AppendsAnyOtherSegments)
-{
+    // Any other segments are appended.
     const CByteArray one(Bytes({1, 1, 2}));
     const CByteArray two(Bytes({0xFF, 3}));
     const auto appended = [](const char* photometric, const std::vector<CByteArray>& segments)

@@ -26,30 +26,28 @@ using Stream = std::vector<int>;
 
 TEST(RleEncode, RunsAndLiteralsFollowEachOther)
 {
-    EXPECT_EQ(Segment({}), Stream());
-    EXPECT_EQ(Segment(Bytes({5, 5, 5})), (Stream{0xFE, 5}));
-    EXPECT_EQ(Segment(Bytes({1, 2, 3})), (Stream{2, 1, 2, 3}));
-    EXPECT_EQ(Segment(Bytes({5, 5, 5, 6, 6})), (Stream{0xFE, 5, 0xFF, 6}));
-    EXPECT_EQ(Segment(Bytes({1, 2, 7, 7, 7, 3})), (Stream{1, 1, 2, 0xFE, 7, 0, 3}));
-}
-
-TEST(RleEncode, ARunOfTwoIsFoldedOnlyBetweenLiterals)
-{
-    EXPECT_EQ(Segment(Bytes({1, 2, 7, 7, 3})), (Stream{4, 1, 2, 7, 7, 3}));
-    EXPECT_EQ(Segment(Bytes({1, 7, 7, 2, 8, 8, 3})), (Stream{6, 1, 7, 7, 2, 8, 8, 3}));
-    EXPECT_EQ(Segment(Bytes({1, 2, 7, 7, 8, 8, 8})), (Stream{1, 1, 2, 0xFF, 7, 0xFE, 8}));
-    EXPECT_EQ(Segment(Bytes({7, 7, 1})), (Stream{0xFF, 7, 0, 1}));
-    EXPECT_EQ(Segment(Bytes({1, 7, 7, 8, 8, 2})), (Stream{0, 1, 0xFF, 7, 0xFF, 8, 0, 2}));
-}
-
-TEST(RleEncode, LongRunsAreCutAt128)
-{
-    EXPECT_EQ(Segment(Repeated(5, 128)), (Stream{0x81, 5}));
-    EXPECT_EQ(Segment(Repeated(5, 129)), (Stream{0x81, 5, 0, 5}));
-    EXPECT_EQ(Segment(Repeated(5, 130)), (Stream{0x81, 5, 0xFF, 5}));
-    // Behind a literal, the rest of a run is no run of two that could be folded.
-    EXPECT_EQ(Segment(Join({Bytes({1}), Repeated(5, 129)})), (Stream{0, 1, 0x81, 5, 0, 5}));
-    EXPECT_EQ(Segment(Join({Bytes({1}), Repeated(5, 130), Bytes({2})})), (Stream{0, 1, 0x81, 5, 0xFF, 5, 0, 2}));
+    const std::pair<CByteArray, Stream> cases[] = {
+        {{}, {}},
+        {Bytes({5, 5, 5}), {0xFE, 5}},
+        {Bytes({1, 2, 3}), {2, 1, 2, 3}},
+        {Bytes({5, 5, 5, 6, 6}), {0xFE, 5, 0xFF, 6}},
+        {Bytes({1, 2, 7, 7, 7, 3}), {1, 1, 2, 0xFE, 7, 0, 3}},
+        // A run of two is folded between literals alone.
+        {Bytes({1, 2, 7, 7, 3}), {4, 1, 2, 7, 7, 3}},
+        {Bytes({1, 7, 7, 2, 8, 8, 3}), {6, 1, 7, 7, 2, 8, 8, 3}},
+        {Bytes({1, 2, 7, 7, 8, 8, 8}), {1, 1, 2, 0xFF, 7, 0xFE, 8}},
+        {Bytes({7, 7, 1}), {0xFF, 7, 0, 1}},
+        {Bytes({1, 7, 7, 8, 8, 2}), {0, 1, 0xFF, 7, 0xFF, 8, 0, 2}},
+        // Long runs are cut at 128. Behind a literal, the rest of a run is no run of two that could be folded.
+        {Repeated(5, 128), {0x81, 5}},
+        {Repeated(5, 129), {0x81, 5, 0, 5}},
+        {Repeated(5, 130), {0x81, 5, 0xFF, 5}},
+        {Join({Bytes({1}), Repeated(5, 129)}), {0, 1, 0x81, 5, 0, 5}},
+        {Join({Bytes({1}), Repeated(5, 130), Bytes({2})}), {0, 1, 0x81, 5, 0xFF, 5, 0, 2}}};
+    for (const auto& [bytes, segment] : cases)
+    {
+        EXPECT_EQ(Segment(bytes), segment);
+    }
 }
 
 TEST(RleEncode, LiteralsEndAt128Bytes)
@@ -115,7 +113,7 @@ TEST(RleEncode, SplitsRgbIntoPlanes)
     EXPECT_EQ(Numbers(data), Numbers(expected));
 }
 
-TEST(RleEncode, AnRgbFrameThatIsTooShortGivesEmptySegments)
+TEST(RleEncode, AnRgbFrameThatIsTooShortGivesEmptySegmentsAndOthersStay)
 {
     CByteArray expected(Zeros(kRleHeader));
     PutNumber(expected, 0, 3);
@@ -129,13 +127,10 @@ TEST(RleEncode, AnRgbFrameThatIsTooShortGivesEmptySegments)
     data = Repeated(7, 100);
     Image(65535, 65535, 8, "RGB").DcmRleEncode(data);
     EXPECT_EQ(Numbers(data), Numbers(expected));
-}
-
-TEST(RleEncode, LeavesOtherPhotometricInterpretationsAlone)
-{
+    // Other photometric interpretations are left alone.
     for (const char* photometric : {"YBR_FULL", ""})
     {
-        CByteArray data(Repeated(7, 60));
+        data = Repeated(7, 60);
         Image(4, 5, 8, photometric).DcmRleEncode(data);
         EXPECT_EQ(Numbers(data), Numbers(Repeated(7, 60))) << photometric;
     }

@@ -40,6 +40,22 @@ inline CByteArray Zeros(int count)
     return bytes;
 }
 
+/// The bytes as many times as asked for.
+inline CByteArray Repeated(const CByteArray& bytes, int count)
+{
+    CByteArray repeated;
+    for (int i = 0; i < count; ++i)
+    {
+        repeated.Append(bytes);
+    }
+    return repeated;
+}
+
+inline CByteArray Repeated(int byte, int count)
+{
+    return Repeated(Bytes({byte}), count);
+}
+
 /// All parts, one behind the other.
 inline CByteArray Join(std::initializer_list<CByteArray> parts)
 {

@@ -18,16 +18,6 @@ inline CDcmImagePixelModule Image(int rows, int columns, int bitsAllocated, cons
     return image;
 }
 
-inline CByteArray Repeated(int byte, int count)
-{
-    CByteArray bytes;
-    for (int i = 0; i < count; ++i)
-    {
-        bytes.Add(static_cast<BYTE>(byte));
-    }
-    return bytes;
-}
-
 /// Bytes that count up, no two neighbours equal.
 inline CByteArray Counting(int first, int count)
 {
