@@ -1,11 +1,38 @@
 #include "Sample.h"
 
-#include <gtest/gtest.h>
-
+#include <array>
 #include <fstream>
 
 namespace
 {
+
+/// CRC-32 (ISO 3309), as archives and pictures use it.
+class CCrc
+{
+public:
+    void Add(const BYTE* bytes, std::size_t size)
+    {
+        static const std::array<DWORD, 256> table = []
+        {
+            std::array<DWORD, 256> made{};
+            for (DWORD i = 0; i < 8 * made.size(); ++i)
+            {
+                DWORD& entry = made[i / 8];
+                entry = i % 8 == 0 ? i / 8 : entry;
+                entry = (entry & 1U) != 0 ? (entry >> 1U) ^ 0xEDB88320U : entry >> 1U;
+            }
+            return made;
+        }();
+        for (std::size_t i = 0; i < size; ++i)
+        {
+            m_crc = table[(m_crc ^ bytes[i]) & 0xFFU] ^ (m_crc >> 8U);
+        }
+    }
+    DWORD Value() const { return ~m_crc; }
+
+private:
+    DWORD m_crc = 0xFFFFFFFFU;
+};
 
 /// The line that tells of a file what the list of expectations tells of it.
 std::string Measured(const std::string& name)

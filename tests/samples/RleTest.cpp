@@ -5,8 +5,8 @@
 #include "Varnotix/modules/Catalogue.h"
 #include "Varnotix/platform/Archive.h"
 
-#include <gtest/gtest.h>
-
+#include <functional>
+#include <numeric>
 #include <vector>
 
 namespace
@@ -58,12 +58,7 @@ CByteArray Decode(CDcmIOD& object, CByteArray frame, int more)
 
 int Differences(const CByteArray& left, const BYTE* right)
 {
-    int different = 0;
-    for (int i = 0; i < left.GetSize(); ++i)
-    {
-        different += left[i] != right[i] ? 1 : 0;
-    }
-    return different;
+    return std::inner_product(left.begin(), left.end(), right, 0, std::plus(), std::not_equal_to());
 }
 
 } // namespace

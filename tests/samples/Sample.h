@@ -5,13 +5,16 @@
 #include "Varnotix/iod/DcmIOD.h"
 #include "Varnotix/platform/File.h"
 
-#include <array>
+#include <gtest/gtest.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
+#include <string_view>
 
 /// The folder of sample files; empty when there is none.
 inline std::string SampleFolder()
@@ -48,36 +51,6 @@ inline CByteArray FileBytes(const std::string& path)
     return bytes;
 }
 
-/// CRC-32 (ISO 3309), as archives and pictures use it.
-class CCrc
-{
-public:
-    void Add(const BYTE* bytes, std::size_t size)
-    {
-        static const std::array<DWORD, 256> table = []
-        {
-            std::array<DWORD, 256> made{};
-            for (DWORD i = 0; i < made.size(); ++i)
-            {
-                made[i] = i;
-                for (int bit = 0; bit < 8; ++bit)
-                {
-                    made[i] = (made[i] & 1U) != 0 ? (made[i] >> 1U) ^ 0xEDB88320U : made[i] >> 1U;
-                }
-            }
-            return made;
-        }();
-        for (std::size_t i = 0; i < size; ++i)
-        {
-            m_crc = table[(m_crc ^ bytes[i]) & 0xFFU] ^ (m_crc >> 8U);
-        }
-    }
-    DWORD Value() const { return ~m_crc; }
-
-private:
-    DWORD m_crc = 0xFFFFFFFFU;
-};
-
 inline std::string Text(const char* format, auto... values)
 {
     CString text;
@@ -85,7 +58,29 @@ inline std::string Text(const char* format, auto... values)
     return std::string(text.View());
 }
 
-/// The value of an element in a form that tells any difference: texts as they are, everything else as a CRC of its
+/// Every sample that can be read, as a plain object, and its name.
+inline void ForEachSample(const std::function<void(CDcmIOD&, const std::string&)>& check)
+{
+    for (const std::string& name : SampleNames())
+    {
+        SCOPED_TRACE(name);
+        CDcmIOD object;
+        object.Import(FileBytes(SampleFolder() + "/" + name));
+        if (object.GetCount() > 0)
+        {
+            check(object, name);
+        }
+    }
+}
+
+/// Number and hash of bytes; nothing for none.
+inline std::string Digest(const void* bytes, std::size_t size)
+{
+    const std::size_t hash = std::hash<std::string_view>()({static_cast<const char*>(bytes), size});
+    return size > 0 ? Text("%u:%08x ", static_cast<unsigned>(size), static_cast<unsigned>(hash)) : "";
+}
+
+/// The value of an element in a form that tells any difference: texts as they are, everything else as a hash of its
 /// typed values or frames.
 inline std::string ValueText(const CDcmElement& element)
 {
@@ -94,42 +89,26 @@ inline std::string ValueText(const CDcmElement& element)
         // A UID equals its padded form, here as in the library.
         return std::string(element.HasVr(VR_UI) ? element.JoinedText().CText() : element.JoinedText().View());
     }
-    CCrc crc;
-    std::size_t size = 0;
-    const auto add = [&](const void* bytes, std::size_t count)
+    const CDcmFrameList* frames = element.Frames();
+    std::string text;
+    for (int i = 0; frames != nullptr && i < frames->GetCount(); ++i)
     {
-        crc.Add(static_cast<const BYTE*>(bytes), count);
-        size += count;
-    };
-    const auto addArray = [&](const auto* values)
+        const CDcmFrame& frame = *frames->GetFrame(i);
+        text += std::to_string(frame.Number()) + ":" + Digest(frame.Data(), frame.Size());
+    }
+    const auto add = [&](const auto* values)
     {
         if (values != nullptr)
         {
-            add(values->GetData(), static_cast<std::size_t>(values->GetSize()) * sizeof(*values->GetData()));
+            text += Digest(values->GetData(), static_cast<std::size_t>(values->GetSize()) * sizeof(*values->GetData()));
         }
     };
-    if (const CDcmFrameList* frames = element.Frames())
-    {
-        std::string text;
-        for (int i = 0; i < frames->GetCount(); ++i)
-        {
-            const CDcmFrame& frame = *frames->GetFrame(i);
-            CCrc each;
-            each.Add(frame.Data(), frame.Size());
-            text += Text("%d:%u:%08x ", frame.Number(), static_cast<unsigned>(frame.Size()), each.Value());
-        }
-        return text;
-    }
-    addArray(element.Words());
-    addArray(element.Integers());
-    addArray(element.Floats());
-    addArray(element.Doubles());
-    addArray(element.Bytes());
-    if (element.HasVr(VR_UN))
-    {
-        add(element.RawBytes().Data(), element.RawBytes().Size());
-    }
-    return size > 0 ? Text("%u:%08x", static_cast<unsigned>(size), crc.Value()) : std::string();
+    add(element.Words());
+    add(element.Integers());
+    add(element.Floats());
+    add(element.Doubles());
+    add(frames == nullptr ? element.Bytes() : nullptr);
+    return text + (element.HasVr(VR_UN) ? Digest(element.RawBytes().Data(), element.RawBytes().Size()) : "");
 }
 
 /// Every element at every depth: its path, as "00081140/00081155#2" for the third of that tag among the gathered

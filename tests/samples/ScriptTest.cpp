@@ -2,8 +2,6 @@
 #include "Sample.h"
 #include "Varnotix/asl/AslWriter.h"
 
-#include <gtest/gtest.h>
-
 namespace
 {
 
@@ -78,19 +76,14 @@ TEST(SampleScript, LosesOnWritingAsTextAndReadingWhatTextCannotCarry)
 {
     SKIP_WITHOUT_SAMPLES();
     Losses losses;
-    for (const std::string& name : SampleNames())
-    {
-        CDcmIOD object;
-        object.Import(FileBytes(SampleFolder() + "/" + name));
-        if (object.GetCount() == 0)
+    ForEachSample(
+        [&losses](CDcmIOD& object, const std::string& name)
         {
-            continue;
-        }
-        object.Export(CString("sample.asl"));
-        CDcmIOD back;
-        back.ImportFromASL("sample.asl");
-        Compare(object.ElementStore(), back.ElementStore(), name + " ", losses);
-    }
+            object.Export(CString("sample.asl"));
+            CDcmIOD back;
+            back.ImportFromASL("sample.asl");
+            Compare(object.ElementStore(), back.ElementStore(), name + " ", losses);
+        });
     std::remove("sample.asl");
     EXPECT_EQ(losses, (Losses{{"FD", 33},
                               {"OB beyond 5000 bytes", 14},
