@@ -1,12 +1,9 @@
 #include "Elements.h"
+#include "Programs.h"
 #include "Varnotix/asl/AslWriter.h"
 #include "Varnotix/asl/DcmAttributeSet.h"
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace
 {
@@ -25,35 +22,25 @@ std::string LineOf(int group, int element, const CByteArray& value)
 
 } // namespace
 
-TEST(AslLine, WritesTextsAsTheyAreEachBeforeAComma)
+TEST(AslLine, TellsTagVrNameAndValues)
 {
     EXPECT_EQ(LineOf(0x0010, 0x0020, TextBytes("a,b]")), "0010,0020,LO,1,Patient ID,[a,b],]");
     // The padding byte of a UID ends the text.
     EXPECT_EQ(LineOf(0x0008, 0x1150, TextBytes({"1.2\0", 4})), "0008,1150,UI,1,Referenced SOP Class UID,[1.2,]");
-}
-
-TEST(AslLine, WritesNumbersInTheirFixedForms)
-{
     EXPECT_EQ(LineOf(0x0028, 0x1201, Bytes({1, 2, 3})), "0028,1201,OW,1,Red Palette Color Lookup Table Data,[513,3,]");
-    EXPECT_EQ(LineOf(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 4, 0xC0})),
-              "0018,9079,FD,-1,Inversion Times,[-2.500000,]");
+    const std::string doubles = "0018,9079,FD,-1,Inversion Times,[";
+    EXPECT_EQ(LineOf(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 4, 0xC0})), doubles + "-2.500000,]");
     CDcmElement largest(0x0018, 0x9079);
     largest.AddDouble(1e308);
-    EXPECT_EQ(LineOf(largest).size(), std::string("0018,9079,FD,-1,Inversion Times,[").size() + 309 + 7 + 2);
-}
-
-TEST(AslLine, WritesPrintableBytesAsTextAndManyAsTheirCount)
-{
+    EXPECT_EQ(LineOf(largest).size(), doubles.size() + 309 + 7 + 2);
+    // Printable bytes are text, and many are their count.
     const std::string start = "0002,0001,OB,1,File Meta Information Version,[";
     EXPECT_EQ(LineOf(0x0002, 0x0001, Bytes({65, 66, 0})), start + "65,66,0,]");
     EXPECT_EQ(LineOf(0x0002, 0x0001, Bytes({65, 127})), start + "65,127,]");
     const std::string longest(5000, 'x');
     EXPECT_EQ(LineOf(0x0002, 0x0001, TextBytes(longest)), start + longest + "]");
     EXPECT_EQ(LineOf(0x0002, 0x0001, TextBytes(longest + "x")), start + "5001,]");
-}
-
-TEST(AslLine, EndsBehindTheNameWhereThereIsNoValueList)
-{
+    // Without a value list the line ends behind the name; without an entry there is none.
     EXPECT_EQ(LineOf(0x0072, 0x006D, Bytes({1})), "0072,006d,UN,1,Selector UN Value");
     EXPECT_EQ(LineOf(CDcmElement(0x0008, 0x7771)), "");
     EXPECT_EQ(LineOf(CDcmElement(0x0008, 0x7771, VR_LO)), "");
@@ -68,20 +55,17 @@ TEST(AttributeSetExport, AppendsHeaderAndLines)
     set.GetDcmElementSet().Add(new CDcmElement(0x0008, 0x7771)); // Unknown: an empty line.
     CStringArray lines;
     set.Export(lines);
-    const Texts once = Lines(lines);
-    ASSERT_EQ(once.size(), 10U);
-    EXPECT_EQ(once[0], "#CDcmAttributeSet");
-    EXPECT_EQ(once[1], "#count=2");
-    EXPECT_EQ(once[2], "#count_all=5");
+    EXPECT_EQ(Lines(lines),
+              (Texts{"#CDcmAttributeSet", "#count=2", "#count_all=5", "0008,1120,SQ,1,Referenced Patient Sequence,[3]",
+                     "#SEQUENCE_BEGIN", "   0008,1150,UI,1,Referenced SOP Class UID,[1,]",
+                     "   0008,1155,UI,1,Referenced SOP Instance UID,[2,]", "   0008,0060,CS,1,Modality,[CT,]",
+                     "#SEQUENCE_END", ""}));
     set.Export(lines);
     EXPECT_EQ(lines.GetSize(), 20);
     set.Export(CString("set.asl"));
-    std::ifstream file("set.asl", std::ios::binary);
-    const std::string written{std::istreambuf_iterator<char>(file), {}};
-    file.close();
+    const std::string written = ReadText("set.asl");
     std::filesystem::remove("set.asl");
-    EXPECT_TRUE(written.starts_with("#CDcmAttributeSet\n#count=2\n"));
-    EXPECT_TRUE(written.ends_with("\n#SEQUENCE_END\n\n"));
+    EXPECT_TRUE(written.starts_with("#CDcmAttributeSet\n#count=2\n") && written.ends_with("\n#SEQUENCE_END\n\n"));
     EXPECT_NO_THROW(set.Export(CString("no such folder/set.asl")));
 }
 

@@ -50,9 +50,18 @@ protected:
 TEST_F(Entity, GivesItsModulesTheirOwnerAndKeepsTheirOrder)
 {
     EXPECT_EQ(m_patient.Owner(), &m_owner);
-    ASSERT_EQ(m_entity.GetCount(), 3);
-    EXPECT_EQ(m_entity.GetAt(0), &m_patient);
-    EXPECT_EQ(m_entity.GetAt(3), nullptr);
+    // A copy holds the same modules for the same owner.
+    CTestEntity assigned;
+    assigned = m_entity;
+    for (const CTestEntity& each : {m_entity, assigned, CTestEntity(m_entity)})
+    {
+        ASSERT_EQ(each.GetCount(), 3);
+        EXPECT_TRUE(each.GetAt(0) == &m_patient && each.GetAt(1) == &m_study && each.GetAt(3) == nullptr);
+    }
+    CDcmSOPCommonModule common;
+    assigned.AddIeModule(common);
+    EXPECT_EQ(common.Owner(), &m_owner);
+    EXPECT_EQ(m_entity.GetCount(), 3);
     CTestEntity free;
     free.AddIeModule(m_study);
     EXPECT_EQ(m_study.Owner(), nullptr);
@@ -92,17 +101,4 @@ TEST_F(Entity, EmptyKeepsTheStoreAndRemoveTakesItsTagsOut)
     m_entity.RemoveIE();
     EXPECT_TRUE(m_study.StudyID().IsEmpty());
     EXPECT_EQ(m_owner.GetCount(), 0);
-}
-
-TEST_F(Entity, CopyHoldsTheSameModulesForTheSameOwner)
-{
-    const CTestEntity copy(m_entity);
-    EXPECT_EQ(copy.GetCount(), 3);
-    EXPECT_EQ(copy.GetAt(1), &m_study);
-    CTestEntity assigned;
-    assigned = m_entity;
-    CDcmSOPCommonModule common;
-    assigned.AddIeModule(common);
-    EXPECT_EQ(common.Owner(), &m_owner);
-    EXPECT_EQ(m_entity.GetCount(), 3);
 }

@@ -1,11 +1,8 @@
 #include "Elements.h"
+#include "Programs.h"
 #include "Varnotix/iod/DcmIOD.h"
 
 #include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 namespace
 {
@@ -50,19 +47,11 @@ TEST(IodFile, KeepsAPreambleOf128BytesOnly)
     read.Import(bare);
     EXPECT_EQ(read.GetCount(), 1);
     EXPECT_EQ(Start(File(read), 128), Numbers(Zeros(128)));
-}
 
-TEST(IodFile, WritesABareDataSetsOwnStartAsPreamble)
-{
-    const std::string name(200, 'N');
-    CDcmIOD source;
-    Fill(source.ElementStore(), {MakeText(0x0010, 0x0010, name.c_str())});
-    source.FileFormat(false);
-    const CByteArray bare = File(source);
-    CDcmIOD read;
-    read.Import(bare);
-    EXPECT_TRUE(read == source);
-    EXPECT_EQ(Start(File(read), 128), Start(bare, 128));
+    // A longer one is: the start of the bare data set itself.
+    const CByteArray longer = Join({Bytes({0x10, 0, 0x10, 0, 200, 0, 0, 0}), TextBytes(std::string(200, 'N'))});
+    read.Import(longer);
+    EXPECT_EQ(Start(File(read), 128), Start(longer, 128));
 }
 
 TEST(IodFile, SyntaxNamedInTheStoreWinsOverTheRequestedOne)
@@ -111,8 +100,7 @@ TEST(IodFile, ExportWritesTheElementsAloneInTheSyntaxAskedFor)
     EXPECT_EQ(Numbers(bytes), Numbers(Bytes({0x28, 0, 0x10, 0, 'U', 'S', 2, 0, 2, 1})));
     EXPECT_EQ(iod.IodSyntax(), SYNTAX_IMPLICIT_LITTLE);
     iod.Export(bytes, "1.2.3.4");
-    EXPECT_TRUE(bytes.IsEmpty());
-    EXPECT_EQ(iod.GetCount(), 1);
+    EXPECT_TRUE(bytes.IsEmpty() && iod.GetCount() == 1);
 }
 
 TEST(IodText, DocumentTellsKindSyntaxAndCounts)
@@ -134,9 +122,7 @@ TEST(IodText, DocumentTellsKindSyntaxAndCounts)
                      "0010,0020,LO,1,Patient ID,[7,]", "#ATTRIBUTE_SET_END"}));
 
     iod.Export(CString("document.asl"));
-    std::ifstream file("document.asl", std::ios::binary);
-    const std::string written{std::istreambuf_iterator<char>(file), {}};
-    file.close();
+    const std::string written = ReadText("document.asl");
     std::filesystem::remove("document.asl");
     EXPECT_EQ(written.substr(0, document[0].size() + 1), document[0] + "\n");
     EXPECT_TRUE(written.ends_with("[7,]\n#ATTRIBUTE_SET_END\n\n"));

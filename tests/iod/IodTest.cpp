@@ -56,7 +56,13 @@ protected:
         m_given.Name("GIVEN");
     }
 
-    Texts StoreListing() { return Listing(m_iod.ElementStore()); }
+    /// The store, and behind it name and ID of the registered module.
+    Texts State()
+    {
+        Texts state = Listing(m_iod.ElementStore());
+        state.emplace_back((m_registered.Name() + "/" + m_registered.ID()).View());
+        return state;
+    }
 
     CTestIod m_iod;
     CNameModule m_registered;
@@ -68,16 +74,13 @@ protected:
 TEST_F(Operators, PlusTakesEmptyElementsToo)
 {
     m_iod += m_given;
-    EXPECT_EQ(StoreListing(), (Texts{"00080060=CT", "00081120=", "00100010=GIVEN", "00100020="}));
-    EXPECT_STREQ(m_registered.Name(), "GIVEN");
-    EXPECT_TRUE(m_registered.ID().IsEmpty());
+    EXPECT_EQ(State(), (Texts{"00080060=CT", "00081120=", "00100010=GIVEN", "00100020=", "GIVEN/"}));
 }
 
 TEST_F(Operators, MinusRemovesTagsAndEmptiesTheRegisteredModule)
 {
     m_iod -= m_given;
-    EXPECT_EQ(StoreListing(), Texts{"00080060=CT"});
-    EXPECT_TRUE(m_registered.Name().IsEmpty());
+    EXPECT_EQ(State(), (Texts{"00080060=CT", "/"}));
     EXPECT_STREQ(m_given.Name(), "GIVEN");
     CDcmIOD other;
     Fill(other.ElementStore(), {MakeText(0x0008, 0x0060, "MR"), MakeText(0x0010, 0x0040, "M")});
@@ -90,46 +93,41 @@ TEST_F(Operators, AndAddsNothing)
     m_iod.ElementStore().Remove(0x0010, 0x0010);
     m_given.ID("9");
     m_iod &= m_given;
-    EXPECT_EQ(StoreListing(), (Texts{"00080060=CT", "00100020=9"}));
-    EXPECT_STREQ(m_registered.Name(), "GIVEN");
-    EXPECT_STREQ(m_registered.ID(), "9");
+    EXPECT_EQ(State(), (Texts{"00080060=CT", "00100020=9", "GIVEN/9"}));
 }
 
 TEST_F(Operators, LessDropsTagsThatAreEmptyInTheModule)
 {
     m_iod < m_given;
-    EXPECT_EQ(StoreListing(), (Texts{"00080060=CT", "00100010=GIVEN"}));
-    EXPECT_STREQ(m_registered.Name(), "GIVEN");
-    EXPECT_STREQ(m_registered.ID(), "8");
+    EXPECT_EQ(State(), (Texts{"00080060=CT", "00100010=GIVEN", "GIVEN/8"}));
 }
 
 TEST_F(Operators, UpdateCopiesByTheModeForEmptyElements)
 {
     m_registered.ID("");
-    m_iod.EmptyElements(2);
-    m_iod.UpdateIod(true);
-    EXPECT_EQ(StoreListing(), (Texts{"00080060=CT", "00100010=STORE", "00100020=7"}));
-    m_iod.EmptyElements(EMPTY_ELEMENTS_EXCLUDED);
-    m_iod.UpdateIod(true);
-    EXPECT_EQ(StoreListing(), (Texts{"00080060=CT", "00100010=REG", "00100020=7"}));
-    m_iod.EmptyElements(EMPTY_ELEMENTS_INCLUDED);
-    m_iod.UpdateIod(true);
-    EXPECT_EQ(StoreListing(), (Texts{"00080060=CT", "00081120=", "00100010=REG", "00100020="}));
+    const std::pair<int, Texts> cases[] = {
+        {2, {"00080060=CT", "00100010=STORE", "00100020=7", "REG/"}},
+        {EMPTY_ELEMENTS_EXCLUDED, {"00080060=CT", "00100010=REG", "00100020=7", "REG/"}},
+        {EMPTY_ELEMENTS_INCLUDED, {"00080060=CT", "00081120=", "00100010=REG", "00100020=", "REG/"}}};
+    for (const auto& [mode, state] : cases)
+    {
+        m_iod.EmptyElements(mode);
+        m_iod.UpdateIod(true);
+        EXPECT_EQ(State(), state) << mode;
+    }
 }
 
 TEST_F(Operators, UpdateOfModulesTakesTheStoresValues)
 {
     m_iod.ElementStore().Remove(0x0010, 0x0020);
     m_iod.UpdateIod(false);
-    EXPECT_STREQ(m_registered.Name(), "STORE");
-    EXPECT_STREQ(m_registered.ID(), "8");
+    EXPECT_EQ(State(), (Texts{"00080060=CT", "00100010=STORE", "STORE/8"}));
     m_iod.RemoveAll();
     m_iod.UpdateIod(false);
-    EXPECT_STREQ(m_registered.Name(), "STORE");
+    EXPECT_EQ(State(), Texts{"STORE/8"});
     Fill(m_iod.ElementStore(), {MakeText(0x0010, 0x0010, "KEPT")});
     m_iod.EmptyIodModules();
-    EXPECT_TRUE(m_registered.Name().IsEmpty());
-    EXPECT_EQ(StoreListing(), Texts{"00100010=KEPT"});
+    EXPECT_EQ(State(), (Texts{"00100010=KEPT", "/"}));
 }
 
 TEST_F(Operators, AssignmentCopiesStoreAndSettingsAndUpdatesTheModules)
@@ -144,9 +142,7 @@ TEST_F(Operators, AssignmentCopiesStoreAndSettingsAndUpdatesTheModules)
     target = m_iod;
     EXPECT_TRUE(target == m_iod);
     EXPECT_STREQ(module.Name(), "STORE");
-    EXPECT_EQ(target.EmptyElements(), 0);
-    EXPECT_TRUE(target.GroupLengths());
-    EXPECT_FALSE(target.FileFormat());
+    EXPECT_TRUE(target.EmptyElements() == 0 && target.GroupLengths() && !target.FileFormat());
     EXPECT_EQ(target.IodSyntax(), SYNTAX_EXPLICIT_BIG);
     target.ElementStore().GetAt(0)->AddText("MR");
     EXPECT_TRUE(target != m_iod);

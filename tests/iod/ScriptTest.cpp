@@ -13,6 +13,7 @@ namespace
 {
 
 using Texts = std::vector<std::string>;
+using States = std::vector<int>;
 
 /// A file that is there as long as the test needs it.
 class CScratchFile
@@ -46,7 +47,7 @@ std::string StoredObject(const char* syntax)
 }
 
 /// Runs a script in the object; the states of its sources.
-std::vector<int> Create(CDcmCompositeIOD& object, const Texts& script)
+States Create(CDcmCompositeIOD& object, const Texts& script)
 {
     CStringArray lines;
     for (const std::string& line : script)
@@ -54,7 +55,7 @@ std::vector<int> Create(CDcmCompositeIOD& object, const Texts& script)
         lines.Add(CString(line));
     }
     object.CreateFromASL(lines);
-    std::vector<int> states;
+    States states;
     for (const SScriptSource& source : object.ScriptSources())
     {
         EXPECT_STRNE(ScriptSourceText(source.state), "");
@@ -75,22 +76,12 @@ Texts FrameTexts(const CDcmIOD& object)
     return frames;
 }
 
-WORD WordOf(const CDcmIOD& object, int group, int element)
-{
-    const CDcmElement* found = object.ElementStore().Find(group, element);
-    return found != nullptr ? (*found->Words())[0] : WORD{0};
-}
-
 /// "columns x rows".
 std::string SizeOf(const CDcmIOD& object)
 {
-    return std::to_string(WordOf(object, 0x0028, 0x0011)) + " x " + std::to_string(WordOf(object, 0x0028, 0x0010));
-}
-
-std::string TextOf(const CDcmIOD& object, int group, int element)
-{
-    const CDcmElement* found = object.ElementStore().Find(group, element);
-    return found != nullptr ? std::string(found->JoinedText().CText()) : "none";
+    const auto wordOf = [&](int element)
+    { return std::to_string((*object.ElementStore().Find(0x0028, element)->Words())[0]); };
+    return wordOf(0x0011) + " x " + wordOf(0x0010);
 }
 
 } // namespace
@@ -102,8 +93,7 @@ TEST(ImportFromAsl, ReplacesTheObjectUnlessThereIsNothingToTake)
     Fill(object.ElementStore(), {MakeText(0x0010, 0x0040, "F")});
     object.ImportFromASL("commands.asl");
     ASSERT_EQ(object.ScriptNotes().size(), 1U);
-    EXPECT_EQ(object.ScriptNotes()[0].line, 2);
-    EXPECT_EQ(object.ScriptNotes()[0].kind, SCRIPT_UNKNOWN_COMMAND);
+    EXPECT_TRUE(object.ScriptNotes()[0].line == 2 && object.ScriptNotes()[0].kind == SCRIPT_UNKNOWN_COMMAND);
     object.ImportFromASL("there is no such file");
     object.ImportFromASL(".");
     EXPECT_TRUE(object.ScriptNotes().empty());
@@ -130,12 +120,12 @@ TEST(CreateFromAsl, APictureIsAFrame)
                           "#PIXEL_DATA_FILE=.\\first.jpg"};
     CDcmCompositeIOD object;
     EXPECT_EQ(Create(object, script),
-              (std::vector<int>{SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_NO_PICTURE,
-                                SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_TAKEN}));
+              (States{SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_NO_PICTURE, SCRIPT_SOURCE_NOT_OPENED,
+                      SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_TAKEN}));
     EXPECT_EQ(FrameTexts(object), (Texts{progressive, baseline, baseline}));
     EXPECT_EQ(SizeOf(object), "640 x 480");
-    EXPECT_EQ(TextOf(object, 0x0002, 0x0010), "1.2.840.10008.1.2.4.50");
-    EXPECT_EQ(TextOf(object, 0x0028, 0x0008), "3");
+    EXPECT_EQ(TextOf(object.ElementStore(), 0x0002, 0x0010), "1.2.840.10008.1.2.4.50");
+    EXPECT_EQ(TextOf(object.ElementStore(), 0x0028, 0x0008), "3");
     EXPECT_TRUE(object.ElementStore().Find(kPixelDataGroup, kPixelDataElement)->HasVr(VR_OB));
 
     // A size in the script goes before the pictures'; what is no number does not.
@@ -149,27 +139,27 @@ TEST(CreateFromAsl, APatternsFirstMatchStandsWithoutItsFolder)
     std::filesystem::create_directory("Pictures");
     const std::string a = Jpeg(0xC0, 1, 1);
     const std::string b = Jpeg(0xC0, 2, 2);
-    const std::string here = Jpeg(0xC0, 3, 3);
     {
         const CScratchFile firstMatch("Pictures/a.jpg", a);
         const CScratchFile secondMatch("Pictures/B.jpg", b);
         const Texts script = {"#PIXEL_DATA_DIR=pictures\\*.jpg", "#PIXEL_DATA_DIR=PICTURES/?.JPG",
                               "#PIXEL_DATA_DIR=pictures\\*.bmp", "#PIXEL_DATA_DIR=no such folder\\*"};
         CDcmCompositeIOD object;
-        const std::vector<int> states = Create(object, script);
-        EXPECT_EQ(states, (std::vector<int>{SCRIPT_SOURCE_NO_MATCH, SCRIPT_SOURCE_NO_MATCH, SCRIPT_SOURCE_NOT_OPENED,
-                                            SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_TAKEN}));
+        const States states = Create(object, script);
+        EXPECT_EQ(states, (States{SCRIPT_SOURCE_NO_MATCH, SCRIPT_SOURCE_NO_MATCH, SCRIPT_SOURCE_NOT_OPENED,
+                                  SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_TAKEN}));
         ASSERT_EQ(states.size(), 6U);
         // The folder itself is what "*.*" finds first, so that every file has its folder.
         CDcmCompositeIOD all;
-        EXPECT_EQ(Create(all, {"#PIXEL_DATA_DIR=pictures\\*.*"}),
-                  (std::vector<int>{SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_TAKEN,
-                                    SCRIPT_SOURCE_TAKEN}));
+        EXPECT_EQ(
+            Create(all, {"#PIXEL_DATA_DIR=pictures\\*.*"}),
+            (States{SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_OTHER_KIND, SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_TAKEN}));
 
         // The system's order decides which of the two is bare.
         const bool aIsFirst = object.ScriptSources()[2].name == "a.jpg";
         EXPECT_EQ(FrameTexts(object), aIsFirst ? (Texts{b, b}) : (Texts{a, a}));
 
+        const std::string here = Jpeg(0xC0, 3, 3);
         const CScratchFile bare(aIsFirst ? "a.jpg" : "B.jpg", here);
         CDcmCompositeIOD again;
         Create(again, {script[0], "#PIXEL_DATA_DIR=*a?jpg*", "#PIXEL_DATA_DIR=*B?jpg*"});
@@ -188,13 +178,13 @@ TEST(CreateFromAsl, ObjectsGiveFramesWhenTheirSyntaxIsCompressed)
     CDcmCompositeIOD object;
     EXPECT_EQ(Create(object, {"#PIXEL_DATA_FILE=picture.jpg", "#PIXEL_DATA_FILE=jpeg.dcm", "#PIXEL_DATA_FILE=rle.dcm",
                               "#PIXEL_DATA_FILE=plain.dcm", "#PIXEL_DATA_FILE=text.dcm"}),
-              (std::vector<int>{SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_OTHER_SYNTAX,
-                                SCRIPT_SOURCE_OTHER_SYNTAX, SCRIPT_SOURCE_NO_OBJECT}));
+              (States{SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_TAKEN, SCRIPT_SOURCE_OTHER_SYNTAX, SCRIPT_SOURCE_OTHER_SYNTAX,
+                      SCRIPT_SOURCE_NO_OBJECT}));
     EXPECT_EQ(FrameTexts(object), (Texts{Jpeg(0xC0, 9, 8), "first ", "second"}));
     EXPECT_EQ(object.ScriptSources()[1].frames, 2);
     EXPECT_EQ(SizeOf(object), "3 x 2");
-    EXPECT_EQ(TextOf(object, 0x0028, 0x0008), "3");
-    EXPECT_EQ(TextOf(object, 0x0008, 0x0060), "none");
+    EXPECT_EQ(TextOf(object.ElementStore(), 0x0028, 0x0008), "3");
+    EXPECT_EQ(TextOf(object.ElementStore(), 0x0008, 0x0060), "none");
 
     // Without any frame the object keeps its attributes and no more.
     CDcmCompositeIOD bare;
@@ -209,12 +199,12 @@ TEST(CreateFromAsl, ASourceFileGoesBeforeEverythingElse)
     CDcmCompositeIOD object;
     EXPECT_EQ(Create(object, {"#PIXEL_DATA_FILE=picture.jpg", "#SOURCE_FILE=PLAIN.DCM", "0008,0060,CS,1,Modality,[CT,]",
                               "0028,0010,US,1,Rows,[99,]"}),
-              (std::vector<int>{SCRIPT_SOURCE_PASSED_OVER, SCRIPT_SOURCE_TAKEN}));
+              (States{SCRIPT_SOURCE_PASSED_OVER, SCRIPT_SOURCE_TAKEN}));
     EXPECT_EQ(FrameTexts(object), (Texts{"first ", "second"}));
     EXPECT_EQ(SizeOf(object), "3 x 2");
-    EXPECT_EQ(TextOf(object, 0x0028, 0x0008), "2 ");
-    EXPECT_EQ(TextOf(object, 0x0008, 0x0060), "CT");
-    EXPECT_EQ(TextOf(object, 0x0002, 0x0010), "none");
+    EXPECT_EQ(TextOf(object.ElementStore(), 0x0028, 0x0008), "2 ");
+    EXPECT_EQ(TextOf(object.ElementStore(), 0x0008, 0x0060), "CT");
+    EXPECT_EQ(TextOf(object.ElementStore(), 0x0002, 0x0010), "none");
 }
 
 TEST(CreateFromAsl, KeepsValuesFromEmptyElementsAndAnonymisesWhenTheScriptSaysOne)
@@ -231,7 +221,7 @@ TEST(CreateFromAsl, KeepsValuesFromEmptyElementsAndAnonymisesWhenTheScriptSaysOn
     {
         CDcmCompositeIOD object;
         Create(object, {std::string("#ANONYMIZE_55=") + arguments, "0010,0010,PN,1,x,[A,]"});
-        EXPECT_EQ(TextOf(object, 0x0010, 0x0010), name) << arguments;
+        EXPECT_EQ(TextOf(object.ElementStore(), 0x0010, 0x0010), name) << arguments;
     }
 }
 
@@ -243,7 +233,7 @@ TEST(CreateFromAsl, FilesThatDoNotOpenDoNoHarm)
     const CScratchFile beyondAscii("\xE4.jpg", Jpeg(0xC0, 9, 8));
     CDcmCompositeIOD pictures;
     EXPECT_EQ(Create(pictures, {"#PIXEL_DATA_FILE=folder.jpg", "#PIXEL_DATA_FILE=\xE4.jpg"}),
-              (std::vector<int>{SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_NOT_ASCII}));
+              (States{SCRIPT_SOURCE_NOT_OPENED, SCRIPT_SOURCE_NOT_ASCII}));
     for (const char* command : {"#PIXEL_DATA_FILE=none.dcm", "#PIXEL_DATA_FILE=folder.dcm", "#SOURCE_FILE=none",
                                 "#SOURCE_FILE=folder.jpg", "#SOURCE_FILE=/dev/zero"})
     {

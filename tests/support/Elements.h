@@ -55,6 +55,13 @@ inline std::vector<std::string> Listing(const CDcmElementSet& set)
     return lines;
 }
 
+/// The text of an element; "none" without the element.
+inline std::string TextOf(const CDcmElementSet& set, int group, int element)
+{
+    const CDcmElement* found = set.Find(group, element);
+    return found != nullptr ? std::string(found->JoinedText().CText()) : "none";
+}
+
 /// The texts of an array as standard texts, so that a failed comparison prints them.
 inline std::vector<std::string> Lines(const CStringArray& texts)
 {
