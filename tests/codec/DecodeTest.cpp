@@ -61,18 +61,21 @@ const Bytes& Implicit()
     return bytes;
 }
 
+/// Kind and count of a read's only note.
+std::pair<int, UINT> NoteOf(const SRead& read)
+{
+    const auto& notes = read.parser.Notes();
+    return notes.size() == 1 ? std::pair<int, UINT>(notes[0].note, notes[0].count) : std::pair<int, UINT>(-1, 0U);
+}
+
 /// Meta information in explicit VR little endian that begins with its group length and names a syntax.
 Bytes Meta(const char* syntaxUid)
 {
     const std::string uid(syntaxUid);
-    Bytes named = Stream("0200 1000 'UI'");
-    named.push_back(static_cast<BYTE>((uid.size() + 1) & ~std::size_t{1}));
-    named.push_back(0);
-    named.insert(named.end(), uid.begin(), uid.end());
-    named.resize(8 + ((uid.size() + 1) & ~std::size_t{1}));
-    Bytes length = Stream("0200 0000 'UL' 0400 00000000");
-    length[8] = static_cast<BYTE>(named.size());
-    return length + named;
+    Bytes named = Stream("0200 1000 'UI' 0000") + Bytes(uid.begin(), uid.end());
+    named.resize(named.size() + named.size() % 2);
+    named[6] = static_cast<BYTE>(named.size() - 8);
+    return Stream("0200 0000 'UL' 0400") + Bytes{static_cast<BYTE>(named.size()), 0, 0, 0} + named;
 }
 
 } // namespace
@@ -138,32 +141,29 @@ TEST(Decode, OnlyMetaInformationThatBeginsWithItsLengthSwitches)
 {
     const Bytes bigUid = Stream("0200 1000 'UI' 1400 '1.2.840.10008.1.2.2' 00");
     const Bytes littleUid = Stream("0200 1000 'UI' 1400 '1.2.840.10008.1.2.1' 00");
-    // The first element ends the meta group unless it is the group length.
+    const Bytes unknownUid = Stream("0200 1000 'UI' 0400 '1.2' 00");
     const Bytes version = Stream("0200 0100 'OB' 0000 02000000 0001");
-    const SRead without(Part10(version + bigUid + Little()));
-    EXPECT_EQ(without.parser.OutputSyntax(), SYNTAX_EXPLICIT_LITTLE);
-    EXPECT_EQ(without.set.GetCount(), 2 + 11);
-    // A group length that comes later ends nothing.
-    const Bytes late = Stream("0200 0000 'UL' 0400 1C000000");
-    const SRead second(Part10(version + late + bigUid + Little()));
-    EXPECT_EQ(second.parser.OutputSyntax(), SYNTAX_EXPLICIT_LITTLE);
-    EXPECT_EQ(second.set.GetCount(), 3 + 11);
-    // The first known UID counts, whether or not an unknown one stands before it.
-    const Bytes unknown = Stream("0200 1000 'UI' 0400 '1.2' 00");
-    Bytes length = Stream("0200 0000 'UL' 0400 44000000"); // 12 + 28 + 28 bytes follow it in group 0002.
-    const SRead twice(Part10(length + unknown + bigUid + littleUid + Big()));
-    EXPECT_EQ(twice.parser.OutputSyntax(), SYNTAX_EXPLICIT_BIG);
-    EXPECT_EQ(twice.set.GetCount(), 4 + 11);
-    // A length that ends inside an element switches behind that element.
-    length[8] = 0x01;
-    const SRead early(Part10(length + bigUid + Big()));
-    EXPECT_EQ(early.parser.OutputSyntax(), SYNTAX_EXPLICIT_BIG);
-    EXPECT_EQ(early.set.GetCount(), 2 + 11);
-    // A length of zero ends the group before a syntax is known.
-    length[8] = 0x00;
-    const SRead zero(Part10(length + bigUid + Little()));
-    EXPECT_EQ(zero.parser.OutputSyntax(), SYNTAX_EXPLICIT_LITTLE);
-    EXPECT_EQ(zero.set.GetCount(), 2 + 11);
+    const auto length = [](int bytes) {
+        return Stream("0200 0000 'UL' 0400") + Bytes{static_cast<BYTE>(bytes), 0, 0, 0};
+    };
+    const struct
+    {
+        const char* reason;
+        Bytes meta;
+        int elements;
+        int syntax;
+    } cases[] = {
+        {"the first element ends the group unless it is the length", version + bigUid, 2, SYNTAX_EXPLICIT_LITTLE},
+        {"a length that comes later ends nothing", version + length(28) + bigUid, 3, SYNTAX_EXPLICIT_LITTLE},
+        {"the first known UID counts", length(12 + 28 + 28) + unknownUid + bigUid + littleUid, 4, SYNTAX_EXPLICIT_BIG},
+        {"a length that ends inside an element switches behind it", length(1) + bigUid, 2, SYNTAX_EXPLICIT_BIG},
+        {"a length of zero ends the group before a syntax is known", length(0) + bigUid, 2, SYNTAX_EXPLICIT_LITTLE}};
+    for (const auto& each : cases)
+    {
+        const SRead read(Part10(each.meta + (each.syntax == SYNTAX_EXPLICIT_BIG ? Big() : Little())));
+        EXPECT_EQ(read.parser.OutputSyntax(), each.syntax) << each.reason;
+        EXPECT_EQ(read.set.GetCount(), each.elements + 11) << each.reason;
+    }
 }
 
 TEST(Decode, ValuesTakeTheirVrFromTheDictionary)
@@ -222,9 +222,7 @@ TEST(Decode, GathersTheElementsOfAllItemsInOneSet)
     {
         const SRead read(stream + after);
         EXPECT_EQ(withoutPad(Show(read.set)), expected);
-        ASSERT_EQ(read.parser.Notes().size(), 1u);
-        EXPECT_EQ(read.parser.Notes()[0].note, READ_ITEMS_GATHERED);
-        EXPECT_EQ(read.parser.Notes()[0].count, 2u);
+        EXPECT_EQ(NoteOf(read), std::pair(READ_ITEMS_GATHERED + 0, 2U));
     }
     // A sequence without delimiter takes the rest of the stream. Bytes behind its last element are told all the same.
     const Bytes open(undefined.begin(), undefined.end() - 8);
@@ -240,20 +238,14 @@ TEST(Decode, SequenceEndsAreLookedAtBehindEachElement)
     // An empty sequence of defined length takes the element that follows it, and no more.
     const SRead empty(Stream("0800 4011 'SQ' 0000 00000000 1000 2000 'LO' 0200 'AB' 1000 3000 'DA' 0000"));
     EXPECT_EQ(Show(empty.set), "00081140 SQ {00100020 LO AB}; 00100030 DA");
-    ASSERT_EQ(empty.parser.Notes().size(), 1u);
-    EXPECT_EQ(empty.parser.Notes()[0].note, READ_BEYOND_LENGTH);
-    EXPECT_EQ(empty.parser.Notes()[0].count, 10u);
+    EXPECT_EQ(NoteOf(empty), std::pair(READ_BEYOND_LENGTH + 0, 10U));
     // At top level a delimiter ends the read, and what stands behind it is not looked at.
     EXPECT_EQ(Show(SRead(Stream("0800 6000 'CS' 0200 'MR' FEFF DDE0 00000000 FFFFFFFF")).set), "00080060 CS MR");
-}
-
-TEST(Decode, ItemsOfATagThatIsNoSequenceAreDropped)
-{
-    const SRead read(Stream("0800 6000 'SQ' 0000 FFFFFFFF FEFF 00E0 0A000000 1000 2000 'LO' 0200 'AB'"
-                            "FEFF DDE0 00000000 1000 3000 'DA' 0000"));
-    EXPECT_EQ(Show(read.set), "00080060 CS; 00100030 DA");
-    ASSERT_EQ(read.parser.Notes().size(), 1u);
-    EXPECT_EQ(read.parser.Notes()[0].note, READ_ITEMS_DROPPED);
+    // Items of a tag that is no sequence are dropped.
+    const SRead dropped(Stream("0800 6000 'SQ' 0000 FFFFFFFF FEFF 00E0 0A000000 1000 2000 'LO' 0200 'AB'"
+                               "FEFF DDE0 00000000 1000 3000 'DA' 0000"));
+    EXPECT_EQ(Show(dropped.set), "00080060 CS; 00100030 DA");
+    EXPECT_EQ(NoteOf(dropped).first, READ_ITEMS_DROPPED);
 }
 
 TEST(Decode, ValuesReadFromAFileOutliveIt)

@@ -2,15 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace
 {
 
-CDcmElement& AddText(CDcmElementSet& set, int group, int element, const char* text)
+void AddText(CDcmElementSet& set, int group, int element, const char* text)
 {
     set.Add(new CDcmElement(group, element));
-    CDcmElement& added = *set.GetAt(set.GetCount() - 1);
-    EXPECT_TRUE(added.AddText(text));
-    return added;
+    EXPECT_TRUE(set.GetAt(set.GetCount() - 1)->AddText(text));
 }
 
 std::string WrittenText(CDcmElementSet& set, int syntax, bool groupLengths = false)
@@ -22,14 +22,7 @@ std::string WrittenText(CDcmElementSet& set, int syntax, bool groupLengths = fal
 
 TEST(Encode, OddTextsArePaddedByVr)
 {
-    struct SCase
-    {
-        int group;
-        int element;
-        const char* text;
-        const char* written;
-    };
-    static const SCase kCases[] = {
+    const std::tuple<int, int, const char*, const char*> cases[] = {
         {0x0008, 0x0060, "CTX", "0800 6000 'CS' 0400 'CTX '"},
         {0x0040, 0xA160, "abc", "4000 60A1 'UT' 0000 04000000 'abc '"},
         {0x0008, 0x0016, "1.2.840.10008.1.1", "0800 1600 'UI' 1200 '1.2.840.10008.1.1' 00"},
@@ -39,11 +32,11 @@ TEST(Encode, OddTextsArePaddedByVr)
         {0x0008, 0x002A, "2024061", "0800 2A00 'DT' 0700 '2024061'"},
         {0x0010, 0x1010, "42Y", "1000 1010 'AS' 0300 '42Y'"},
     };
-    for (const SCase& each : kCases)
+    for (const auto& [group, element, text, written] : cases)
     {
         CDcmElementSet set;
-        AddText(set, each.group, each.element, each.text);
-        EXPECT_EQ(WrittenText(set, SYNTAX_EXPLICIT_LITTLE), HexText(Stream(each.written))) << each.written;
+        AddText(set, group, element, text);
+        EXPECT_EQ(WrittenText(set, SYNTAX_EXPLICIT_LITTLE), HexText(Stream(written))) << written;
     }
     // Padding belongs to the bytes: the value keeps its length.
     SRead read(Stream("0800 6000 'CS' 0300 'CTX'"));
@@ -95,10 +88,7 @@ TEST(Encode, GroupLengthsAreRemovedAndMadeAnew)
     // A reader would take the stale one.
     SRead twice(Stream("0800 0000 'UL' 0400 01000000 0800 0000 'UL' 0400 02000000"));
     EXPECT_EQ(WrittenText(twice.set, SYNTAX_EXPLICIT_LITTLE), "");
-}
-
-TEST(Encode, MetaGroupIsExplicitLittleEndianWithItsLength)
-{
+    // The meta group is explicit little endian, and has one in any case.
     CDcmElementSet set;
     AddText(set, 0x0008, 0x0060, "MR");
     AddText(set, 0x0002, 0x0013, "V1");
@@ -132,13 +122,8 @@ TEST(Encode, EachNestedElementIsAnItemOfItsOwn)
     // An empty sequence has no delimiter.
     items.RemoveAll();
     EXPECT_EQ(WrittenText(set, SYNTAX_EXPLICIT_LITTLE), HexText(Stream("0800 4011 'SQ' 0000 00000000")));
-}
-
-TEST(Encode, BigEndianItemLengthsOfMoreThan16BitsKeepTheirHalvesInOrder)
-{
-    CDcmElementSet set;
-    set.Add(new CDcmElement(0x0008, 0x1140));
-    AddText(*set.GetAt(0)->Items(), 0x0040, 0xA160, std::string(0x12344, 'x').c_str());
+    // Item lengths of more than 16 bits keep their halves in that order, too.
+    AddText(items, 0x0040, 0xA160, std::string(0x12344, 'x').c_str());
     const Bytes written = Written(set, SYNTAX_EXPLICIT_BIG);
     EXPECT_EQ(HexText(written.data(), 20), // the item holds 0x12344 + 12 bytes
               HexText(Stream("0008 1140 'SQ' 0000 00012360 FFFE E000 2350 0001")));

@@ -44,10 +44,7 @@ TEST(Hostile, SequencesAreFollowedSixtyFourLevelsDeepAndNoFurther)
                 EXPECT_EQ(deeper.parser.Trials().back().syntax, SYNTAX_EXPLICIT_LITTLE);
             }
         });
-}
-
-TEST(Hostile, EmptySequencesInARowCountAsNested)
-{
+    // Empty sequences in a row count as nested.
     const Bytes empty = Stream("0800 4011 'SQ' 0000 00000000");
     const Bytes text = Stream("0800 0001 'SH' 0200 'AB'");
     EXPECT_EQ(SRead(Repeated({}, empty, 64, text)).set.GetCountAll(), 65);

@@ -6,6 +6,7 @@
 #include "Varnotix/platform/Archive.h"
 #include "Varnotix/platform/MemFile.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstdio>
 #include <string>
@@ -115,19 +116,6 @@ inline Bytes Written(CDcmElementSet& set, int syntax, bool groupLengths = false)
     return Bytes(bytes.begin(), bytes.end());
 }
 
-template <class ARRAY>
-std::string Numbers(const ARRAY& values)
-{
-    std::string text;
-    char number[32];
-    for (const auto value : values)
-    {
-        std::snprintf(number, sizeof number, "%g", static_cast<double>(value));
-        text += (text.empty() ? "" : " ") + std::string(number);
-    }
-    return text;
-}
-
 /// Every element of a set as "ggggeeee VR value", with "; " between them: texts joined by backslashes (a zero byte is
 /// shown as ~), numbers, bytes and frames in hexadecimal, items in braces.
 inline std::string Show(const CDcmElementSet& set)
@@ -138,50 +126,35 @@ inline std::string Show(const CDcmElementSet& set)
         const CDcmElement& element = *set.GetAt(i);
         text += i > 0 ? "; " : "";
         text += std::string(element.GroupText()) + std::string(element.ElementText()) + " " + VrText(element.Vr());
-        std::string value;
-        if (const CStringArray* texts = element.Texts())
+        std::string value(element.Texts() != nullptr ? element.JoinedText().View() : "");
+        std::replace(value.begin(), value.end(), '\0', '~');
+        const auto addNumbers = [&value](const auto* numbers)
         {
-            for (const CString& each : *texts)
+            for (int place = 0; numbers != nullptr && place < numbers->GetSize(); ++place)
             {
-                value += (&each == texts->begin() ? "" : "\\") + std::string(each.View());
+                CString number;
+                number.Format(place > 0 ? " %g" : "%g", static_cast<double>((*numbers)[place]));
+                value += number.View();
             }
-            for (char& character : value)
-            {
-                character = character == '\0' ? '~' : character;
-            }
-        }
-        else if (const CWordArray* words = element.Words())
+        };
+        addNumbers(element.Words());
+        addNumbers(element.Integers());
+        addNumbers(element.Floats());
+        addNumbers(element.Doubles());
+        const CDcmFrameList* frames = element.Frames();
+        for (int number = 0; frames != nullptr && number < frames->GetCount(); ++number)
         {
-            value = Numbers(*words);
+            const CDcmFrame& frame = *frames->GetFrame(number);
+            value +=
+                (number > 0 ? " " : "") + std::to_string(frame.Number()) + ":" + HexText(frame.Data(), frame.Size());
         }
-        else if (const CUIntArray* integers = element.Integers())
-        {
-            value = Numbers(*integers);
-        }
-        else if (const CFloatArray* floats = element.Floats())
-        {
-            value = Numbers(*floats);
-        }
-        else if (const CDoubleArray* doubles = element.Doubles())
-        {
-            value = Numbers(*doubles);
-        }
-        else if (const CDcmElementSet* items = element.Items())
+        if (const CDcmElementSet* items = element.Items())
         {
             value = "{" + Show(*items) + "}";
         }
-        else if (const CDcmFrameList* frames = element.Frames())
+        else if (const CByteArray* bytes = element.Bytes(); bytes != nullptr && frames == nullptr)
         {
-            for (int frame = 0; frame < frames->GetCount(); ++frame)
-            {
-                const CDcmFrame& each = *frames->GetFrame(frame);
-                value +=
-                    (frame > 0 ? " " : "") + std::to_string(each.Number()) + ":" + HexText(each.Data(), each.Size());
-            }
-        }
-        else if (const CByteArray* bytes = element.Bytes())
-        {
-            value = HexText(*bytes);
+            value += HexText(*bytes);
         }
         text += value.empty() ? "" : " " + value;
     }
