@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace
 {
 
@@ -38,19 +40,15 @@ TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityTells)
     CDcmElement range(0x0008, 0x1163);
     for (int i = 0; i < 5; ++i)
     {
-        const bool taken = i < 3;
-        EXPECT_EQ(spacing.AddText("1"), taken) << i;
-        EXPECT_EQ(fills.AddWord(1), taken) << i;
-        EXPECT_EQ(items.AddInteger(1), taken) << i;
-        EXPECT_EQ(cursor.AddFloat(1), taken) << i;
-        EXPECT_EQ(range.AddDouble(1), taken) << i;
+        const bool taken[] = {spacing.AddText("1"), fills.AddWord(1), items.AddInteger(1), cursor.AddFloat(1),
+                              range.AddDouble(1)};
+        EXPECT_EQ(std::count(std::begin(taken), std::end(taken), i < 3), 5) << i;
     }
-    EXPECT_EQ(spacing.Texts()->GetSize(), 3);
-    EXPECT_EQ(fills.Words()->GetSize(), 3);
-    EXPECT_EQ(items.Integers()->GetSize(), 3);
+    EXPECT_EQ(spacing.JoinedText(), "1\\1\\1");
+    EXPECT_TRUE(fills.Words()->GetSize() == 3 && items.Integers()->GetSize() == 3);
 }
 
-TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWord)
+TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWordAndClearOneText)
 {
     EXPECT_FALSE(WithoutVm(0x1001, "LO").AddText("A"));
     EXPECT_FALSE(WithoutVm(0x1002, "UL").AddInteger(1));
@@ -59,10 +57,7 @@ TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWord)
     EXPECT_TRUE(word.AddWord(1));
     EXPECT_FALSE(word.AddWord(2));
     EXPECT_EQ((*word.Words())[0], 1);
-}
-
-TEST(SingleValueSetters, ClearWithAnEmptyTextWhereThereIsOneValueOnly)
-{
+    // An empty text clears where there is one value only.
     CDcmElement name(0x0010, 0x0010);
     EXPECT_TRUE(name.AddText("A name that does not lie in the text itself"));
     EXPECT_TRUE(name.AddText((*name.Texts())[0]));
@@ -75,7 +70,7 @@ TEST(SingleValueSetters, ClearWithAnEmptyTextWhereThereIsOneValueOnly)
     EXPECT_STREQ(type.JoinedText(), "ORIGINAL");
 }
 
-TEST(Setters, RefuseAKindOfValueThatTheVrDoesNotHold)
+TEST(Setters, TakeWhatTheVrHolds)
 {
     CDcmElement text(0x0010, 0x0010);
     text.AddText("DOE");
@@ -88,10 +83,7 @@ TEST(Setters, RefuseAKindOfValueThatTheVrDoesNotHold)
     EXPECT_FALSE(number.AddFloat(1));
     EXPECT_FALSE(CDcmElement(0x0018, 0x1638).AddFloat(1));          // OF takes whole arrays only.
     EXPECT_FALSE(CDcmElement(0x0072, 0x006D).SetBytes(Bytes({1}))); // UN
-}
-
-TEST(Setters, PutAnIntegerIntoEachVrThatHoldsIntegers)
-{
+    // An integer goes into each VR that holds integers.
     CDcmElement word(0x0028, 0x0010);
     EXPECT_TRUE(word.AddInteger(0x12345678));
     EXPECT_EQ((*word.Words())[0], 0x5678);
@@ -101,10 +93,7 @@ TEST(Setters, PutAnIntegerIntoEachVrThatHoldsIntegers)
     CDcmElement bytes(0x0002, 0x0001);
     EXPECT_TRUE(bytes.AddInteger(0x12345678));
     EXPECT_EQ(Numbers(*bytes.Bytes()), Numbers(Bytes({0x78, 0x56, 0x34, 0x12})));
-}
-
-TEST(Setters, TakeAnElementsOwnArray)
-{
+    // An element's own array may be set.
     CDcmElement type(0x0008, 0x0008);
     type.AddText("A");
     type.AddText("B");
@@ -124,8 +113,7 @@ TEST(Assignment, TakesRawBytesFlagAndValueButNeverTheTag)
     source.SetRead();
     CDcmElement target(0x0010, 0x1001); // PN without bound on values.
     target = source;
-    EXPECT_TRUE(target.HasTag(0x0010, 0x1001));
-    EXPECT_TRUE(target.IsRead());
+    EXPECT_TRUE(target.HasTag(0x0010, 0x1001) && target.IsRead());
     EXPECT_STREQ(target.JoinedText(), "DOE^JOHN");
     EXPECT_EQ(target.RawBytes().Text(), "DOE^JOHN");
 
@@ -146,19 +134,18 @@ TEST(Assignment, BetweenDifferentVrsTakesRawBytesOnly)
 {
     CDcmElement single(0x0018, 0x9079, VR_FL);
     single.SetRawBytes(Bytes({0, 0, 0x80, 0x3F}));
-    CDcmElement twice(0x0018, 0x9079);
-    twice.AddDouble(7);
-    twice = single;
-    EXPECT_TRUE(twice.HasVr(VR_FD));
-    ASSERT_EQ(twice.Doubles()->GetSize(), 1);
-    EXPECT_EQ((*twice.Doubles())[0], 7);
-    EXPECT_EQ(twice.RawBytes().Size(), 4U);
-
     // A value that still stands in the target's raw bytes stays too, although those bytes go.
-    CDcmElement unread(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0xF0, 0x3F}));
-    unread = single;
-    ASSERT_EQ(unread.Doubles()->GetSize(), 1);
-    EXPECT_EQ((*unread.Doubles())[0], 1);
+    CDcmElement unread(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0x1C, 0x40}));
+    CDcmElement built(0x0018, 0x9079);
+    built.AddDouble(7);
+    for (CDcmElement* target : {&built, &unread})
+    {
+        *target = single;
+        EXPECT_TRUE(target->HasVr(VR_FD));
+        ASSERT_EQ(target->Doubles()->GetSize(), 1);
+        EXPECT_EQ((*target->Doubles())[0], 7);
+        EXPECT_EQ(target->RawBytes().Size(), 4U);
+    }
 }
 
 TEST(Assignment, OfPixelDataTakesVrAndFrames)
@@ -213,10 +200,7 @@ TEST(Equality, ComparesTagVrAndTypedValueOnly)
     // Both hold nothing, one because it was emptied.
     read.EmptyValue();
     EXPECT_TRUE(read == CDcmElement(0x0010, 0x0010));
-}
-
-TEST(Equality, OfWhatIsNoNumberHoldsWithItselfOnly)
-{
+    // What is no number equals itself only.
     const CDcmElement notANumber(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x7F}));
     EXPECT_FALSE(notANumber == CDcmElement(notANumber));
     EXPECT_TRUE(notANumber == notANumber);

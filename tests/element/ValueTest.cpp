@@ -33,10 +33,7 @@ TEST(RawNumbers, DropAPartialLastOne)
     EXPECT_EQ(CDcmElement(0x0018, 0x6020, Bytes({1, 2, 3, 4, 5, 6, 7})).Integers()->GetSize(), 1);
     EXPECT_EQ(CDcmElement(0x0018, 0x605A, Bytes({1, 2, 3, 4, 5, 6, 7})).Floats()->GetSize(), 1);
     EXPECT_EQ(CDcmElement(0x0018, 0x9079, Bytes({1, 2, 3, 4, 5, 6, 7, 8, 9})).Doubles()->GetSize(), 1);
-}
-
-TEST(RawBytes, OfNoLengthChangeNothing)
-{
+    // Raw bytes of no length change nothing.
     CDcmElement name(0x0010, 0x0010, TextBytes("DOE"));
     name.SetRawBytes(CByteArray());
     EXPECT_STREQ(name.JoinedText(), "DOE");

@@ -5,30 +5,27 @@
 #include "Varnotix/iod/DcmIOD.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
+#include <climits>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <memory>
 #include <string_view>
+#include <tuple>
 
 namespace
 {
 
+/// Tests in a folder of their own.
 class DataFiles : public testing::Test
 {
 protected:
-    void SetUp() override
-    {
-        m_before = std::filesystem::current_path();
-        m_folder = m_before / "own_files";
-        std::filesystem::create_directories(m_folder);
-    }
-
+    void SetUp() override { std::filesystem::create_directories(m_before / "own_files"); }
     void TearDown() override
     {
         std::filesystem::current_path(m_before);
-        std::filesystem::remove_all(m_folder);
+        std::filesystem::remove_all("own_files");
     }
 
     /// Loads the registry anew from the texts.
@@ -43,24 +40,12 @@ protected:
     }
 
 private:
-    std::filesystem::path m_before;
-    std::filesystem::path m_folder;
+    const std::filesystem::path m_before = std::filesystem::current_path();
 };
 
 } // namespace
 
-TEST_F(DataFiles, FirstLineOfATagStands)
-{
-    const CDcmRegistry& registry = Load("0010,00AB,PN,2,First\n0010,00ab,LO,1,Second\n", "");
-    EXPECT_EQ(registry.DictionarySize(), 1);
-    const CDcmEntry* entry = registry.LookUpTag(0x0010, 0x00AB);
-    ASSERT_NE(entry, nullptr);
-    EXPECT_EQ(entry->vr, static_cast<DWORD>(VR_PN));
-    EXPECT_EQ(entry->multiplicity, 2);
-    EXPECT_STREQ(entry->name, "First");
-}
-
-TEST_F(DataFiles, LinesAreTrimmedAndCommentsSkipped)
+TEST_F(DataFiles, LinesAreTrimmedCommentsSkippedAndTheFirstOfATagStands)
 {
     const CDcmRegistry& registry = Load("# a comment\r\n"
                                         "   # another, behind blanks\n"
@@ -68,15 +53,23 @@ TEST_F(DataFiles, LinesAreTrimmedAndCommentsSkipped)
                                         "\n"
                                         " 0010 ,\t0020 , lo , 1-n , Patient ID , [a,b] rest\r\n"
                                         "0010,0030,DA,n,Birth Date\n"
+                                        "0010,00AB,PN,2,First\n0010,00ab,LO,1,Second\n"
                                         "0010,0050,LO,99999999999,Many\n"
                                         "0010,0040,CS,-1,Sex", // The last line has no end.
                                         "");
-    EXPECT_EQ(registry.DictionarySize(), 4);
-    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0020)->vr, static_cast<DWORD>(VR_LO));
-    EXPECT_STREQ(registry.LookUpTag(0x0010, 0x0020)->name, "Patient ID");
-    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0030)->multiplicity, 1);
-    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0040)->multiplicity, -1);
-    EXPECT_EQ(registry.LookUpTag(0x0010, 0x0050)->multiplicity, 2147483647) << "on every system";
+    EXPECT_EQ(registry.DictionarySize(), 5);
+    const std::tuple<int, int, int, const char*> entries[] = {{0x20, VR_LO, 1, "Patient ID"},
+                                                              {0x30, VR_DA, 1, "Birth Date"},
+                                                              {0xAB, VR_PN, 2, "First"},
+                                                              {0x50, VR_LO, INT_MAX, "Many"},
+                                                              {0x40, VR_CS, -1, "Sex"}};
+    for (const auto& [element, vr, multiplicity, name] : entries)
+    {
+        const CDcmEntry* entry = registry.LookUpTag(0x0010, element);
+        ASSERT_NE(entry, nullptr) << name;
+        EXPECT_TRUE(entry->vr == static_cast<DWORD>(vr) && entry->multiplicity == multiplicity) << name;
+        EXPECT_STREQ(entry->name, name);
+    }
 }
 
 TEST_F(DataFiles, MalformedLinesMakeEntriesUnderWhatKeyTheyHold)

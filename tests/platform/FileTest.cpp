@@ -16,26 +16,22 @@ namespace
 class FileTest : public testing::Test
 {
 protected:
-    void SetUp() override
+    FileTest()
     {
-        m_folder = CString("platform_") + testing::UnitTest::GetInstance()->current_test_info()->name();
-        std::filesystem::remove_all(static_cast<LPCTSTR>(m_folder));
-        std::filesystem::create_directories(static_cast<LPCTSTR>(In("Sub.Dir")));
+        std::filesystem::remove_all(m_folder.View());
+        std::filesystem::create_directories(In("Sub.Dir").View());
     }
-    void TearDown() override { std::filesystem::remove_all(static_cast<LPCTSTR>(m_folder)); }
+    ~FileTest() override { std::filesystem::remove_all(m_folder.View()); }
     CString In(const char* name) const { return JoinPath(m_folder, name); }
     static void Create(const CString& path, const char* content)
     {
-        CFile file(path, CFile::modeCreate | CFile::modeWrite);
-        file.Write(content, static_cast<UINT>(std::strlen(content)));
-        file.Close();
+        CFile(path, CFile::modeCreate | CFile::modeWrite).Write(content, static_cast<UINT>(std::strlen(content)));
     }
     static CString Content(const CString& path)
     {
         CFile file(path, CFile::modeRead);
         char buffer[64] = {};
-        const UINT count = file.Read(buffer, sizeof(buffer));
-        return CString(buffer, static_cast<int>(count));
+        return CString(buffer, static_cast<int>(file.Read(buffer, sizeof(buffer))));
     }
     static CFileException::Cause Refusal(const CString& path, UINT flags)
     {
@@ -44,7 +40,7 @@ protected:
         return file.Open(path, flags, &error) ? CFileException::none : error.m_cause;
     }
 
-    CString m_folder;
+    const CString m_folder = CString("platform_") + testing::UnitTest::GetInstance()->current_test_info()->name();
 };
 
 std::string Text(const CFile& file)

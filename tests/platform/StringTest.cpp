@@ -28,10 +28,10 @@ TEST(StringTest, OrdersByBytesWithoutSign)
 TEST(StringTest, NullAndNegativeLengthsGiveAnEmptyText)
 {
     const char* nothing = nullptr;
-    EXPECT_TRUE(CString(nothing).IsEmpty());
-    EXPECT_TRUE(CString(nothing, 5).IsEmpty());
-    EXPECT_TRUE(CString("abc", -1).IsEmpty());
-    EXPECT_TRUE(CString('x', -1).IsEmpty());
+    for (const CString& empty : {CString(nothing), CString(nothing, 5), CString("abc", -1), CString('x', -1)})
+    {
+        EXPECT_TRUE(empty.IsEmpty());
+    }
     CString text = "abc";
     text += nothing;
     EXPECT_EQ(text, "abc");
@@ -65,17 +65,14 @@ TEST(StringTest, TrimsAllSixKindsOfWhiteSpaceAndNothingElse)
     EXPECT_EQ(right, " \t\n\v\f\rA B");
     text.Trim();
     EXPECT_EQ(text, "A B");
-    CString noBreakSpace = "\xA0";
-    noBreakSpace.Trim();
-    EXPECT_EQ(noBreakSpace.GetLength(), 1);
-    CString zero("x\0", 2);
-    zero.Trim();
-    EXPECT_EQ(zero.GetLength(), 2);
-}
-
-TEST(StringTest, CaseConversionKnowsAsciiOnly)
-{
-    CString text = "aZ@[`{\xE9\xC9";
+    for (CString kept : {CString("\xA0"), CString("x\0", 2)})
+    {
+        const int length = kept.GetLength();
+        kept.Trim();
+        EXPECT_EQ(kept.GetLength(), length);
+    }
+    // Case conversion knows ASCII only.
+    text = "aZ@[`{\xE9\xC9";
     text.MakeUpper();
     EXPECT_EQ(text, "AZ@[`{\xE9\xC9");
     text.MakeLower();

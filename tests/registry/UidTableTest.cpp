@@ -18,11 +18,7 @@ TEST(UidTable, RowsThatCarryMeaningNameTheirUids)
         EXPECT_EQ(registry.UidEnum(CString(uid)), row) << uid;
     }
     EXPECT_GT(registry.UidEnum("1.2.840.10008.1.2.4.52"), 27);
-}
-
-TEST(UidTable, SearchIgnoresBlanksAndPaddingOnly)
-{
-    const CDcmRegistry registry;
+    // A search ignores blanks and padding only.
     EXPECT_EQ(registry.UidEnum("  1.2.840.10008.1.2.1 "), 2);
     // A value read from a stream keeps its padding byte.
     EXPECT_EQ(registry.UidEnum(CString("1.2.840.10008.1.2.1\0", 20)), 2);
@@ -30,11 +26,7 @@ TEST(UidTable, SearchIgnoresBlanksAndPaddingOnly)
     {
         EXPECT_EQ(registry.UidEnum(unknown), -1) << unknown;
     }
-}
-
-TEST(UidTable, NextCallOverwritesTheResult)
-{
-    const CDcmRegistry registry;
+    // The next call overwrites the result.
     const CString& result = registry.UidString(0);
     EXPECT_STREQ(result, "1.2.840.10008.1.1");
     registry.UidString(4);

@@ -101,7 +101,6 @@ class PictureTest : public FramesTest
 protected:
     void SetUp() override
     {
-        FramesTest::SetUp();
         if (!kHasPng)
         {
             GTEST_SKIP() << "built without the PNG library";

@@ -92,18 +92,15 @@ protected:
         std::string err;
     };
 
-    void SetUp() override
+    ToolTest()
     {
-        m_start = std::filesystem::current_path();
         const testing::TestInfo& info = *testing::UnitTest::GetInstance()->current_test_info();
-        const std::filesystem::path folder =
-            m_start / (std::string("work-") + info.test_suite_name() + "-" + info.name());
+        const std::filesystem::path folder = std::string("work-") + info.test_suite_name() + "-" + info.name();
         std::filesystem::remove_all(folder);
         std::filesystem::create_directories(folder);
         std::filesystem::current_path(folder);
     }
-
-    void TearDown() override { std::filesystem::current_path(m_start); }
+    ~ToolTest() override { std::filesystem::current_path(m_start); }
 
     /// Runs "varnotix ARGUMENTS", which may redirect. The standard output goes to a file or device.
     /// @param limit a command of the shell, to run before.
@@ -182,5 +179,5 @@ protected:
     }
 
 private:
-    std::filesystem::path m_start;
+    const std::filesystem::path m_start = std::filesystem::current_path();
 };
