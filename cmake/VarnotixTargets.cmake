@@ -74,7 +74,7 @@ function(varnotix_test folder)
         VARNOTIX_DATA=${PROJECT_SOURCE_DIR}/data
         VARNOTIX_BIN=${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
     # Wine takes most of a second to start each of the hundreds of programs that the tools' tests run.
-    set(limit 120)
+    set(limit 240)
     if(CMAKE_CROSSCOMPILING)
         set(limit 480)
     endif()

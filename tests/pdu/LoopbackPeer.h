@@ -5,7 +5,9 @@
 
 #include <asio.hpp>
 #include <chrono>
+#include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <thread>
 
@@ -66,18 +68,27 @@ inline std::string FreePort()
     return CSocketPort().Number();
 }
 
-/// True as soon as somebody listens on the port, found out without a connection that the listener would see.
+/// True as soon as somebody listens on the port, as the system tells: without a connection that the listener would see,
+/// and without a socket of the test's own in its way.
 inline bool WaitForListener(const std::string& port)
 {
-    for (int attempt = 0; attempt < 100; ++attempt)
+    for (int attempt = 0; attempt < 400; ++attempt)
     {
-        asio::io_context context;
-        asio::ip::tcp::socket place(context, asio::ip::tcp::v4());
-        place.set_option(asio::socket_base::reuse_address(true));
-        asio::error_code taken;
-        if (place.bind(Loopback(port), taken))
+        for (const char* table : {"/proc/net/tcp", "/proc/net/tcp6"})
         {
-            return true;
+            std::ifstream sockets(table);
+            std::string number;
+            std::string local;
+            std::string remote;
+            std::string state;
+            for (std::string line; std::getline(sockets, line);)
+            {
+                std::istringstream(line) >> number >> local >> remote >> state;
+                if (state == "0A" && std::stoi(local.substr(local.find(':') + 1), nullptr, 16) == std::stoi(port))
+                {
+                    return true;
+                }
+            }
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
     }

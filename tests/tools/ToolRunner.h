@@ -114,7 +114,7 @@ protected:
     static SRun Expect(int status, const std::string& arguments, const auto&... parts)
     {
         SCOPED_TRACE(arguments);
-        const SRun run = Run(arguments);
+        SRun run = Run(arguments);
         EXPECT_EQ(run.status, status) << run.err;
         EXPECT_TRUE(Holds(run.err, parts...));
         return run;
