@@ -195,7 +195,7 @@ void CElementEncoder::Write(const CDcmElement& element, COutputBuffer& out)
 
 void CElementEncoder::WriteHeader(const CDcmElement& element, COutputBuffer& out)
 {
-    const int syntax = element.m_encodedSyntax;
+    const auto syntax = element.m_encodedSyntax;
     const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
     const DWORD size = HeaderSize(syntax, element.m_vr);
     const DWORD length = IsEncapsulated(element) ? kUndefinedLength : element.m_encodedValueSize;
@@ -325,10 +325,10 @@ void CDcmElement::Serialize(CArchive& archive)
 {
     if (archive.IsStoring() && m_encodedSyntax != kNeverEncoded)
     {
-        const int syntax = m_syntax;
+        const auto syntax = m_syntax;
         m_syntax = m_encodedSyntax;
         Encode(); // The value may have changed since; header and value must agree.
-        m_syntax = static_cast<signed char>(syntax);
+        m_syntax = syntax;
         COutputBuffer out(archive);
         CElementEncoder::Write(*this, out);
         out.Flush();

@@ -14,12 +14,12 @@ bool CDcmElement::AddText(const CString& text)
     }
     if (Vm() == 1)
     {
-        const CString copy(text); // The caller may hand in this element's own text.
-        texts->RemoveAll();
-        if (!copy.IsEmpty())
+        CStringArray value; // Filled first, for the caller may hand in this element's own text.
+        if (!text.IsEmpty())
         {
-            texts->Add(copy);
+            value.Add(text);
         }
+        texts->Swap(value);
         return true;
     }
     if (text.IsEmpty() || Vm() == 0 || (Vm() > 1 && texts->GetSize() > Vm()))
@@ -37,10 +37,11 @@ bool CDcmElement::SetTexts(const CStringArray& texts)
     {
         return false;
     }
-    const CStringArray copy(texts); // The caller may hand in this element's own array.
-    mine->RemoveAll();
+    CStringArray before;
+    mine->Swap(before);
     bool taken = false;
-    for (const CString& text : copy)
+    // The caller may hand in this element's own array.
+    for (const CString& text : &texts == mine ? before : texts)
     {
         taken = AddText(text);
     }

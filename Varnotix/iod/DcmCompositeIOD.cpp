@@ -10,11 +10,7 @@ CDcmCompositeIOD::CDcmCompositeIOD(const CDcmCompositeIOD& other) = default;
 
 CDcmCompositeIOD::~CDcmCompositeIOD() = default;
 
-CDcmCompositeIOD& CDcmCompositeIOD::operator=(const CDcmCompositeIOD& other)
-{
-    CDcmIOD::operator=(other);
-    return *this;
-}
+CDcmCompositeIOD& CDcmCompositeIOD::operator=(const CDcmCompositeIOD& other) = default;
 
 void CDcmCompositeIOD::InitializeIod() {}
 

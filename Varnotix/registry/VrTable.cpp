@@ -37,7 +37,13 @@ constexpr std::array<SVrRow, kNamedVrCount> kRows{{
 
 constexpr SVrRow kNoRow{"", "", 0};
 
-constexpr int kLetters = 26;
+constexpr std::size_t kLetters = 26;
+
+/// The place of two letters, counted from A, in a table of all pairs.
+constexpr std::size_t PlaceOf(int first, int second)
+{
+    return static_cast<std::size_t>(first) * kLetters + static_cast<std::size_t>(second);
+}
 
 // The decoder asks for a code once an element, so the two letters index a small table.
 constexpr auto kCodeOfLetters = []
@@ -46,9 +52,7 @@ constexpr auto kCodeOfLetters = []
     codes.fill(static_cast<BYTE>(VR_UNKNOWN));
     for (std::size_t vr = 0; vr < kRows.size(); ++vr)
     {
-        const int row = kRows[vr].text[0] - 'A';
-        const int column = kRows[vr].text[1] - 'A';
-        codes[static_cast<std::size_t>(row * kLetters + column)] = static_cast<BYTE>(vr);
+        codes[PlaceOf(kRows[vr].text[0] - 'A', kRows[vr].text[1] - 'A')] = static_cast<BYTE>(vr);
     }
     return codes;
 }();
@@ -79,7 +83,7 @@ int VrCodeOfBytes(BYTE first, BYTE second)
     {
         return VR_UNKNOWN;
     }
-    return kCodeOfLetters[static_cast<std::size_t>(row * kLetters + column)];
+    return kCodeOfLetters[PlaceOf(row, column)];
 }
 
 int VrCode(std::string_view text)

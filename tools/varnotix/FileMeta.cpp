@@ -105,7 +105,7 @@ SObjectForm FormOf(const CDcmIOD& object)
 
 CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, const CReport& report)
 {
-    const CString wanted = CDcmRegistry::Global().UidString(syntax);
+    CString wanted = CDcmRegistry::Global().UidString(syntax);
     if (!form.compressed || form.transferSyntax == wanted)
     {
         return wanted;

@@ -62,7 +62,7 @@ CString CPalette::Read(const CDcmElementSet& store, bool isSigned)
 {
     for (int channel = 0; channel < 3; ++channel)
     {
-        const CString reason = ReadTable(store, channel, isSigned, m_tables[channel]);
+        CString reason = ReadTable(store, channel, isSigned, m_tables[channel]);
         if (!reason.IsEmpty())
         {
             return reason;
