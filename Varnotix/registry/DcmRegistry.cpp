@@ -74,12 +74,10 @@ void SSharedTables::Clear()
 {
     publicDictionary.RemoveAll();
     privateDictionary.RemoveAll();
-    POSITION position = types.GetStartPosition();
-    while (position != nullptr)
+    for (int vr = 0; vr < kNamedVrCount; ++vr)
     {
-        WORD vr = 0;
         CObject* type = nullptr;
-        types.GetNextAssoc(position, vr, type);
+        types.Lookup(static_cast<WORD>(vr), type);
         delete type;
     }
     types.RemoveAll();
