@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # style.sh [PATTERN...]: holds all sources to .clang-format, and those whose path matches a regular expression (at first
-# all but the benchmarks) to the checks in .clang-tidy.
+# those of the library and the tool) to the checks in .clang-tidy.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$top"
 
-[ $# -gt 0 ] || set -- "^$top/(Varnotix|tools|tests|examples|fuzz)/"
+[ $# -gt 0 ] || set -- "^$top/(Varnotix|tools)/"
 
 scripts/setup.sh release style
 mkdir -p build
