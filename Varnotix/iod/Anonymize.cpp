@@ -53,7 +53,8 @@ void CDcmIOD::Anonymize55(const CString& text)
     }
     else
     {
-        const CString copy(text); // The text may stand in the store, where values change.
+        // The text may stand in the store, where values change.
+        const CString copy(text); // NOLINT(performance-unnecessary-copy-initialization)
         const CDcmElementSet& values = replacement.GetDcmElementSet();
         m_store->UpdateValuesFrom(values);
         for (int i = 0; i < m_store->GetCount(); ++i)
