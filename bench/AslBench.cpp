@@ -1,8 +1,8 @@
 // Objects as text: written and read back.
 
 #include "Inputs.h"
-#include "Varnotix/asl/DcmAttributeScript.h"
 #include "Varnotix/iod/DcmIOD.h"
+#include "Varnotix/script/DcmAttributeScript.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,9 +1,9 @@
 /// The entity classes of composite objects, and how objects are made of them.
 #pragma once
 
+#include "Varnotix/catalogue/Catalogue.h"
 #include "Varnotix/iod/DcmCompositeIE.h"
-#include "Varnotix/modules/Catalogue.h"
-#include "Varnotix/modules/DcmIE.h"
+#include "Varnotix/iod/DcmIE.h"
 
 #include <tuple>
 #include <type_traits>

@@ -1,14 +1,14 @@
 // A whole object from a script: attributes, anonymisation, pixel data from files.
 
-#include "Varnotix/asl/DcmAttributeScript.h"
 #include "Varnotix/asl/ScanNumber.h"
+#include "Varnotix/catalogue/DcmMultiFrameModule.h"
 #include "Varnotix/iod/DcmCompositeIOD.h"
 #include "Varnotix/iod/DcmIODPrivate.h"
 #include "Varnotix/iod/DcmMetaFileInformation.h"
 #include "Varnotix/iod/ScriptFrames.h"
 #include "Varnotix/pixel/DcmImagePixelModule.h"
-#include "Varnotix/pixel/DcmMultiFrameModule.h"
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/script/DcmAttributeScript.h"
 
 namespace
 {

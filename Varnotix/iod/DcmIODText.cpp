@@ -1,10 +1,10 @@
 // The text document of an information object: written and read.
 
 #include "Varnotix/asl/AslWriter.h"
-#include "Varnotix/asl/DcmAttributeScript.h"
 #include "Varnotix/iod/DcmIOD.h"
 #include "Varnotix/iod/DcmIODPrivate.h"
 #include "Varnotix/platform/Archive.h"
+#include "Varnotix/script/DcmAttributeScript.h"
 
 namespace
 {

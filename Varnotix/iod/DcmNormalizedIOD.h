@@ -1,8 +1,8 @@
 #pragma once
 
+#include "Varnotix/catalogue/Catalogue.h"
 #include "Varnotix/iod/DcmCompositeIOD.h"
 #include "Varnotix/iod/DcmMetaFileInformation.h"
-#include "Varnotix/modules/Catalogue.h"
 
 /// A normalized information object: SOP common and file meta information, and the modules of derived classes.
 ///

@@ -1,6 +1,5 @@
 #include "Varnotix/iod/ScriptFrames.h"
 
-#include "Varnotix/asl/DcmAttributeScript.h"
 #include "Varnotix/iod/DcmCompositeIOD.h"
 #include "Varnotix/iod/DcmMetaFileInformation.h"
 #include "Varnotix/pixel/DcmImagePixelModule.h"
@@ -8,6 +7,7 @@
 #include "Varnotix/platform/FileSearch.h"
 #include "Varnotix/platform/PictureSize.h"
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/script/DcmAttributeScript.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 /// The base of all module classes.
 #pragma once
 
-#include "Varnotix/asl/DcmAttributeSet.h"
+#include "Varnotix/modules/DcmAttributeSet.h"
 
 class CDcmIOD;
 

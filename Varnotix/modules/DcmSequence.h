@@ -1,7 +1,7 @@
 /// The base of all sequence and macro classes.
 #pragma once
 
-#include "Varnotix/asl/DcmAttributeSet.h"
+#include "Varnotix/modules/DcmAttributeSet.h"
 
 /// Reserved for the sequence class's own later use.
 class VARNOTIX_EXPORT CSequencePrivate : public CObject

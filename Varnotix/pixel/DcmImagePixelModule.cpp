@@ -36,6 +36,8 @@ void Code(const CODE& code)
 
 } // namespace
 
+IMPLEMENT_DCM_INITIALIZED_CLASS(CDcmImagePixelModule, CDcmModule, InitializeModule)
+
 void CDcmImagePixelModule::GetPixelData(CObList& frames)
 {
     frames.RemoveAll();

@@ -1,7 +1,7 @@
 #include "Elements.h"
 #include "Programs.h"
 #include "Varnotix/asl/AslWriter.h"
-#include "Varnotix/asl/DcmAttributeSet.h"
+#include "Varnotix/modules/DcmAttributeSet.h"
 
 #include <gtest/gtest.h>
 

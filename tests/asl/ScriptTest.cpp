@@ -1,7 +1,7 @@
 // Scripts read into a module: lines, commands, values, items, notes.
 #include "Elements.h"
 #include "Varnotix/asl/AslWriter.h"
-#include "Varnotix/asl/DcmAttributeScript.h"
+#include "Varnotix/script/DcmAttributeScript.h"
 
 #include <gtest/gtest.h>
 

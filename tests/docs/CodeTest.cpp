@@ -37,7 +37,7 @@ bool Shows(const Lines& source, const Lines& block)
 std::vector<Lines> Sources()
 {
     std::vector<Lines> sources;
-    for (const char* folder : {"examples", "Varnotix/modules"})
+    for (const char* folder : {"examples", "Varnotix/catalogue"})
     {
         for (const auto& entry : std::filesystem::recursive_directory_iterator(ProjectFolder() / folder))
         {

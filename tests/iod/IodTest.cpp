@@ -1,6 +1,6 @@
 #include "Elements.h"
+#include "Varnotix/catalogue/DcmPatientModule.h"
 #include "Varnotix/iod/DcmIOD.h"
-#include "Varnotix/modules/DcmPatientModule.h"
 
 #include <gtest/gtest.h>
 

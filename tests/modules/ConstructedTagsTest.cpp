@@ -2,7 +2,7 @@
 
 #include "AccessorCheck.h"
 #include "Bytes.h"
-#include "Varnotix/modules/Catalogue.h"
+#include "Varnotix/catalogue/Catalogue.h"
 
 TEST(RepeatingGroup, IsTheOneThatTheModuleWasMadeFor)
 {

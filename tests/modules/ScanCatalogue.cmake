@@ -89,9 +89,8 @@ endfunction()
 function(varnotix_add_accessor_tests target)
     set(library ${PROJECT_SOURCE_DIR}/Varnotix)
     set(parts 4)
-    file(GLOB headers CONFIGURE_DEPENDS ${library}/modules/*Module.h ${library}/modules/*Sequence.h
-        ${library}/modules/*Macro*.h ${library}/modules/DcmCodeAndModifer.h ${library}/pixel/*Module.h)
-    list(REMOVE_ITEM headers ${library}/modules/DcmModule.h ${library}/modules/DcmSequence.h)
+    file(GLOB headers CONFIGURE_DEPENDS ${library}/catalogue/*Module.h ${library}/catalogue/*Sequence.h
+        ${library}/catalogue/*Macro*.h ${library}/catalogue/DcmCodeAndModifer.h ${library}/pixel/*Module.h)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${headers})
     list(LENGTH headers count)
     math(EXPR size "(${count} + ${parts} - 1) / ${parts}")

@@ -1,7 +1,7 @@
 // Short ways to write and compare the values of modules in tests.
 #pragma once
 
-#include "Varnotix/asl/DcmAttributeSet.h"
+#include "Varnotix/modules/DcmAttributeSet.h"
 
 #include <string>
 

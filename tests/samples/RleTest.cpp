@@ -2,7 +2,7 @@
 #if !defined(_WIN32)
 
 #include "Sample.h"
-#include "Varnotix/modules/Catalogue.h"
+#include "Varnotix/catalogue/Catalogue.h"
 #include "Varnotix/platform/Archive.h"
 
 #include <functional>
