@@ -1,10 +1,10 @@
 // The command line: verbs, arguments and help.
 
-#include "PduVerb.h"
 #include "ScriptKinds.h"
 #include "StandardStreams.h"
 #include "Varnotix/Version.h"
 #include "Verbs.h"
+#include "pdu/PduVerb.h"
 
 #include <CLI/CLI.hpp>
 

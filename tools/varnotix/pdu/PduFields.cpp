@@ -1,6 +1,6 @@
-#include "PduFields.h"
+#include "pdu/PduFields.h"
 
-#include "PduMeanings.h"
+#include "pdu/PduMeanings.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "PduMeanings.h"
+#include "pdu/PduMeanings.h"
 
 #include <algorithm>
 

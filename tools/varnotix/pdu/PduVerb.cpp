@@ -1,10 +1,10 @@
-#include "PduVerb.h"
+#include "pdu/PduVerb.h"
 
 #include "Input.h"
-#include "PduFields.h"
-#include "PduInput.h"
-#include "PduMeanings.h"
 #include "StandardStreams.h"
+#include "pdu/PduFields.h"
+#include "pdu/PduInput.h"
+#include "pdu/PduMeanings.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "PduInput.h"
+#include "pdu/PduInput.h"
 
 #include "Input.h"
 #include "StandardStreams.h"
