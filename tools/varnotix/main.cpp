@@ -1,10 +1,10 @@
 // The command line: verbs, arguments and help.
 
-#include "ScriptKinds.h"
-#include "StandardStreams.h"
 #include "Varnotix/Version.h"
-#include "Verbs.h"
+#include "commands/Verbs.h"
+#include "console/StandardStreams.h"
 #include "pdu/PduVerb.h"
+#include "script/ScriptKinds.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,7 +24,8 @@ constexpr const char* kDumpFooter =
     "it was read in and the number of elements.";
 
 constexpr const char* kConvertFooter =
-    "IN is a file with or without preamble and file meta information; OUT always gets both, and its Transfer Syntax\n"
+    "IN is a file with or without preamble and file meta information; OUT always gets both, and its Transfer "
+    "Syntax\n"
     "UID (0002,0010) is set. OUT appears when it is complete; IN and OUT may be the same file.\n"
     "Compressed pixel data is not decompressed: 'explicit' keeps its transfer syntax, the others refuse it.\n"
     "In big endian, item lengths have a byte order of this library's own, which other readers may not know.\n"
@@ -34,7 +35,8 @@ constexpr const char* kConvertFooter =
 
 constexpr const char* kAnonymizeFooter =
     "32 attributes take the text: names, identifiers and descriptions of patient, physicians, institution and\n"
-    "device. Those that are missing are not added. UIDs, dates of the study and what the pixels show stay: this is\n"
+    "device. Those that are missing are not added. UIDs, dates of the study and what the pixels show stay: this "
+    "is\n"
     "no de-identification profile of PS3.15. What was found in an object and is not covered is told on standard\n"
     "error: the same attributes in sequence items, private groups, burned-in annotation. --deep covers the first\n"
     "two. The preamble of the file is cleared.";
@@ -42,7 +44,8 @@ constexpr const char* kAnonymizeFooter =
 constexpr const char* kFramesFooter =
     "The files are frame-0001 and so on, with the extension jpg, j2k or jls for what these decoders read, and bin\n"
     "for the rest. Uncompressed samples of more than one byte are in little endian, whatever the file has.\n"
-    "Pictures (--png) have eight bits a channel. Grayscale is shown through the first window, or over the range of\n"
+    "Pictures (--png) have eight bits a channel. Grayscale is shown through the first window, or over the range "
+    "of\n"
     "the values in the frame; MONOCHROME1, RGB, YBR_FULL, YBR_FULL_422 and PALETTE COLOR are understood,\n"
     "uncompressed or run length encoded. Overlays are not drawn. What cannot be drawn is told on standard error.";
 
@@ -51,25 +54,30 @@ constexpr const char* kModulesFooter =
     "secondary capture or patient information. Of any other object all attributes stand under 'attributes that no\n"
     "module declares'. The elements of all items of a sequence stand in one list, as a read gathers them.";
 
-constexpr const char* kNewFooter =
-    "One line an attribute, by entity and module. What such an object must have is open, the rest is commented out\n"
-    "with ';'. Class, modality and UIDs are filled in.";
+constexpr const char* kNewFooter = "One line an attribute, by entity and module. What such an object must have is "
+                                   "open, the rest is commented out\n"
+                                   "with ';'. Class, modality and UIDs are filled in.";
 
 constexpr const char* kApplyFooter =
     "'varnotix dump FILE >SCRIPT', change values, 'varnotix apply SCRIPT FILE -o OUT'. Only lines that differ from "
     "what\n"
-    "FILE itself prints are applied; all else stays, what the text does not carry included. A line for an attribute\n"
-    "that FILE lacks adds it; '[]' empties a value; a line that is missing means nothing. Nothing is written when a\n"
+    "FILE itself prints are applied; all else stays, what the text does not carry included. A line for an "
+    "attribute\n"
+    "that FILE lacks adds it; '[]' empties a value; a line that is missing means nothing. Nothing is written when "
+    "a\n"
     "line cannot be applied. OUT keeps the transfer syntax of FILE; OUT and FILE may be the same file.";
 
-constexpr const char* kBuildFooter =
-    "The script's lines are the attributes; its commands name the files that pixel data comes from, what to anonymise\n"
-    "and what to remove. The file meta information is completed. Each line that is lost and each file that nothing is\n"
-    "taken from is named with the reason; nothing is written then, unless --force is given. A script opens the files\n"
-    "that it names, so trust it as you trust a program.";
+constexpr const char* kBuildFooter = "The script's lines are the attributes; its commands name the files that "
+                                     "pixel data comes from, what to anonymise\n"
+                                     "and what to remove. The file meta information is completed. Each line that "
+                                     "is lost and each file that nothing is\n"
+                                     "taken from is named with the reason; nothing is written then, unless --force "
+                                     "is given. A script opens the files\n"
+                                     "that it names, so trust it as you trust a program.";
 
 constexpr const char* kPduFooter =
-    "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between the\n"
+    "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between "
+    "the\n"
     "pairs of digits, and '#' starts a comment. Bytes that no PDU can be made of are told on standard error, with\n"
     "their offset and status 20; what comes before them is printed.";
 
@@ -124,8 +132,8 @@ int PrintParseResult(const CLI::App& app, const CLI::ParseError& result)
     return STATUS_DONE;
 }
 
-/// The arguments behind the program's name, last first, as the parser takes them. An option with an empty value behind
-/// its "=" becomes two arguments: the parser would take the next one for its value.
+/// The arguments behind the program's name, last first, as the parser takes them. An option with an empty value
+/// behind its "=" becomes two arguments: the parser would take the next one for its value.
 std::vector<std::string> ReversedArguments(int count, char** texts)
 {
     std::vector<std::string> reversed;

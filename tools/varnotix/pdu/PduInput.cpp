@@ -1,7 +1,7 @@
 #include "pdu/PduInput.h"
 
-#include "Input.h"
-#include "StandardStreams.h"
+#include "console/StandardStreams.h"
+#include "files/Input.h"
 
 #include <climits>
 

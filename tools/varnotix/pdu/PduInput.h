@@ -1,7 +1,7 @@
 /// Bytes of PDUs as they come from a capture or a log.
 #pragma once
 
-#include "Report.h"
+#include "console/Report.h"
 
 /// Reads a file, or standard input for "-". Input in which every byte is printable ASCII or white space is text:
 /// pairs of hexadecimal digits, with blanks, commas, colons and "0x" between them and comments from '#' to the end of

@@ -1,7 +1,7 @@
 #include "pdu/PduVerb.h"
 
-#include "Input.h"
-#include "StandardStreams.h"
+#include "console/StandardStreams.h"
+#include "files/Input.h"
 #include "pdu/PduFields.h"
 #include "pdu/PduInput.h"
 #include "pdu/PduMeanings.h"

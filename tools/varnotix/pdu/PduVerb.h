@@ -1,7 +1,7 @@
 /// The verb that shows association PDUs.
 #pragma once
 
-#include "Report.h"
+#include "console/Report.h"
 
 /// Prints what one PDU or a stream of PDUs holds: the dump of each, or its fields with their bytes.
 /// @param path a file, or "-" for standard input.

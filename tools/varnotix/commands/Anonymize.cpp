@@ -1,0 +1,205 @@
+#include "commands/Verbs.h"
+#include "console/Progress.h"
+#include "files/Input.h"
+#include "files/OutputFolder.h"
+#include "rewrite/CheckedWrite.h"
+#include "rewrite/FileMeta.h"
+#include "rewrite/Identity.h"
+
+#include <algorithm>
+#include <set>
+
+namespace
+{
+
+constexpr UINT kPreambleSize = 128;
+
+/// Anonymises and writes one object.
+class CAnonymizer
+{
+public:
+    CAnonymizer(const CString& name, const SAnonymize& wanted, const CReport& report)
+        : m_name(name), m_wanted(wanted), m_report(report)
+    {
+    }
+
+    int Write(CDcmIOD& object, const CString& output);
+
+private:
+    void Apply(CDcmIOD& object) const;
+    void TellReplaced(const CDcmElementSet& store) const;
+    void ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const;
+    void ClearPreamble(CFile& file) const;
+
+    CString m_name;
+    const SAnonymize& m_wanted;
+    const CReport& m_report;
+};
+
+int CAnonymizer::Write(CDcmIOD& object, const CString& output)
+{
+    const SObjectForm form = FormOf(object);
+    const CString uid = UidToKeep(form, m_name, m_report);
+    if (uid.IsEmpty())
+    {
+        return STATUS_UNREADABLE;
+    }
+    CLossReport losses;
+    losses.AddReadNotes(object);
+    Apply(object);
+    SetFileMeta(object, form, m_name, uid, m_report);
+    object.IodSyntax(CDcmRegistry::Global().UidString(form.syntax));
+    std::vector<SSnapshot> before = TakeSnapshot(object.ElementStore());
+    ExpectTexts(before, true);
+
+    COutputFile target(output);
+    CDcmIOD written;
+    WriteChecked(object, before, m_name, {form.syntax, form.syntax, form.compressed}, target.File(), losses, written);
+    const CString identity = FindIdentity(written.ElementStore(), m_wanted.text, m_wanted.deep);
+    if (!identity.IsEmpty())
+    {
+        throw CWriteFailure(std::string(
+            (m_name + ": nothing is written, because of an internal error: " + identity + " keeps its value").View()));
+    }
+    ClearPreamble(target.File());
+    target.Commit();
+    losses.Tell(m_name, m_report);
+    TellUncovered(written.ElementStore(), m_wanted.deep, m_name, m_report);
+    return STATUS_DONE;
+}
+
+/// The object has no modules, so nothing can put an old value back when it is written.
+void CAnonymizer::Apply(CDcmIOD& object) const
+{
+    CDcmElementSet& store = object.ElementStore();
+    TellReplaced(store);
+    object.Anonymize55(m_wanted.text);
+    if (m_wanted.deep)
+    {
+        RemovePrivateGroups(store);
+        AnonymizeEveryDepth(store, m_wanted.text);
+        SetIdentityRemoved(store);
+    }
+}
+
+void CAnonymizer::TellReplaced(const CDcmElementSet& store) const
+{
+    const bool isNumber = !m_wanted.text.IsEmpty() && m_wanted.text.View()[0] >= '0' && m_wanted.text.View()[0] <= '9';
+    for (int i = 0; i < store.GetCount(); ++i)
+    {
+        const CDcmElement& element = *store.GetAt(i);
+        if (!IsIdentifying(element.Tag()))
+        {
+            continue;
+        }
+        CString what(m_wanted.text.IsEmpty() ? ": removed" : ": replaced");
+        if (!m_wanted.text.IsEmpty() && !isNumber &&
+            (element.HasVr(VR_DA) || element.HasVr(VR_TM) || element.HasVr(VR_AS) || element.HasVr(VR_DS)))
+        {
+            what += ", though the text is no value of VR " + element.VrName();
+        }
+        m_report.Detail(m_name + ": " + TagAndName(element.Tag()) + what);
+    }
+}
+
+/// The attributes hold their texts, but not yet the raw bytes that a write makes of them.
+void CAnonymizer::ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const
+{
+    for (SSnapshot& snapshot : level)
+    {
+        if (isReached && IsIdentifying(snapshot.tag))
+        {
+            const std::string_view text = m_wanted.text.View();
+            snapshot.raw = CSharedBytes::Copy(reinterpret_cast<const BYTE*>(text.data()), text.size());
+        }
+        ExpectTexts(snapshot.items, m_wanted.deep);
+    }
+}
+
+/// A preamble may hold anything; that of an input without one is made of the first bytes of its data set.
+void CAnonymizer::ClearPreamble(CFile& file) const
+{
+    BYTE preamble[kPreambleSize] = {};
+    file.Seek(0, CFile::begin);
+    file.Read(preamble, kPreambleSize);
+    if (std::any_of(std::begin(preamble), std::end(preamble), [](BYTE byte) { return byte != 0; }))
+    {
+        std::fill(std::begin(preamble), std::end(preamble), BYTE{0});
+        file.Seek(0, CFile::begin);
+        file.Write(preamble, kPreambleSize);
+        m_report.Detail(m_name + ": the preamble is cleared");
+    }
+}
+
+bool IsUsable(const std::vector<std::string>& files, const CString& output, bool intoFolder, const SAnonymize& wanted,
+              const CReport& report)
+{
+    const bool isControlled = std::any_of(wanted.text.View().begin(), wanted.text.View().end(),
+                                          [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
+    if (isControlled)
+    {
+        report.Error("--text: a backslash or a control character cannot stand in a value");
+        return false;
+    }
+    if (intoFolder && (output == "-" || std::find(files.begin(), files.end(), "-") != files.end()))
+    {
+        report.Error("-o: standard input and output go with a single FILE, and with a file to write to");
+        return false;
+    }
+    return true;
+}
+
+} // namespace
+
+int Anonymize(const std::vector<std::string>& files, const CString& output, const SAnonymize& wanted,
+              const CReport& report)
+{
+    const bool intoFolder = files.size() > 1 || MeansFolder(output);
+    if (!IsUsable(files, output, intoFolder, wanted, report))
+    {
+        return STATUS_USAGE;
+    }
+    if (!HasDataFiles(report, true))
+    {
+        return STATUS_UNREADABLE;
+    }
+    if (intoFolder)
+    {
+        MakeFolder(output);
+    }
+    CProgress progress(files.size(), report);
+    std::set<std::string> taken;
+    int status = STATUS_DONE;
+    int failed = 0;
+    for (std::size_t i = 0; i < files.size(); ++i)
+    {
+        progress.Step(i);
+        const CString input{std::string_view(files[i])};
+        const CString path = intoFolder ? JoinPath(output, PlainName(input)) : output;
+        int result = STATUS_UNWRITTEN;
+        if (!taken.insert(std::string(path.CText())).second)
+        {
+            report.Error(input + ": not written, because another input of that name was written to " + path);
+        }
+        else
+        {
+            result = TellingFailures(path, report,
+                                     [&]
+                                     {
+                                         CDcmIOD object;
+                                         return ReadObject(input, object, report)
+                                                    ? CAnonymizer(ShownName(input), wanted, report).Write(object, path)
+                                                    : STATUS_UNREADABLE;
+                                     });
+        }
+        failed += result == STATUS_DONE ? 0 : 1;
+        status = std::max(status, result);
+    }
+    if (failed > 0 && files.size() > 1)
+    {
+        CString summary;
+        summary.Format("%d of %d inputs were not anonymised", failed, static_cast<int>(files.size()));
+        report.Say(summary);
+    }
+    return status;
+}

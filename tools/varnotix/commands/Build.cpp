@@ -1,0 +1,186 @@
+#include "commands/Verbs.h"
+#include "files/Input.h"
+#include "rewrite/FileMeta.h"
+#include "rewrite/Identity.h"
+#include "rewrite/RawValue.h"
+#include "rewrite/Rewrite.h"
+#include "script/GroupCommands.h"
+#include "script/ScriptObject.h"
+#include "script/ScriptTree.h"
+
+#include <algorithm>
+#include <set>
+
+namespace
+{
+
+constexpr DWORD kPixelData = 0x7FE00010;
+
+/// Builds one object.
+class CBuilder
+{
+public:
+    CBuilder(const CString& name, const CStringArray& lines, const SBuild& wanted, const CReport& report)
+        : m_name(name), m_lines(lines), m_wanted(wanted), m_report(report)
+    {
+        CDcmAttributeModule read;
+        m_script.Run(lines, read);
+    }
+
+    int Write();
+
+private:
+    CString Output() const;
+    bool HasWholeLines(const CDcmIOD& object) const;
+    void RemoveEmptySequences(CDcmElementSet& set, const CString& path) const;
+    int Syntax(const SObjectForm& form) const;
+
+    const CString& m_name;
+    const CStringArray& m_lines;
+    const SBuild& m_wanted;
+    const CReport& m_report;
+    CDcmAttributeScript m_script; // For what the object itself does not do.
+};
+
+int CBuilder::Write()
+{
+    const CString output = Output();
+    if (output.IsEmpty())
+    {
+        m_report.Error("-o: the script has no TARGET_FILE, so the output must be named");
+        return STATUS_USAGE;
+    }
+    CDcmCompositeIOD object;
+    const bool hasArguments = HasGoodArguments(m_script, m_name, m_report);
+    const bool hasSources = BuildObject(m_script, m_lines, object, m_name, m_report);
+    const bool isWhole = HasWholeLines(object) && hasArguments && hasSources;
+    if (!isWhole && !m_wanted.force)
+    {
+        m_report.Error(output +
+                       ": not written, because the script is not followed in whole; --force writes what is there");
+        return STATUS_UNREADABLE;
+    }
+    ApplyGroupCommands(m_script, object.ElementStore(), m_name, m_report);
+    RemoveEmptySequences(object.ElementStore(), CString());
+    CompleteFileMeta(object, m_name, m_report);
+    GiveRawValues(object.ElementStore());
+    if (!m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty())
+    {
+        TellUncovered(object.ElementStore(), false, m_name, m_report);
+    }
+
+    SObjectForm form = FormOf(object);
+    form.syntax = SYNTAX_EXPLICIT_LITTLE; // What a script states and does not state is that of explicit VR.
+    const int syntax = Syntax(form);
+    const CString uid = UidToWrite(form, m_name, syntax, m_report);
+    if (uid.IsEmpty())
+    {
+        return STATUS_UNREADABLE;
+    }
+    if (syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
+    {
+        GivePixelDataItsVr(object.ElementStore(), m_name, m_report);
+    }
+    TellUnlikeMeta(object, m_name, m_report);
+    CLossReport losses;
+    Rewrite(object, form, {uid, syntax, output}, m_name, losses, m_report);
+    return STATUS_DONE;
+}
+
+/// Paths in scripts have the separators of the system that they come from.
+CString CBuilder::Output() const
+{
+    if (!m_wanted.output.IsEmpty() || m_script.TargetFile().IsEmpty())
+    {
+        return m_wanted.output;
+    }
+    std::string path(m_script.TargetFile().CText());
+    std::replace(path.begin(), path.end(), '\\', '/');
+    m_report.Detail(m_name + ": TARGET_FILE: " + CString(path));
+    return CString(path);
+}
+
+/// Tells what the reader could not follow. False when lines were lost.
+bool CBuilder::HasWholeLines(const CDcmIOD& object) const
+{
+    const CDcmElement* pixels = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const bool hasPixels = pixels != nullptr && !pixels->IsEmptyValue();
+    const CScriptTree tree(m_lines, CDcmElementSet());
+    std::set<int> replaced;
+    std::vector<SScriptFault> faults;
+    for (const SScriptLine& line : tree.Lines())
+    {
+        // A printed object names the file that its pixel data is in.
+        if (hasPixels && line.tag == kPixelData)
+        {
+            replaced.insert(line.line);
+        }
+        if (line.tag >> 16U < kFirstGroup)
+        {
+            faults.push_back({line.line, kNoPlaceInFile});
+        }
+    }
+    for (const SScriptNote& note : m_script.Notes())
+    {
+        if (note.kind == SCRIPT_OTHER_VR)
+        {
+            m_report.Detail(ScriptPlace(m_name, note.line) + ": " + ScriptNoteText(note.kind));
+        }
+        else if (note.kind != SCRIPT_NOT_IMPORTED || !replaced.contains(note.line))
+        {
+            faults.push_back({note.line, ScriptNoteText(note.kind)});
+        }
+    }
+    return ReportFaults(m_name, faults, m_report) == 0;
+}
+
+/// A reader takes the element behind an empty sequence for one of its items.
+void CBuilder::RemoveEmptySequences(CDcmElementSet& set, const CString& path) const
+{
+    for (int i = set.GetCount() - 1; i >= 0; --i)
+    {
+        CDcmElement* element = set.GetAt(i);
+        if (!element->HasVr(VR_SQ))
+        {
+            continue;
+        }
+        if (CDcmElementSet* items = element->Items())
+        {
+            RemoveEmptySequences(*items, path + TagName(element->Tag()) + ">");
+        }
+        if (element->Items() == nullptr || element->Items()->IsEmpty())
+        {
+            m_report.Say(m_name + ": " + path + TagAndName(element->Tag()) +
+                         " is left out: what follows an empty sequence is read as a part of it");
+            set.Remove(element);
+        }
+    }
+}
+
+int CBuilder::Syntax(const SObjectForm& form) const
+{
+    if (m_wanted.syntax != SYNTAX_UNKNOWN)
+    {
+        return m_wanted.syntax;
+    }
+    const int named = form.compressed ? SYNTAX_UNKNOWN : SyntaxOfUid(form.transferSyntax);
+    return named == SYNTAX_UNKNOWN ? SYNTAX_EXPLICIT_LITTLE : named;
+}
+
+} // namespace
+
+int Build(const CString& script, const SBuild& wanted, const CReport& report)
+{
+    if (!HasDataFiles(report, true))
+    {
+        return STATUS_UNREADABLE;
+    }
+    CStringArray lines;
+    if (!ReadScript(script, lines, report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    const CString name = ShownName(script);
+    return TellingFailures(wanted.output.IsEmpty() ? name : wanted.output, report,
+                           [&] { return CBuilder(name, lines, wanted, report).Write(); });
+}

@@ -1,0 +1,81 @@
+#include "commands/Verbs.h"
+#include "console/StandardStreams.h"
+#include "files/Input.h"
+#include "object/TypedObject.h"
+
+#include <algorithm>
+#include <new>
+
+namespace
+{
+
+constexpr const char* kSourceLine = "#SOURCE_FILE=";
+
+/// Prints one object. Throws CWriteFailure, after which no other object can be printed either.
+int DumpOne(const CString& path, const CReport& report)
+{
+    CDcmIOD object;
+    if (!ReadObject(path, object, report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    report.Detail(ShownName(path) + ": read as " + SyntaxName(object.IodSyntax()));
+    const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
+    CStringArray lines;
+    typed->Export(lines);
+    for (const CString& line : lines)
+    {
+        WriteStandardOutput(line.View());
+        if (line == kSourceLine)
+        {
+            // The typed object was made from the one that was read, and has no path of its own.
+            WriteStandardOutput(object.PathName().View());
+        }
+        WriteStandardOutput("\n");
+    }
+    FlushStandardOutput();
+    return STATUS_DONE;
+}
+
+} // namespace
+
+int Dump(const std::vector<std::string>& files, const CReport& report)
+{
+    if (!HasDataFiles(report, false))
+    {
+        return STATUS_UNREADABLE;
+    }
+    int status = STATUS_DONE;
+    int unread = 0;
+    for (const std::string& file : files)
+    {
+        const CString path{std::string_view(file)};
+        int result = STATUS_UNREADABLE;
+        try
+        {
+            result = DumpOne(path, report);
+        }
+        catch (const CWriteFailure& failure)
+        {
+            report.Error(failure.what());
+            return STATUS_UNWRITTEN;
+        }
+        catch (const CMemoryException& failure)
+        {
+            report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
+        }
+        catch (const std::bad_alloc&)
+        {
+            report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
+        }
+        unread += result == STATUS_DONE ? 0 : 1;
+        status = std::max(status, result);
+    }
+    if (unread > 0 && files.size() > 1)
+    {
+        CString summary;
+        summary.Format("%d of %d inputs could not be read", unread, static_cast<int>(files.size()));
+        report.Say(summary);
+    }
+    return status;
+}

@@ -1,0 +1,182 @@
+#include "commands/Verbs.h"
+#include "console/Progress.h"
+#include "files/Input.h"
+#include "files/OutputFolder.h"
+#include "picture/FrameSource.h"
+#include "picture/PngWriter.h"
+#include "picture/RleFrame.h"
+#include "rewrite/CheckedWrite.h"
+#include "rewrite/FileMeta.h"
+
+#include <memory>
+
+namespace
+{
+
+// Rows of the UID table.
+constexpr int kFirstJpeg = 5;
+constexpr int kFirstJpegLs = 9;
+constexpr int kFirstJpeg2000 = 11;
+constexpr int kFirstMpeg = 15;
+constexpr int kFirstHighThroughput = 24;
+constexpr int kRle = 27;
+
+const char* ExtensionOf(int syntaxRow)
+{
+    if (syntaxRow >= kFirstJpeg && syntaxRow < kFirstJpegLs)
+    {
+        return "jpg";
+    }
+    if (syntaxRow >= kFirstJpegLs && syntaxRow < kFirstJpeg2000)
+    {
+        return "jls";
+    }
+    const bool isJpeg2000 = syntaxRow >= kFirstJpeg2000 && syntaxRow < kFirstMpeg;
+    return isJpeg2000 || (syntaxRow >= kFirstHighThroughput && syntaxRow < kRle) ? "j2k" : "bin";
+}
+
+/// Writes the frames of one object.
+class CFrameWriter
+{
+public:
+    CFrameWriter(const CString& name, const CString& folder, const CReport& report)
+        : m_name(name), m_folder(folder), m_report(report)
+    {
+    }
+
+    int WriteAll(const CDcmIOD& object, bool asPictures);
+
+private:
+    bool WriteOne(const CFrameSource& source, std::size_t index) const;
+    void Save(const CString& fileName, const void* bytes, std::size_t size) const;
+
+    CString m_name;
+    CString m_folder;
+    const CReport& m_report;
+    SImageHeader m_header;
+    const CPainter* m_painter = nullptr; // Null: frames are written as they lie.
+    bool m_isRle = false;
+    CString m_extension;
+};
+
+int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
+{
+    const CDcmElement* element = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const CDcmFrameList* stored = element != nullptr ? element->Frames() : nullptr;
+    if (stored == nullptr || stored->GetCount() == 0)
+    {
+        m_report.Error(m_name + ": there is no pixel data in it");
+        return STATUS_UNREADABLE;
+    }
+    m_header = ReadImageHeader(object);
+    const SObjectForm form = FormOf(object);
+    const int row = CDcmRegistry::Global().UidEnum(form.transferSyntax);
+    m_isRle = form.compressed && row == kRle;
+    m_extension = asPictures ? "png" : ExtensionOf(form.compressed ? row : 0);
+    const CFrameSource source(*stored, m_header, form.compressed, m_name, m_report);
+    if (m_isRle)
+    {
+        // A decoded frame has whole samples, pixel by pixel, whatever the attributes say of it (PS3.5 Annex G).
+        m_header.byPlane = false;
+        m_header.photometricNumber =
+            m_header.photometricNumber == PHOTOMETRIC_YBR_FULL_422 ? PHOTOMETRIC_YBR_FULL : m_header.photometricNumber;
+    }
+
+    std::unique_ptr<CPainter> painter;
+    if (asPictures)
+    {
+        if (form.compressed && !m_isRle)
+        {
+            m_report.Error(m_name + ": no picture is drawn: its pixel data is compressed (transfer syntax " +
+                           form.transferSyntax + "), and only RLE is decompressed here");
+            m_report.ErrorLine("Without --png its frames are written as they lie.");
+            return STATUS_UNREADABLE;
+        }
+        painter = std::make_unique<CPainter>(object.ElementStore(), m_header, m_name, m_report);
+        if (!painter->Refusal().IsEmpty())
+        {
+            m_report.Error(m_name + ": no picture is drawn: " + painter->Refusal());
+            return STATUS_UNREADABLE;
+        }
+    }
+    m_painter = painter.get();
+    if (source.Count() == 0)
+    {
+        m_report.Error(m_name + ": there is no whole frame in it");
+        return STATUS_UNREADABLE;
+    }
+
+    MakeFolder(m_folder);
+    CProgress progress(source.Count(), m_report);
+    int status = STATUS_DONE;
+    for (std::size_t i = 0; i < source.Count(); ++i)
+    {
+        progress.Step(i);
+        status = WriteOne(source, i) ? status : STATUS_UNREADABLE;
+    }
+    return status;
+}
+
+bool CFrameWriter::WriteOne(const CFrameSource& source, std::size_t index) const
+{
+    CString fileName;
+    fileName.Format("frame-%04lu.", static_cast<unsigned long>(index + 1));
+    fileName += m_extension;
+    CByteArray frame = source.Frame(index);
+    if (m_painter == nullptr)
+    {
+        Save(fileName, frame.GetData(), static_cast<std::size_t>(frame.GetSize()));
+        return true;
+    }
+    CString reason;
+    if (m_isRle)
+    {
+        CByteArray pixels;
+        reason = DecodeRleFrame(m_header, frame, pixels);
+        frame.Swap(pixels);
+    }
+    SPicture picture;
+    std::vector<BYTE> file;
+    reason = reason.IsEmpty() ? m_painter->Paint(frame, picture) : reason;
+    reason = reason.IsEmpty() ? EncodePng(picture, file) : reason;
+    if (!reason.IsEmpty())
+    {
+        CString number;
+        number.Format(": frame %lu is not drawn: ", static_cast<unsigned long>(index + 1));
+        m_report.Error(m_name + number + reason);
+        return false;
+    }
+    Save(fileName, file.data(), file.size());
+    return true;
+}
+
+void CFrameWriter::Save(const CString& fileName, const void* bytes, std::size_t size) const
+{
+    const CString path = JoinPath(m_folder, fileName);
+    COutputFile target(path);
+    target.File().Write(bytes, static_cast<UINT>(size));
+    target.Commit();
+    m_report.Detail(m_name + ": written to " + path);
+}
+
+} // namespace
+
+int Frames(const CString& input, const CString& folder, bool asPictures, const CReport& report)
+{
+    if (asPictures && !HasPngWriter())
+    {
+        report.Error("this build has no PNG writer; without --png frames are written as they lie");
+        return STATUS_USAGE;
+    }
+    if (!HasDataFiles(report, true))
+    {
+        return STATUS_UNREADABLE;
+    }
+    CDcmIOD object;
+    if (!ReadObject(input, object, report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    return TellingFailures(folder, report,
+                           [&] { return CFrameWriter(ShownName(input), folder, report).WriteAll(object, asPictures); });
+}

@@ -1,0 +1,161 @@
+#include "commands/Verbs.h"
+#include "console/StandardStreams.h"
+#include "files/Input.h"
+#include "object/Entities.h"
+#include "object/TypedObject.h"
+#include "object/ValueText.h"
+#include "rewrite/CheckedWrite.h"
+
+#include <set>
+
+namespace
+{
+
+/// Prints one object.
+class CModulePrinter
+{
+public:
+    CModulePrinter(const CDcmIOD& object, bool withGaps) : m_object(object), m_withGaps(withGaps) {}
+
+    void Print();
+
+private:
+    void PrintModule(const CDcmModule& module);
+    void PrintRest();
+    void PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const;
+    static void PrintGap(const CDcmElement& attribute, int depth);
+    static void PrintLine(const CString& text, int depth);
+
+    const CDcmIOD& m_object;
+    bool m_withGaps;
+    CString m_entity = "Object"; // To be printed before the next module.
+    std::set<DWORD> m_declared;
+};
+
+void CModulePrinter::Print()
+{
+    PrintLine(CString("object ") + m_object.GetRuntimeClass()->m_lpszClassName, 0);
+    for (int i = 0; i < m_object.ModuleCount(); ++i)
+    {
+        const CDcmModule& module = m_object.ModuleAt(i);
+        const CString starting = EntityStarting(module);
+        m_entity = starting.IsEmpty() ? m_entity : starting;
+        PrintModule(module);
+    }
+    PrintRest();
+}
+
+void CModulePrinter::PrintModule(const CDcmModule& module)
+{
+    const CDcmElementSet& store = m_object.ElementStore();
+    const CDcmElementSet& declared = const_cast<CDcmModule&>(module).GetDcmElementSet();
+    bool isNamed = false;
+    for (int i = 0; i < declared.GetCount(); ++i)
+    {
+        const CDcmElement& attribute = *declared.GetAt(i);
+        const CDcmElement* present = store.Find(attribute);
+        m_declared.insert(attribute.Tag());
+        if (present == nullptr && !m_withGaps)
+        {
+            continue;
+        }
+        if (!isNamed)
+        {
+            if (!m_entity.IsEmpty())
+            {
+                PrintLine("entity " + m_entity, 0);
+                m_entity.Empty();
+            }
+            PrintLine(CString("module ") + module.GetRuntimeClass()->m_lpszClassName, 1);
+            isNamed = true;
+        }
+        if (present != nullptr)
+        {
+            PrintAttribute(*present, &attribute, 2);
+        }
+        else
+        {
+            PrintGap(attribute, 2);
+        }
+    }
+}
+
+void CModulePrinter::PrintRest()
+{
+    const CDcmElementSet& store = m_object.ElementStore();
+    bool isNamed = false;
+    for (int i = 0; i < store.GetCount(); ++i)
+    {
+        const CDcmElement& element = *store.GetAt(i);
+        // A tag that stands there twice was printed once.
+        if (m_declared.contains(element.Tag()) && store.Find(element) == &element)
+        {
+            continue;
+        }
+        if (!isNamed)
+        {
+            PrintLine("attributes that no module declares", 0);
+            isNamed = true;
+        }
+        PrintAttribute(element, nullptr, 2);
+    }
+}
+
+void CModulePrinter::PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const
+{
+    const CString value = ValueText(element);
+    PrintLine(AttributeName(element) + (value.IsEmpty() ? ":" : ": ") + value, depth);
+    const CDcmElementSet* items = element.Items();
+    if (items == nullptr)
+    {
+        return;
+    }
+    const CDcmElementSet* declaredItems = declared != nullptr ? declared->Items() : nullptr;
+    for (int i = 0; i < items->GetCount(); ++i)
+    {
+        const CDcmElement& item = *items->GetAt(i);
+        PrintAttribute(item, declaredItems != nullptr ? declaredItems->Find(item) : nullptr, depth + 1);
+    }
+    for (int i = 0; m_withGaps && declaredItems != nullptr && i < declaredItems->GetCount(); ++i)
+    {
+        if (items->Find(*declaredItems->GetAt(i)) == nullptr)
+        {
+            PrintGap(*declaredItems->GetAt(i), depth + 1);
+        }
+    }
+}
+
+void CModulePrinter::PrintGap(const CDcmElement& attribute, int depth)
+{
+    PrintLine(AttributeName(attribute) + ": absent", depth);
+}
+
+void CModulePrinter::PrintLine(const CString& text, int depth)
+{
+    WriteStandardOutput(std::string(static_cast<std::size_t>(depth) * 2, ' '));
+    WriteStandardOutput(text.View());
+    WriteStandardOutput("\n");
+}
+
+} // namespace
+
+int Modules(const CString& input, bool withGaps, const CReport& report)
+{
+    if (!HasDataFiles(report, false))
+    {
+        return STATUS_UNREADABLE;
+    }
+    CDcmIOD object;
+    if (!ReadObject(input, object, report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    return TellingFailures("standard output", report,
+                           [&]
+                           {
+                               const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
+                               CModulePrinter(*typed, withGaps).Print();
+                               FlushStandardOutput();
+                               return STATUS_DONE;
+                           });
+}

@@ -1,0 +1,53 @@
+#include "commands/Verbs.h"
+#include "console/StandardStreams.h"
+
+namespace
+{
+
+CString TableLine(const char* name, const CString& path, int rows)
+{
+    if (path.IsEmpty())
+    {
+        return CString(name) + ": not found\n";
+    }
+    CString count;
+    count.Format(", %d rows\n", rows);
+    return CString(name) + ": " + JoinPath(CurrentDirectory(), path) + count;
+}
+
+CString Places()
+{
+    const CString configured = EnvironmentVariable("VARNOTIX_DATA");
+    const CString library = LibraryDirectory();
+    CString text = "looked for, in this order, in\n";
+    text += "  the current directory: " + CurrentDirectory() + "\n";
+    text += "  VARNOTIX_DATA: " + (configured.IsEmpty() ? CString("not set") : configured) + "\n";
+    if (!library.IsEmpty())
+    {
+        text += "  the library's folder: " + library + "\n";
+        text += "  the share folder: " + JoinPath(library, "../share/varnotix") + "\n";
+        text += "  the share folder: " + JoinPath(library, "../../share/varnotix") + "\n";
+    }
+    return text;
+}
+
+} // namespace
+
+int Where(const CReport& report)
+{
+    const CDcmRegistry& registry = CDcmRegistry::Global();
+    const CString text = TableLine("dictionary.txt", CDcmRegistry::DictionaryPath(), registry.DictionarySize()) +
+                         TableLine("UidTable.txt", CDcmRegistry::UidTablePath(), registry.UidDictionarySize()) +
+                         Places();
+    try
+    {
+        WriteStandardOutput(text.View());
+        FlushStandardOutput();
+    }
+    catch (const CWriteFailure& failure)
+    {
+        report.Error(failure.what());
+        return STATUS_UNWRITTEN;
+    }
+    return STATUS_DONE;
+}

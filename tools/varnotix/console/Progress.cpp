@@ -1,0 +1,52 @@
+#include "console/Progress.h"
+
+#include <cstdio>
+
+#if defined(_WIN32)
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
+namespace
+{
+
+bool IsTerminal()
+{
+#if defined(_WIN32)
+    return _isatty(_fileno(stderr)) != 0;
+#else
+    return isatty(fileno(stderr)) != 0;
+#endif
+}
+
+} // namespace
+
+CProgress::CProgress(std::size_t steps, const CReport& report)
+    : m_steps(steps), m_isShown(steps > 1 && !report.IsQuiet() && IsTerminal())
+{
+}
+
+CProgress::~CProgress()
+{
+    if (m_isShown)
+    {
+        // Blanks, for not every terminal knows codes that clear a line.
+        std::fprintf(stderr, "\r%*s\r", 60, "");
+    }
+}
+
+void CProgress::Step(std::size_t step)
+{
+    constexpr int kWidth = 40;
+    // Not more often than the bar can grow.
+    const std::size_t percent = step * 100 / m_steps;
+    if (!m_isShown || (step > 0 && percent == (step - 1) * 100 / m_steps))
+    {
+        return;
+    }
+    const int filled = static_cast<int>(step * kWidth / m_steps);
+    std::fprintf(stderr, "\r[%.*s%*s] %3u%%\r", filled, "########################################", kWidth - filled, "",
+                 static_cast<unsigned>(percent));
+    std::fflush(stderr);
+}

@@ -1,0 +1,151 @@
+#include "files/OutputFile.h"
+
+#include <filesystem>
+#include <random>
+#include <string>
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+// Elsewhere the names that programs are given are not those that the standard library's paths take.
+constexpr bool kHasPlainPaths = fs::path::preferred_separator == '/';
+
+CString RandomName()
+{
+    std::random_device device;
+    CString name;
+    name.Format("%08x%08x", device(), device());
+    return name;
+}
+
+/// The path without its last component, and with the separator.
+CString FolderOf(const CString& path)
+{
+    const int end = std::max(path.ReverseFind('/'), kHasPlainPaths ? -1 : path.ReverseFind('\\'));
+    const int drive = kHasPlainPaths ? -1 : path.ReverseFind(':');
+    return path.Left(std::max(end, drive) + 1);
+}
+
+} // namespace
+
+CWriteFailure WriteFailureOf(const CFileException& failure, const CString& shownName)
+{
+    const CFileException renamed(failure.m_cause, failure.m_lOsError, shownName, "write");
+    return CWriteFailure(std::string(renamed.GetErrorMessage().View()));
+}
+
+COutputFile::COutputFile(const CString& path) : m_path(path), m_shown(path)
+{
+    if (path == "-")
+    {
+        m_file = std::make_unique<CMemFile>();
+        return;
+    }
+    if constexpr (kHasPlainPaths)
+    {
+        std::error_code error;
+        const fs::path wanted{std::string(path.CText())};
+        const fs::file_status status = fs::status(wanted, error);
+        if (fs::is_directory(status))
+        {
+            throw WriteFailureOf(CFileException(CFileException::invalidFile), m_shown);
+        }
+        if (fs::is_regular_file(status))
+        {
+            // A link keeps pointing to the file; the file is what changes.
+            const fs::path target = fs::canonical(wanted, error);
+            m_path = error ? m_path : CString(target.string().c_str());
+        }
+        else if (fs::exists(status))
+        {
+            m_file = std::make_unique<CMemFile>();
+            return;
+        }
+    }
+    OpenTemporary();
+}
+
+COutputFile::~COutputFile()
+{
+    m_file.reset();
+    if (!m_temporary.IsEmpty())
+    {
+        DeleteFileByPath(m_temporary);
+    }
+}
+
+void COutputFile::OpenTemporary()
+{
+    const CString folder = FolderOf(m_path);
+    CString name;
+    do
+    {
+        name = folder + ".varnotix-" + RandomName() + ".tmp";
+    } while (FileExists(name));
+    try
+    {
+        m_file = std::make_unique<CFile>(name, CFile::modeCreate | CFile::modeReadWrite);
+        m_temporary = name;
+    }
+    catch (const CFileException& failure)
+    {
+        throw WriteFailureOf(failure, m_shown);
+    }
+}
+
+void COutputFile::Commit()
+{
+    try
+    {
+        if (m_temporary.IsEmpty())
+        {
+            WriteThrough();
+        }
+        else
+        {
+            m_file->Flush();
+            m_file->Close();
+            Replace();
+        }
+    }
+    catch (const CFileException& failure)
+    {
+        throw WriteFailureOf(failure, m_shown);
+    }
+}
+
+void COutputFile::Replace()
+{
+    if constexpr (kHasPlainPaths)
+    {
+        // Who may read the old file may read the new one, and nobody else.
+        std::error_code error;
+        const fs::file_status old = fs::status(fs::path{std::string(m_path.CText())}, error);
+        if (fs::exists(old))
+        {
+            fs::permissions(fs::path{std::string(m_temporary.CText())}, old.permissions(), error);
+        }
+    }
+    if (!ReplaceFileByRename(m_temporary, m_path))
+    {
+        throw CWriteFailure("cannot write '" + std::string(m_shown.CText()) + "': what is there cannot be replaced");
+    }
+    m_temporary.Empty();
+}
+
+void COutputFile::WriteThrough()
+{
+    const BYTE* bytes = m_file->GetBufferPtr();
+    const auto size = static_cast<std::size_t>(m_file->GetLength());
+    if (m_path == "-")
+    {
+        WriteStandardOutput({reinterpret_cast<const char*>(bytes), size});
+        FlushStandardOutput();
+        return;
+    }
+    CFile device(m_path, CFile::modeWrite);
+    device.Write(bytes, static_cast<UINT>(size));
+    device.Close();
+}

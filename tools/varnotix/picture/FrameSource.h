@@ -1,0 +1,47 @@
+/// The frames of pixel data, whatever way it is divided in the object.
+#pragma once
+
+#include "console/Report.h"
+#include "picture/ImageHeader.h"
+
+#include <vector>
+
+/// Divides pixel data into frames.
+///
+/// Uncompressed pixel data holds its frames back to back. Compressed pixel data is in fragments; which of them make up
+/// a frame tells its offset table, or the number of frames (PS3.5 Annex A.4). What does not fit is told once, here, and
+/// then the frames are what can be had.
+class CFrameSource
+{
+public:
+    /// @param stored must outlive this object.
+    CFrameSource(const CDcmFrameList& stored, const SImageHeader& header, bool compressed, const CString& name,
+                 const CReport& report);
+
+    std::size_t Count() const { return m_count; }
+
+    /// A copy of a frame's bytes. The last frame of pixel data that is cut short is shorter than the others.
+    CByteArray Frame(std::size_t index) const;
+
+private:
+    struct SRange
+    {
+        std::size_t offset;
+        std::size_t size;
+    };
+
+    void DivideNative(const SImageHeader& header);
+    void DivideFragments(const SImageHeader& header);
+    bool DivideByTable(const std::vector<DWORD>& fragments);
+    SRange RangeOf(std::size_t index) const;
+    void Tell(const char* format, unsigned long long first, unsigned long long second = 0) const;
+
+    const CDcmFrameList& m_stored;
+    CString m_name;
+    const CReport& m_report;
+    std::size_t m_total;
+    std::size_t m_count = 0;
+    std::size_t m_frameSize = 0; // Of frames back to back; 0 where the ranges are listed.
+    std::vector<SRange> m_ranges;
+    std::vector<std::size_t> m_starts; // Of the stored frames in their joined bytes.
+};

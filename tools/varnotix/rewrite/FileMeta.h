@@ -1,0 +1,40 @@
+/// What is set in an object before it is written.
+#pragma once
+
+#include "console/Report.h"
+
+/// What an object tells about its own form, before anything is changed.
+struct SObjectForm
+{
+    int syntax = 0;          ///< The syntax it was read in (see ESyntax).
+    CString transferSyntax;  ///< Its Transfer Syntax UID (0002,0010) without padding; empty when there is none.
+    bool hasMeta = false;    ///< There are elements of group 0002.
+    bool compressed = false; ///< Its pixel data is compressed, or divided as compressed pixel data is.
+};
+
+SObjectForm FormOf(const CDcmIOD& object);
+
+/// The Transfer Syntax UID to write for a wanted syntax. Compressed pixel data keeps its own.
+/// @return empty when the object cannot be written in the wanted syntax; a message told why.
+CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, const CReport& report);
+
+/// As UidToWrite for the syntax that the object was read in: compressed pixel data that is not touched keeps its own.
+CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& report);
+
+/// Adds what the file meta information lacks, but the transfer syntax; tells each with -v.
+void CompleteFileMeta(CDcmIOD& object, const CString& input, const CReport& report);
+
+/// Sets the Transfer Syntax UID of an object whose pixel data comes from elsewhere.
+/// @param uid empty for uncompressed pixel data, of which any uncompressed syntax may be declared.
+void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& input, const CReport& report);
+
+/// Says where the file meta information names another SOP class or instance than the data set.
+void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& report);
+
+/// Sets (0002,0010), and the rest of the file meta information for an object that has none; tells each with -v.
+void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input, const CString& uid,
+                 const CReport& report);
+
+/// Pixel data of more than eight bits becomes OW. Implicit streams do not state its VR, and as OB, which the
+/// dictionary gives, its samples would keep the byte order of the input in a big endian output.
+void GivePixelDataItsVr(CDcmElementSet& set, const CString& input, const CReport& report);

@@ -1,0 +1,234 @@
+#include "rewrite/Identity.h"
+
+#include "object/Attributes.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <iterator>
+
+namespace
+{
+
+constexpr DWORD kIdentityRemoved = 0x00120062;
+constexpr DWORD kMethod = 0x00120063;
+constexpr DWORD kBurnedIn = 0x00280301;
+constexpr const char* kMethodText = "Varnotix: 32 attributes, also in items; private groups";
+
+DWORD TagOf(const SIdentifyingTag& tag)
+{
+    constexpr int kHexadecimal = 16;
+    return static_cast<DWORD>(std::strtoul(tag.group, nullptr, kHexadecimal) << 16U |
+                              std::strtoul(tag.element, nullptr, kHexadecimal));
+}
+
+bool IsPrivate(const CDcmElement& element)
+{
+    return element.Group() % 2 == 1;
+}
+
+void GatherUncovered(const CDcmElementSet& set, const CString& path, SUncovered& found)
+{
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        if (IsPrivate(element))
+        {
+            found.privateGroups.insert(element.Group());
+        }
+        if (!path.IsEmpty() && IsIdentifying(element.Tag()) && !element.RawBytes().IsEmpty())
+        {
+            found.nested.push_back(path + TagAndName(element.Tag()));
+        }
+        if (element.Items() != nullptr)
+        {
+            GatherUncovered(*element.Items(), path + TagName(element.Tag()) + ">", found);
+        }
+    }
+}
+
+/// Removes all elements that a condition names, in one pass over the set.
+template <class CONDITION>
+void RemoveWhere(CDcmElementSet& set, const CONDITION& condition)
+{
+    CDcmElementSet doomed;
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        if (condition(element))
+        {
+            doomed.Add(new CDcmElement(element.Group(), element.Element()));
+        }
+    }
+    set.RemoveTagsOf(doomed);
+}
+
+void RemoveIdentifying(CDcmElementSet& set)
+{
+    RemoveWhere(set, [](const CDcmElement& element) { return IsIdentifying(element.Tag()); });
+}
+
+/// Changes a set and the items in it, at every depth. A sequence that loses all its attributes goes too: a read would
+/// take the element behind an empty sequence for one of its items.
+template <class CHANGE>
+void AtEveryDepth(CDcmElementSet& set, const CHANGE& change)
+{
+    change(set);
+    for (int i = set.GetCount() - 1; i >= 0; --i)
+    {
+        CDcmElement* element = set.GetAt(i);
+        CDcmElementSet* items = element->Items();
+        if (items == nullptr || items->IsEmpty())
+        {
+            continue;
+        }
+        AtEveryDepth(*items, change);
+        if (items->IsEmpty())
+        {
+            set.Remove(element);
+        }
+    }
+}
+
+void SetText(CDcmElementSet& store, DWORD tag, const CString& text)
+{
+    CByteArray bytes;
+    bytes.Assign(reinterpret_cast<const BYTE*>(text.View().data()), text.GetLength());
+    if (bytes.GetSize() % 2 == 1)
+    {
+        bytes.Add(' ');
+    }
+    const int group = static_cast<int>(tag >> 16U);
+    const int element = static_cast<int>(tag & 0xFFFFU);
+    if (CDcmElement* present = store.Find(group, element))
+    {
+        present->SetRawBytes(bytes);
+    }
+    else
+    {
+        store.Add(new CDcmElement(group, element, bytes));
+    }
+}
+
+} // namespace
+
+bool IsIdentifying(DWORD tag)
+{
+    static const std::set<DWORD> known = []
+    {
+        std::set<DWORD> tags;
+        std::transform(std::begin(kIdentifyingTags), std::end(kIdentifyingTags), std::inserter(tags, tags.end()),
+                       TagOf);
+        return tags;
+    }();
+    return known.contains(tag);
+}
+
+SUncovered FindUncovered(const CDcmElementSet& store)
+{
+    SUncovered found;
+    GatherUncovered(store, CString(), found);
+    found.isBurnedIn = TextOf(store, kBurnedIn) == "YES";
+    return found;
+}
+
+void TellUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report)
+{
+    const SUncovered found = FindUncovered(written);
+    std::vector<CString> parts;
+    if (!found.nested.empty() && !deep)
+    {
+        CString part("1 identifying attribute in sequence items");
+        if (found.nested.size() > 1)
+        {
+            part.Format("%d identifying attributes in sequence items", static_cast<int>(found.nested.size()));
+        }
+        parts.push_back(part);
+        for (const CString& path : found.nested)
+        {
+            report.Detail(name + ": not covered: " + path);
+        }
+    }
+    if (!found.privateGroups.empty())
+    {
+        CString part("private groups");
+        for (const int group : found.privateGroups)
+        {
+            CString number;
+            number.Format(" %04X", static_cast<unsigned>(group));
+            part += number;
+        }
+        parts.push_back(part);
+    }
+    if (found.isBurnedIn)
+    {
+        parts.push_back(TagAndName(0x00280301) + " is YES: its pixels may show who the patient is");
+    }
+    CString text;
+    for (const CString& part : parts)
+    {
+        text += (text.IsEmpty() ? "" : "; ") + part;
+    }
+    if (!text.IsEmpty())
+    {
+        report.Say(name + ": not covered: " + text);
+    }
+}
+
+void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text)
+{
+    if (text.IsEmpty())
+    {
+        AtEveryDepth(store, RemoveIdentifying);
+        return;
+    }
+    CDcmAttributeModule replacement;
+    for (const SIdentifyingTag& tag : kIdentifyingTags)
+    {
+        replacement.Insert(tag.group, tag.element);
+        replacement.SetValueField(tag.group, tag.element, text);
+    }
+    AtEveryDepth(store, [&](CDcmElementSet& set) { set.UpdateValuesFrom(replacement.GetDcmElementSet()); });
+}
+
+void RemovePrivateGroups(CDcmElementSet& store)
+{
+    AtEveryDepth(store, [](CDcmElementSet& set) { RemoveWhere(set, IsPrivate); });
+}
+
+void SetIdentityRemoved(CDcmElementSet& store)
+{
+    SetText(store, kIdentityRemoved, "YES");
+    const CString methods = TextOf(store, kMethod);
+    if (methods.Find(kMethodText) < 0)
+    {
+        SetText(store, kMethod, (methods.IsEmpty() ? CString() : methods + "\\") + kMethodText);
+    }
+}
+
+CString FindIdentity(const CDcmElementSet& set, const CString& text, bool inItems)
+{
+    CString wanted(text);
+    wanted.TrimRight();
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        if (IsIdentifying(element.Tag()))
+        {
+            CString value{element.RawBytes().Text()};
+            value.TrimRight();
+            if (!value.IsEmpty() && value != wanted)
+            {
+                return TagAndName(element.Tag());
+            }
+        }
+        if (inItems && element.Items() != nullptr)
+        {
+            const CString nested = FindIdentity(*element.Items(), text, true);
+            if (!nested.IsEmpty())
+            {
+                return TagName(element.Tag()) + ">" + nested;
+            }
+        }
+    }
+    return CString();
+}

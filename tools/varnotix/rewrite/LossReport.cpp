@@ -1,0 +1,123 @@
+#include "rewrite/LossReport.h"
+
+#include <algorithm>
+
+namespace
+{
+
+struct SLossText
+{
+    const char* one;
+    const char* many; // Takes the count.
+};
+
+constexpr SLossText kLossTexts[] = {
+    {"1 sequence regrouped", "%d sequences regrouped"},
+    {"1 sequence with elements from behind its end", "%d sequences with elements from behind their ends"},
+    {"1 sequence without its items", "%d sequences without their items"},
+    {"bytes behind the last element lost", "bytes behind the last element lost"},
+    {"1 UN value lost", "%d UN values lost"},
+    {"1 list without its empty values", "%d lists without their empty values"},
+    {"1 value changed", "%d values changed"},
+    {"1 element lost", "%d elements lost"},
+    {"1 VR changed", "%d VRs changed"},
+    {"1 private VR not stated", "%d private VRs not stated"},
+    {"1 group length removed", "%d group lengths removed"},
+    {"1 group length remade", "%d group lengths remade"},
+    {"1 offset table changed", "%d offset tables changed"},
+    {"1 compressed frame without item headers", "%d compressed frames without item headers"},
+    {"1 sequence that other readers may not read", "%d sequences that other readers may not read"},
+};
+static_assert(std::size(kLossTexts) == static_cast<std::size_t>(ELoss::Count));
+
+CString Number(const char* format, DWORD number)
+{
+    CString text;
+    text.Format(format, static_cast<unsigned long>(number));
+    return text;
+}
+
+} // namespace
+
+void CLossReport::Add(ELoss kind, const CString& where, const CString& what)
+{
+    m_losses.push_back({kind, where + ": " + what});
+}
+
+void CLossReport::AddReadNotes(const CDcmIOD& object)
+{
+    for (const SReadNote& note : object.ReadNotes())
+    {
+        const CDcmEntry* entry =
+            CDcmRegistry::Global().LookUpTag(static_cast<int>(note.tag >> 16U), static_cast<int>(note.tag & 0xFFFFU));
+        const CString kept(entry != nullptr ? VrText(static_cast<int>(entry->vr)) : "");
+        const CString where = TagAndName(note.tag) + Number(" at offset %lu", note.offset);
+        switch (note.note)
+        {
+        case READ_ITEMS_GATHERED:
+            Add(ELoss::ItemsRegrouped, where, Number("written one element an item; items read: %lu", note.count));
+            break;
+        case READ_BEYOND_LENGTH:
+            Add(ELoss::ElementsSwallowed, where,
+                Number("what follows its end is written inside it; bytes: %lu", note.count));
+            break;
+        case READ_ITEMS_DROPPED:
+            Add(ELoss::ItemsDropped, where,
+                "its items are lost, for the dictionary gives it VR " + kept + Number("; items: %lu", note.count));
+            break;
+        case READ_VR_OF_DICTIONARY:
+            Add(ELoss::VrChanged, where,
+                CString("VR ") + VrText(static_cast<int>(note.count)) + " gave way to the dictionary's " + kept);
+            break;
+        case READ_BYTES_LEFT:
+            Add(ELoss::BytesLeft, Number("offset %lu", note.offset),
+                Number("bytes that are no element are lost: %lu", note.count));
+            break;
+        default:
+            break;
+        }
+    }
+}
+
+int CLossReport::CountOf(ELoss kind) const
+{
+    return static_cast<int>(
+        std::count_if(m_losses.begin(), m_losses.end(), [kind](const SLoss& loss) { return loss.kind == kind; }));
+}
+
+CString CLossReport::Summary() const
+{
+    CString summary;
+    for (int i = 0; i < static_cast<int>(ELoss::Count); ++i)
+    {
+        const int count = CountOf(static_cast<ELoss>(i));
+        if (count == 0)
+        {
+            continue;
+        }
+        CString part(kLossTexts[i].one);
+        if (count > 1)
+        {
+            part.Format(kLossTexts[i].many, count);
+        }
+        summary += (summary.IsEmpty() ? CString() : CString(", ")) + part;
+    }
+    return summary;
+}
+
+void CLossReport::Tell(const CString& input, const CReport& report) const
+{
+    if (IsEmpty())
+    {
+        return;
+    }
+    if (!report.IsVerbose())
+    {
+        report.Say(input + ": written with changes: " + Summary() + " (use -v)");
+        return;
+    }
+    for (const SLoss& loss : m_losses)
+    {
+        report.Detail(input + ": " + loss.text);
+    }
+}

@@ -1,0 +1,18 @@
+/// Writing an object that was read, in whole.
+#pragma once
+
+#include "rewrite/CheckedWrite.h"
+#include "rewrite/FileMeta.h"
+
+/// What an object becomes.
+struct STarget
+{
+    CString uid;    ///< The Transfer Syntax UID to write.
+    int syntax = 0; ///< How elements are encoded in it (see ESyntax).
+    CString output; ///< A path, or "-" for standard output.
+};
+
+/// Sets the file meta information, writes the object and tells what was lost. Throws as writing does.
+/// @param form the object's, taken before anything was changed.
+void Rewrite(CDcmIOD& object, const SObjectForm& form, const STarget& target, const CString& input, CLossReport& losses,
+             const CReport& report);

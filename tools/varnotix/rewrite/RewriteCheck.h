@@ -1,0 +1,25 @@
+/// Compares an object as it was read with what was written of it.
+#pragma once
+
+#include "rewrite/LossReport.h"
+#include "rewrite/Snapshot.h"
+
+/// How the input was held and in what form it was written.
+struct SRewrite
+{
+    int sourceSyntax = 0;
+    int targetSyntax = 0;
+    bool compressed = false; ///< Pixel data is in items of its own (PS3.5 Annex A.4).
+};
+
+/// Adds to the report what the written object lost.
+/// @param before the input, taken before the write.
+/// @param after the written object, read back.
+/// @return empty, or why the written object must not be used: bytes of frames differ, or there are elements in it that
+///         the input does not have.
+CString CheckRewrite(const std::vector<SSnapshot>& before, std::vector<SSnapshot> after, const SRewrite& rewrite,
+                     CLossReport& losses);
+
+/// Names the first element whose value is too long for the 16-bit length that the explicit syntaxes give its VR, in a
+/// set that was written; empty when there is none.
+CString FindTooLongValue(const CDcmElementSet& written);

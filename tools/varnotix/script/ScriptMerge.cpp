@@ -1,0 +1,300 @@
+#include "script/ScriptMerge.h"
+
+#include "rewrite/RawValue.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr DWORD kTransferSyntax = 0x00020010;
+constexpr DWORD kPixelData = 0x7FE00010;
+
+// A longer value of bytes is printed as its length.
+constexpr std::size_t kLongestPrintedBytes = 5000;
+
+int CountValues(std::string_view list)
+{
+    int count = 0;
+    for (std::string_view value; NextAslValue(list, value);)
+    {
+        ++count;
+    }
+    return count;
+}
+
+bool IsByte(std::string_view text)
+{
+    const std::string_view digits = TrimBlanks(text);
+    return !digits.empty() && digits.size() <= 3 &&
+           std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
+           std::stoi(std::string(digits)) <= 0xFF;
+}
+
+/// Bytes stand in a list as numbers, or all together as one text that does not begin like a number.
+bool MeansBytes(std::string_view list)
+{
+    std::string_view rest = list;
+    bool hasNumbersAlone = true;
+    for (std::string_view value; NextAslValue(rest, value);)
+    {
+        hasNumbersAlone = hasNumbersAlone && IsByte(value);
+    }
+    const std::string_view text = TrimBlanks(list);
+    return hasNumbersAlone || (text.find(',') == std::string_view::npos && text.find_first_of("0123456789+-") != 0);
+}
+
+bool HasComma(const CDcmElement& element)
+{
+    const CStringArray* texts = element.Texts();
+    return texts != nullptr &&
+           std::any_of(texts->begin(), texts->end(), [](const CString& text) { return text.Find(',') >= 0; });
+}
+
+/// True when the lines of an item, and of the items in it, are all the object's own. Some may be missing.
+bool IsUnchanged(const SScriptLine& line)
+{
+    return line.element != nullptr && (line.isUnchanged || line.element->HasVr(VR_SQ)) &&
+           std::all_of(line.item.begin(), line.item.end(), IsUnchanged);
+}
+
+CString Number(const char* format, int number)
+{
+    CString text;
+    text.Format(format, number);
+    return text;
+}
+
+} // namespace
+
+CScriptMerge::CScriptMerge(const CStringArray& lines, CDcmElementSet& store) : m_lines(lines)
+{
+    const CScriptTree tree(lines, store);
+    m_faults = tree.Faults();
+    m_commands = tree.Commands();
+    MergeLevel(tree.Lines(), store);
+}
+
+void CScriptMerge::MergeLevel(const std::vector<SScriptLine>& level, CDcmElementSet& set)
+{
+    std::map<DWORD, std::vector<CDcmElement*>> elements = ElementsByTag(set);
+    std::map<DWORD, std::vector<const SScriptLine*>> lines;
+    for (const SScriptLine& line : level)
+    {
+        lines[line.tag].push_back(&line);
+    }
+    for (const auto& [tag, ofTag] : lines)
+    {
+        MergeTag(ofTag, elements[tag], set);
+    }
+}
+
+/// Items are gathered in one set, so that a tag may stand there several times, and only its place tells which is which.
+void CScriptMerge::MergeTag(const std::vector<const SScriptLine*>& lines, const std::vector<CDcmElement*>& elements,
+                            CDcmElementSet& set)
+{
+    if (lines.size() == elements.size())
+    {
+        std::for_each(lines.begin(), lines.end(), [&](const SScriptLine* line) { MergeLine(*line); });
+        return;
+    }
+    if (elements.empty() && lines.size() == 1)
+    {
+        Add(*lines.front(), set);
+        return;
+    }
+    if (elements.size() <= 1)
+    {
+        AddFault(lines[1]->line, Number("the tag has its line already, line %d", lines[0]->line + 1));
+        return;
+    }
+    // Lines that were taken out mean nothing; a line that was changed could mean any of the elements.
+    auto element = elements.begin();
+    for (const SScriptLine* line : lines)
+    {
+        const auto isMine = [&](const CDcmElement* own)
+        {
+            int count = 0;
+            return own->HasVr(VR_SQ) ? own == line->element && IsUnchanged(*line)
+                                     : IsOwnLine(m_lines, line->line, *own, count);
+        };
+        element = std::find_if(element, elements.end(), isMine);
+        if (element == elements.end())
+        {
+            AddFault(line->line,
+                     Number("the object holds this tag %d times here, ", static_cast<int>(elements.size())) +
+                         Number("and the script %d times: which one changed cannot be told",
+                                static_cast<int>(lines.size())));
+            return;
+        }
+        ++element;
+    }
+}
+
+void CScriptMerge::MergeLine(const SScriptLine& line)
+{
+    if (!line.element->HasVr(VR_SQ))
+    {
+        if (!line.isUnchanged)
+        {
+            Change(line);
+        }
+        return;
+    }
+    if (line.element->Items() == nullptr)
+    {
+        line.element->SetItems(CDcmElementSet());
+    }
+    if (CDcmElementSet* items = line.element->Items())
+    {
+        MergeLevel(line.item, *items);
+    }
+}
+
+/// An empty list empties the value.
+bool CScriptMerge::IsClear(const SScriptLine& line) const
+{
+    return line.parts.values.empty() && line.parts.isListClosed && !line.parts.isTextOutside &&
+           TrimBlanks(m_lines[line.line].CText()).ends_with(']');
+}
+
+void CScriptMerge::Change(const SScriptLine& line)
+{
+    CDcmElement& element = *line.element;
+    if (!MayApply(line))
+    {
+        return;
+    }
+    CDcmElement changed(element.Group(), element.Element(), element.Vr());
+    if (!IsClear(line))
+    {
+        CDcmAttributeModule module;
+        if (!Read(line, module))
+        {
+            return;
+        }
+        CDcmElement& made = *module.GetDcmElementSet().GetAt(0);
+        if (VrKind(made.Vr()) != VrKind(element.Vr()))
+        {
+            AddFault(line.line, CString("in this object its VR is ") + VrText(element.Vr()) +
+                                    ", of which a value cannot be read from text here");
+            return;
+        }
+        changed.SetRawBytes(EncodedValue(made));
+    }
+    element = changed;
+    m_changes.push_back({line.line, line.tag, false});
+}
+
+void CScriptMerge::Add(const SScriptLine& line, CDcmElementSet& set)
+{
+    if (!MayApply(line))
+    {
+        return;
+    }
+    CDcmAttributeModule module;
+    if (Read(line, module))
+    {
+        GiveRawValues(module.GetDcmElementSet());
+        set.Add(new CDcmElement(*module.GetDcmElementSet().GetAt(0)));
+        m_changes.push_back({line.line, line.tag, true});
+    }
+}
+
+/// Reads the line, with its item, as a script of its own.
+bool CScriptMerge::Read(const SScriptLine& line, CDcmAttributeModule& module)
+{
+    CStringArray own;
+    for (int i = line.line; i < line.end; ++i)
+    {
+        own.Add(m_lines[i]);
+    }
+    CDcmAttributeScript reader;
+    reader.Run(own, module);
+    const std::size_t before = m_faults.size();
+    for (const SScriptNote& note : reader.Notes())
+    {
+        if (note.kind != SCRIPT_OTHER_VR && note.kind != SCRIPT_UNKNOWN_COMMAND)
+        {
+            AddFault(line.line + note.line, ScriptNoteText(note.kind));
+        }
+    }
+    return m_faults.size() == before && module.GetCount() == 1;
+}
+
+/// Adds the faults of a line and of its item.
+bool CScriptMerge::MayApply(const SScriptLine& line)
+{
+    const CString reason = ReasonAgainst(line);
+    if (!reason.IsEmpty())
+    {
+        AddFault(line.line, reason);
+    }
+    return std::count_if(line.item.begin(), line.item.end(),
+                         [&](const SScriptLine& part) { return !MayApply(part); }) == 0 &&
+           reason.IsEmpty();
+}
+
+/// Why a line must not be applied, beyond what its reader notes; empty when it may.
+CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
+{
+    if (line.tag >> 16U < kFirstGroup)
+    {
+        return kNoPlaceInFile;
+    }
+    if ((line.tag & 0xFFFFU) == 0)
+    {
+        return "group lengths are made anew by the write; take the line out";
+    }
+    if (line.tag == kTransferSyntax)
+    {
+        return "the transfer syntax is not changed here; use 'varnotix convert'";
+    }
+    if (line.tag == kPixelData)
+    {
+        return "pixel data does not come from text; take the line out";
+    }
+    const CDcmElement* element = line.element;
+    if (element != nullptr && !EqualNoCase(line.parts.vr, VrText(element->Vr())))
+    {
+        return CString("in this object its VR is ") + VrText(element->Vr()) + ", and that cannot be changed";
+    }
+    if (!line.parts.isListClosed)
+    {
+        return "the value list has no ]; a text with line breaks cannot be changed, only replaced by one without";
+    }
+    if (line.parts.isTextOutside)
+    {
+        return "there is text outside the value list; a text with brackets does not come through";
+    }
+    const CDcmElement unread(static_cast<int>(line.tag >> 16U), static_cast<int>(line.tag & 0xFFFFU));
+    const CDcmElement& shape = element != nullptr ? *element : unread;
+    const EVrKind kind = VrKind(shape.Vr());
+    const int count = CountValues(line.parts.values);
+    if (kind == EVrKind::Items && element == nullptr && line.item.empty())
+    {
+        return "what follows an empty sequence is read as a part of it; give it an item with an attribute";
+    }
+    if (kind == EVrKind::Bytes)
+    {
+        if (element != nullptr && element->RawBytes().Size() > kLongestPrintedBytes)
+        {
+            return "of a value of more than 5000 bytes the line tells the length alone; it cannot be changed";
+        }
+        return MeansBytes(line.parts.values) ? "" : "bytes are numbers from 0 to 255, or one text without commas";
+    }
+    if ((kind == EVrKind::OtherWords || kind == EVrKind::Doubles) && count > 0)
+    {
+        return CString(VrText(shape.Vr())) + " values do not come through text; put the line back as it was printed, " +
+               "or take it out";
+    }
+    if (shape.Vm() > 0 && count > shape.Vm() && kind != EVrKind::Items && !shape.HasVr(VR_OF))
+    {
+        return Number("%d values, and the attribute takes ", count) + Number("%d: a comma divides values", shape.Vm());
+    }
+    if (kind == EVrKind::Text && count > 1 && HasComma(shape))
+    {
+        return "the text in the object has a comma; with another one its values cannot be told apart";
+    }
+    return "";
+}
