@@ -1,4 +1,4 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "console/Progress.h"
 #include "files/Input.h"
 #include "files/OutputFolder.h"
@@ -12,13 +12,28 @@
 namespace
 {
 
+constexpr const char* kFooter =
+    "32 attributes take the text: names, identifiers and descriptions of patient, physicians, institution and\n"
+    "device. Those that are missing are not added. UIDs, dates of the study and what the pixels show stay: this is\n"
+    "no de-identification profile of PS3.15. What was found in an object and is not covered is told on standard\n"
+    "error: the same attributes in sequence items, private groups, burned-in annotation. --deep covers the first\n"
+    "two. The preamble of the file is cleared.";
+
+struct SAnonymizeOptions
+{
+    std::vector<CString> files;
+    CString output;             // A folder, or, for a single input, a file or "-" for standard output.
+    CString text = "ANONYMOUS"; // Goes into the identifying attributes; empty: they are removed.
+    bool deep = false;          // Also in items; private groups go.
+};
+
 constexpr UINT kPreambleSize = 128;
 
 /// Anonymises and writes one object.
 class CAnonymizer
 {
 public:
-    CAnonymizer(const CString& name, const SAnonymize& wanted, const CReport& report)
+    CAnonymizer(const CString& name, const SAnonymizeOptions& wanted, const CReport& report)
         : m_name(name), m_wanted(wanted), m_report(report)
     {
     }
@@ -32,7 +47,7 @@ private:
     void ClearPreamble(CFile& file) const;
 
     CString m_name;
-    const SAnonymize& m_wanted;
+    const SAnonymizeOptions& m_wanted;
     const CReport& m_report;
 };
 
@@ -131,8 +146,7 @@ void CAnonymizer::ClearPreamble(CFile& file) const
     }
 }
 
-bool IsUsable(const std::vector<std::string>& files, const CString& output, bool intoFolder, const SAnonymize& wanted,
-              const CReport& report)
+bool IsUsable(const SAnonymizeOptions& wanted, bool intoFolder, const CReport& report)
 {
     const bool isControlled = std::any_of(wanted.text.View().begin(), wanted.text.View().end(),
                                           [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
@@ -141,7 +155,8 @@ bool IsUsable(const std::vector<std::string>& files, const CString& output, bool
         report.Error("--text: a backslash or a control character cannot stand in a value");
         return false;
     }
-    if (intoFolder && (output == "-" || std::find(files.begin(), files.end(), "-") != files.end()))
+    if (intoFolder &&
+        (wanted.output == "-" || std::find(wanted.files.begin(), wanted.files.end(), "-") != wanted.files.end()))
     {
         report.Error("-o: standard input and output go with a single FILE, and with a file to write to");
         return false;
@@ -149,13 +164,12 @@ bool IsUsable(const std::vector<std::string>& files, const CString& output, bool
     return true;
 }
 
-} // namespace
-
-int Anonymize(const std::vector<std::string>& files, const CString& output, const SAnonymize& wanted,
-              const CReport& report)
+int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
 {
+    const std::vector<CString>& files = wanted.files;
+    const CString& output = wanted.output;
     const bool intoFolder = files.size() > 1 || MeansFolder(output);
-    if (!IsUsable(files, output, intoFolder, wanted, report))
+    if (!IsUsable(wanted, intoFolder, report))
     {
         return STATUS_USAGE;
     }
@@ -174,7 +188,7 @@ int Anonymize(const std::vector<std::string>& files, const CString& output, cons
     for (std::size_t i = 0; i < files.size(); ++i)
     {
         progress.Step(i);
-        const CString input{std::string_view(files[i])};
+        const CString& input = files[i];
         const CString path = intoFolder ? JoinPath(output, PlainName(input)) : output;
         int result = STATUS_UNWRITTEN;
         if (!taken.insert(std::string(path.CText())).second)
@@ -202,4 +216,19 @@ int Anonymize(const std::vector<std::string>& files, const CString& output, cons
         report.Say(summary);
     }
     return status;
+}
+
+} // namespace
+
+void AddAnonymize(CCommandLine& line)
+{
+    const auto options = std::make_shared<SAnonymizeOptions>();
+    CVerb verb = line.AddVerb("anonymize", "Replace or remove what tells who the patient is", kFooter);
+    verb.Texts("FILE", options->files, "Files to read; '-' is standard input");
+    verb.Text("-o,--output", options->output,
+              "Folder to write to; for a single FILE also a file, or '-' for standard output");
+    verb.TextWithDefault("--text", options->text, "Goes into the attributes; an empty text removes them");
+    verb.Flag("--deep", options->deep, "Reach into sequence items, drop private groups, and say so in the file");
+    verb.MessageFlags();
+    verb.Action([options](const CReport& report) { return Anonymize(*options, report); });
 }

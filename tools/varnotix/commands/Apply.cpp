@@ -1,10 +1,24 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "files/Input.h"
 #include "rewrite/Rewrite.h"
 #include "script/ScriptMerge.h"
 
 namespace
 {
+
+constexpr const char* kFooter =
+    "'varnotix dump FILE >SCRIPT', change values, 'varnotix apply SCRIPT FILE -o OUT'. Only lines that differ from "
+    "what\n"
+    "FILE itself prints are applied; all else stays, what the text does not carry included. A line for an attribute\n"
+    "that FILE lacks adds it; '[]' empties a value; a line that is missing means nothing. Nothing is written when a\n"
+    "line cannot be applied. OUT keeps the transfer syntax of FILE; OUT and FILE may be the same file.";
+
+struct SApplyOptions
+{
+    CString script;
+    CString input;
+    CString output;
+};
 
 CString Counted(int count, const char* one, const char* many)
 {
@@ -27,13 +41,13 @@ void TellChanges(const CScriptMerge& merge, const CString& script, const CString
                Counted(added, "%d attribute added", "%d attributes added"));
 }
 
-int ApplyOne(const CString& script, const CString& input, const CString& output, const CReport& report)
+int ApplyOne(const SApplyOptions& options, const CReport& report)
 {
-    const CString scriptName = ShownName(script);
-    const CString name = ShownName(input);
+    const CString scriptName = ShownName(options.script);
+    const CString name = ShownName(options.input);
     CStringArray lines;
     CDcmIOD object;
-    if (!ReadScript(script, lines, report) || !ReadObject(input, object, report))
+    if (!ReadScript(options.script, lines, report) || !ReadObject(options.input, object, report))
     {
         return STATUS_UNREADABLE;
     }
@@ -57,17 +71,15 @@ int ApplyOne(const CString& script, const CString& input, const CString& output,
                      Counted(faults, "%d line cannot be applied", "%d lines cannot be applied"));
         return STATUS_UNREADABLE;
     }
-    Rewrite(object, form, {uid, form.syntax, output}, name, losses, report);
+    Rewrite(object, form, {uid, form.syntax, options.output}, name, losses, report);
     TellUnlikeMeta(object, name, report);
     TellChanges(merge, scriptName, name, report);
     return STATUS_DONE;
 }
 
-} // namespace
-
-int Apply(const CString& script, const CString& input, const CString& output, const CReport& report)
+int Apply(const SApplyOptions& options, const CReport& report)
 {
-    if (script == "-" && input == "-")
+    if (options.script == "-" && options.input == "-")
     {
         report.Error("SCRIPT, FILE: only one of them can be standard input");
         return STATUS_USAGE;
@@ -76,5 +88,18 @@ int Apply(const CString& script, const CString& input, const CString& output, co
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures(output, report, [&] { return ApplyOne(script, input, output, report); });
+    return TellingFailures(options.output, report, [&] { return ApplyOne(options, report); });
+}
+
+} // namespace
+
+void AddApply(CCommandLine& line)
+{
+    const auto options = std::make_shared<SApplyOptions>();
+    CVerb verb = line.AddVerb("apply", "Change the values of a file that differ in a script", kFooter);
+    verb.Text("SCRIPT", options->script, "Script to read; '-' is standard input");
+    verb.Text("FILE", options->input, "File to read; '-' is standard input");
+    verb.Text("-o,--output", options->output, "File to write; '-' is standard output");
+    verb.MessageFlags();
+    verb.Action([options](const CReport& report) { return Apply(*options, report); });
 }

@@ -1,4 +1,4 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "files/Input.h"
 #include "rewrite/FileMeta.h"
 #include "rewrite/Identity.h"
@@ -14,13 +14,27 @@
 namespace
 {
 
+constexpr const char* kFooter =
+    "The script's lines are the attributes; its commands name the files that pixel data comes from, what to anonymise\n"
+    "and what to remove. The file meta information is completed. Each line that is lost and each file that nothing is\n"
+    "taken from is named with the reason; nothing is written then, unless --force is given. A script opens the files\n"
+    "that it names, so trust it as you trust a program.";
+
+struct SBuildOptions
+{
+    CString script;
+    CString output;              // A path, or "-" for standard output; empty: what the script says.
+    int syntax = SYNTAX_UNKNOWN; // The syntax to write (see ESyntax); unknown: what the script says.
+    bool force = false;          // Also when lines or sources are lost.
+};
+
 constexpr DWORD kPixelData = 0x7FE00010;
 
 /// Builds one object.
 class CBuilder
 {
 public:
-    CBuilder(const CString& name, const CStringArray& lines, const SBuild& wanted, const CReport& report)
+    CBuilder(const CString& name, const CStringArray& lines, const SBuildOptions& wanted, const CReport& report)
         : m_name(name), m_lines(lines), m_wanted(wanted), m_report(report)
     {
         CDcmAttributeModule read;
@@ -37,7 +51,7 @@ private:
 
     const CString& m_name;
     const CStringArray& m_lines;
-    const SBuild& m_wanted;
+    const SBuildOptions& m_wanted;
     const CReport& m_report;
     CDcmAttributeScript m_script; // For what the object itself does not do.
 };
@@ -167,20 +181,33 @@ int CBuilder::Syntax(const SObjectForm& form) const
     return named == SYNTAX_UNKNOWN ? SYNTAX_EXPLICIT_LITTLE : named;
 }
 
-} // namespace
-
-int Build(const CString& script, const SBuild& wanted, const CReport& report)
+int Build(const SBuildOptions& wanted, const CReport& report)
 {
     if (!HasDataFiles(report, true))
     {
         return STATUS_UNREADABLE;
     }
     CStringArray lines;
-    if (!ReadScript(script, lines, report))
+    if (!ReadScript(wanted.script, lines, report))
     {
         return STATUS_UNREADABLE;
     }
-    const CString name = ShownName(script);
+    const CString name = ShownName(wanted.script);
     return TellingFailures(wanted.output.IsEmpty() ? name : wanted.output, report,
                            [&] { return CBuilder(name, lines, wanted, report).Write(); });
+}
+
+} // namespace
+
+void AddBuild(CCommandLine& line)
+{
+    const auto options = std::make_shared<SBuildOptions>();
+    CVerb verb = line.AddVerb("build", "Make an object from a script", kFooter);
+    verb.Text("SCRIPT", options->script, "Script to read; '-' is standard input");
+    verb.Text("-o,--output", options->output,
+              "File to write; '-' is standard output. Without it, the script's TARGET_FILE", CVerb::ENeed::Optional);
+    verb.Syntax(options->syntax, "The syntax to write; without it, what the script says", CVerb::ENeed::Optional);
+    verb.Flag("--force", options->force, "Write what there is when lines or files are lost");
+    verb.MessageFlags();
+    verb.Action([options](const CReport& report) { return Build(*options, report); });
 }

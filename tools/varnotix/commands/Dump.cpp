@@ -1,4 +1,4 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "console/StandardStreams.h"
 #include "files/Input.h"
 #include "object/TypedObject.h"
@@ -8,6 +8,9 @@
 
 namespace
 {
+
+constexpr const char* kFooter = "The first lines of a document, with '#' before them, tell the file, the syntax that "
+                                "it was read in and the number of elements.";
 
 constexpr const char* kSourceLine = "#SOURCE_FILE=";
 
@@ -37,9 +40,7 @@ int DumpOne(const CString& path, const CReport& report)
     return STATUS_DONE;
 }
 
-} // namespace
-
-int Dump(const std::vector<std::string>& files, const CReport& report)
+int Dump(const std::vector<CString>& files, const CReport& report)
 {
     if (!HasDataFiles(report, false))
     {
@@ -47,9 +48,8 @@ int Dump(const std::vector<std::string>& files, const CReport& report)
     }
     int status = STATUS_DONE;
     int unread = 0;
-    for (const std::string& file : files)
+    for (const CString& path : files)
     {
-        const CString path{std::string_view(file)};
         int result = STATUS_UNREADABLE;
         try
         {
@@ -78,4 +78,15 @@ int Dump(const std::vector<std::string>& files, const CReport& report)
         report.Say(summary);
     }
     return status;
+}
+
+} // namespace
+
+void AddDump(CCommandLine& line)
+{
+    const auto files = std::make_shared<std::vector<CString>>();
+    CVerb verb = line.AddVerb("dump", "Print the text document of each file", kFooter);
+    verb.Texts("FILE", *files, "Files to print; '-' is standard input");
+    verb.MessageFlags();
+    verb.Action([files](const CReport& report) { return Dump(*files, report); });
 }

@@ -1,4 +1,4 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "console/Progress.h"
 #include "files/Input.h"
 #include "files/OutputFolder.h"
@@ -12,6 +12,20 @@
 
 namespace
 {
+
+constexpr const char* kFooter =
+    "The files are frame-0001 and so on, with the extension jpg, j2k or jls for what these decoders read, and bin\n"
+    "for the rest. Uncompressed samples of more than one byte are in little endian, whatever the file has.\n"
+    "Pictures (--png) have eight bits a channel. Grayscale is shown through the first window, or over the range of\n"
+    "the values in the frame; MONOCHROME1, RGB, YBR_FULL, YBR_FULL_422 and PALETTE COLOR are understood,\n"
+    "uncompressed or run length encoded. Overlays are not drawn. What cannot be drawn is told on standard error.";
+
+struct SFramesOptions
+{
+    CString input;
+    CString folder;
+    bool asPictures = false;
+};
 
 // Rows of the UID table.
 constexpr int kFirstJpeg = 5;
@@ -159,11 +173,9 @@ void CFrameWriter::Save(const CString& fileName, const void* bytes, std::size_t 
     m_report.Detail(m_name + ": written to " + path);
 }
 
-} // namespace
-
-int Frames(const CString& input, const CString& folder, bool asPictures, const CReport& report)
+int Frames(const SFramesOptions& options, const CReport& report)
 {
-    if (asPictures && !HasPngWriter())
+    if (options.asPictures && !HasPngWriter())
     {
         report.Error("this build has no PNG writer; without --png frames are written as they lie");
         return STATUS_USAGE;
@@ -173,10 +185,26 @@ int Frames(const CString& input, const CString& folder, bool asPictures, const C
         return STATUS_UNREADABLE;
     }
     CDcmIOD object;
-    if (!ReadObject(input, object, report))
+    if (!ReadObject(options.input, object, report))
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures(folder, report,
-                           [&] { return CFrameWriter(ShownName(input), folder, report).WriteAll(object, asPictures); });
+    return TellingFailures(
+        options.folder, report,
+        [&] {
+            return CFrameWriter(ShownName(options.input), options.folder, report).WriteAll(object, options.asPictures);
+        });
+}
+
+} // namespace
+
+void AddFrames(CCommandLine& line)
+{
+    const auto options = std::make_shared<SFramesOptions>();
+    CVerb verb = line.AddVerb("frames", "Write each frame of the pixel data to a file", kFooter);
+    verb.Text("FILE", options->input, "File to read; '-' is standard input");
+    verb.Text("-o,--output", options->folder, "Folder to write to; it is made when it is missing");
+    verb.Flag("--png", options->asPictures, "Write pictures to look at instead of the frames as they lie");
+    verb.MessageFlags();
+    verb.Action([options](const CReport& report) { return Frames(*options, report); });
 }

@@ -1,4 +1,4 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "console/StandardStreams.h"
 #include "files/Input.h"
 #include "object/Entities.h"
@@ -10,6 +10,17 @@
 
 namespace
 {
+
+constexpr const char* kFooter =
+    "The modules are those of the object that the SOP Class UID names: CT, MR, CR, nuclear medicine, ultrasound,\n"
+    "secondary capture or patient information. Of any other object all attributes stand under 'attributes that no\n"
+    "module declares'. The elements of all items of a sequence stand in one list, as a read gathers them.";
+
+struct SModulesOptions
+{
+    CString input;
+    bool withGaps = false; // Also the attributes that a module declares and the object lacks.
+};
 
 /// Prints one object.
 class CModulePrinter
@@ -137,16 +148,14 @@ void CModulePrinter::PrintLine(const CString& text, int depth)
     WriteStandardOutput("\n");
 }
 
-} // namespace
-
-int Modules(const CString& input, bool withGaps, const CReport& report)
+int Modules(const SModulesOptions& options, const CReport& report)
 {
     if (!HasDataFiles(report, false))
     {
         return STATUS_UNREADABLE;
     }
     CDcmIOD object;
-    if (!ReadObject(input, object, report))
+    if (!ReadObject(options.input, object, report))
     {
         return STATUS_UNREADABLE;
     }
@@ -154,8 +163,20 @@ int Modules(const CString& input, bool withGaps, const CReport& report)
                            [&]
                            {
                                const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
-                               CModulePrinter(*typed, withGaps).Print();
+                               CModulePrinter(*typed, options.withGaps).Print();
                                FlushStandardOutput();
                                return STATUS_DONE;
                            });
+}
+
+} // namespace
+
+void AddModules(CCommandLine& line)
+{
+    const auto options = std::make_shared<SModulesOptions>();
+    CVerb verb = line.AddVerb("modules", "Print a file by entity and module, with names and values", kFooter);
+    verb.Text("FILE", options->input, "File to read; '-' is standard input");
+    verb.Flag("--gaps", options->withGaps, "Also name the attributes that are absent");
+    verb.MessageFlags();
+    verb.Action([options](const CReport& report) { return Modules(*options, report); });
 }

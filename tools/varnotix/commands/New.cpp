@@ -1,4 +1,4 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "files/Input.h"
 #include "object/Entities.h"
 #include "object/NewUid.h"
@@ -12,6 +12,16 @@
 
 namespace
 {
+
+constexpr const char* kFooter =
+    "One line an attribute, by entity and module. What such an object must have is open, the rest is commented out\n"
+    "with ';'. Class, modality and UIDs are filled in.";
+
+struct SNewOptions
+{
+    CString kind; // One of ScriptKindWords.
+    CString output = "-";
+};
 
 /// What a new script holds already.
 std::map<DWORD, CString> FirstValues(const SScriptKind& kind)
@@ -170,21 +180,30 @@ void CScriptMaker::AddItems(const CDcmElement& sequence, int depth)
     AddLine(start + "#SEQUENCE_END");
 }
 
-} // namespace
-
-int New(const std::string& kind, const CString& output, const CReport& report)
+int New(const SNewOptions& options, const CReport& report)
 {
     if (!HasDataFiles(report, false))
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures(output, report,
+    return TellingFailures(options.output, report,
                            [&]
                            {
-                               const CString script = CScriptMaker(ScriptKind(kind)).Make();
-                               COutputFile file(output);
+                               const CString script = CScriptMaker(ScriptKind(std::string(options.kind.View()))).Make();
+                               COutputFile file(options.output);
                                file.File().Write(script, static_cast<UINT>(script.GetLength()));
                                file.Commit();
                                return STATUS_DONE;
                            });
+}
+
+} // namespace
+
+void AddNew(CCommandLine& line)
+{
+    const auto options = std::make_shared<SNewOptions>();
+    CVerb verb = line.AddVerb("new", "Write a script to fill in and build", kFooter);
+    verb.Choice("KIND", options->kind, ScriptKindWords(), "The kind of object");
+    verb.Text("-o,--output", options->output, "Script to write; without it, standard output", CVerb::ENeed::Optional);
+    verb.Action([options](const CReport& report) { return New(*options, report); });
 }

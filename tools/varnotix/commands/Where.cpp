@@ -1,4 +1,4 @@
-#include "commands/Verbs.h"
+#include "commands/Commands.h"
 #include "console/StandardStreams.h"
 
 namespace
@@ -31,8 +31,6 @@ CString Places()
     return text;
 }
 
-} // namespace
-
 int Where(const CReport& report)
 {
     const CDcmRegistry& registry = CDcmRegistry::Global();
@@ -50,4 +48,11 @@ int Where(const CReport& report)
         return STATUS_UNWRITTEN;
     }
     return STATUS_DONE;
+}
+
+} // namespace
+
+void AddWhere(CCommandLine& line)
+{
+    line.AddVerb("where", "Print which data files were loaded, and from where").Action(Where);
 }

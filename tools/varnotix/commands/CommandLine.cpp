@@ -1,0 +1,150 @@
+#include "commands/CommandLine.h"
+
+#include "Varnotix/Version.h"
+#include "console/StandardStreams.h"
+
+#include <CLI/CLI.hpp>
+
+#include <sstream>
+
+namespace
+{
+
+/// Help and version are data; complaints about the command line are not.
+int PrintParseResult(const CLI::App& app, const CLI::ParseError& result)
+{
+    std::ostringstream out;
+    std::ostringstream complaint;
+    const int code = app.exit(result, out, complaint);
+    if (code != 0)
+    {
+        CString text{std::string_view(complaint.view())};
+        text.TrimRight();
+        CReport(false, false).Error(text);
+        return STATUS_USAGE;
+    }
+    WriteStandardOutput(out.view());
+    FlushStandardOutput();
+    return STATUS_DONE;
+}
+
+/// The arguments behind the program's name, last first, as the parser takes them. An option with an empty value behind
+/// its "=" becomes two arguments: the parser would take the next one for its value.
+std::vector<std::string> ReversedArguments(int count, char** texts)
+{
+    std::vector<std::string> reversed;
+    for (int i = count - 1; i > 0; --i)
+    {
+        std::string text = texts[i];
+        if (text.starts_with("--") && text.find('=') == text.size() - 1)
+        {
+            reversed.emplace_back();
+            text.pop_back();
+        }
+        reversed.push_back(std::move(text));
+    }
+    return reversed;
+}
+
+CLI::Option& AddText(CLI::App& verb, const char* name, CString& value, const char* help, CVerb::ENeed need)
+{
+    const auto take = [&value](const std::string& text) { value = CString(std::string_view(text)); };
+    return *verb.add_option_function<std::string>(name, take, help)->required(need == CVerb::ENeed::Required);
+}
+
+} // namespace
+
+void CVerb::Text(const char* name, CString& value, const char* help, ENeed need)
+{
+    AddText(m_verb, name, value, help, need);
+}
+
+void CVerb::TextWithDefault(const char* name, CString& value, const char* help)
+{
+    AddText(m_verb, name, value, help, ENeed::Optional).default_str(std::string(value.CText()));
+}
+
+void CVerb::Texts(const char* name, std::vector<CString>& values, const char* help)
+{
+    const auto take = [&values](const std::vector<std::string>& texts)
+    {
+        for (const std::string& text : texts)
+        {
+            values.emplace_back(std::string_view(text));
+        }
+    };
+    m_verb.add_option_function<std::vector<std::string>>(name, take, help)->required();
+}
+
+void CVerb::Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help)
+{
+    AddText(m_verb, name, value, help, ENeed::Required).check(CLI::IsMember(words));
+}
+
+void CVerb::Syntax(int& syntax, const char* help, ENeed need)
+{
+    const auto take = [&syntax](const std::string& word)
+    {
+        const int explicitSyntax = word == "big" ? SYNTAX_EXPLICIT_BIG : SYNTAX_EXPLICIT_LITTLE;
+        syntax = word == "implicit" ? SYNTAX_IMPLICIT_LITTLE : explicitSyntax;
+    };
+    m_verb.add_option_function<std::string>("-s,--syntax", take, help)
+        ->required(need == ENeed::Required)
+        ->check(CLI::IsMember({"implicit", "explicit", "big"}));
+}
+
+void CVerb::Flag(const char* name, bool& value, const char* help)
+{
+    m_verb.add_flag(name, value, help);
+}
+
+void CVerb::MessageFlags()
+{
+    CLI::Option* quiet = m_verb.add_flag("-q,--quiet", m_line.m_quiet, "Print errors alone");
+    m_verb.add_flag("-v,--verbose", m_line.m_verbose, "Print details")->excludes(quiet);
+}
+
+void CVerb::Action(const std::function<int(const CReport&)>& action)
+{
+    m_verb.callback([&line = m_line, action] { line.m_status = action(CReport(line.m_quiet, line.m_verbose)); });
+}
+
+CCommandLine::CCommandLine(const char* summary, const char* footer)
+    : m_app(std::make_unique<CLI::App>(summary, "varnotix"))
+{
+    m_app->set_version_flag("--version", std::string("varnotix ") + VARNOTIX_VERSION);
+    m_app->require_subcommand(1);
+    m_app->footer(footer);
+}
+
+CCommandLine::~CCommandLine() = default;
+
+CVerb CCommandLine::AddVerb(const char* name, const char* summary, const char* footer)
+{
+    CLI::App* verb = m_app->add_subcommand(name, summary);
+    if (footer != nullptr)
+    {
+        verb->footer(footer);
+    }
+    return {*verb, *this};
+}
+
+int CCommandLine::Run(int count, char** texts)
+{
+    try
+    {
+        m_app->parse(ReversedArguments(count, texts));
+        return m_status;
+    }
+    catch (const CLI::RequiredError& result)
+    {
+        // For an unknown verb the parser only reports a missing one.
+        const std::vector<std::string> unknown = m_app->remaining();
+        return unknown.empty() ? PrintParseResult(*m_app, result)
+                               : PrintParseResult(*m_app, CLI::ExtrasError("", {unknown.front()}));
+    }
+    catch (const CLI::ParseError& result)
+    {
+        return PrintParseResult(*m_app, result);
+    }
+}

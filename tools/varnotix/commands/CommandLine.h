@@ -1,0 +1,84 @@
+/// The command line: verbs, their options, and how arguments become a run of one verb.
+///
+/// Only CommandLine.cpp sees the parser's headers, which are slow to compile.
+#pragma once
+
+#include "console/Report.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace CLI
+{
+class App;
+}
+
+class CCommandLine;
+
+/// One verb, to be given options and an action. Its arguments are written to variables that must live until the command
+/// line has run; a verb keeps them in a structure that its action shares.
+///
+/// Help lists options in the order in which they are added. Names are those of the parser: "-o,--output" or, for an
+/// argument by position, "FILE".
+class CVerb
+{
+public:
+    enum class ENeed
+    {
+        Required,
+        Optional
+    };
+
+    CVerb(CLI::App& verb, CCommandLine& line) : m_verb(verb), m_line(line) {}
+
+    /// One value. The variable keeps what it holds when the option is absent.
+    void Text(const char* name, CString& value, const char* help, ENeed need = ENeed::Required);
+    /// As Text, and help shows what the variable holds now.
+    void TextWithDefault(const char* name, CString& value, const char* help);
+    /// One or more values.
+    void Texts(const char* name, std::vector<CString>& values, const char* help);
+    /// One of the words.
+    void Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help);
+    /// The option "--syntax" and its words. The value is one of ESyntax.
+    void Syntax(int& syntax, const char* help, ENeed need);
+    void Flag(const char* name, bool& value, const char* help);
+    /// The flags of verbs that have something to say besides errors: "--quiet" and "--verbose".
+    void MessageFlags();
+
+    /// What the verb does.
+    /// @param action returns an exit status (see EStatus). Exceptions pass through CCommandLine::Run.
+    void Action(const std::function<int(const CReport&)>& action);
+
+private:
+    CLI::App& m_verb;
+    CCommandLine& m_line;
+};
+
+/// The program's command line.
+class CCommandLine
+{
+public:
+    /// @param footer is shown below the list of verbs.
+    CCommandLine(const char* summary, const char* footer);
+    ~CCommandLine();
+    CCommandLine(const CCommandLine&) = delete;
+    CCommandLine& operator=(const CCommandLine&) = delete;
+
+    /// Help lists verbs in the order in which they are added.
+    /// @param footer is shown below the verb's options; null: the program's.
+    CVerb AddVerb(const char* name, const char* summary, const char* footer = nullptr);
+
+    /// Runs the verb that the arguments name, or prints help, the version, or what is wrong with the arguments.
+    /// @return an exit status.
+    int Run(int count, char** texts);
+
+private:
+    friend class CVerb;
+
+    std::unique_ptr<CLI::App> m_app;
+    bool m_quiet = false;
+    bool m_verbose = false;
+    int m_status = STATUS_DONE;
+};

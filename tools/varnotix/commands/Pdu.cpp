@@ -1,0 +1,28 @@
+#include "commands/Commands.h"
+#include "pdu/PduVerb.h"
+
+namespace
+{
+
+constexpr const char* kFooter =
+    "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between the\n"
+    "pairs of digits, and '#' starts a comment. Bytes that no PDU can be made of are told on standard error, with\n"
+    "their offset and status 20; what comes before them is printed.";
+
+struct SPduOptions
+{
+    CString input = "-";
+    bool showFields = false;
+};
+
+} // namespace
+
+void AddPdu(CCommandLine& line)
+{
+    const auto options = std::make_shared<SPduOptions>();
+    CVerb verb = line.AddVerb("pdu", "Print what association PDUs hold", kFooter);
+    verb.Text("FILE", options->input, "PDUs as bytes or in hexadecimal digits; '-', or no file, is standard input",
+              CVerb::ENeed::Optional);
+    verb.Flag("--fields", options->showFields, "Print each field with its offset and its bytes");
+    verb.Action([options](const CReport& report) { return ShowPdus(options->input, options->showFields, report); });
+}
