@@ -4,11 +4,9 @@
 #include "Varnotix/platform/Arrays.h"
 
 #include <string>
-#include <vector>
 
 /// Writes a seed of a target.
 void PutSeed(const std::string& target, const std::string& name, const CByteArray& bytes);
-void PutSeed(const std::string& target, const std::string& name, const std::vector<BYTE>& bytes);
 void PutSeed(const std::string& target, const std::string& name, const std::string& text);
 
 void MakeStreamSeeds();

@@ -6,22 +6,22 @@
 namespace
 {
 
-const Bytes kItem = Stream("FEFF 00E0 FFFFFFFF");
-const Bytes kItemEnd = Stream("FEFF 0DE0 00000000");
-const Bytes kEnd = Stream("FEFF DDE0 00000000");
-const Bytes kSequence = Stream("0800 4011 'SQ' 0000 FFFFFFFF");
-const Bytes kText = Stream("0800 0001 'SH' 0200 'AB'");
-const Bytes kEncapsulated = Stream("E07F 1000 'OB' 0000 FFFFFFFF");
+const CByteArray kItem = Stream("FEFF 00E0 FFFFFFFF");
+const CByteArray kItemEnd = Stream("FEFF 0DE0 00000000");
+const CByteArray kEnd = Stream("FEFF DDE0 00000000");
+const CByteArray kSequence = Stream("0800 4011 'SQ' 0000 FFFFFFFF");
+const CByteArray kText = Stream("0800 0001 'SH' 0200 'AB'");
+const CByteArray kEncapsulated = Stream("E07F 1000 'OB' 0000 FFFFFFFF");
 
-const Bytes kMeta = Stream("0200 0000 'UL' 0400 1C000000"
-                           "0200 1000 'UI' 1400 '1.2.840.10008.1.2.1' 00");
-const Bytes kImplicitMeta = Stream("0200 0000 'UL' 0400 1A000000"
-                                   "0200 1000 'UI' 1200 '1.2.840.10008.1.2' 00");
-const Bytes kBigMeta = Stream("0200 0000 'UL' 0400 1C000000"
-                              "0200 1000 'UI' 1400 '1.2.840.10008.1.2.2' 00");
+const CByteArray kMeta = Stream("0200 0000 'UL' 0400 1C000000"
+                                "0200 1000 'UI' 1400 '1.2.840.10008.1.2.1' 00");
+const CByteArray kImplicitMeta = Stream("0200 0000 'UL' 0400 1A000000"
+                                        "0200 1000 'UI' 1200 '1.2.840.10008.1.2' 00");
+const CByteArray kBigMeta = Stream("0200 0000 'UL' 0400 1C000000"
+                                   "0200 1000 'UI' 1400 '1.2.840.10008.1.2.2' 00");
 
 /// One element of each VR, explicit little endian.
-Bytes EveryVr()
+CByteArray EveryVr()
 {
     return Stream("0800 0500 'CS' 0A00 'ISO_IR 100'"
                   "0800 0800 'CS' 0600 'A\\\\B\\C'"
@@ -52,9 +52,9 @@ Bytes EveryVr()
                   "E07F 1000 'OW' 0000 04000000 01000200");
 }
 
-Bytes Nested(int depth)
+CByteArray Nested(int depth)
 {
-    Bytes inner = kText;
+    CByteArray inner = kText;
     for (int level = 0; level < depth; ++level)
     {
         inner = kSequence + kItem + inner + kItemEnd + kEnd;
@@ -62,7 +62,7 @@ Bytes Nested(int depth)
     return inner;
 }
 
-Bytes InSyntax(const Bytes& explicitLittle, int syntax)
+CByteArray InSyntax(const CByteArray& explicitLittle, int syntax)
 {
     SRead read(explicitLittle);
     return Written(read.set, syntax, true);
@@ -72,14 +72,14 @@ Bytes InSyntax(const Bytes& explicitLittle, int syntax)
 
 void MakeStreamSeeds()
 {
-    const auto put = [](const char* name, const Bytes& bytes) { PutSeed("stream", name, bytes); };
+    const auto put = [](const char* name, const CByteArray& bytes) { PutSeed("stream", name, bytes); };
     put("every_vr", Part10(kMeta + EveryVr()));
     put("every_vr_implicit", Part10(kImplicitMeta + InSyntax(EveryVr(), SYNTAX_IMPLICIT_LITTLE)));
     put("every_vr_big", Part10(kBigMeta + InSyntax(EveryVr(), SYNTAX_EXPLICIT_BIG)));
     put("delimiter_with_vr", kSequence + kItem + Stream("FEFF DDE0 'SH' 0200 'AB'") + kItemEnd + kEnd);
     put("data_set", InSyntax(EveryVr(), SYNTAX_IMPLICIT_LITTLE));
     put("data_set_big", InSyntax(EveryVr(), SYNTAX_EXPLICIT_BIG));
-    put("magic_first", Stream("'DICM'") + kMeta + EveryVr());
+    put("magic_first", TextBytes("DICM") + kMeta + EveryVr());
     put("nested", Nested(6));
     put("nested_to_the_limit", Nested(64));
     put("items", kSequence + kItem + kText + kText + kItemEnd + Stream("FEFF 00E0 0A000000") + kText + kItem +

@@ -28,11 +28,6 @@ void PutSeed(const std::string& target, const std::string& name, const CByteArra
     Put(target, name, reinterpret_cast<const char*>(bytes.GetData()), static_cast<std::size_t>(bytes.GetSize()));
 }
 
-void PutSeed(const std::string& target, const std::string& name, const std::vector<BYTE>& bytes)
-{
-    Put(target, name, reinterpret_cast<const char*>(bytes.data()), bytes.size());
-}
-
 void PutSeed(const std::string& target, const std::string& name, const std::string& text)
 {
     Put(target, name, text.data(), text.size());

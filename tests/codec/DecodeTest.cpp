@@ -13,51 +13,51 @@ constexpr const char* kValues = "00080060 CS MR; 00101010 AS 042Y; 00189091 FD 1
                                 "00280009 AT 24 4195; 00281201 OW 258 772; 0040a160 UT text; 0048021e SL 65538; "
                                 "00640009 OF 0.5 -2; 00660129 OB 010203";
 
-const Bytes& Little()
+const CByteArray& Little()
 {
-    static const Bytes bytes = Stream("0800 6000 'CS' 0200 'MR'"                       // (0008,0060) CS, short form
-                                      "1000 1010 'AS' 0400 '042Y'"                     // (0010,1010) AS
-                                      "1800 9190 'FD' 0800 000000000000F83F"           // (0018,9091) FD 1.5
-                                      "1800 7394 'FL' 0400 000000C0"                   // (0018,9473) FL -2
-                                      "2800 0200 'US' 0200 0300"                       // (0028,0002) US 3
-                                      "2800 0900 'AT' 0400 1800 6310"                  // (0028,0009) AT (0018,1063)
-                                      "2800 0112 'OW' 0000 04000000 0201 0403"         // (0028,1201) OW, long form
-                                      "4000 60A1 'UT' 0000 04000000 'text'"            // (0040,A160) UT, long form
-                                      "4800 1E02 'SL' 0400 02000100"                   // (0048,021E) SL 65538
-                                      "6400 0900 'OF' 0000 08000000 0000003F 000000C0" // (0064,0009) OF 0.5 -2
-                                      "6600 2901 'OB' 0000 03000000 010203"); // (0066,0129) OB, odd as it stands
+    static const CByteArray bytes = Stream("0800 6000 'CS' 0200 'MR'"               // (0008,0060) CS, short form
+                                           "1000 1010 'AS' 0400 '042Y'"             // (0010,1010) AS
+                                           "1800 9190 'FD' 0800 000000000000F83F"   // (0018,9091) FD 1.5
+                                           "1800 7394 'FL' 0400 000000C0"           // (0018,9473) FL -2
+                                           "2800 0200 'US' 0200 0300"               // (0028,0002) US 3
+                                           "2800 0900 'AT' 0400 1800 6310"          // (0028,0009) AT (0018,1063)
+                                           "2800 0112 'OW' 0000 04000000 0201 0403" // (0028,1201) OW, long form
+                                           "4000 60A1 'UT' 0000 04000000 'text'"    // (0040,A160) UT, long form
+                                           "4800 1E02 'SL' 0400 02000100"           // (0048,021E) SL 65538
+                                           "6400 0900 'OF' 0000 08000000 0000003F 000000C0" // (0064,0009) OF 0.5 -2
+                                           "6600 2901 'OB' 0000 03000000 010203"); // (0066,0129) OB, odd as it stands
     return bytes;
 }
 
-const Bytes& Big()
+const CByteArray& Big()
 {
-    static const Bytes bytes = Stream("0008 0060 'CS' 0002 'MR'"               // text: header swapped, value not
-                                      "0010 1010 'AS' 0004 '042Y'"             //
-                                      "0018 9091 'FD' 0008 3FF8000000000000"   // eight bytes reversed
-                                      "0018 9473 'FL' 0004 C0000000"           // four bytes reversed
-                                      "0028 0002 'US' 0002 0003"               // two bytes swapped
-                                      "0028 0009 'AT' 0004 0018 1063"          // two and two, not four
-                                      "0028 1201 'OW' 0000 00000004 0102 0304" // length reversed, words swapped
-                                      "0040 A160 'UT' 0000 00000004 'text'"    //
-                                      "0048 021E 'SL' 0004 00010002"           // four bytes reversed
-                                      "0064 0009 'OF' 0000 00000008 3F000000 C0000000" // four and four
-                                      "0066 0129 'OB' 0000 00000003 010203");          // bytes stay
+    static const CByteArray bytes = Stream("0008 0060 'CS' 0002 'MR'"               // text: header swapped, value not
+                                           "0010 1010 'AS' 0004 '042Y'"             //
+                                           "0018 9091 'FD' 0008 3FF8000000000000"   // eight bytes reversed
+                                           "0018 9473 'FL' 0004 C0000000"           // four bytes reversed
+                                           "0028 0002 'US' 0002 0003"               // two bytes swapped
+                                           "0028 0009 'AT' 0004 0018 1063"          // two and two, not four
+                                           "0028 1201 'OW' 0000 00000004 0102 0304" // length reversed, words swapped
+                                           "0040 A160 'UT' 0000 00000004 'text'"    //
+                                           "0048 021E 'SL' 0004 00010002"           // four bytes reversed
+                                           "0064 0009 'OF' 0000 00000008 3F000000 C0000000" // four and four
+                                           "0066 0129 'OB' 0000 00000003 010203");          // bytes stay
     return bytes;
 }
 
-const Bytes& Implicit()
+const CByteArray& Implicit()
 {
-    static const Bytes bytes = Stream("0800 6000 02000000 'MR'" // tag, 32-bit length, no VR
-                                      "1000 1010 04000000 '042Y'"
-                                      "1800 9190 08000000 000000000000F83F"
-                                      "1800 7394 04000000 000000C0"
-                                      "2800 0200 02000000 0300"
-                                      "2800 0900 04000000 1800 6310"
-                                      "2800 0112 04000000 0201 0403"
-                                      "4000 60A1 04000000 'text'"
-                                      "4800 1E02 04000000 02000100"
-                                      "6400 0900 08000000 0000003F 000000C0"
-                                      "6600 2901 03000000 010203");
+    static const CByteArray bytes = Stream("0800 6000 02000000 'MR'" // tag, 32-bit length, no VR
+                                           "1000 1010 04000000 '042Y'"
+                                           "1800 9190 08000000 000000000000F83F"
+                                           "1800 7394 04000000 000000C0"
+                                           "2800 0200 02000000 0300"
+                                           "2800 0900 04000000 1800 6310"
+                                           "2800 0112 04000000 0201 0403"
+                                           "4000 60A1 04000000 'text'"
+                                           "4800 1E02 04000000 02000100"
+                                           "6400 0900 08000000 0000003F 000000C0"
+                                           "6600 2901 03000000 010203");
     return bytes;
 }
 
@@ -69,13 +69,12 @@ std::pair<int, UINT> NoteOf(const SRead& read)
 }
 
 /// Meta information in explicit VR little endian that begins with its group length and names a syntax.
-Bytes Meta(const char* syntaxUid)
+CByteArray Meta(const char* syntaxUid)
 {
-    const std::string uid(syntaxUid);
-    Bytes named = Stream("0200 1000 'UI' 0000") + Bytes(uid.begin(), uid.end());
-    named.resize(named.size() + named.size() % 2);
-    named[6] = static_cast<BYTE>(named.size() - 8);
-    return Stream("0200 0000 'UL' 0400") + Bytes{static_cast<BYTE>(named.size()), 0, 0, 0} + named;
+    CByteArray uid = TextBytes(syntaxUid);
+    uid.SetSize(uid.GetSize() + uid.GetSize() % 2);
+    return Stream("0200 0000 'UL' 0400") + Bytes({uid.GetSize() + 8, 0, 0, 0}) + Stream("0200 1000 'UI'") +
+           Bytes({uid.GetSize(), 0}) + uid;
 }
 
 } // namespace
@@ -99,8 +98,8 @@ TEST(Decode, FindsTheSyntaxByTrialAndWritesItBackAsItWasRead)
 
 TEST(Decode, ElementsBeginBehindTheMagicWhereverItStands)
 {
-    const Bytes element = Stream("0800 6000 'CS' 0200 'MR'");
-    Bytes preamble(128, BYTE{0x20});
+    const CByteArray element = Stream("0800 6000 'CS' 0200 'MR'");
+    const CByteArray preamble = Repeated(0x20, 128);
     for (const char* magic : {"'DICM'", "'DiCm'"})
     {
         const SRead at128(preamble + Stream(magic) + element);
@@ -122,7 +121,7 @@ TEST(Decode, ElementsBeginBehindTheMagicWhereverItStands)
 
 TEST(Decode, SyntaxOfTheMetaGroupTakesOverAtItsEnd)
 {
-    const auto behindMeta = [](const char* uid, const Bytes& data)
+    const auto behindMeta = [](const char* uid, const CByteArray& data)
     {
         SRead read(Part10(Meta(uid) + data));
         EXPECT_EQ(read.Trials(), "4:2@138") << uid;
@@ -139,17 +138,15 @@ TEST(Decode, SyntaxOfTheMetaGroupTakesOverAtItsEnd)
 
 TEST(Decode, OnlyMetaInformationThatBeginsWithItsLengthSwitches)
 {
-    const Bytes bigUid = Stream("0200 1000 'UI' 1400 '1.2.840.10008.1.2.2' 00");
-    const Bytes littleUid = Stream("0200 1000 'UI' 1400 '1.2.840.10008.1.2.1' 00");
-    const Bytes unknownUid = Stream("0200 1000 'UI' 0400 '1.2' 00");
-    const Bytes version = Stream("0200 0100 'OB' 0000 02000000 0001");
-    const auto length = [](int bytes) {
-        return Stream("0200 0000 'UL' 0400") + Bytes{static_cast<BYTE>(bytes), 0, 0, 0};
-    };
+    const CByteArray bigUid = Stream("0200 1000 'UI' 1400 '1.2.840.10008.1.2.2' 00");
+    const CByteArray littleUid = Stream("0200 1000 'UI' 1400 '1.2.840.10008.1.2.1' 00");
+    const CByteArray unknownUid = Stream("0200 1000 'UI' 0400 '1.2' 00");
+    const CByteArray version = Stream("0200 0100 'OB' 0000 02000000 0001");
+    const auto length = [](int bytes) { return Stream("0200 0000 'UL' 0400") + Bytes({bytes, 0, 0, 0}); };
     const struct
     {
         const char* reason;
-        Bytes meta;
+        CByteArray meta;
         int elements;
         int syntax;
     } cases[] = {
@@ -183,7 +180,7 @@ TEST(Decode, LearnsPrivateTagsAndKeepsThemAfterASuccessfulRead)
 {
     CDcmRegistry& registry = CDcmRegistry::Global();
     // A failed read learns nothing: the unknown even tag (0008,FFF0) ends it.
-    const Bytes learned = Stream("0B00 1010 'LO' 0400 'priv'");
+    const CByteArray learned = Stream("0B00 1010 'LO' 0400 'priv'");
     EXPECT_EQ(Show(SRead(learned + Stream("0800 F0FF 'LO' 0000")).set), "");
     EXPECT_EQ(registry.LookUpTag(0x000B, 0x1010), nullptr);
 
@@ -202,30 +199,31 @@ TEST(Decode, LearnsPrivateTagsAndKeepsThemAfterASuccessfulRead)
 TEST(Decode, GathersTheElementsOfAllItemsInOneSet)
 {
     const std::string expected = "00081140 SQ {00080100 SH A; 00080104 LO one; 00080100 SH B}; 00100020 LO 7";
-    const Bytes after = Stream("1000 2000 'LO' 0200 '7 '");
+    const CByteArray after = Stream("1000 2000 'LO' 0200 '7 '");
     const auto withoutPad = [](std::string text) { return text.substr(0, text.find_last_not_of(' ') + 1); };
-    const Bytes undefined = Stream("0800 4011 'SQ' 0000 FFFFFFFF"
-                                   "FEFF 00E0 FFFFFFFF"         // item of undefined length
-                                   "0800 0001 'SH' 0100 'A'"    //
-                                   "0800 0401 'LO' 0300 'one'"  //
-                                   "FEFF 0DE0 00000000"         // item delimiter
-                                   "FEFF 00E0 09000000"         // item of defined length
-                                   "0800 0001 'SH' 0100 'B'"    //
-                                   "FEFF DDE0 00000000");       // sequence delimiter
-    const Bytes defined = Stream("0800 4011 'SQ' 0000 2D000000" // 8 + 9 + 11 + 8 + 9 bytes
-                                 "FEFF 00E0 14000000"           //
-                                 "0800 0001 'SH' 0100 'A'"      //
-                                 "0800 0401 'LO' 0300 'one'"    //
-                                 "FEFF 00E0 99999999"           // item lengths are never used
-                                 "0800 0001 'SH' 0100 'B'");
-    for (const Bytes& stream : {undefined, defined})
+    const CByteArray undefined = Stream("0800 4011 'SQ' 0000 FFFFFFFF"
+                                        "FEFF 00E0 FFFFFFFF"         // item of undefined length
+                                        "0800 0001 'SH' 0100 'A'"    //
+                                        "0800 0401 'LO' 0300 'one'"  //
+                                        "FEFF 0DE0 00000000"         // item delimiter
+                                        "FEFF 00E0 09000000"         // item of defined length
+                                        "0800 0001 'SH' 0100 'B'"    //
+                                        "FEFF DDE0 00000000");       // sequence delimiter
+    const CByteArray defined = Stream("0800 4011 'SQ' 0000 2D000000" // 8 + 9 + 11 + 8 + 9 bytes
+                                      "FEFF 00E0 14000000"           //
+                                      "0800 0001 'SH' 0100 'A'"      //
+                                      "0800 0401 'LO' 0300 'one'"    //
+                                      "FEFF 00E0 99999999"           // item lengths are never used
+                                      "0800 0001 'SH' 0100 'B'");
+    for (const CByteArray& stream : {undefined, defined})
     {
         const SRead read(stream + after);
         EXPECT_EQ(withoutPad(Show(read.set)), expected);
         EXPECT_EQ(NoteOf(read), std::pair(READ_ITEMS_GATHERED + 0, 2U));
     }
     // A sequence without delimiter takes the rest of the stream. Bytes behind its last element are told all the same.
-    const Bytes open(undefined.begin(), undefined.end() - 8);
+    CByteArray open = undefined;
+    open.SetSize(open.GetSize() - 8);
     EXPECT_EQ(SRead(open + after).set.GetCount(), 1);
     const SRead cut(Part10(open + Stream("010203")));
     ASSERT_EQ(cut.parser.Notes().size(), 2u);
@@ -251,11 +249,11 @@ TEST(Decode, SequenceEndsAreLookedAtBehindEachElement)
 TEST(Decode, ValuesReadFromAFileOutliveIt)
 {
     // Large values lie in the block that the file was read into, small ones do not.
-    Bytes stream = Stream("0800 6000 'CS' 0200 'MR' E07F 1000 'OW' 0000 00000200");
-    stream.resize(stream.size() + 0x20000, BYTE{0x5A});
+    CByteArray stream = Stream("0800 6000 'CS' 0200 'MR' E07F 1000 'OW' 0000 00000200");
+    stream.Append(Repeated(0x5A, 0x20000));
     {
         CFile file("values.dcm", CFile::modeCreate | CFile::modeWrite);
-        file.Write(stream.data(), static_cast<UINT>(stream.size()));
+        file.Write(stream.GetData(), static_cast<UINT>(stream.GetSize()));
     }
     CDcmElementSet set;
     {

@@ -60,20 +60,20 @@ TEST(Encode, LengthsOfTheShortFormAreCutTo16Bits)
 {
     CDcmElementSet set;
     AddText(set, 0x0008, 0x1030, std::string(70000, 'x').c_str());
-    const Bytes little = Written(set, SYNTAX_EXPLICIT_LITTLE);
-    EXPECT_EQ(little.size(), 70008u);
-    EXPECT_EQ(HexText(little.data(), 10), HexText(Stream("0800 3010 'LO' 7011 'xx'"))); // 4464
-    const Bytes implicit = Written(set, SYNTAX_IMPLICIT_LITTLE);
-    EXPECT_EQ(HexText(implicit.data(), 8), HexText(Stream("0800 3010 70110100")));
+    const CByteArray little = Written(set, SYNTAX_EXPLICIT_LITTLE);
+    EXPECT_EQ(little.GetSize(), 70008);
+    EXPECT_EQ(HexText(little.GetData(), 10), HexText(Stream("0800 3010 'LO' 7011 'xx'"))); // 4464
+    const CByteArray implicit = Written(set, SYNTAX_IMPLICIT_LITTLE);
+    EXPECT_EQ(HexText(implicit.GetData(), 8), HexText(Stream("0800 3010 70110100")));
 }
 
 TEST(Encode, GroupLengthsAreRemovedAndMadeAnew)
 {
-    const Bytes stream = Stream("0800 0000 'UL' 0400 99000000"   // wrong, and remade
-                                "0800 1600 'UI' 0400 '1.2' 00"   // 12 bytes
-                                "0800 6000 'CS' 0200 'MR'"       // 10 bytes
-                                "0900 1000 'LO' 0200 'PC'"       // 10 bytes
-                                "1000 0000 'UL' 0400 99000000"); // of a group that holds nothing else
+    const CByteArray stream = Stream("0800 0000 'UL' 0400 99000000"   // wrong, and remade
+                                     "0800 1600 'UI' 0400 '1.2' 00"   // 12 bytes
+                                     "0800 6000 'CS' 0200 'MR'"       // 10 bytes
+                                     "0900 1000 'LO' 0200 'PC'"       // 10 bytes
+                                     "1000 0000 'UL' 0400 99000000"); // of a group that holds nothing else
     SRead off(stream);
     EXPECT_EQ(WrittenText(off.set, SYNTAX_EXPLICIT_LITTLE),
               HexText(Stream("0800 1600 'UI' 0400 '1.2' 00 0800 6000 'CS' 0200 'MR' 0900 1000 'LO' 0200 'PC'")));
@@ -124,8 +124,8 @@ TEST(Encode, EachNestedElementIsAnItemOfItsOwn)
     EXPECT_EQ(WrittenText(set, SYNTAX_EXPLICIT_LITTLE), HexText(Stream("0800 4011 'SQ' 0000 00000000")));
     // Item lengths of more than 16 bits keep their halves in that order, too.
     AddText(items, 0x0040, 0xA160, std::string(0x12344, 'x').c_str());
-    const Bytes written = Written(set, SYNTAX_EXPLICIT_BIG);
-    EXPECT_EQ(HexText(written.data(), 20), // the item holds 0x12344 + 12 bytes
+    const CByteArray written = Written(set, SYNTAX_EXPLICIT_BIG);
+    EXPECT_EQ(HexText(written.GetData(), 20), // the item holds 0x12344 + 12 bytes
               HexText(Stream("0008 1140 'SQ' 0000 00012360 FFFE E000 2350 0001")));
 }
 

@@ -5,18 +5,21 @@
 namespace
 {
 
-const Bytes kOpenOb = Stream("E07F 1000 'OB' 0000 FFFFFFFF");
-const Bytes kEnd = Stream("FEFF DDE0 00000000");
+const CByteArray kOpenOb = Stream("E07F 1000 'OB' 0000 FFFFFFFF");
+const CByteArray kEnd = Stream("FEFF DDE0 00000000");
 
-Bytes Item(const Bytes& content)
+CByteArray Item(const CByteArray& content)
 {
-    Bytes item = Stream("FEFF 00E0 00000000");
-    item[4] = static_cast<BYTE>(content.size());
-    return item + content;
+    return Stream("FEFF 00E0") + Bytes({content.GetSize(), 0, 0, 0}) + content;
+}
+
+CByteArray Item(std::initializer_list<int> content)
+{
+    return Item(Bytes(content));
 }
 
 /// What is read of a stream, once it was written again as the other.
-std::string Through(const Bytes& stream, const Bytes& written)
+std::string Through(const CByteArray& stream, const CByteArray& written)
 {
     SRead read(stream);
     const int syntax = read.parser.OutputSyntax();
@@ -45,7 +48,7 @@ TEST(PixelData, ValueOfDefinedLengthIsOneFrame)
 
 TEST(PixelData, FragmentsWithoutOffsetTableAreFrames)
 {
-    const Bytes stream = kOpenOb + Item({}) + Item({1, 2}) + Item({3, 4, 5, 6}) + Item({}) + kEnd;
+    const CByteArray stream = kOpenOb + Item({}) + Item({1, 2}) + Item({3, 4, 5, 6}) + Item({}) + kEnd;
     EXPECT_EQ(Through(stream, stream), "7fe00010 OB 0:0102 1:03040506 2:");
     // A lone delimiter in place of the table: no frames, and nothing to write but an empty value.
     EXPECT_EQ(Through(kOpenOb + kEnd, Stream("E07F 1000 'OB' 0000 00000000")), "7fe00010 OB");
@@ -53,16 +56,16 @@ TEST(PixelData, FragmentsWithoutOffsetTableAreFrames)
     EXPECT_EQ(Through(kOpenOb + Item({}) + Item({1, 2, 3, 4}) + kEnd, Stream("E07F 1000 'OB' 0000 04000000 01020304")),
               "7fe00010 OB 0:01020304");
     // Big endian: the table's entries stay little endian, fragments of words are swapped.
-    const Bytes words = Stream("7FE0 0010 'OW' 0000 FFFFFFFF FFFE E000 00000004 00000000 FFFE E000 00000002 0201"
-                               "FFFE E000 00000004 04030605 FFFE E0DD 00000000");
+    const CByteArray words = Stream("7FE0 0010 'OW' 0000 FFFFFFFF FFFE E000 00000004 00000000 FFFE E000 00000002 0201"
+                                    "FFFE E000 00000004 04030605 FFFE E0DD 00000000");
     EXPECT_EQ(Through(words, words), "7fe00010 OW 0:0102 1:03040506");
 }
 
 TEST(PixelData, FragmentIsStoredBeforeTheFrameNumberMovesOn)
 {
     // Two frames of two fragments: offsets 0 and 20. Each frame's second fragment goes to the next number.
-    const Bytes table = Stream("00000000 14000000");
-    const Bytes stream = kOpenOb + Item(table) + Item({1, 2}) + Item({3, 4}) + Item({5, 6}) + Item({7, 8}) + kEnd;
+    const CByteArray table = Stream("00000000 14000000");
+    const CByteArray stream = kOpenOb + Item(table) + Item({1, 2}) + Item({3, 4}) + Item({5, 6}) + Item({7, 8}) + kEnd;
     // The fragments are remembered, so the offsets still hold when the frames are written.
     EXPECT_EQ(Through(stream, stream), "7fe00010 OB 0:0102 1:03040506 2:0708");
     // An offset where no fragment begins keeps all that follows in one frame; so does a table that is used up. A table
@@ -77,7 +80,7 @@ TEST(PixelData, FragmentIsStoredBeforeTheFrameNumberMovesOn)
 
 TEST(PixelData, OffsetTableThatNoLongerFitsIsWrittenEmpty)
 {
-    const Bytes stream = kOpenOb + Item(Stream("00000000 0A000000")) + Item({1, 2}) + Item({3, 4}) + kEnd;
+    const CByteArray stream = kOpenOb + Item(Stream("00000000 0A000000")) + Item({1, 2}) + Item({3, 4}) + kEnd;
     SRead read(stream);
     CDcmFrameList& frames = *read.set.GetAt(0)->Frames();
     CByteArray& first = frames.GetFrame(0)->Array();

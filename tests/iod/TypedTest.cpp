@@ -86,6 +86,28 @@ TEST(TypedIod, UpdatesAStoreThatIsOutOfOrderOrRepeatsATag)
     }
 }
 
+TEST(TypedIod, EntityIsAttachedEmptiedAndRemovedAsOne)
+{
+    CDcmCompositeIEIOD iod;
+    auto& patient = iod.Entity<CDcmCompositeIE::composite_patient_ie>();
+    const std::string names = ModuleNames(iod);
+    const std::string own = "CDcmPatientModule CDcmClinicalTrialSubjectModule ";
+    const std::size_t place = names.find(own);
+    ASSERT_NE(place, std::string::npos);
+    iod.Module<CDcmPatientModule>().PatientName("N");
+    iod.UpdateIod(true);
+    patient.EmptyIE();
+    EXPECT_TRUE(iod.Module<CDcmPatientModule>().PatientName().IsEmpty());
+    EXPECT_EQ(iod.GetCount(), 1);
+    patient.RemoveIE();
+    EXPECT_EQ(iod.GetCount(), 0);
+    // Detached and attached again it comes last.
+    patient.DetachIE();
+    EXPECT_EQ(ModuleNames(iod), std::string(names).erase(place, own.size()));
+    patient.AttachIE();
+    EXPECT_EQ(ModuleNames(iod), std::string(names).erase(place, own.size()) + own);
+}
+
 TEST(TypedIod, IsMadeOfAGenericObject)
 {
     CDcmCompositeIOD generic;

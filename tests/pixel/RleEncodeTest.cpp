@@ -20,13 +20,13 @@ std::vector<int> Segment(const CByteArray& bytes)
     return {encoded.begin() + kRleHeader, encoded.end() - 2};
 }
 
-using Stream = std::vector<int>;
+using Row = std::vector<int>;
 
 } // namespace
 
 TEST(RleEncode, RunsAndLiteralsFollowEachOther)
 {
-    const std::pair<CByteArray, Stream> cases[] = {
+    const std::pair<CByteArray, Row> cases[] = {
         {{}, {}},
         {Bytes({5, 5, 5}), {0xFE, 5}},
         {Bytes({1, 2, 3}), {2, 1, 2, 3}},
@@ -54,7 +54,7 @@ TEST(RleEncode, LiteralsEndAt128Bytes)
 {
     const auto literal = [](const CByteArray& bytes) { return Numbers(Join({Bytes({bytes.GetSize() - 1}), bytes})); };
     EXPECT_EQ(Segment(Counting(1, 128)), literal(Counting(1, 128)));
-    Stream expected = literal(Counting(1, 128));
+    Row expected = literal(Counting(1, 128));
     expected.insert(expected.end(), {1, 129, 130});
     EXPECT_EQ(Segment(Counting(1, 130)), expected);
 

@@ -1,20 +1,17 @@
-/// What the sample tests share: the files, and element sets told line by line.
+/// What the sample tests share: the files, and element sets line by line.
 #pragma once
 
-#include "Varnotix/element/DcmFrameList.h"
+#include "StreamBytes.h"
 #include "Varnotix/iod/DcmIOD.h"
-#include "Varnotix/platform/File.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <map>
 #include <set>
 #include <string>
-#include <string_view>
 
 /// The folder of sample files; empty when there is none.
 inline std::string SampleFolder()
@@ -73,44 +70,6 @@ inline void ForEachSample(const std::function<void(CDcmIOD&, const std::string&)
     }
 }
 
-/// Number and hash of bytes; nothing for none.
-inline std::string Digest(const void* bytes, std::size_t size)
-{
-    const std::size_t hash = std::hash<std::string_view>()({static_cast<const char*>(bytes), size});
-    return size > 0 ? Text("%u:%08x ", static_cast<unsigned>(size), static_cast<unsigned>(hash)) : "";
-}
-
-/// The value of an element in a form that tells any difference: texts as they are, everything else as a hash of its
-/// typed values or frames.
-inline std::string ValueText(const CDcmElement& element)
-{
-    if (element.Texts() != nullptr)
-    {
-        // A UID equals its padded form, here as in the library.
-        return std::string(element.HasVr(VR_UI) ? element.JoinedText().CText() : element.JoinedText().View());
-    }
-    const CDcmFrameList* frames = element.Frames();
-    std::string text;
-    for (int i = 0; frames != nullptr && i < frames->GetCount(); ++i)
-    {
-        const CDcmFrame& frame = *frames->GetFrame(i);
-        text += std::to_string(frame.Number()) + ":" + Digest(frame.Data(), frame.Size());
-    }
-    const auto add = [&](const auto* values)
-    {
-        if (values != nullptr)
-        {
-            text += Digest(values->GetData(), static_cast<std::size_t>(values->GetSize()) * sizeof(*values->GetData()));
-        }
-    };
-    add(element.Words());
-    add(element.Integers());
-    add(element.Floats());
-    add(element.Doubles());
-    add(frames == nullptr ? element.Bytes() : nullptr);
-    return text + (element.HasVr(VR_UN) ? Digest(element.RawBytes().Data(), element.RawBytes().Size()) : "");
-}
-
 /// Every element at every depth: its path, as "00081140/00081155#2" for the third of that tag among the gathered
 /// items, and its VR and value.
 using Lines = std::map<std::string, std::string>;
@@ -126,7 +85,10 @@ inline void AddLines(const CDcmElementSet& set, const std::string& path, Lines& 
         {
             place += Text("#%d", before);
         }
-        lines[place] = std::string(VrText(element.Vr())) + " " + ValueText(element);
+        // Long values as their hash, which shows any difference as well.
+        const std::string value = ShowValue(element);
+        lines[place] = std::string(VrText(element.Vr())) + " " +
+                       (value.size() < 100 ? value : std::to_string(std::hash<std::string>()(value)));
         if (const CDcmElementSet* items = element.Items())
         {
             AddLines(*items, place + "/", lines);

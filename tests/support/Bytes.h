@@ -1,9 +1,12 @@
-// Byte arrays written out in tests.
+// Byte arrays written out in tests, and shown.
 #pragma once
 
 #include "Varnotix/platform/Arrays.h"
 
+#include <cctype>
+#include <cstdio>
 #include <initializer_list>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,13 +21,6 @@ inline CByteArray Bytes(std::initializer_list<int> values)
     return bytes;
 }
 
-inline CByteArray Bytes(const std::vector<BYTE>& values)
-{
-    CByteArray bytes;
-    bytes.Assign(values.data(), static_cast<int>(values.size()));
-    return bytes;
-}
-
 /// The characters of a text, zero bytes included.
 inline CByteArray TextBytes(std::string_view text)
 {
@@ -33,11 +29,33 @@ inline CByteArray TextBytes(std::string_view text)
     return bytes;
 }
 
-inline CByteArray Zeros(int count)
+/// Bytes from text: pairs of hexadecimal digits, and 'quoted' characters that represent themselves. Blanks between them
+/// are ignored: Stream("08 00 60 00 'CS' 02 00 'MR'").
+inline CByteArray Stream(std::string_view text)
 {
+    const auto nibble = [](char digit) { return std::isdigit(digit) ? digit - '0' : std::toupper(digit) - 'A' + 10; };
     CByteArray bytes;
-    bytes.SetSize(count);
+    for (std::size_t i = 0; i < text.size(); ++i)
+    {
+        if (text[i] == '\'')
+        {
+            const std::size_t end = text.find('\'', i + 1);
+            bytes.Append(TextBytes(text.substr(i + 1, end - i - 1)));
+            i = end;
+        }
+        else if (text[i] != ' ')
+        {
+            bytes.Add(static_cast<BYTE>(nibble(text[i]) * 16 + nibble(text[i + 1])));
+            ++i;
+        }
+    }
     return bytes;
+}
+
+inline CByteArray operator+(CByteArray left, const CByteArray& right)
+{
+    left.Append(right);
+    return left;
 }
 
 /// The bytes as many times as asked for.
@@ -56,7 +74,12 @@ inline CByteArray Repeated(int byte, int count)
     return Repeated(Bytes({byte}), count);
 }
 
-/// All parts, one behind the other.
+inline CByteArray Zeros(int count)
+{
+    return Repeated(0, count);
+}
+
+/// All parts, one after the other.
 inline CByteArray Join(std::initializer_list<CByteArray> parts)
 {
     CByteArray joined;
@@ -71,4 +94,22 @@ inline CByteArray Join(std::initializer_list<CByteArray> parts)
 inline std::vector<int> Numbers(const CByteArray& bytes)
 {
     return {bytes.begin(), bytes.end()};
+}
+
+/// The same for streams: their hexadecimal text.
+inline std::string HexText(const BYTE* bytes, std::size_t size)
+{
+    std::string text;
+    char digits[3];
+    for (std::size_t i = 0; i < size; ++i)
+    {
+        std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned>(bytes[i]));
+        text += digits;
+    }
+    return text;
+}
+
+inline std::string HexText(const CByteArray& bytes)
+{
+    return HexText(bytes.GetData(), static_cast<std::size_t>(bytes.GetSize()));
 }

@@ -1,108 +1,53 @@
-/// What the codec tests share: streams written out by hand, and element sets told as text.
+/// Streams as the codec reads and writes them, and element sets as text.
 #pragma once
 
+#include "Bytes.h"
 #include "Varnotix/codec/DcmParser.h"
 #include "Varnotix/element/DcmFrameList.h"
 #include "Varnotix/platform/Archive.h"
 #include "Varnotix/platform/MemFile.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cstdio>
-#include <string>
-#include <string_view>
-#include <vector>
 
-using Bytes = std::vector<BYTE>;
-
-/// Bytes from text: pairs of hexadecimal digits, and 'quoted' characters that stand for themselves. Blanks between
-/// them are ignored: Stream("08 00 60 00 'CS' 02 00 'MR'").
-inline Bytes Stream(std::string_view text)
+/// A preamble of zero bytes and the prefix.
+inline CByteArray Part10(const CByteArray& elements)
 {
-    const auto nibble = [](char digit) { return std::isdigit(digit) ? digit - '0' : std::toupper(digit) - 'A' + 10; };
-    Bytes bytes;
-    for (std::size_t i = 0; i < text.size(); ++i)
-    {
-        if (text[i] == '\'')
-        {
-            for (++i; text[i] != '\''; ++i)
-            {
-                bytes.push_back(static_cast<BYTE>(text[i]));
-            }
-        }
-        else if (text[i] != ' ')
-        {
-            bytes.push_back(static_cast<BYTE>(nibble(text[i]) * 16 + nibble(text[i + 1])));
-            ++i;
-        }
-    }
-    return bytes;
+    return Zeros(128) + TextBytes("DICM") + elements;
 }
 
-inline Bytes operator+(Bytes left, const Bytes& right)
-{
-    left.insert(left.end(), right.begin(), right.end());
-    return left;
-}
-
-inline std::string HexText(const BYTE* bytes, std::size_t size)
+/// The trials as "syntax:fault@offset", a blank between them.
+inline std::string TrialsText(const std::vector<SReadTrial>& trials)
 {
     std::string text;
-    char digits[3];
-    for (std::size_t i = 0; i < size; ++i)
+    for (const SReadTrial& trial : trials)
     {
-        std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned>(bytes[i]));
-        text += digits;
+        text += (text.empty() ? "" : " ") + std::to_string(trial.syntax) + ":" + std::to_string(trial.fault) + "@" +
+                std::to_string(trial.offset);
     }
     return text;
-}
-
-/// The hexadecimal text of bytes, so that a difference shows in a failed comparison.
-inline std::string HexText(const Bytes& bytes)
-{
-    return HexText(bytes.data(), bytes.size());
-}
-
-inline std::string HexText(const CByteArray& bytes)
-{
-    return HexText(bytes.GetData(), static_cast<std::size_t>(bytes.GetSize()));
-}
-
-/// A preamble of zero bytes and the magic.
-inline Bytes Part10(const Bytes& elements)
-{
-    return Bytes(128, BYTE{0}) + Stream("'DICM'") + elements;
 }
 
 /// One read of a stream, with everything that it gave.
 struct SRead
 {
-    explicit SRead(const Bytes& stream)
+    explicit SRead(const CByteArray& stream) { Again(stream); }
+
+    void Again(const CByteArray& stream)
     {
         CMemFile file;
-        file.Attach(stream.data(), static_cast<UINT>(stream.size()));
+        file.Attach(stream.GetData(), static_cast<UINT>(stream.GetSize()));
         CArchive archive(&file, CArchive::load);
         parser.SerializeSet(archive, set);
     }
 
-    /// The trials as "syntax:fault@offset", a blank between them.
-    std::string Trials() const
-    {
-        std::string text;
-        for (const SReadTrial& trial : parser.Trials())
-        {
-            text += (text.empty() ? "" : " ") + std::to_string(trial.syntax) + ":" + std::to_string(trial.fault) + "@" +
-                    std::to_string(trial.offset);
-        }
-        return text;
-    }
+    std::string Trials() const { return TrialsText(parser.Trials()); }
 
     CDcmParser parser;
     CDcmElementSet set;
 };
 
 /// The bytes that a set is written as.
-inline Bytes Written(CDcmElementSet& set, int syntax, bool groupLengths = false)
+inline CByteArray Written(CDcmElementSet& set, int syntax, bool groupLengths = false)
 {
     CMemFile file;
     CArchive archive(&file, CArchive::store);
@@ -113,50 +58,57 @@ inline Bytes Written(CDcmElementSet& set, int syntax, bool groupLengths = false)
     archive.Close();
     CByteArray bytes;
     file.DetachTo(bytes);
-    return Bytes(bytes.begin(), bytes.end());
+    return bytes;
 }
 
-/// Every element of a set as "ggggeeee VR value", with "; " between them: texts joined by backslashes (a zero byte is
-/// shown as ~), numbers, bytes and frames in hexadecimal, items in braces.
+/// The value of an element: texts joined by backslashes (a zero byte is shown as ~, except the one that pads a UID),
+/// numbers, and in hexadecimal bytes and frames.
+inline std::string ShowValue(const CDcmElement& element)
+{
+    if (element.Texts() != nullptr)
+    {
+        std::string text(element.HasVr(VR_UI) ? element.JoinedText().CText() : element.JoinedText().View());
+        std::replace(text.begin(), text.end(), '\0', '~');
+        return text;
+    }
+    std::string value;
+    const auto addNumbers = [&value](const auto* numbers)
+    {
+        for (int place = 0; numbers != nullptr && place < numbers->GetSize(); ++place)
+        {
+            CString number;
+            number.Format(place > 0 ? " %.17g" : "%.17g", static_cast<double>((*numbers)[place]));
+            value += number.View();
+        }
+    };
+    addNumbers(element.Words());
+    addNumbers(element.Integers());
+    addNumbers(element.Floats());
+    addNumbers(element.Doubles());
+    const CDcmFrameList* frames = element.Frames();
+    for (int number = 0; frames != nullptr && number < frames->GetCount(); ++number)
+    {
+        const CDcmFrame& frame = *frames->GetFrame(number);
+        value += (number > 0 ? " " : "") + std::to_string(frame.Number()) + ":" + HexText(frame.Data(), frame.Size());
+    }
+    if (frames == nullptr && element.HasVr(VR_UN))
+    {
+        return HexText(element.RawBytes().Data(), element.RawBytes().Size());
+    }
+    return value + (frames == nullptr && element.Bytes() != nullptr ? HexText(*element.Bytes()) : "");
+}
+
+/// Every element of a set as "ggggeeee VR value", with "; " between them; items are in braces.
 inline std::string Show(const CDcmElementSet& set)
 {
     std::string text;
     for (int i = 0; i < set.GetCount(); ++i)
     {
         const CDcmElement& element = *set.GetAt(i);
-        text += i > 0 ? "; " : "";
-        text += std::string(element.GroupText()) + std::string(element.ElementText()) + " " + VrText(element.Vr());
-        std::string value(element.Texts() != nullptr ? element.JoinedText().View() : "");
-        std::replace(value.begin(), value.end(), '\0', '~');
-        const auto addNumbers = [&value](const auto* numbers)
-        {
-            for (int place = 0; numbers != nullptr && place < numbers->GetSize(); ++place)
-            {
-                CString number;
-                number.Format(place > 0 ? " %g" : "%g", static_cast<double>((*numbers)[place]));
-                value += number.View();
-            }
-        };
-        addNumbers(element.Words());
-        addNumbers(element.Integers());
-        addNumbers(element.Floats());
-        addNumbers(element.Doubles());
-        const CDcmFrameList* frames = element.Frames();
-        for (int number = 0; frames != nullptr && number < frames->GetCount(); ++number)
-        {
-            const CDcmFrame& frame = *frames->GetFrame(number);
-            value +=
-                (number > 0 ? " " : "") + std::to_string(frame.Number()) + ":" + HexText(frame.Data(), frame.Size());
-        }
-        if (const CDcmElementSet* items = element.Items())
-        {
-            value = "{" + Show(*items) + "}";
-        }
-        else if (const CByteArray* bytes = element.Bytes(); bytes != nullptr && frames == nullptr)
-        {
-            value += HexText(*bytes);
-        }
-        text += value.empty() ? "" : " " + value;
+        const CDcmElementSet* items = element.Items();
+        const std::string value = items != nullptr ? "{" + Show(*items) + "}" : ShowValue(element);
+        text += (i > 0 ? "; " : "") + std::string(element.GroupText()) + std::string(element.ElementText()) + " " +
+                VrText(element.Vr()) + (value.empty() ? "" : " " + value);
     }
     return text;
 }

@@ -244,6 +244,28 @@ TEST_F(PictureTest, RunLengthEncodedFramesAreDrawnWholeToTheirLastByte)
               (Bytes{255, 255, 255, 0, 0, 0}));
 }
 
+TEST_F(PictureTest, RunLengthEncodedSamplesLookAsAnotherToolDecodesThem)
+{
+    const char* folder = std::getenv("VARNOTIX_SAMPLES");
+    if (folder == nullptr || std::system("which dcmdrle >which.txt 2>&1") != 0)
+    {
+        GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder, or dcmdrle is not installed";
+    }
+    for (const char* name : {"MR_small_RLE", "CT0012.bot_rle", "SC_rgb_rle", "SC_rgb_rle_2frame"})
+    {
+        const std::string sample = "\"" + (std::filesystem::path(folder) / name).string() + ".dcm\"";
+        ASSERT_EQ(std::system(("dcmdrle " + sample + " decoded.dcm").c_str()), 0) << name;
+        Expect(0, "frames -q --png -o mine " + sample);
+        Expect(0, "frames -q --png -o theirs decoded.dcm");
+        for (const auto& picture : std::filesystem::directory_iterator("mine"))
+        {
+            const std::string file = picture.path().filename().string();
+            EXPECT_EQ(Read("mine/" + file), Read("theirs/" + file)) << name << ' ' << file;
+        }
+        EXPECT_NE(Read("theirs/frame-0001.png"), "");
+    }
+}
+
 TEST_F(PictureTest, WhatCannotBeDrawnIsRefusedWithTheReason)
 {
     const std::string frame = RleFrame({"abcd"});
