@@ -44,7 +44,7 @@ bool FindSources(const CString& pattern, CStringArray& names)
 
 } // namespace
 
-const char* ScriptSourceText(int state)
+const char* ScriptSourceText(EScriptSource state)
 {
     static constexpr const char* kTexts[] = {
         "taken",
@@ -96,7 +96,7 @@ void CScriptFrames::Take(const CString& name)
     m_sources.push_back({name, SCRIPT_SOURCE_NOT_OPENED, 0});
     const int before = m_frames.GetCount();
     const CString ending = name.Right(4);
-    int state = SCRIPT_SOURCE_OTHER_KIND;
+    EScriptSource state = SCRIPT_SOURCE_OTHER_KIND;
     if (ending.CompareNoCase(".jpg") == 0)
     {
         state = TakePicture(name);
@@ -109,7 +109,7 @@ void CScriptFrames::Take(const CString& name)
     m_sources.back().frames = m_frames.GetCount() - before;
 }
 
-int CScriptFrames::TakePicture(const CString& name)
+EScriptSource CScriptFrames::TakePicture(const CString& name)
 {
     if (!IsAscii(name))
     {
@@ -131,7 +131,7 @@ int CScriptFrames::TakePicture(const CString& name)
     return SCRIPT_SOURCE_TAKEN;
 }
 
-int CScriptFrames::TakeObject(const CString& name)
+EScriptSource CScriptFrames::TakeObject(const CString& name)
 {
     CDcmCompositeIOD object;
     ReadObject(name, object);

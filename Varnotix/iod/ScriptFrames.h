@@ -34,8 +34,8 @@ public:
 
 private:
     void Take(const CString& name);
-    int TakePicture(const CString& name);
-    int TakeObject(const CString& name);
+    EScriptSource TakePicture(const CString& name);
+    EScriptSource TakeObject(const CString& name);
 
     std::vector<SScriptSource>& m_sources;
     CDcmFrameList m_frames;
