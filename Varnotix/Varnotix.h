@@ -3,6 +3,7 @@
 
 #include "Varnotix/Version.h"
 #include "Varnotix/asl/AslLine.h"
+#include "Varnotix/asl/AslReader.h"
 #include "Varnotix/asl/AslWriter.h"
 #include "Varnotix/asl/ScriptNote.h"
 #include "Varnotix/catalogue/Catalogue.h"

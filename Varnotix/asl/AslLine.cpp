@@ -51,6 +51,7 @@ SAslElement SplitAslElement(std::string_view line)
     {
         *field = TrimBlanks(TakeField(line));
     }
+    parts.tail = line;
     const std::size_t open = line.find('[');
     if (open == std::string_view::npos)
     {

@@ -15,14 +15,15 @@ VARNOTIX_EXPORT bool EqualNoCase(std::string_view left, std::string_view right);
 struct SAslCommand
 {
     std::string_view keyword;  ///< Before the first "=", trimmed.
-    std::string_view argument; ///< Behind it, up to the first line break, trimmed.
+    std::string_view argument; ///< After it, up to the first line break, trimmed.
 };
 
+/// Splits a command line at its first "=".
 /// @param line a trimmed line that begins with "#".
 VARNOTIX_EXPORT SAslCommand SplitAslCommand(std::string_view line);
 
-/// A line that stands for an element: group,element,VR,multiplicity,name,[values]. The fields are trimmed; those that
-/// the line lacks are empty.
+/// A line that describes an element: group,element,VR,multiplicity,name,[values]. The first five fields are trimmed;
+/// those that the line lacks are empty.
 struct SAslElement
 {
     std::string_view group;
@@ -30,14 +31,15 @@ struct SAslElement
     std::string_view vr;
     std::string_view multiplicity;
     std::string_view name;
-    std::string_view values; ///< Between "[" and the next "]", or the end of the line; not trimmed.
+    std::string_view tail;   ///< Everything after the comma that ends the name; not trimmed.
+    std::string_view values; ///< Of that, the part between "[" and the next "]", or the end of the line; not trimmed.
     bool isListClosed;       ///< A "]" follows the values, or there is no list.
-    bool isTextOutside;      ///< Behind the name stands more than the list and white space.
+    bool isTextOutside;      ///< The tail holds more than the list and white space.
 };
 
 /// Splits a line at its first five commas and at the brackets of the value list.
 VARNOTIX_EXPORT SAslElement SplitAslElement(std::string_view line);
 
-/// Takes the next text from a value list. A comma ends each text; behind the last one it may be missing.
-/// @return false when the list is used up.
+/// Takes the next text from a value list. A comma ends each text; after the last one it may be missing.
+/// @return false at the end of the list; the text is then left alone.
 VARNOTIX_EXPORT bool NextAslValue(std::string_view& values, std::string_view& text);

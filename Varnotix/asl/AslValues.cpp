@@ -10,7 +10,7 @@
 namespace
 {
 
-/// One line's way of telling what it met.
+/// Adds notes for one line.
 struct SLineNotes
 {
     CScriptNotes& notes;
@@ -38,7 +38,7 @@ bool FitsWord(DWORD value)
     return value <= 0xFFFFU || value >= 0xFFFF8000U;
 }
 
-/// The element's value of a text: the float's bits in the low half of the double.
+/// The double whose low half holds the float's bits and whose high half is zero: what scripts have for FD.
 double DoubleOfFloatBits(float value)
 {
     return std::bit_cast<double>(std::uint64_t{std::bit_cast<std::uint32_t>(value)});
@@ -48,7 +48,7 @@ template <class ARRAY, class CONVERT>
 ARRAY Convert(std::string_view values, const CONVERT& convert)
 {
     ARRAY converted;
-    // A text takes many times the room of its comma, so none is taken for more than there are.
+    // A value takes many times the memory of its comma, so the array is sized exactly.
     converted.Reserve(static_cast<int>(std::count(values.begin(), values.end(), ',')) + 1);
     for (std::string_view text; NextAslValue(values, text);)
     {
@@ -57,7 +57,7 @@ ARRAY Convert(std::string_view values, const CONVERT& convert)
     return converted;
 }
 
-/// Hands the values over: several as an array, a single one as such.
+/// Stores several values as an array, a single one by itself.
 template <class ARRAY, class ADD, class SET>
 void Store(const ARRAY& values, const SLineNotes& notes, const ADD& add, const SET& set)
 {
@@ -75,7 +75,7 @@ void StoreTexts(CDcmElement& element, std::string_view values, const SLineNotes&
         texts, notes, [&](const CString& text) { return element.AddText(text) || text.IsEmpty(); },
         [&](const CStringArray&)
         {
-            // A list is taken as it stands: the setter would keep one text of many under a multiplicity of 1.
+            // A list is stored unchanged: the setter would keep one text of many under a multiplicity of 1.
             CStringArray* mine = element.Texts();
             if (mine != nullptr)
             {

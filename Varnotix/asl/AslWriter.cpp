@@ -20,7 +20,7 @@ void AppendNumber(std::string& line, int number)
     line.append(text, std::to_chars(std::begin(text), std::end(text), number).ptr);
 }
 
-/// Six digits behind the point, in every locale.
+/// Six digits after the point, in every locale.
 void AppendNumber(std::string& line, double number)
 {
     // The longest float of 64 bits has 309 digits before the point.
@@ -108,7 +108,7 @@ bool AppendValues(std::string& line, const CDcmElement& element)
         AppendNumbers<int>(line, element.Words());
         return true;
     case EVrKind::Integers:
-        // Unsigned values are written as signed ones: documents have always read so.
+        // UL is printed signed, for compatibility.
         AppendNumbers<int>(line, element.Integers());
         return true;
     case EVrKind::Floats:
@@ -203,6 +203,6 @@ void WriteAslFile(const CString& path, const CStringArray& lines)
     }
     catch (const CFileException&)
     {
-        // A caller learns of it by looking for the file.
+        // The contract is silent; callers can check the file.
     }
 }

@@ -10,7 +10,7 @@
 namespace
 {
 
-/// Further digits do not change that a number is too large for 32 bits.
+/// Where counting stops: further digits cannot bring the number back into 32 bits.
 constexpr std::uint64_t kTooLarge = std::uint64_t{1} << 33U;
 
 bool IsDigit(char character)
@@ -30,7 +30,7 @@ bool TakeSign(std::string_view& text)
     return minus;
 }
 
-/// Takes digits from the beginning; the number ends at kTooLarge.
+/// Takes digits from the beginning; the number saturates at kTooLarge.
 std::uint64_t TakeDigits(std::string_view& text)
 {
     std::uint64_t number = 0;
@@ -61,7 +61,8 @@ SInteger TakeInteger(std::string_view text)
     return number;
 }
 
-/// True when a decimal number without sign, which a float cannot hold, is too small and not too large for it.
+/// Tells a decimal number too small for a float from one too large for it. The number has no sign and is one of the
+/// two.
 bool IsTiny(std::string_view number)
 {
     const std::size_t exponentMark = number.find_first_of("eE");
@@ -76,7 +77,8 @@ bool IsTiny(std::string_view number)
     }
     const std::int64_t point = static_cast<std::int64_t>(std::min(mantissa.find('.'), mantissa.size()));
     const std::int64_t first = static_cast<std::int64_t>(mantissa.find_first_of("123456789"));
-    // The power of ten of the first digit that counts, but for one; floats end far from zero on both sides.
+    // One more than the power of ten of the first digit that is not 0; being off by one does not matter at the ends of
+    // the range.
     return point - first + exponent < 0;
 }
 

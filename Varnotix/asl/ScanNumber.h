@@ -1,12 +1,12 @@
-/// Numbers at the beginning of a text, as the C library's scanf reads them, but without its locale and without its
-/// undefined results.
+/// Numbers at the beginning of a text, read as the C library's scanf does, but independent of the locale and with
+/// defined results for numbers out of range.
 #pragma once
 
 #include "Varnotix/platform/Types.h"
 
 #include <string_view>
 
-/// What a scan found. White space before the number is skipped; what follows it is left.
+/// The result of a scan. White space before the number is skipped; what follows it is ignored.
 template <class NUMBER>
 struct SScanned
 {

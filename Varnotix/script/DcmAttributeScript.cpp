@@ -1,54 +1,13 @@
-// This file looks upwards, to a module: a script fills one, so that its elements merge into an object as any module's.
-
 #include "Varnotix/script/DcmAttributeScript.h"
 
-#include "Varnotix/asl/AslLine.h"
+#include "Varnotix/asl/AslReader.h"
 #include "Varnotix/asl/AslValues.h"
-#include "Varnotix/codec/DcmParser.h"
 #include "Varnotix/element/TagText.h"
-
-#include <algorithm>
 
 IMPLEMENT_DYNCREATE(CDcmAttributeScript, CObject)
 
 namespace
 {
-
-constexpr std::string_view kSequenceBegin = "SEQUENCE_BEGIN";
-constexpr std::string_view kSequenceEnd = "SEQUENCE_END";
-
-std::string_view TrimmedLine(const CStringArray& lines, int index)
-{
-    return TrimBlanks(lines[index].CText());
-}
-
-bool IsCommand(std::string_view line)
-{
-    return line.starts_with('#');
-}
-
-bool OpensItem(std::string_view line)
-{
-    return IsCommand(line) && std::search(line.begin(), line.end(), kSequenceBegin.begin(), kSequenceBegin.end(),
-                                          [](char character, char wanted) {
-                                              return EqualNoCase({&character, 1}, {&wanted, 1});
-                                          }) != line.end();
-}
-
-/// True for lines that the library's own documents hold for people, not for the reader.
-bool IsHeader(std::string_view keyword)
-{
-    for (const std::string_view known :
-         {"ATTRIBUTE_SET_BEGIN", "ATTRIBUTE_SET_END", "COUNT", "COUNT_ALL", "IOD_SYNTAX", "IOD_KIND"})
-    {
-        if (EqualNoCase(keyword, known))
-        {
-            return true;
-        }
-    }
-    return keyword.starts_with("Attribute Script Language(ASL)") ||
-           CRuntimeClass::FromName(CString(keyword)) != nullptr;
-}
 
 /// Appends the trimmed texts of a list.
 void AppendItems(std::string_view list, CStringArray& items)
@@ -59,9 +18,9 @@ void AppendItems(std::string_view list, CStringArray& items)
     }
 }
 
-/// The element of the line's tag in the module, made when the dictionary knows the tag or it can be entered as a
-/// private one; otherwise null. A number longer than 16 bits is no tag: cut, it would put the value into an attribute
-/// that nobody named.
+/// The element of the line's tag in the module, created when the dictionary knows the tag or can take it in as a
+/// private one; otherwise null. A number of more than 16 bits is not a tag: cut, it would put the value into another
+/// attribute.
 CDcmElement* ElementOfLine(const SAslElement& line, CDcmAttributeModule& module)
 {
     const CString group(line.group);
@@ -87,123 +46,115 @@ CDcmAttributeScript::~CDcmAttributeScript() = default;
 int CDcmAttributeScript::Run(const CStringArray& lines, CDcmAttributeModule& module, int first)
 {
     m_notes.Clear();
-    m_tooDeep = false;
-    const int stopped = ReadLines(lines, module, std::clamp(first, 0, lines.GetSize()), 0);
-    if (stopped < lines.GetSize())
-    {
-        m_notes.Add(stopped, SCRIPT_STRAY_END);
-    }
+    CAslReader reader(lines, first);
+    ReadSet(reader, module, 0);
     m_notes.Sort();
-    return stopped;
+    return reader.Line();
 }
 
-/// Reads the lines of one item, or of the whole script.
-/// @return the index of its "#SEQUENCE_END", or the number of lines.
-int CDcmAttributeScript::ReadLines(const CStringArray& lines, CDcmAttributeModule& module, int index, int depth)
+/// Reads the elements of one sequence, or of the whole script.
+void CDcmAttributeScript::ReadSet(CAslReader& reader, CDcmAttributeModule& module, int depth)
 {
-    for (; index < lines.GetSize(); ++index)
+    CDcmElement* element = nullptr; // That of the last element line.
+    while (const std::optional<SAslEvent> event = reader.Next())
     {
-        const std::string_view line = TrimmedLine(lines, index);
-        if (line.empty() || line.starts_with(';'))
+        switch (event->kind)
         {
-            continue;
+        case EAslEvent::Element:
+            element = ReadElement(*event, module);
+            break;
+        case EAslEvent::SequenceBegin:
+            ReadSequence(reader, event->line, element, depth);
+            break;
+        case EAslEvent::SequenceEnd:
+            return;
+        case EAslEvent::MissingEnd:
+            m_notes.Add(event->line, SCRIPT_OPEN_SEQUENCE);
+            return;
+        case EAslEvent::LostLine:
+            m_notes.Add(event->line, SCRIPT_LINE_LOST);
+            break;
+        case EAslEvent::StrayBegin:
+            m_notes.Add(event->line, SCRIPT_STRAY_BEGIN);
+            break;
+        case EAslEvent::StrayEnd:
+            m_notes.Add(event->line, SCRIPT_STRAY_END);
+            break;
+        case EAslEvent::TooDeep:
+            m_notes.Add(event->line, SCRIPT_TOO_DEEP);
+            break;
+        case EAslEvent::Header:
+            break;
+        case EAslEvent::Command:
+            if (!Record(event->command))
+            {
+                m_notes.Add(event->line, SCRIPT_UNKNOWN_COMMAND);
+            }
+            break;
         }
-        if (!IsCommand(line))
-        {
-            index = ReadElement(lines, module, index, depth);
-            continue;
-        }
-        const SAslCommand command = SplitAslCommand(line);
-        if (EqualNoCase(command.keyword, kSequenceEnd))
-        {
-            return index;
-        }
-        Record(command, index);
     }
-    return lines.GetSize();
 }
 
-/// Reads an element line, and the item behind it when it is a sequence.
-/// @return the index of the last line that belongs to it.
-int CDcmAttributeScript::ReadElement(const CStringArray& lines, CDcmAttributeModule& module, int index, int depth)
+/// @return the element of the line, or null when the line was skipped.
+CDcmElement* CDcmAttributeScript::ReadElement(const SAslEvent& event, CDcmAttributeModule& module)
 {
-    const SAslElement line = SplitAslElement(TrimmedLine(lines, index));
+    const SAslElement& line = event.element;
     const int before = module.GetCount();
     CDcmElement* element = ElementOfLine(line, module);
     if (element == nullptr)
     {
-        m_notes.Add(index, SCRIPT_UNKNOWN_TAG);
-        return index;
+        m_notes.Add(event.line, SCRIPT_UNKNOWN_TAG);
+        return nullptr;
     }
     if (module.GetCount() == before)
     {
-        m_notes.Add(index, SCRIPT_REPEATED_TAG);
+        m_notes.Add(event.line, SCRIPT_REPEATED_TAG);
     }
-    // Pixel Data is OB or OW by what it holds.
+    // The VR of Pixel Data depends on its content: OB or OW.
     if (!line.vr.empty() && VrCode(line.vr) != element->Vr() && !element->IsPixelData())
     {
-        m_notes.Add(index, SCRIPT_OTHER_VR);
+        m_notes.Add(event.line, SCRIPT_OTHER_VR);
     }
     if (line.isTextOutside)
     {
-        m_notes.Add(index, SCRIPT_TEXT_OUTSIDE_LIST);
+        m_notes.Add(event.line, SCRIPT_TEXT_OUTSIDE_LIST);
     }
     if (!line.isListClosed)
     {
-        m_notes.Add(index, SCRIPT_OPEN_LIST);
+        m_notes.Add(event.line, SCRIPT_OPEN_LIST);
     }
-    if (element->HasVr(VR_SQ))
-    {
-        return ReadItem(lines, *element, index + 1, depth);
-    }
-    StoreAslValues(*element, line.values, m_notes, index);
-    return index;
+    StoreAslValues(*element, line.values, m_notes, event.line);
+    return element;
 }
 
-/// Reads the item that opens at an index. Any other line there is used up.
-/// @return the index of the last line that belongs to it.
-int CDcmAttributeScript::ReadItem(const CStringArray& lines, CDcmElement& sequence, int index, int depth)
+/// Reads the lines of a sequence. They are read as such even where they cannot be stored: taken for lines of the set
+/// around them, they would overwrite its attributes.
+/// @param begin the line that opened the sequence.
+/// @param element the element of the sequence's line, which may have another VR; null when that line was skipped.
+void CDcmAttributeScript::ReadSequence(CAslReader& reader, int begin, CDcmElement* element, int depth)
 {
-    if (index >= lines.GetSize())
-    {
-        return index;
-    }
-    const std::string_view opening = TrimmedLine(lines, index);
-    if (!OpensItem(opening))
-    {
-        if (!opening.empty() && !opening.starts_with(';'))
-        {
-            m_notes.Add(index, SCRIPT_LINE_LOST);
-        }
-        return index;
-    }
-    if (depth == CDcmParser::kMaxDepth)
-    {
-        m_notes.Add(index, SCRIPT_TOO_DEEP);
-        m_tooDeep = true;
-        return lines.GetSize();
-    }
     CDcmAttributeModule item;
-    const int end = ReadLines(lines, item, index + 1, depth + 1);
-    if (end == lines.GetSize() && !m_tooDeep)
+    ReadSet(reader, item, depth + 1);
+    if (element == nullptr || !element->HasVr(VR_SQ))
     {
-        m_notes.Add(index, SCRIPT_OPEN_SEQUENCE);
+        m_notes.Add(begin, SCRIPT_SEQUENCE_LOST);
+        return;
     }
-    CDcmElementSet* items = sequence.Items();
+    CDcmElementSet* items = element->Items();
     if (depth > 0 && items != nullptr)
     {
-        // A sequence of this reader's own takes the item over: with a copy at each level, the time would grow with the
-        // depth too.
+        // The element belongs to this reader, so it can share: a copy at each level would cost time in proportion to
+        // the depth.
         items->CopyByReference(item.GetDcmElementSet());
     }
     else
     {
-        sequence.SetItems(item.GetDcmElementSet());
+        element->SetItems(item.GetDcmElementSet());
     }
-    return end;
 }
 
-void CDcmAttributeScript::Record(const SAslCommand& command, int index)
+/// @return false for an unknown command.
+bool CDcmAttributeScript::Record(const SAslCommand& command)
 {
     enum class EForm
     {
@@ -240,7 +191,7 @@ void CDcmAttributeScript::Record(const SAslCommand& command, int index)
                 argument.MakeLower();
             }
             this->*single.field = argument;
-            return;
+            return true;
         }
     }
     for (const auto& list : kLists)
@@ -256,28 +207,22 @@ void CDcmAttributeScript::Record(const SAslCommand& command, int index)
             {
                 AppendItems(command.argument, this->*list.field);
             }
-            return;
+            return true;
         }
     }
-    if (EqualNoCase(command.keyword, "ANONYMIZE_55"))
+    if (!EqualNoCase(command.keyword, "ANONYMIZE_55"))
     {
-        CStringArray items;
-        AppendItems(command.argument, items);
-        if (!items.IsEmpty())
-        {
-            m_anonymize55First = items[0];
-        }
-        if (items.GetSize() > 1)
-        {
-            m_anonymize55Second = items[1];
-        }
+        return false;
     }
-    else if (EqualNoCase(command.keyword, kSequenceBegin))
+    CStringArray items;
+    AppendItems(command.argument, items);
+    if (!items.IsEmpty())
     {
-        m_notes.Add(index, SCRIPT_STRAY_BEGIN);
+        m_anonymize55First = items[0];
     }
-    else if (!IsHeader(command.keyword))
+    if (items.GetSize() > 1)
     {
-        m_notes.Add(index, SCRIPT_UNKNOWN_COMMAND);
+        m_anonymize55Second = items[1];
     }
+    return true;
 }

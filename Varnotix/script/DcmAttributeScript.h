@@ -4,15 +4,18 @@
 #include "Varnotix/asl/ScriptNote.h"
 #include "Varnotix/modules/DcmAttributeModule.h"
 
+class CAslReader;
 struct SAslCommand;
+struct SAslEvent;
 
 /// Reads a script's lines: element lines go into a module, command lines are recorded.
 ///
-/// A script asks its reader's user for things that the reader does not do itself: pixel data from files, anonymising,
-/// removing, a file to write. CDcmCompositeIOD::CreateFromASL does the first two and merges as RemoveEmptyAll says; the
-/// removal of groups, the anonymising of groups and the target file are left to the host.
+/// The commands are recorded for the caller, not executed: pixel data from files, anonymisation, removal, a file to
+/// write. CDcmCompositeIOD::CreateFromASL takes the pixel data, anonymises, and merges as RemoveEmptyAll says; removing
+/// groups, anonymising groups and the target file are left to the host.
 ///
-/// Nothing is reported: what a line does not say rightly counts as 0, as empty or not at all. Notes tell afterwards.
+/// Bad lines are not errors: a malformed number counts as 0, other bad lines have less effect or none. Notes says
+/// which.
 class VARNOTIX_EXPORT CDcmAttributeScript : public CObject
 {
     DECLARE_DYNCREATE(CDcmAttributeScript)
@@ -24,7 +27,8 @@ public:
     ~CDcmAttributeScript() override;
 
     /// Reads lines from an index on, into the module. Texts are taken up to their first zero byte. Commands are added
-    /// to those recorded before.
+    /// to those recorded before. A line whose VR field is SQ opens a sequence together with the line after it, whatever
+    /// VR the dictionary gives the tag; where that is not SQ, the lines of the sequence are read and dropped.
     /// @return the index of the line at which reading stopped: the number of lines, or that of a "#SEQUENCE_END"
     ///         outside every item. Nesting beyond 64 levels ends the reading too.
     int Run(const CStringArray& lines, CDcmAttributeModule& module, int first = 0);
@@ -32,7 +36,7 @@ public:
     /// What the last run could not follow, in the order of the lines.
     const std::vector<SScriptNote>& Notes() const { return m_notes.All(); }
 
-    // The recorded arguments. Paths are lower-cased. Of a command that takes one argument the last one holds.
+    // The recorded arguments. Paths are lower-cased. Where a command takes one argument, the last line counts.
 
     const CString& SourceFile() const { return m_sourceFile; }
     const CString& TargetFile() const { return m_targetFile; }
@@ -50,10 +54,10 @@ public:
     const CStringArray& AnonymizeGroups() const { return m_anonymizeGroups; }
 
 private:
-    int ReadLines(const CStringArray& lines, CDcmAttributeModule& module, int index, int depth);
-    int ReadElement(const CStringArray& lines, CDcmAttributeModule& module, int index, int depth);
-    int ReadItem(const CStringArray& lines, CDcmElement& sequence, int index, int depth);
-    void Record(const SAslCommand& command, int index);
+    void ReadSet(CAslReader& reader, CDcmAttributeModule& module, int depth);
+    CDcmElement* ReadElement(const SAslEvent& event, CDcmAttributeModule& module);
+    void ReadSequence(CAslReader& reader, int begin, CDcmElement* element, int depth);
+    bool Record(const SAslCommand& command);
 
     CString m_sourceFile;
     CString m_targetFile;
@@ -68,5 +72,4 @@ private:
     CStringArray m_removeGroups;
     CStringArray m_anonymizeGroups;
     CScriptNotes m_notes;
-    bool m_tooDeep = false;
 };

@@ -243,6 +243,21 @@ TEST(ScriptItems, OpenOnlyBehindTheirSequence)
     EXPECT_EQ(open.notes, Texts{"1:14"});
 }
 
+TEST(ScriptItems, FollowTheVrOfTheirLineWhateverTheDictionarySays)
+{
+    // The dictionary learns the tag as OB, as it does when an implicit stream is read.
+    SRead({"7775,1010,OB,1,x,[]"});
+    SRead read({"0008,0060,CS,1,Modality,[CT,]", "7775,1010,SQ,1,x,[]", "#SEQUENCE_BEGIN",
+                "   0008,0060,CS,1,Modality,[MR,]", "   0008,1140,SQ,1,x,[]", "   #SEQUENCE_BEGIN", "   #SEQUENCE_END",
+                "#SEQUENCE_END", "0008,7771,SQ,1,unknown,[]", "#SEQUENCE_BEGIN", "   0010,0020,LO,1,Patient ID,[8,]",
+                "#SEQUENCE_END", "0008,1140,FD,1,a sequence in the dictionary,[1,]",
+                "0010,0010,PN,1,Patient's Name,[DOE^JOHN,]"});
+    EXPECT_EQ(read.Elements(), (Texts{"0008,0060,CS,1,Modality,[CT,]", "7775,1010,OB,1,Private Data Element,[]",
+                                      "0008,1140,SQ,1,Referenced Image Sequence,[0]", "#SEQUENCE_BEGIN",
+                                      "#SEQUENCE_END", "0010,0010,PN,1,Patient's Name,[DOE^JOHN,]"}));
+    EXPECT_EQ(read.notes, (Texts{"1:5", "2:16", "8:3", "9:16", "12:5"}));
+}
+
 TEST(ScriptItems, EndTheReadingBeyond64Levels)
 {
     for (const int levels : {64, 65})

@@ -169,7 +169,7 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
     }
     Write("s.asl", "0028,0010,US,1,Rows,[x,]\n; fine\n0028,1201,OW,1,,[1,]\n0008,1140,SQ,1,,[]\n#SEQUENCE_BEGIN\n");
     Expect(20, "apply s.asl in.dcm -o out.dcm",
-           "s.asl:1: ", "s.asl:3: ", "s.asl:5: the item that begins here has no #SEQUENCE_END",
+           "s.asl:1: ", "s.asl:3: ", "s.asl:5: the sequence that begins here has no #SEQUENCE_END",
            "nothing is written, because 3 lines cannot be applied");
     Expect(20, "apply missing.asl in.dcm -o out.dcm");
     Expect(20, "apply in.dcm s.asl -o out.dcm");
