@@ -157,6 +157,10 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
         {"0010,0010,", "0010,000Z,", "does not begin with a tag"},
         {"0010,0010,", "0010,9999,", "the dictionary does not know"},
         {"#SEQUENCE_BEGIN", "", "no #SEQUENCE_BEGIN follows"},
+        {"0008,1140,SQ,1,Referenced Image Sequence,[6]\n#SEQUENCE_BEGIN", "0008,1140,LO,1,,[A,]\n#SEQUENCE_BEGIN",
+         "its VR is SQ, and that cannot be changed"},
+        {"0010,0010,PN,1,Patient's Name,[Doe^Jane,]", "0010,0010,SQ,1,,[1]\n#SEQUENCE_BEGIN\n#SEQUENCE_END",
+         "its VR is PN, and that cannot be changed"},
         {"0010,0010,", "0001,0010,LO,1,,[A,]\n0010,0010,", "groups below 0002"},
         {"0010,0010,", "0008,1110,SQ,1,,[]\n#SEQUENCE_BEGIN\n#SEQUENCE_END\n0010,0010,", "an empty sequence"},
     };

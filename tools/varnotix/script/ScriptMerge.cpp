@@ -133,7 +133,7 @@ void CScriptMerge::MergeTag(const std::vector<const SScriptLine*>& lines, const 
 
 void CScriptMerge::MergeLine(const SScriptLine& line)
 {
-    if (!line.element->HasVr(VR_SQ))
+    if (!line.element->HasVr(VR_SQ) || !line.isSequence)
     {
         if (!line.isUnchanged)
         {

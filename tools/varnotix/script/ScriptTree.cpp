@@ -7,26 +7,6 @@
 namespace
 {
 
-constexpr std::string_view kSequenceBegin = "SEQUENCE_BEGIN";
-constexpr std::string_view kSequenceEnd = "SEQUENCE_END";
-
-std::string_view TrimmedLine(const CStringArray& lines, int index)
-{
-    return TrimBlanks(lines[index].CText());
-}
-
-/// The value list as it stands: what follows the first five fields.
-std::string_view BehindName(std::string_view line)
-{
-    constexpr int kFields = 5;
-    for (int i = 0; i < kFields; ++i)
-    {
-        line.remove_prefix(std::min(line.find(','), line.size()));
-        line.remove_prefix(std::min<std::size_t>(1, line.size()));
-    }
-    return line;
-}
-
 std::optional<DWORD> NumberOf(std::string_view digits)
 {
     DWORD number = 0;
@@ -40,27 +20,6 @@ std::optional<DWORD> TagOf(const SAslElement& parts)
     const std::optional<DWORD> group = NumberOf(parts.group);
     const std::optional<DWORD> element = NumberOf(parts.element);
     return group && element ? std::optional(*group << 16U | *element) : std::nullopt;
-}
-
-bool IsSequence(const SScriptLine& line)
-{
-    if (line.element != nullptr)
-    {
-        return line.element->HasVr(VR_SQ);
-    }
-    const CDcmEntry* entry =
-        CDcmRegistry::Global().LookUpTag(static_cast<int>(line.tag >> 16U), static_cast<int>(line.tag & 0xFFFFU));
-    return entry != nullptr ? entry->vr == VR_SQ : EqualNoCase(line.parts.vr, VrText(VR_SQ));
-}
-
-/// True for the command lines of every document that an object is printed as.
-bool IsDocumentLine(std::string_view keyword)
-{
-    constexpr std::string_view kKeywords[] = {
-        "SOURCE_FILE", "IOD_KIND", "IOD_SYNTAX", "COUNT", "COUNT_ALL", "ATTRIBUTE_SET_BEGIN", "ATTRIBUTE_SET_END"};
-    return keyword.starts_with("Attribute Script Language") ||
-           std::any_of(std::begin(kKeywords), std::end(kKeywords),
-                       [&](std::string_view known) { return EqualNoCase(keyword, known); });
 }
 
 } // namespace
@@ -90,8 +49,8 @@ bool IsOwnLine(const CStringArray& lines, int index, const CDcmElement& element,
         {
             return false;
         }
-        const std::string_view line = TrimmedLine(lines, index + count);
-        const bool isSame = count > 0 ? line == expected : BehindName(line) == BehindName(expected);
+        const std::string_view line = TrimBlanks(lines[index + count].CText());
+        const bool isSame = count > 0 ? line == expected : SplitAslElement(line).tail == SplitAslElement(expected).tail;
         if (!isSame || (count == 0 && !EqualNoCase(SplitAslElement(line).vr, VrText(element.Vr()))))
         {
             return false;
@@ -105,94 +64,98 @@ bool IsOwnLine(const CStringArray& lines, int index, const CDcmElement& element,
     }
 }
 
-CScriptTree::CScriptTree(const CStringArray& lines, const CDcmElementSet& store) : m_lines(lines)
+CScriptTree::CScriptTree(const CStringArray& lines, const CDcmElementSet& store) : m_lines(lines), m_reader(lines)
 {
-    const int stopped = ReadLevel(0, &store, 0, m_tree);
-    if (stopped < lines.GetSize())
-    {
-        AddFault(stopped, ScriptNoteText(SCRIPT_STRAY_END));
-    }
+    ReadLevel(&store, m_tree);
 }
 
-/// @return the index of the level's "#SEQUENCE_END", or the number of lines.
-int CScriptTree::ReadLevel(int index, const CDcmElementSet* set, int depth, std::vector<SScriptLine>& level)
+/// Reads up to the end of the innermost sequence, or of the script.
+/// @param set the object's elements there; null when it has none.
+void CScriptTree::ReadLevel(const CDcmElementSet* set, std::vector<SScriptLine>& level)
 {
-    std::map<DWORD, std::vector<CDcmElement*>> own;
+    std::map<DWORD, std::vector<CDcmElement*>> unmatched;
     if (set != nullptr)
     {
-        own = ElementsByTag(*set);
+        unmatched = ElementsByTag(*set);
     }
-    std::map<DWORD, std::size_t> seen;
-    for (; index < m_lines.GetSize(); ++index)
+    for (auto& [tag, elements] : unmatched)
     {
-        const std::string_view text = TrimmedLine(m_lines, index);
-        if (text.empty() || text.starts_with(';'))
-        {
-            continue;
-        }
-        if (text.starts_with('#'))
-        {
-            const std::string_view keyword = SplitAslCommand(text).keyword;
-            if (EqualNoCase(keyword, kSequenceEnd))
-            {
-                return index;
-            }
-            if (EqualNoCase(keyword, kSequenceBegin))
-            {
-                AddFault(index, ScriptNoteText(SCRIPT_STRAY_BEGIN));
-            }
-            else if (!IsDocumentLine(keyword))
-            {
-                m_commands.push_back(index);
-            }
-            continue;
-        }
-        SScriptLine line;
-        line.line = index;
-        line.parts = SplitAslElement(text);
-        const std::optional<DWORD> tag = TagOf(line.parts);
-        if (!tag)
-        {
-            AddFault(index, "the line does not begin with a tag");
-            continue;
-        }
-        line.tag = *tag;
-        const std::vector<CDcmElement*>& mine = own[line.tag];
-        const std::size_t place = seen[line.tag]++;
-        line.element = place < mine.size() ? mine[place] : nullptr;
-        int count = 1;
-        line.isUnchanged = line.element != nullptr && IsOwnLine(m_lines, index, *line.element, count);
-        index += line.isUnchanged ? count - 1 : 0;
-        if (IsSequence(line))
-        {
-            index = ReadItem(index, depth, line);
-        }
-        line.end = std::min(index + 1, m_lines.GetSize());
-        level.push_back(std::move(line));
+        std::reverse(elements.begin(), elements.end()); // They are taken from the end.
     }
-    return m_lines.GetSize();
+    SScriptLine skipped;
+    SScriptLine* last = &skipped;
+    while (const std::optional<SAslEvent> event = m_reader.Next())
+    {
+        switch (event->kind)
+        {
+        case EAslEvent::Element:
+            last = AddLine(*event, unmatched, level) ? &level.back() : &skipped;
+            break;
+        case EAslEvent::SequenceBegin:
+            ReadLevel(last->element != nullptr ? last->element->Items() : nullptr, last->item);
+            last->end = m_reader.Line();
+            break;
+        case EAslEvent::SequenceEnd:
+            return;
+        case EAslEvent::MissingEnd:
+            AddFault(event->line, ScriptNoteText(SCRIPT_OPEN_SEQUENCE));
+            return;
+        case EAslEvent::LostLine:
+        case EAslEvent::Header:
+            break;
+        case EAslEvent::StrayBegin:
+            AddFault(event->line, ScriptNoteText(SCRIPT_STRAY_BEGIN));
+            break;
+        case EAslEvent::StrayEnd:
+            AddFault(event->line, ScriptNoteText(SCRIPT_STRAY_END));
+            break;
+        case EAslEvent::TooDeep:
+            AddFault(event->line, ScriptNoteText(SCRIPT_TOO_DEEP));
+            break;
+        case EAslEvent::Command:
+            // A printed object names its own file.
+            if (!EqualNoCase(event->command.keyword, "SOURCE_FILE"))
+            {
+                m_commands.push_back(event->line);
+            }
+            break;
+        }
+    }
 }
 
-/// @return the index of the last line of the item behind a sequence's line.
-int CScriptTree::ReadItem(int index, int depth, SScriptLine& sequence)
+/// Adds an element line to its level, with the object's next element of the tag.
+/// @return false for a line without a tag.
+bool CScriptTree::AddLine(const SAslEvent& event, std::map<DWORD, std::vector<CDcmElement*>>& unmatched,
+                          std::vector<SScriptLine>& level)
 {
-    const bool opens = index + 1 < m_lines.GetSize() && TrimmedLine(m_lines, index + 1).starts_with('#') &&
-                       EqualNoCase(SplitAslCommand(TrimmedLine(m_lines, index + 1)).keyword, kSequenceBegin);
-    if (!opens)
+    if (event.isSequence && !event.isOpened)
     {
-        AddFault(sequence.line, "no #SEQUENCE_BEGIN follows the line of the sequence");
-        return index;
+        AddFault(event.line, "no #SEQUENCE_BEGIN follows the line of the sequence");
+        m_reader.GoOnAt(event.line + 1); // What follows instead may have faults of its own.
     }
-    if (depth == CDcmParser::kMaxDepth)
+    const std::optional<DWORD> tag = TagOf(event.element);
+    if (!tag)
     {
-        AddFault(index + 1, ScriptNoteText(SCRIPT_TOO_DEEP));
-        return m_lines.GetSize();
+        AddFault(event.line, "the line does not begin with a tag");
+        return false;
     }
-    const CDcmElementSet* items = sequence.element != nullptr ? sequence.element->Items() : nullptr;
-    const int end = ReadLevel(index + 2, items, depth + 1, sequence.item);
-    if (end == m_lines.GetSize())
+    SScriptLine line;
+    line.line = event.line;
+    line.tag = *tag;
+    line.parts = event.element;
+    line.isSequence = event.isSequence;
+    if (std::vector<CDcmElement*>& elements = unmatched[line.tag]; !elements.empty())
     {
-        AddFault(index + 1, ScriptNoteText(SCRIPT_OPEN_SEQUENCE));
+        line.element = elements.back();
+        elements.pop_back();
+        int count = 0;
+        line.isUnchanged = IsOwnLine(m_lines, event.line, *line.element, count);
+        if (line.isUnchanged && count > 1)
+        {
+            m_reader.GoOnAt(event.line + count);
+        }
     }
-    return end;
+    line.end = m_reader.Line();
+    level.push_back(std::move(line));
+    return true;
 }
