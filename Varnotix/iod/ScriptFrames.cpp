@@ -15,7 +15,7 @@
 namespace
 {
 
-// The rows of the UID table whose objects give frames: JPEG, JPEG-LS, JPEG 2000, MPEG, HTJ2K. RLE stands behind them.
+// The rows of the UID table whose objects give frames: JPEG, JPEG-LS, JPEG 2000, MPEG, HTJ2K. RLE comes after them.
 constexpr int kFirstTaken = 5;
 constexpr int kLastTaken = 26;
 
@@ -25,7 +25,7 @@ bool IsAscii(const CString& text)
                        [](char character) { return static_cast<unsigned char>(character) < 0x80; });
 }
 
-/// Appends what a pattern finds. The first name stands without its folder: scripts have been written around that.
+/// Appends what a pattern finds. The first name comes without its folder, for compatibility with existing scripts.
 bool FindSources(const CString& pattern, CStringArray& names)
 {
     CStringArray found;
@@ -48,15 +48,15 @@ const char* ScriptSourceText(EScriptSource state)
 {
     static constexpr const char* kTexts[] = {
         "taken",
-        "it is missing, no regular file, or cannot be read",
+        "missing, not a regular file, or unreadable",
         "no file matches the pattern",
-        "it is no JPEG picture",
+        "not a JPEG picture",
         "pictures with characters beyond ASCII in their names are not loaded",
-        "it cannot be read as DICOM",
-        "its transfer syntax is none of those whose frames are taken",
-        "it has no pixel data",
-        "its name ends in none of .jpg, .dic and .dcm",
-        "the script names a SOURCE_FILE, which goes before it",
+        "not readable as DICOM",
+        "frames are not taken from files in its transfer syntax",
+        "no pixel data",
+        "the name does not end in .jpg, .dic or .dcm",
+        "the script names a SOURCE_FILE, which takes precedence",
     };
     return state >= 0 && state < static_cast<int>(std::size(kTexts)) ? kTexts[state] : "";
 }

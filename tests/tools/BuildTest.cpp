@@ -143,14 +143,14 @@ TEST_F(Build, NamesEachSourceThatIsNotInTheObject)
     Write("s.asl", kSmall + "#PIXEL_DATA_FILE=plain.dcm\n#PIXEL_DATA_FILE=text.dcm\n#PIXEL_DATA_FILE=broken.jpg\n"
                             "#PIXEL_DATA_FILE=notes.txt\n#PIXEL_DATA_FILE=none.jpg\n"
                             "#PIXEL_DATA_DIR=none\\*.jpg\n#PIXEL_DATA_DIR=more\\*.jpg\n");
-    Expect(20, "build s.asl -o out.dcm", "'plain.dcm': its transfer syntax", "'text.dcm': it cannot be read as DICOM",
-           "'broken.jpg': it is no JPEG", "'notes.txt': its name ends", "'none.jpg': it is missing",
+    Expect(20, "build s.asl -o out.dcm", "'plain.dcm': frames are not taken", "'text.dcm': not readable as DICOM",
+           "'broken.jpg': not a JPEG", "'notes.txt': the name does not end", "'none.jpg': missing",
            "'none\\*.jpg': no file matches",
-           "'x.jpg': it is missing, no regular file, or cannot be read; the first file that a pattern finds must lie");
+           "'x.jpg': missing, not a regular file, or unreadable; the first file that a pattern finds must lie");
     Write("s.asl", kSmall + "#PIXEL_DATA_FILE=one.dcm\n#PIXEL_DATA_FILE=plain.dcm\n#PIXEL_DATA_FILE=two.dcm\n");
-    Expect(20, "build s.asl -o out.dcm", "'one.dcm': it is missing", "'two.dcm': it is missing");
+    Expect(20, "build s.asl -o out.dcm", "'one.dcm': missing", "'two.dcm': missing");
     Write("s.asl", kSmall + "#SOURCE_FILE=none.dcm\n");
-    Expect(20, "build s.asl -o out.dcm", "'none.dcm': it is missing");
+    Expect(20, "build s.asl -o out.dcm", "'none.dcm': missing");
     EXPECT_FALSE(FileExists("out.dcm"));
 }
 
