@@ -54,7 +54,7 @@ bool HasComma(const CDcmElement& element)
 /// True when the lines of an item, and of the items in it, are all the object's own. Some may be missing.
 bool IsUnchanged(const SScriptLine& line)
 {
-    return line.element != nullptr && (line.isUnchanged || line.element->HasVr(VR_SQ)) &&
+    return line.element != nullptr && (line.isUnchanged || (line.isSequence && line.element->HasVr(VR_SQ))) &&
            std::all_of(line.item.begin(), line.item.end(), IsUnchanged);
 }
 
