@@ -1,3 +1,4 @@
+// Elements and sets written as text.
 #include "Elements.h"
 #include "Programs.h"
 #include "Varnotix/asl/AslWriter.h"
@@ -22,7 +23,7 @@ std::string LineOf(int group, int element, const CByteArray& value)
 
 } // namespace
 
-TEST(AslLine, TellsTagVrNameAndValues)
+TEST(AslLine, ShowsTagVrNameAndValues)
 {
     EXPECT_EQ(LineOf(0x0010, 0x0020, TextBytes("a,b]")), "0010,0020,LO,1,Patient ID,[a,b],]");
     // The padding byte of a UID ends the text.
@@ -40,7 +41,7 @@ TEST(AslLine, TellsTagVrNameAndValues)
     const std::string longest(5000, 'x');
     EXPECT_EQ(LineOf(0x0002, 0x0001, TextBytes(longest)), start + longest + "]");
     EXPECT_EQ(LineOf(0x0002, 0x0001, TextBytes(longest + "x")), start + "5001,]");
-    // Without a value list the line ends behind the name; without an entry there is none.
+    // Without a value list the line ends after the name; without an entry there is none.
     EXPECT_EQ(LineOf(0x0072, 0x006D, Bytes({1})), "0072,006d,UN,1,Selector UN Value");
     EXPECT_EQ(LineOf(CDcmElement(0x0008, 0x7771)), "");
     EXPECT_EQ(LineOf(CDcmElement(0x0008, 0x7771, VR_LO)), "");
