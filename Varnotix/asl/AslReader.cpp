@@ -26,18 +26,18 @@ bool OpensSequence(std::string_view text)
 }
 
 /// True for the lines with which a document says what it is; those of a single set begin with the name of its class.
-bool IsHeader(std::string_view keyword)
+bool IsHeader(const SAslCommand& command)
 {
     for (const std::string_view known :
          {"ATTRIBUTE_SET_BEGIN", "ATTRIBUTE_SET_END", "COUNT", "COUNT_ALL", "IOD_SYNTAX", "IOD_KIND"})
     {
-        if (EqualNoCase(keyword, known))
+        if (EqualNoCase(command.keyword, known))
         {
             return true;
         }
     }
-    return keyword.starts_with("Attribute Script Language(ASL)") ||
-           CRuntimeClass::FromName(CString(keyword)) != nullptr;
+    return command.keyword.starts_with("Attribute Script Language(ASL)") ||
+           (command.argument.empty() && CRuntimeClass::FromName(CString(command.keyword)) != nullptr);
 }
 
 } // namespace
@@ -117,7 +117,7 @@ SAslEvent CAslReader::ReadCommand(int line, std::string_view text)
         event.kind = EAslEvent::SequenceEnd;
         m_begins.pop_back();
     }
-    else if (IsHeader(keyword))
+    else if (IsHeader(event.command))
     {
         event.kind = EAslEvent::Header;
     }
