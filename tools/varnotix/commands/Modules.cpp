@@ -1,7 +1,7 @@
 #include "commands/Commands.h"
 #include "console/StandardStreams.h"
 #include "files/Input.h"
-#include "object/Entities.h"
+#include "object/ObjectKinds.h"
 #include "object/TypedObject.h"
 #include "object/ValueText.h"
 #include "rewrite/CheckedWrite.h"
@@ -13,8 +13,8 @@ namespace
 
 constexpr const char* kFooter =
     "The modules are those of the object that the SOP Class UID names: CT, MR, CR, nuclear medicine, ultrasound,\n"
-    "secondary capture or patient information. Of any other object all attributes stand under 'attributes that no\n"
-    "module declares'. The elements of all items of a sequence stand in one list, as a read gathers them.";
+    "secondary capture or patient information. In any other object all attributes appear under 'attributes that no\n"
+    "module declares'. The elements of all items of a sequence appear in one list, as a read gathers them.";
 
 struct SModulesOptions
 {
@@ -39,7 +39,7 @@ private:
 
     const CDcmIOD& m_object;
     bool m_withGaps;
-    CString m_entity = "Object"; // To be printed before the next module.
+    CString m_entity = "Object"; // Printed before the next module.
     std::set<DWORD> m_declared;
 };
 
@@ -98,7 +98,7 @@ void CModulePrinter::PrintRest()
     for (int i = 0; i < store.GetCount(); ++i)
     {
         const CDcmElement& element = *store.GetAt(i);
-        // A tag that stands there twice was printed once.
+        // Of a tag that occurs twice, the first was printed.
         if (m_declared.contains(element.Tag()) && store.Find(element) == &element)
         {
             continue;
@@ -160,13 +160,13 @@ int Modules(const SModulesOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     return TellingFailures("standard output", report,
-                           [&]
-                           {
-                               const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
-                               CModulePrinter(*typed, options.withGaps).Print();
-                               FlushStandardOutput();
-                               return STATUS_DONE;
-                           });
+                               [&]
+                               {
+                                   const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
+                                   CModulePrinter(*typed, options.withGaps).Print();
+                                   FlushStandardOutput();
+                                   return STATUS_DONE;
+                               });
 }
 
 } // namespace

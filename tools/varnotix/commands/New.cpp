@@ -1,9 +1,8 @@
 #include "commands/Commands.h"
 #include "files/Input.h"
-#include "object/Entities.h"
 #include "object/NewUid.h"
+#include "object/ObjectKinds.h"
 #include "rewrite/CheckedWrite.h"
-#include "script/ScriptKinds.h"
 
 #include <algorithm>
 #include <map>
@@ -14,20 +13,45 @@ namespace
 {
 
 constexpr const char* kFooter =
-    "One line an attribute, by entity and module. What such an object must have is open, the rest is commented out\n"
-    "with ';'. Class, modality and UIDs are filled in.";
+    "One line per attribute, by entity and module. Lines of mandatory attributes are open, the others are commented\n"
+    "out with ';'. Class, modality and UIDs are filled in.";
 
 struct SNewOptions
 {
-    CString kind; // One of ScriptKindWords.
+    CString kind; // One of KindWords.
     CString output = "-";
 };
 
-/// What a new script holds already.
-std::map<DWORD, CString> FirstValues(const SScriptKind& kind)
+/// The words that name the kinds that scripts are made for.
+std::vector<std::string> KindWords()
 {
-    return {{0x00080016, kind.sopClass}, {0x00080018, NewUid()}, {0x00080060, kind.modality},
-            {0x0020000D, NewUid()},      {0x0020000E, NewUid()}, {0x00200052, NewUid()}};
+    std::vector<std::string> words;
+    for (const SObjectKind& kind : ObjectKinds())
+    {
+        if (kind.word != nullptr)
+        {
+            words.emplace_back(kind.word);
+        }
+    }
+    return words;
+}
+
+/// The kind that one of KindWords names.
+const SObjectKind& KindOf(const CString& word)
+{
+    return *std::find_if(ObjectKinds().begin(), ObjectKinds().end(),
+                         [&](const SObjectKind& kind) { return kind.word != nullptr && word == kind.word; });
+}
+
+/// The values that a new script contains.
+std::map<DWORD, CString> FirstValues(const SObjectKind& kind)
+{
+    return {{0x00080016, CString(kind.sopClasses.front())},
+            {0x00080018, NewUid()},
+            {0x00080060, kind.modality},
+            {0x0020000D, NewUid()},
+            {0x0020000E, NewUid()},
+            {0x00200052, NewUid()}};
 }
 
 /// The attribute's line without values.
@@ -43,9 +67,10 @@ CString EmptyLine(const CDcmElement& attribute)
 class CScriptMaker
 {
 public:
-    explicit CScriptMaker(const SScriptKind& kind) : m_kind(kind), m_values(FirstValues(kind))
+    explicit CScriptMaker(const SObjectKind& kind)
+        : m_kind(kind), m_mandatory(MandatoryModules(kind)), m_values(FirstValues(kind))
     {
-        for (const SNeeds& needs : kind.needs)
+        for (const SModuleFacts& needs : m_mandatory)
         {
             m_open.insert(needs.values.begin(), needs.values.end());
             m_open.insert(needs.tags.begin(), needs.tags.end());
@@ -61,7 +86,8 @@ private:
     void AddItems(const CDcmElement& sequence, int depth);
     void AddLine(const CString& line) { m_text += line + "\n"; }
 
-    const SScriptKind& m_kind;
+    const SObjectKind& m_kind;
+    std::vector<SModuleFacts> m_mandatory;
     std::map<DWORD, CString> m_values;
     std::set<DWORD> m_open;
     std::set<DWORD> m_done;
@@ -89,7 +115,7 @@ CString CScriptMaker::Make()
 void CScriptMaker::AddHead()
 {
     AddLine(CString("; The attributes of a ") + m_kind.word +
-            " object. Put values between the brackets, a comma behind " + "each: [DOE^JOHN,]");
+            " object. Put values between the brackets, a comma after each: [DOE^JOHN,]");
     AddLine("; Then build the object: varnotix build SCRIPT -o OUT.dcm");
     AddLine("; A line that begins with ';' is a comment. The open lines are the attributes of types 1 and 2 in the");
     AddLine("; modules that such an object must have (PS3.3); type 2 may stay empty. Open others where you need them,");
@@ -103,15 +129,16 @@ void CScriptMaker::AddHead()
 
 void CScriptMaker::AddModule(const CDcmModule& module)
 {
-    const auto needs = std::find_if(m_kind.needs.begin(), m_kind.needs.end(),
-                                    [&](const SNeeds& known) { return known.module == module.GetRuntimeClass(); });
+    const auto needs =
+        std::find_if(m_mandatory.begin(), m_mandatory.end(),
+                     [&](const SModuleFacts& known) { return known.module == module.GetRuntimeClass(); });
     CString title = CString("; module ") + module.GetRuntimeClass()->m_lpszClassName;
-    if (needs == m_kind.needs.end())
+    if (needs == m_mandatory.end())
     {
         title += module.IsKindOf(RUNTIME_CLASS(CDcmMetaFileInformation)) ? ", filled in by the build" : ", optional";
     }
     AddLine(title);
-    if (needs != m_kind.needs.end() && !needs->values.empty())
+    if (needs != m_mandatory.end() && !needs->values.empty())
     {
         CString names;
         for (const DWORD tag : needs->values)
@@ -126,7 +153,7 @@ void CScriptMaker::AddModule(const CDcmModule& module)
     {
         AddAttribute(*declared.GetAt(i));
     }
-    if (needs == m_kind.needs.end())
+    if (needs == m_mandatory.end())
     {
         return;
     }
@@ -134,7 +161,7 @@ void CScriptMaker::AddModule(const CDcmModule& module)
     {
         for (const DWORD tag : *tags)
         {
-            // The standard came to ask for it after the class was made.
+            // A later edition of the standard than the class's requires it.
             if (!m_done.contains(tag))
             {
                 AddAttribute(CDcmElement(static_cast<int>(tag >> 16U), static_cast<int>(tag & 0xFFFFU)));
@@ -143,7 +170,7 @@ void CScriptMaker::AddModule(const CDcmModule& module)
     }
 }
 
-/// Several modules may declare an attribute; it stands at the first.
+/// Several modules may declare an attribute; the first gets it.
 void CScriptMaker::AddAttribute(const CDcmElement& attribute)
 {
     if (!m_done.insert(attribute.Tag()).second)
@@ -161,7 +188,7 @@ void CScriptMaker::AddAttribute(const CDcmElement& attribute)
     AddItems(attribute, 0);
 }
 
-/// Items are for those who fill them in: a sequence without values is not written.
+/// Items are commented out: a sequence without values is not written.
 void CScriptMaker::AddItems(const CDcmElement& sequence, int depth)
 {
     const CDcmElementSet* items = sequence.Items();
@@ -187,14 +214,14 @@ int New(const SNewOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     return TellingFailures(options.output, report,
-                           [&]
-                           {
-                               const CString script = CScriptMaker(ScriptKind(std::string(options.kind.View()))).Make();
-                               COutputFile file(options.output);
-                               file.File().Write(script, static_cast<UINT>(script.GetLength()));
-                               file.Commit();
-                               return STATUS_DONE;
-                           });
+                               [&]
+                               {
+                                   const CString script = CScriptMaker(KindOf(options.kind)).Make();
+                                   COutputFile file(options.output);
+                                   file.File().Write(script, static_cast<UINT>(script.GetLength()));
+                                   file.Commit();
+                                   return STATUS_DONE;
+                               });
 }
 
 } // namespace
@@ -203,7 +230,7 @@ void AddNew(CCommandLine& line)
 {
     const auto options = std::make_shared<SNewOptions>();
     CVerb verb = line.AddVerb("new", "Write a script to fill in and build", kFooter);
-    verb.Choice("KIND", options->kind, ScriptKindWords(), "The kind of object");
+    verb.Choice("KIND", options->kind, KindWords(), "The kind of object");
     verb.Text("-o,--output", options->output, "Script to write; without it, standard output", CVerb::ENeed::Optional);
     verb.Action([options](const CReport& report) { return New(*options, report); });
 }

@@ -1,4 +1,4 @@
-/// UIDs that nobody else uses.
+/// Unique identifiers.
 #pragma once
 
 #include "Varnotix/Varnotix.h"

@@ -20,7 +20,7 @@ CString Printable(const CString& text)
     return line;
 }
 
-/// The first values, with what tells how many there are.
+/// The first values, followed by the total count if it is larger.
 template <class ARRAY, class FORMAT>
 CString List(const ARRAY& values, const char* separator, const FORMAT& format)
 {

@@ -1,4 +1,4 @@
-/// Attributes as lines that people read.
+/// Attributes as readable lines.
 #pragma once
 
 #include "Varnotix/Varnotix.h"
@@ -7,5 +7,5 @@
 CString AttributeName(const CDcmElement& element);
 
 /// The value in one line; long lists and bytes are cut and counted. Control characters are shown as dots, so that no
-/// value can steer a terminal. Empty for a sequence, whose items are to be shown by themselves.
+/// value can steer a terminal. Empty for a sequence, whose items are shown separately.
 CString ValueText(const CDcmElement& element);
