@@ -55,7 +55,7 @@ TEST_F(Anonymize, WhatStaysIsTold)
     EXPECT_TRUE(Holds(Read("out.dcm"), "Doe^Jane"));
     EXPECT_TRUE(Holds(AnonymizeOne(Part10(kExplicitUid, kTalkative), "-v"),
                       "(0040,0275)>(0008,1120)>(0010,0010) Patient's Name",
-                      "(0010,0030) Patient's Birth Date: replaced, though the text is no value of VR DA"));
+                      "(0010,0030) Patient's Birth Date: replaced, though the text is not a value of VR DA"));
 }
 
 TEST_F(Anonymize, DeepLeavesNoTraceInItemsAndPrivateGroups)
@@ -96,7 +96,7 @@ TEST_F(Anonymize, ABatchGoesOnAfterAnInputThatIsNotReadable)
     std::filesystem::create_directory("other");
     Write("other/one.dcm", Part10(kExplicitUid, kName));
     Expect(40, "anonymize missing.dcm bad.dcm one.dcm other/one.dcm -o made/here", "bad.dcm: not readable as DICOM",
-           "another input of that name", "3 of 4 inputs were not anonymised");
+           "another input of the same name", "3 of 4 inputs were not anonymised");
     EXPECT_TRUE(Holds(Read("made/here/one.dcm"), "ANONYMOUS"));
     Expect(20, "anonymize bad.dcm one.dcm -o made");
 }

@@ -105,7 +105,7 @@ TEST_F(Build, DoesWhatTheLibraryLeavesToItsCaller)
     Write("t.asl", kSmall);
     Expect(1, "build t.asl");
     Write("t.asl", kSmall + "#REMOVE_GROUP=patient\n");
-    Expect(20, "build t.asl -o t.dcm", "t.asl: 'patient' in a command is no group");
+    Expect(20, "build t.asl -o t.dcm", "t.asl: 'patient' in a command is not a group");
     // Nobody may take an object for anonymised whose script only looks as if it asked for that.
     for (const std::string argument : {"-1,X", ",X"})
     {
@@ -146,7 +146,7 @@ TEST_F(Build, NamesEachSourceThatIsNotInTheObject)
     Expect(20, "build s.asl -o out.dcm", "'plain.dcm': frames are not taken", "'text.dcm': not readable as DICOM",
            "'broken.jpg': not a JPEG", "'notes.txt': the name does not end", "'none.jpg': missing",
            "'none\\*.jpg': no file matches",
-           "'x.jpg': missing, not a regular file, or unreadable; the first file that a pattern finds must lie");
+           "'x.jpg': missing, not a regular file, or unreadable; the first file that a pattern finds must be");
     Write("s.asl", kSmall + "#PIXEL_DATA_FILE=one.dcm\n#PIXEL_DATA_FILE=plain.dcm\n#PIXEL_DATA_FILE=two.dcm\n");
     Expect(20, "build s.asl -o out.dcm", "'one.dcm': missing", "'two.dcm': missing");
     Write("s.asl", kSmall + "#SOURCE_FILE=none.dcm\n");

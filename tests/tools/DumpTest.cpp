@@ -99,7 +99,7 @@ TEST_F(Dump, TellsWhatEachTrialOfAnUnreadableStreamMet)
     Write("empty.dcm", "");
     Write("bare.dcm", std::string(128, '\0') + "DICM");
     Expect(20, "dump empty.dcm bare.dcm", "varnotix: empty.dcm: not readable as DICOM\n  explicit",
-           "bare.dcm: ", "there are no elements in it");
+           "bare.dcm: ", "it has no elements");
 }
 
 TEST_F(Dump, AFullDeviceIsAnOutputThatCannotBeWritten)

@@ -117,10 +117,10 @@ TEST_F(FramesTest, UncompressedFramesLieBackToBack)
     EXPECT_EQ(Read("out/frame-0002.bin"), "efgh");
 
     // More than asked for, less than asked for, and a number that is none.
-    EXPECT_TRUE(Holds(FramesOf(Native({}, "abcdef"), "").err, "2 bytes behind its last frame are left out"));
+    EXPECT_TRUE(Holds(FramesOf(Native({}, "abcdef"), "").err, "2 bytes after its last frame are left out"));
     EXPECT_TRUE(Holds(FramesOf(Native({.frames = "2147483647"}, "abcdef"), "").err, "holds 6 bytes, too few"));
     EXPECT_EQ(Read("out/frame-0002.bin"), "ef");
-    EXPECT_TRUE(Holds(FramesOf(Native({.frames = "2A"}, "efghabcd"), "").err, "'2A' is no number of frames"));
+    EXPECT_TRUE(Holds(FramesOf(Native({.frames = "2A"}, "efghabcd"), "").err, "'2A' is not a number of frames"));
     EXPECT_EQ(Read("out/frame-0002.bin"), "abcd");
 }
 
@@ -128,10 +128,10 @@ TEST_F(FramesTest, WithoutAFrameSizeTheValueIsOneFrame)
 {
     for (const SImage& image : {SImage{.rows = 0}, SImage{.samples = 0, .frames = "2"}, SImage{.bits = 0}})
     {
-        EXPECT_TRUE(Holds(FramesOf(Native(image, "abcdefgh"), "").err, "do not tell the size of a frame"));
+        EXPECT_TRUE(Holds(FramesOf(Native(image, "abcdefgh"), "").err, "do not give the size of a frame"));
         EXPECT_EQ(Read("out/frame-0001.bin"), "abcdefgh");
     }
-    EXPECT_TRUE(Holds(FramesOf(Part10(kExplicitUid, Us(0x00280010, 1)), "", 20).err, "there is no pixel data in it"));
+    EXPECT_TRUE(Holds(FramesOf(Part10(kExplicitUid, Us(0x00280010, 1)), "", 20).err, "it has no pixel data"));
 }
 
 TEST_F(FramesTest, OffsetTableOrNumberOfFramesGathersFragments)
@@ -277,6 +277,6 @@ TEST_F(PictureTest, WhatCannotBeDrawnIsRefusedWithTheReason)
     EXPECT_TRUE(Holds(Refusal(Native({.bits = 12}, "abcdef")), "samples of 12 bits"));
     EXPECT_TRUE(Holds(Refusal(Native({.bits = 65535}, "abcdef")), "samples of 65535 bits"));
     EXPECT_TRUE(Holds(Refusal(Native({.photometric = "HSV "}, "abcd")), "'HSV' are not supported"));
-    EXPECT_TRUE(Holds(Refusal(Native({.samples = 3}, "abcdabcdabcd")), "3 samples a pixel do not fit"));
+    EXPECT_TRUE(Holds(Refusal(Native({.samples = 3}, "abcdabcdabcd")), "3 samples per pixel do not fit"));
     EXPECT_TRUE(Holds(Refusal(Native({.more = Text(0x00281053, "DS", "1e999")}, "abcd")), "'1e999' cannot be used"));
 }

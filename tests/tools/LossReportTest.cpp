@@ -34,7 +34,7 @@ TEST_F(LossReport, OneLineSumsUpAndVerboseGivesALineAnElement)
     EXPECT_TRUE(Holds(lines, "varnotix: in.dcm: (0008,0000) ", ": removed\n",
                       "varnotix: in.dcm: (0008,0008) Image Type: empty values are dropped\n",
                       "varnotix: in.dcm: (0008,1140) Referenced Image Sequence at offset ",
-                      ": written one element an item; items read: 2\n",
+                      ": regrouped, one item per element (2 items read)\n",
                       "varnotix: in.dcm: (0009,1001) Private Data Element: value of 4 bytes lost\n"));
     EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 5);
 }
@@ -59,7 +59,7 @@ TEST_F(LossReport, AnEmptySequenceIsNoLossForWhatFollowsIt)
     EXPECT_TRUE(Read("out.dcm").ends_with(Explicit(0x00081140, "SQ", "") + name));
 
     EXPECT_TRUE(Holds(Rewrite(Explicit(0x00081140, "SQ", "") + name, "-s explicit"),
-                      "1 sequence with elements from behind its end"));
+                      "1 sequence with elements from after its end"));
 }
 
 TEST_F(LossReport, ValuesAndVrsThatOthersWillSeeOtherwiseAreToldOf)
@@ -69,7 +69,7 @@ TEST_F(LossReport, ValuesAndVrsThatOthersWillSeeOtherwiseAreToldOf)
     const std::string privates = Explicit(0x00090010, "LO", "MAKER ") + Explicit(0x00091001, "DS", "1.5 ");
     EXPECT_EQ(Rewrite(privates, "-s explicit"), "");
     EXPECT_TRUE(Holds(Rewrite(privates, "-s implicit"), "written with changes: 1 private VR not stated"));
-    EXPECT_TRUE(Holds(Rewrite(Explicit(0x00280106, "SS", "\1\2"), "-v -s explicit"), "VR SS gave way"));
+    EXPECT_TRUE(Holds(Rewrite(Explicit(0x00280106, "SS", "\1\2"), "-v -s explicit"), "VR SS replaced by"));
     const std::string oneEach = Explicit(0x00081140, "SQ", Item(Explicit(0x00081150, "UI", "1.2.")));
     EXPECT_TRUE(Holds(Rewrite(oneEach, "-s big"), "1 sequence that other readers may not read"));
 

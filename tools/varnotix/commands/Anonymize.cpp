@@ -15,9 +15,9 @@ namespace
 constexpr const char* kFooter =
     "32 attributes take the text: names, identifiers and descriptions of patient, physicians, institution and\n"
     "device. Those that are missing are not added. UIDs, dates of the study and what the pixels show stay: this is\n"
-    "no de-identification profile of PS3.15. What was found in an object and is not covered is told on standard\n"
-    "error: the same attributes in sequence items, private groups, burned-in annotation. --deep covers the first\n"
-    "two. The preamble of the file is cleared.";
+    "not a de-identification profile of PS3.15. Standard error reports what an object holds that is not covered:\n"
+    "the same attributes in sequence items, private groups, burned-in annotation. --deep covers the first two. The\n"
+    "preamble of the file is cleared.";
 
 struct SAnonymizeOptions
 {
@@ -42,7 +42,7 @@ public:
 
 private:
     void Apply(CDcmIOD& object) const;
-    void TellReplaced(const CDcmElementSet& store) const;
+    void ReportReplaced(const CDcmElementSet& store) const;
     void ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const;
     void ClearPreamble(CFile& file) const;
 
@@ -78,16 +78,16 @@ int CAnonymizer::Write(CDcmIOD& object, const CString& output)
     }
     ClearPreamble(target.File());
     target.Commit();
-    losses.Tell(m_name, m_report);
-    TellUncovered(written.ElementStore(), m_wanted.deep, m_name, m_report);
+    losses.Print(m_name, m_report);
+    ReportUncovered(written.ElementStore(), m_wanted.deep, m_name, m_report);
     return STATUS_DONE;
 }
 
-/// The object has no modules, so nothing can put an old value back when it is written.
+/// The object has no modules, so a write cannot restore an old value from them.
 void CAnonymizer::Apply(CDcmIOD& object) const
 {
     CDcmElementSet& store = object.ElementStore();
-    TellReplaced(store);
+    ReportReplaced(store);
     object.Anonymize55(m_wanted.text);
     if (m_wanted.deep)
     {
@@ -97,7 +97,7 @@ void CAnonymizer::Apply(CDcmIOD& object) const
     }
 }
 
-void CAnonymizer::TellReplaced(const CDcmElementSet& store) const
+void CAnonymizer::ReportReplaced(const CDcmElementSet& store) const
 {
     const bool isNumber = !m_wanted.text.IsEmpty() && m_wanted.text.View()[0] >= '0' && m_wanted.text.View()[0] <= '9';
     for (int i = 0; i < store.GetCount(); ++i)
@@ -111,13 +111,13 @@ void CAnonymizer::TellReplaced(const CDcmElementSet& store) const
         if (!m_wanted.text.IsEmpty() && !isNumber &&
             (element.HasVr(VR_DA) || element.HasVr(VR_TM) || element.HasVr(VR_AS) || element.HasVr(VR_DS)))
         {
-            what += ", though the text is no value of VR " + element.VrName();
+            what += ", though the text is not a value of VR " + element.VrName();
         }
         m_report.Detail(m_name + ": " + TagAndName(element.Tag()) + what);
     }
 }
 
-/// The attributes hold their texts, but not yet the raw bytes that a write makes of them.
+/// Anonymised attributes hold texts; their raw bytes are encoded by the write.
 void CAnonymizer::ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const
 {
     for (SSnapshot& snapshot : level)
@@ -131,7 +131,7 @@ void CAnonymizer::ExpectTexts(std::vector<SSnapshot>& level, bool isReached) con
     }
 }
 
-/// A preamble may hold anything; that of an input without one is made of the first bytes of its data set.
+/// A preamble may hold identifying text. For an input without one, the read takes the first bytes of its data set.
 void CAnonymizer::ClearPreamble(CFile& file) const
 {
     BYTE preamble[kPreambleSize] = {};
@@ -152,13 +152,13 @@ bool IsUsable(const SAnonymizeOptions& wanted, bool intoFolder, const CReport& r
                                           [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
     if (isControlled)
     {
-        report.Error("--text: a backslash or a control character cannot stand in a value");
+        report.Error("--text: a value cannot contain a backslash or a control character");
         return false;
     }
     if (intoFolder &&
         (wanted.output == "-" || std::find(wanted.files.begin(), wanted.files.end(), "-") != wanted.files.end()))
     {
-        report.Error("-o: standard input and output go with a single FILE, and with a file to write to");
+        report.Error("-o: standard input and output require a single FILE and a file to write to");
         return false;
     }
     return true;
@@ -168,7 +168,7 @@ int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
 {
     const std::vector<CString>& files = wanted.files;
     const CString& output = wanted.output;
-    const bool intoFolder = files.size() > 1 || MeansFolder(output);
+    const bool intoFolder = files.size() > 1 || IsFolderPath(output);
     if (!IsUsable(wanted, intoFolder, report))
     {
         return STATUS_USAGE;
@@ -189,22 +189,23 @@ int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
     {
         progress.Step(i);
         const CString& input = files[i];
-        const CString path = intoFolder ? JoinPath(output, PlainName(input)) : output;
+        const CString path = intoFolder ? JoinPath(output, FileNameOf(input)) : output;
         int result = STATUS_UNWRITTEN;
         if (!taken.insert(std::string(path.CText())).second)
         {
-            report.Error(input + ": not written, because another input of that name was written to " + path);
+            report.Error(input + ": not written, because another input of the same name was written to " + path);
         }
         else
         {
-            result = TellingFailures(path, report,
-                                     [&]
-                                     {
-                                         CDcmIOD object;
-                                         return ReadObject(input, object, report)
-                                                    ? CAnonymizer(ShownName(input), wanted, report).Write(object, path)
-                                                    : STATUS_UNREADABLE;
-                                     });
+            result =
+                ReportWriteFailures(path, report,
+                                    [&]
+                                    {
+                                        CDcmIOD object;
+                                        return ReadObject(input, object, report)
+                                                   ? CAnonymizer(ShownName(input), wanted, report).Write(object, path)
+                                                   : STATUS_UNREADABLE;
+                                    });
         }
         failed += result == STATUS_DONE ? 0 : 1;
         status = std::max(status, result);
@@ -223,12 +224,12 @@ int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
 void AddAnonymize(CCommandLine& line)
 {
     const auto options = std::make_shared<SAnonymizeOptions>();
-    CVerb verb = line.AddVerb("anonymize", "Replace or remove what tells who the patient is", kFooter);
+    CVerb verb = line.AddVerb("anonymize", "Replace or remove identifying attributes", kFooter);
     verb.Texts("FILE", options->files, "Files to read; '-' is standard input");
     verb.Text("-o,--output", options->output,
               "Folder to write to; for a single FILE also a file, or '-' for standard output");
-    verb.TextWithDefault("--text", options->text, "Goes into the attributes; an empty text removes them");
-    verb.Flag("--deep", options->deep, "Reach into sequence items, drop private groups, and say so in the file");
+    verb.TextWithDefault("--text", options->text, "Text for the attributes; an empty text removes them");
+    verb.Flag("--deep", options->deep, "Include sequence items, drop private groups, and record both in the file");
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return Anonymize(*options, report); });
 }

@@ -7,11 +7,10 @@ namespace
 {
 
 constexpr const char* kFooter =
-    "'varnotix dump FILE >SCRIPT', change values, 'varnotix apply SCRIPT FILE -o OUT'. Only lines that differ from "
-    "what\n"
-    "FILE itself prints are applied; all else stays, what the text does not carry included. A line for an attribute\n"
-    "that FILE lacks adds it; '[]' empties a value; a line that is missing means nothing. Nothing is written when a\n"
-    "line cannot be applied. OUT keeps the transfer syntax of FILE; OUT and FILE may be the same file.";
+    "'varnotix dump FILE >SCRIPT', change values, 'varnotix apply SCRIPT FILE -o OUT'. Only lines that differ from\n"
+    "what FILE itself prints are applied; all else is kept, including what the text does not carry. A line for an\n"
+    "attribute that FILE lacks adds it; '[]' empties a value; a missing line changes nothing. Nothing is written\n"
+    "when a line cannot be applied. OUT keeps the transfer syntax of FILE; OUT and FILE may be the same file.";
 
 struct SApplyOptions
 {
@@ -27,7 +26,7 @@ CString Counted(int count, const char* one, const char* many)
     return text;
 }
 
-void TellChanges(const CScriptMerge& merge, const CString& script, const CString& input, const CReport& report)
+void ReportChanges(const CScriptMerge& merge, const CString& script, const CString& input, const CReport& report)
 {
     int added = 0;
     for (const CScriptMerge::SChange& change : merge.Changes())
@@ -62,7 +61,7 @@ int ApplyOne(const SApplyOptions& options, const CReport& report)
     const CScriptMerge merge(lines, object.ElementStore());
     for (const int command : merge.Commands())
     {
-        report.Say(ScriptPlace(scriptName, command) + ": commands have no effect on an object that is there");
+        report.Say(ScriptPlace(scriptName, command) + ": commands have no effect on an existing object");
     }
     const int faults = ReportFaults(scriptName, merge.Faults(), report);
     if (faults > 0)
@@ -72,8 +71,8 @@ int ApplyOne(const SApplyOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     Rewrite(object, form, {uid, form.syntax, options.output}, name, losses, report);
-    TellUnlikeMeta(object, name, report);
-    TellChanges(merge, scriptName, name, report);
+    ReportMetaMismatch(object, name, report);
+    ReportChanges(merge, scriptName, name, report);
     return STATUS_DONE;
 }
 
@@ -88,7 +87,7 @@ int Apply(const SApplyOptions& options, const CReport& report)
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures(options.output, report, [&] { return ApplyOne(options, report); });
+    return ReportWriteFailures(options.output, report, [&] { return ApplyOne(options, report); });
 }
 
 } // namespace

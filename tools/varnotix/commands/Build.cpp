@@ -16,8 +16,8 @@ namespace
 
 constexpr const char* kFooter =
     "The script's lines are the attributes; its commands name the files that pixel data comes from, what to anonymise\n"
-    "and what to remove. The file meta information is completed. Each line that is lost and each file that nothing is\n"
-    "taken from is named with the reason; nothing is written then, unless --force is given. A script opens the files\n"
+    "and what to remove. The file meta information is completed. Each lost line and each file that gives no pixel\n"
+    "data is named with the reason; nothing is written then, unless --force is given. A script opens the files\n"
     "that it names, so trust it as you trust a program.";
 
 struct SBuildOptions
@@ -34,8 +34,8 @@ constexpr DWORD kPixelData = 0x7FE00010;
 class CBuilder
 {
 public:
-    CBuilder(const CString& name, const CStringArray& lines, const SBuildOptions& wanted, const CReport& report)
-        : m_name(name), m_lines(lines), m_wanted(wanted), m_report(report)
+    CBuilder(const CString& name, const CStringArray& lines, const SBuildOptions& options, const CReport& report)
+        : m_name(name), m_lines(lines), m_wanted(options), m_report(report)
     {
         CDcmAttributeModule read;
         m_script.Run(lines, read);
@@ -45,7 +45,7 @@ public:
 
 private:
     CString Output() const;
-    bool HasWholeLines(const CDcmIOD& object) const;
+    bool CheckLines(const CDcmIOD& object) const;
     void RemoveEmptySequences(CDcmElementSet& set, const CString& path) const;
     int Syntax(const SObjectForm& form) const;
 
@@ -65,26 +65,26 @@ int CBuilder::Write()
         return STATUS_USAGE;
     }
     CDcmCompositeIOD object;
-    const bool hasArguments = HasGoodArguments(m_script, m_name, m_report);
+    const bool hasArguments = CheckCommandArguments(m_script, m_name, m_report);
     const bool hasSources = BuildObject(m_script, m_lines, object, m_name, m_report);
-    const bool isWhole = HasWholeLines(object) && hasArguments && hasSources;
+    const bool isWhole = CheckLines(object) && hasArguments && hasSources;
     if (!isWhole && !m_wanted.force)
     {
         m_report.Error(output +
-                       ": not written, because the script is not followed in whole; --force writes what is there");
+                       ": not written, because parts of the script could not be followed; --force writes the rest");
         return STATUS_UNREADABLE;
     }
     ApplyGroupCommands(m_script, object.ElementStore(), m_name, m_report);
     RemoveEmptySequences(object.ElementStore(), CString());
     CompleteFileMeta(object, m_name, m_report);
-    GiveRawValues(object.ElementStore());
+    EncodeRawValues(object.ElementStore());
     if (!m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty())
     {
-        TellUncovered(object.ElementStore(), false, m_name, m_report);
+        ReportUncovered(object.ElementStore(), false, m_name, m_report);
     }
 
     SObjectForm form = FormOf(object);
-    form.syntax = SYNTAX_EXPLICIT_LITTLE; // What a script states and does not state is that of explicit VR.
+    form.syntax = SYNTAX_EXPLICIT_LITTLE; // Lines of a script carry their VRs.
     const int syntax = Syntax(form);
     const CString uid = UidToWrite(form, m_name, syntax, m_report);
     if (uid.IsEmpty())
@@ -93,15 +93,15 @@ int CBuilder::Write()
     }
     if (syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
     {
-        GivePixelDataItsVr(object.ElementStore(), m_name, m_report);
+        SetPixelDataVr(object.ElementStore(), m_name, m_report);
     }
-    TellUnlikeMeta(object, m_name, m_report);
+    ReportMetaMismatch(object, m_name, m_report);
     CLossReport losses;
     Rewrite(object, form, {uid, syntax, output}, m_name, losses, m_report);
     return STATUS_DONE;
 }
 
-/// Paths in scripts have the separators of the system that they come from.
+/// Paths in scripts may have the separators of another system.
 CString CBuilder::Output() const
 {
     if (!m_wanted.output.IsEmpty() || m_script.TargetFile().IsEmpty())
@@ -114,8 +114,8 @@ CString CBuilder::Output() const
     return CString(path);
 }
 
-/// Tells what the reader could not follow. False when lines were lost.
-bool CBuilder::HasWholeLines(const CDcmIOD& object) const
+/// Reports the lines that the reader could not follow. False when lines were lost.
+bool CBuilder::CheckLines(const CDcmIOD& object) const
 {
     const CDcmElement* pixels = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
     const bool hasPixels = pixels != nullptr && !pixels->IsEmptyValue();
@@ -124,7 +124,7 @@ bool CBuilder::HasWholeLines(const CDcmIOD& object) const
     std::vector<SScriptFault> faults;
     for (const SScriptLine& line : tree.Lines())
     {
-        // A printed object names the file that its pixel data is in.
+        // The line of pixel data in a printed object; the frames come from the source file that the document names.
         if (hasPixels && line.tag == kPixelData)
         {
             replaced.insert(line.line);
@@ -148,7 +148,7 @@ bool CBuilder::HasWholeLines(const CDcmIOD& object) const
     return ReportFaults(m_name, faults, m_report) == 0;
 }
 
-/// A reader takes the element behind an empty sequence for one of its items.
+/// A reader takes the element after an empty sequence for one of its items.
 void CBuilder::RemoveEmptySequences(CDcmElementSet& set, const CString& path) const
 {
     for (int i = set.GetCount() - 1; i >= 0; --i)
@@ -181,20 +181,20 @@ int CBuilder::Syntax(const SObjectForm& form) const
     return named == SYNTAX_UNKNOWN ? SYNTAX_EXPLICIT_LITTLE : named;
 }
 
-int Build(const SBuildOptions& wanted, const CReport& report)
+int Build(const SBuildOptions& options, const CReport& report)
 {
     if (!HasDataFiles(report, true))
     {
         return STATUS_UNREADABLE;
     }
     CStringArray lines;
-    if (!ReadScript(wanted.script, lines, report))
+    if (!ReadScript(options.script, lines, report))
     {
         return STATUS_UNREADABLE;
     }
-    const CString name = ShownName(wanted.script);
-    return TellingFailures(wanted.output.IsEmpty() ? name : wanted.output, report,
-                           [&] { return CBuilder(name, lines, wanted, report).Write(); });
+    const CString name = ShownName(options.script);
+    return ReportWriteFailures(options.output.IsEmpty() ? name : options.output, report,
+                               [&] { return CBuilder(name, lines, options, report).Write(); });
 }
 
 } // namespace

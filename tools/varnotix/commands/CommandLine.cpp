@@ -28,8 +28,8 @@ int PrintParseResult(const CLI::App& app, const CLI::ParseError& result)
     return STATUS_DONE;
 }
 
-/// The arguments behind the program's name, last first, as the parser takes them. An option with an empty value behind
-/// its "=" becomes two arguments: the parser would take the next one for its value.
+/// The arguments after the program's name, last first, as the parser takes them. An option with an empty value after
+/// its "=" becomes two arguments, because the parser would take the next argument for its value.
 std::vector<std::string> ReversedArguments(int count, char** texts)
 {
     std::vector<std::string> reversed;
@@ -100,7 +100,7 @@ void CVerb::Flag(const char* name, bool& value, const char* help)
 
 void CVerb::MessageFlags()
 {
-    CLI::Option* quiet = m_verb.add_flag("-q,--quiet", m_line.m_quiet, "Print errors alone");
+    CLI::Option* quiet = m_verb.add_flag("-q,--quiet", m_line.m_quiet, "Print errors only");
     m_verb.add_flag("-v,--verbose", m_line.m_verbose, "Print details")->excludes(quiet);
 }
 

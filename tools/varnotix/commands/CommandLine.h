@@ -17,8 +17,8 @@ class App;
 
 class CCommandLine;
 
-/// One verb, to be given options and an action. Its arguments are written to variables that must live until the command
-/// line has run; a verb keeps them in a structure that its action shares.
+/// One verb, to be given options and an action. Arguments are stored in variables that must outlive CCommandLine::Run;
+/// a verb keeps them in a structure that its action shares.
 ///
 /// Help lists options in the order in which they are added. Names are those of the parser: "-o,--output" or, for an
 /// argument by position, "FILE".
@@ -44,10 +44,10 @@ public:
     /// The option "--syntax" and its words. The value is one of ESyntax.
     void Syntax(int& syntax, const char* help, ENeed need);
     void Flag(const char* name, bool& value, const char* help);
-    /// The flags of verbs that have something to say besides errors: "--quiet" and "--verbose".
+    /// Adds "--quiet" and "--verbose", for verbs that print messages besides errors.
     void MessageFlags();
 
-    /// What the verb does.
+    /// Sets what the verb does.
     /// @param action returns an exit status (see EStatus). Exceptions pass through CCommandLine::Run.
     void Action(const std::function<int(const CReport&)>& action);
 

@@ -9,10 +9,10 @@ constexpr const char* kFooter =
     "IN is a file with or without preamble and file meta information; OUT always gets both, and its Transfer Syntax\n"
     "UID (0002,0010) is set. OUT appears when it is complete; IN and OUT may be the same file.\n"
     "Compressed pixel data is not decompressed: 'explicit' keeps its transfer syntax, the others refuse it.\n"
-    "In big endian, item lengths have a byte order of this library's own, which other readers may not know.\n"
-    "A rewrite regroups the items of sequences, one element an item, drops values of VR UN and empty values in\n"
-    "lists, and remakes group lengths. What the output no longer holds as IN did is told on standard error:\n"
-    "in one summary line, or in one line an element with -v.";
+    "In big endian, item lengths have a byte order specific to this library, which other readers may not know.\n"
+    "A rewrite regroups the items of sequences, one item per element, drops values of VR UN and empty values in\n"
+    "lists, and recomputes group lengths. Standard error gets a summary of what OUT no longer holds as IN did,\n"
+    "or one line per element with -v.";
 
 struct SConvertOptions
 {
@@ -39,7 +39,7 @@ int ConvertOne(const SConvertOptions& options, const CReport& report)
     losses.AddReadNotes(object);
     if (form.syntax == SYNTAX_IMPLICIT_LITTLE && options.syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
     {
-        GivePixelDataItsVr(object.ElementStore(), name, report);
+        SetPixelDataVr(object.ElementStore(), name, report);
     }
     Rewrite(object, form, {uid, options.syntax, options.output}, name, losses, report);
     return STATUS_DONE;
@@ -51,7 +51,7 @@ int Convert(const SConvertOptions& options, const CReport& report)
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures(options.output, report, [&] { return ConvertOne(options, report); });
+    return ReportWriteFailures(options.output, report, [&] { return ConvertOne(options, report); });
 }
 
 } // namespace

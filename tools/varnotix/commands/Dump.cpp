@@ -9,12 +9,12 @@
 namespace
 {
 
-constexpr const char* kFooter = "The first lines of a document, with '#' before them, tell the file, the syntax that "
-                                "it was read in and the number of elements.";
+constexpr const char* kFooter =
+    "The first lines of a document begin with '#': file, syntax that it was read in, number of elements.";
 
 constexpr const char* kSourceLine = "#SOURCE_FILE=";
 
-/// Prints one object. Throws CWriteFailure, after which no other object can be printed either.
+/// Prints one object. Throws CWriteFailure, after which nothing more can be printed.
 int DumpOne(const CString& path, const CReport& report)
 {
     CDcmIOD object;

@@ -16,9 +16,9 @@ namespace
 constexpr const char* kFooter =
     "The files are frame-0001 and so on, with the extension jpg, j2k or jls for what these decoders read, and bin\n"
     "for the rest. Uncompressed samples of more than one byte are in little endian, whatever the file has.\n"
-    "Pictures (--png) have eight bits a channel. Grayscale is shown through the first window, or over the range of\n"
+    "Pictures (--png) have eight bits per channel. Grayscale is shown through the first window, or over the range of\n"
     "the values in the frame; MONOCHROME1, RGB, YBR_FULL, YBR_FULL_422 and PALETTE COLOR are understood,\n"
-    "uncompressed or run length encoded. Overlays are not drawn. What cannot be drawn is told on standard error.";
+    "uncompressed or run length encoded. Overlays are not drawn. Standard error reports what cannot be drawn.";
 
 struct SFramesOptions
 {
@@ -68,7 +68,7 @@ private:
     CString m_folder;
     const CReport& m_report;
     SImageHeader m_header;
-    const CPainter* m_painter = nullptr; // Null: frames are written as they lie.
+    const CPainter* m_painter = nullptr; // Null: frames are written as stored.
     bool m_isRle = false;
     CString m_extension;
 };
@@ -79,7 +79,7 @@ int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
     const CDcmFrameList* stored = element != nullptr ? element->Frames() : nullptr;
     if (stored == nullptr || stored->GetCount() == 0)
     {
-        m_report.Error(m_name + ": there is no pixel data in it");
+        m_report.Error(m_name + ": it has no pixel data");
         return STATUS_UNREADABLE;
     }
     m_header = ReadImageHeader(object);
@@ -90,7 +90,7 @@ int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
     const CFrameSource source(*stored, m_header, form.compressed, m_name, m_report);
     if (m_isRle)
     {
-        // A decoded frame has whole samples, pixel by pixel, whatever the attributes say of it (PS3.5 Annex G).
+        // A decoded frame has whole samples, pixel by pixel, regardless of the attributes (PS3.5 Annex G).
         m_header.byPlane = false;
         m_header.photometricNumber =
             m_header.photometricNumber == PHOTOMETRIC_YBR_FULL_422 ? PHOTOMETRIC_YBR_FULL : m_header.photometricNumber;
@@ -103,7 +103,7 @@ int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
         {
             m_report.Error(m_name + ": no picture is drawn: its pixel data is compressed (transfer syntax " +
                            form.transferSyntax + "), and only RLE is decompressed here");
-            m_report.ErrorLine("Without --png its frames are written as they lie.");
+            m_report.ErrorLine("Without --png its frames are written as stored.");
             return STATUS_UNREADABLE;
         }
         painter = std::make_unique<CPainter>(object.ElementStore(), m_header, m_name, m_report);
@@ -116,7 +116,7 @@ int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
     m_painter = painter.get();
     if (source.Count() == 0)
     {
-        m_report.Error(m_name + ": there is no whole frame in it");
+        m_report.Error(m_name + ": it has no complete frame");
         return STATUS_UNREADABLE;
     }
 
@@ -177,7 +177,7 @@ int Frames(const SFramesOptions& options, const CReport& report)
 {
     if (options.asPictures && !HasPngWriter())
     {
-        report.Error("this build has no PNG writer; without --png frames are written as they lie");
+        report.Error("this build has no PNG writer; without --png frames are written as stored");
         return STATUS_USAGE;
     }
     if (!HasDataFiles(report, true))
@@ -189,7 +189,7 @@ int Frames(const SFramesOptions& options, const CReport& report)
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures(
+    return ReportWriteFailures(
         options.folder, report,
         [&] {
             return CFrameWriter(ShownName(options.input), options.folder, report).WriteAll(object, options.asPictures);
@@ -203,8 +203,8 @@ void AddFrames(CCommandLine& line)
     const auto options = std::make_shared<SFramesOptions>();
     CVerb verb = line.AddVerb("frames", "Write each frame of the pixel data to a file", kFooter);
     verb.Text("FILE", options->input, "File to read; '-' is standard input");
-    verb.Text("-o,--output", options->folder, "Folder to write to; it is made when it is missing");
-    verb.Flag("--png", options->asPictures, "Write pictures to look at instead of the frames as they lie");
+    verb.Text("-o,--output", options->folder, "Output folder; created if missing");
+    verb.Flag("--png", options->asPictures, "Write PNG pictures instead of the stored frames");
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return Frames(*options, report); });
 }

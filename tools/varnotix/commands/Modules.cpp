@@ -159,7 +159,7 @@ int Modules(const SModulesOptions& options, const CReport& report)
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures("standard output", report,
+    return ReportWriteFailures("standard output", report,
                                [&]
                                {
                                    const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);

@@ -213,7 +213,7 @@ int New(const SNewOptions& options, const CReport& report)
     {
         return STATUS_UNREADABLE;
     }
-    return TellingFailures(options.output, report,
+    return ReportWriteFailures(options.output, report,
                                [&]
                                {
                                    const CString script = CScriptMaker(KindOf(options.kind)).Make();

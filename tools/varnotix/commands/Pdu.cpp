@@ -5,8 +5,8 @@ namespace
 {
 
 constexpr const char* kFooter =
-    "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may stand between the\n"
-    "pairs of digits, and '#' starts a comment. Bytes that no PDU can be made of are told on standard error, with\n"
+    "PDUs follow one another as on a connection. In text, white space, commas, colons and '0x' may separate the\n"
+    "pairs of digits, and '#' starts a comment. Bytes that are not a valid PDU are reported on standard error, with\n"
     "their offset and status 20; what comes before them is printed.";
 
 struct SPduOptions

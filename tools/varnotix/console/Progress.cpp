@@ -31,7 +31,7 @@ CProgress::~CProgress()
 {
     if (m_isShown)
     {
-        // Blanks, for not every terminal knows codes that clear a line.
+        // Blanks, because not every terminal has codes that clear a line.
         std::fprintf(stderr, "\r%*s\r", 60, "");
     }
 }
@@ -39,7 +39,7 @@ CProgress::~CProgress()
 void CProgress::Step(std::size_t step)
 {
     constexpr int kWidth = 40;
-    // Not more often than the bar can grow.
+    // At most once per percent.
     const std::size_t percent = step * 100 / m_steps;
     if (!m_isShown || (step > 0 && percent == (step - 1) * 100 / m_steps))
     {

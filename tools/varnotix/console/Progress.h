@@ -1,11 +1,11 @@
-/// How far a long run is, for people at a terminal.
+/// Progress of long runs, on a terminal.
 #pragma once
 
 #include "console/Report.h"
 
 #include <cstddef>
 
-/// A line on the terminal that counts; nothing is shown elsewhere, to the quiet, or for a single step.
+/// A progress bar on standard error; shown only on a terminal, without --quiet, and for more than one step.
 class CProgress
 {
 public:
@@ -15,7 +15,7 @@ public:
     CProgress(const CProgress&) = delete;
     CProgress& operator=(const CProgress&) = delete;
 
-    /// To be called before each step, counted from 0. Messages of the step go over the line.
+    /// Call before each step, counted from 0. Messages of the step overwrite the bar.
     void Step(std::size_t step);
 
 private:

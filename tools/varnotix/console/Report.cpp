@@ -7,7 +7,7 @@ namespace
 
 void PutLine(const CString& text)
 {
-    // One call a line, so that lines of several programs on one terminal do not mix.
+    // One call per line, so that lines of several programs on one terminal do not mix.
     const CString line = text + "\n";
     std::fwrite(line, 1, static_cast<std::size_t>(line.GetLength()), stderr);
 }

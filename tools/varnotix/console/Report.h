@@ -3,12 +3,12 @@
 
 #include "Varnotix/Varnotix.h"
 
-/// Exit statuses; of several the largest counts.
+/// Exit statuses; of several inputs the largest status is returned.
 enum EStatus : int
 {
     STATUS_DONE = 0,
-    STATUS_USAGE = 1,       ///< The command line makes no sense.
-    STATUS_UNREADABLE = 20, ///< An input could not be read, or cannot become what was asked for.
+    STATUS_USAGE = 1,       ///< The command line is wrong.
+    STATUS_UNREADABLE = 20, ///< An input could not be read, or cannot be turned into the requested output.
     STATUS_UNWRITTEN = 40   ///< An output could not be written.
 };
 
@@ -20,9 +20,9 @@ public:
 
     /// A failure: always shown.
     void Error(const CString& text) const;
-    /// What a user should know: shown unless quiet.
+    /// A warning or result: shown unless quiet.
     void Say(const CString& text) const;
-    /// Shown to those who asked for details.
+    /// A detail: shown with --verbose only.
     void Detail(const CString& text) const;
     /// A line below an error, without the program's name.
     void ErrorLine(const CString& text) const;
@@ -41,5 +41,5 @@ CString TagName(DWORD tag);
 /// TagName and the name that the dictionary gives the tag.
 CString TagAndName(DWORD tag);
 
-/// The syntax in words, for messages.
+/// The name of a syntax (see ESyntax), for messages.
 const char* SyntaxName(int syntax);

@@ -23,7 +23,7 @@ namespace
 void PrepareStandardStreams()
 {
 #if defined(_WIN32)
-    // The C library there translates line ends, which would break objects and make documents differ between systems.
+    // Text mode would translate line ends, which breaks objects and makes documents differ between systems.
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
 #endif

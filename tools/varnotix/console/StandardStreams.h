@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string_view>
 
-/// An output could not be written; the text names it and tells why.
+/// An output could not be written; the text gives its name and the reason.
 class CWriteFailure : public std::runtime_error
 {
 public:
@@ -14,7 +14,7 @@ public:
 };
 
 /// Makes the standard streams carry bytes unchanged, and a closed pipe or a limit of file size a failed write instead
-/// of the program's end. To be called before either stream is used.
+/// of the program's end. Call it before using either stream.
 void PrepareStandardStreams();
 
 /// Appends everything that standard input holds. Throws CMemoryException beyond 2^31-1 bytes, and CFileException when
@@ -24,5 +24,5 @@ void ReadStandardInput(CByteArray& bytes);
 /// Writes to standard output, which buffers. Throws CWriteFailure.
 void WriteStandardOutput(std::string_view text);
 
-/// Hands everything written to the system. Throws CWriteFailure.
+/// Flushes standard output. Throws CWriteFailure.
 void FlushStandardOutput();

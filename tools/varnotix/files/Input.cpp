@@ -14,7 +14,7 @@ void Load(CFile& file, const std::function<void(CArchive&)>& take)
     archive.Close();
 }
 
-/// Hands over what a path or "-" names.
+/// Opens what a path or "-" names, and passes it to the action.
 void ReadInput(const CString& path, const std::function<void(CArchive&)>& take)
 {
     if (path == "-")
@@ -30,12 +30,12 @@ void ReadInput(const CString& path, const std::function<void(CArchive&)>& take)
     Load(file, take);
 }
 
-void ReportTrials(const CString& name, const CDcmIOD& object, const CReport& report)
+void ReportAttempts(const CString& name, const CDcmIOD& object, const CReport& report)
 {
     report.Error(name + ": not readable as DICOM");
     if (object.ReadTrials().empty())
     {
-        report.ErrorLine("there are no elements in it");
+        report.ErrorLine("it has no elements");
     }
     for (const SReadTrial& trial : object.ReadTrials())
     {
@@ -48,7 +48,7 @@ void ReportTrials(const CString& name, const CDcmIOD& object, const CReport& rep
 
 void ReportMissingFile(const CReport& report, const char* what, const char* name)
 {
-    report.Error(CString("there is no ") + what + ": no '" + name + "' with rows in it was found in the current " +
+    report.Error(CString("there is no ") + what + ": no '" + name + "' with rows was found in the current " +
                  "directory, in the folder that VARNOTIX_DATA names, beside the library, or in the share folder");
     report.ErrorLine("Put the file beside the library, or set VARNOTIX_DATA to its folder. "
                      "'varnotix where' lists the places.");
@@ -77,7 +77,7 @@ CString ShownName(const CString& path)
     return path == "-" ? CString("standard input") : path;
 }
 
-bool TellingReadFailures(const CString& path, const CReport& report, const std::function<bool()>& read)
+bool ReportReadFailures(const CString& path, const CReport& report, const std::function<bool()>& read)
 {
     try
     {
@@ -105,13 +105,13 @@ bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
         ReadInput(path, [&](CArchive& archive) { object.Serialize(archive); });
         return true;
     };
-    if (!TellingReadFailures(path, report, read))
+    if (!ReportReadFailures(path, report, read))
     {
         return false;
     }
     if (object.GetCount() == 0)
     {
-        ReportTrials(ShownName(path), object, report);
+        ReportAttempts(ShownName(path), object, report);
         return false;
     }
     return true;
@@ -136,5 +136,5 @@ bool ReadScript(const CString& path, CStringArray& lines, const CReport& report)
         }
         return true;
     };
-    return TellingReadFailures(path, report, read);
+    return ReportReadFailures(path, report, read);
 }

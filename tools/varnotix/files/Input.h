@@ -5,21 +5,21 @@
 
 #include <functional>
 
-/// False, with a message that tells how to mend it, when the data dictionary is missing, without which no stream can
-/// be read. The UID table is asked for where an output names its transfer syntax.
+/// Checks that the data dictionary is loaded, without which no stream can be read; reports how to fix it otherwise.
+/// @param needsUids the UID table is needed too: the output names its transfer syntax.
 bool HasDataFiles(const CReport& report, bool needsUids);
 
 /// The file name as messages show it.
 CString ShownName(const CString& path);
 
-/// Does what reads an input, and turns every failure of it into a message.
+/// Runs an action that reads an input, and reports its exceptions.
 /// @return what the action returns; false after a failure.
-bool TellingReadFailures(const CString& path, const CReport& report, const std::function<bool()>& read);
+bool ReportReadFailures(const CString& path, const CReport& report, const std::function<bool()>& read);
 
 /// Reads the object in a file, or on standard input for "-".
-/// @return false, with a message that tells why, when there is no readable object.
+/// @return false, after a message with the reason, when there is no readable object.
 bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report);
 
 /// Reads the lines of a script, on standard input for "-", without the byte order mark that some editors put first.
-/// @return false, with a message that tells why, when it cannot be read.
+/// @return false, after a message with the reason, when it cannot be read.
 bool ReadScript(const CString& path, CStringArray& lines, const CReport& report);

@@ -9,7 +9,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-// Elsewhere the names that programs are given are not those that the standard library's paths take.
+// On Windows, program arguments are not in the encoding that the standard library's paths expect.
 constexpr bool kHasPlainPaths = fs::path::preferred_separator == '/';
 
 CString RandomName()
@@ -120,7 +120,7 @@ void COutputFile::Replace()
 {
     if constexpr (kHasPlainPaths)
     {
-        // Who may read the old file may read the new one, and nobody else.
+        // The new file keeps the permissions of the old one.
         std::error_code error;
         const fs::file_status old = fs::status(fs::path{std::string(m_path.CText())}, error);
         if (fs::exists(old))
@@ -130,7 +130,8 @@ void COutputFile::Replace()
     }
     if (!ReplaceFileByRename(m_temporary, m_path))
     {
-        throw CWriteFailure("cannot write '" + std::string(m_shown.CText()) + "': what is there cannot be replaced");
+        throw CWriteFailure("cannot write '" + std::string(m_shown.CText()) +
+                            "': the existing file cannot be replaced");
     }
     m_temporary.Empty();
 }

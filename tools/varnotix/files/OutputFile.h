@@ -5,10 +5,10 @@
 
 #include <memory>
 
-/// A file that is written under a temporary name beside its place and takes the place only when it is committed.
+/// A file that is written under a temporary name in the same folder and renamed when it is committed.
 ///
-/// Until then the old file stays, and it stays for good when the object is destroyed uncommitted. A device or pipe is
-/// no place for a rename: what goes there, and to standard output ("-"), is gathered in memory first.
+/// Until then an old file stays, also when this object is destroyed uncommitted. Output to a device, a pipe or standard
+/// output ("-"), which a rename cannot replace, is gathered in memory and written by the commit.
 class COutputFile
 {
 public:
@@ -21,7 +21,7 @@ public:
     /// Where to write; it can be read as well.
     CFile& File() { return *m_file; }
 
-    /// Puts what was written into its place. Throws CWriteFailure.
+    /// Moves what was written to its final name. Throws CWriteFailure.
     void Commit();
 
 private:

@@ -12,7 +12,7 @@ constexpr const char* kSeparators = fs::path::preferred_separator == '/' ? "/" :
 
 } // namespace
 
-bool MeansFolder(const CString& path)
+bool IsFolderPath(const CString& path)
 {
     const std::string text(path.CText());
     if (!text.empty() && text.find_last_of(kSeparators) == text.size() - 1)
@@ -41,7 +41,7 @@ void MakeFolder(const CString& path)
     }
 }
 
-CString PlainName(const CString& path)
+CString FileNameOf(const CString& path)
 {
     const std::string text(path.CText());
     const std::size_t end = text.find_last_of(kSeparators);

@@ -1,13 +1,13 @@
-/// Folders that outputs go to.
+/// Output folders.
 #pragma once
 
 #include "Varnotix/Varnotix.h"
 
-/// True when the path means a folder: one that is there, or any path that ends as folders do.
-bool MeansFolder(const CString& path);
+/// True for an existing folder, and for a path that ends with a separator.
+bool IsFolderPath(const CString& path);
 
-/// Makes a folder and those above it. One that cannot be made shows when the first file is written to it.
+/// Creates a folder and its parents. A failure shows when the first file is written to the folder.
 void MakeFolder(const CString& path);
 
 /// The last component of a path.
-CString PlainName(const CString& path);
+CString FileNameOf(const CString& path);

@@ -110,5 +110,5 @@ bool ReadPduBytes(const CString& path, CByteArray& bytes, const CReport& report)
         }
         return true;
     };
-    return TellingReadFailures(path, report, read);
+    return ReportReadFailures(path, report, read);
 }

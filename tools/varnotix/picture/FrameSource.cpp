@@ -16,7 +16,7 @@ DWORD TableEntry(const CByteArray& table, int index)
            static_cast<DWORD>(bytes[3]) << 24U;
 }
 
-/// 0 for a text that is no positive number; an object without the attribute has one frame.
+/// 0 for a text that is not a positive number; an object without the attribute has one frame.
 std::size_t FramesOf(const SImageHeader& header)
 {
     const int number = header.framesText.IsEmpty() ? 1 : WholeNumber(header.framesText).value_or(0);
@@ -38,7 +38,7 @@ CFrameSource::CFrameSource(const CDcmFrameList& stored, const SImageHeader& head
     if (FramesOf(header) == 0)
     {
         report.Say(name + ": Number of Frames (0028,0008) '" + header.framesText +
-                   "' is no number of frames, so the pixel data tells it");
+                   "' is not a number of frames; they are counted in the pixel data");
     }
     if (compressed || stored.GetCount() > 1)
     {
@@ -59,9 +59,9 @@ void CFrameSource::DivideNative(const SImageHeader& header)
     const std::size_t wanted = FramesOf(header);
     if (size == 0 || (wanted != 1 && !isAligned))
     {
-        Tell(size == 0 ? "its attributes do not tell the size of a frame, so its %llu bytes are taken as one frame"
-                       : "its frames do not begin at whole bytes, so its %llu bytes are taken as one frame",
-             m_total);
+        Say(size == 0 ? "its attributes do not give the size of a frame, so its %llu bytes are taken as one frame"
+                      : "its frames do not begin at whole bytes, so its %llu bytes are taken as one frame",
+            m_total);
         m_count = 1;
         m_ranges = {{0, m_total}};
         return;
@@ -80,14 +80,14 @@ void CFrameSource::DivideNative(const SImageHeader& header)
         const std::size_t more = m_total - m_count * m_frameSize;
         if (more > 1) // One byte makes the length even.
         {
-            Tell("%llu bytes behind its last frame are left out (frames of %llu bytes)", more, size);
+            Say("%llu bytes after its last frame are left out (frames of %llu bytes)", more, size);
         }
         return;
     }
     else
     {
         m_count += rest > 0 ? 1 : 0;
-        Tell("its pixel data holds %llu bytes, too few for all its frames of %llu bytes", m_total, size);
+        Say("its pixel data holds %llu bytes, too few for all its frames of %llu bytes", m_total, size);
     }
 }
 
@@ -119,12 +119,12 @@ void CFrameSource::DivideFragments(const SImageHeader& header)
     m_count = m_ranges.size();
     if (wanted != 0 && wanted != m_count)
     {
-        Tell("Number of Frames (0028,0008) is %llu, but its pixel data is divided into %llu", wanted, m_count);
+        Say("Number of Frames (0028,0008) is %llu, but its pixel data is divided into %llu", wanted, m_count);
     }
 }
 
-/// The library's frames are those of the stored list, in which the fragments of a frame can go to its neighbour; the
-/// table tells where frames really begin.
+/// The library's frames are those of the stored list, in which the fragments of a frame can go to its neighbour;
+/// only the table says where frames begin.
 /// @return false when there is no table, or one that does not fit the fragments.
 bool CFrameSource::DivideByTable(const std::vector<DWORD>& fragments)
 {
@@ -154,8 +154,8 @@ bool CFrameSource::DivideByTable(const std::vector<DWORD>& fragments)
     }
     if (entries > 0)
     {
-        Tell("its offset table of %llu entries does not fit its %llu fragments and is not used",
-             static_cast<unsigned long long>(entries), fragments.size());
+        Say("its offset table of %llu entries does not fit its %llu fragments and is not used",
+            static_cast<unsigned long long>(entries), fragments.size());
     }
     m_ranges.clear();
     return false;
@@ -192,7 +192,7 @@ CByteArray CFrameSource::Frame(std::size_t index) const
     return bytes;
 }
 
-void CFrameSource::Tell(const char* format, unsigned long long first, unsigned long long second) const
+void CFrameSource::Say(const char* format, unsigned long long first, unsigned long long second) const
 {
     CString text;
     text.Format(format, first, second);

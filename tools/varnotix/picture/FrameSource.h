@@ -1,4 +1,4 @@
-/// The frames of pixel data, whatever way it is divided in the object.
+/// The frames of pixel data, however it is divided in the object.
 #pragma once
 
 #include "console/Report.h"
@@ -8,9 +8,9 @@
 
 /// Divides pixel data into frames.
 ///
-/// Uncompressed pixel data holds its frames back to back. Compressed pixel data is in fragments; which of them make up
-/// a frame tells its offset table, or the number of frames (PS3.5 Annex A.4). What does not fit is told once, here, and
-/// then the frames are what can be had.
+/// Uncompressed pixel data holds its frames back to back. Compressed pixel data is in fragments; the
+/// offset table, or else the number of frames, gives those of each frame (PS3.5 Annex A.4). The constructor reports a
+/// mismatch once; the frames are then those that could be found.
 class CFrameSource
 {
 public:
@@ -34,7 +34,7 @@ private:
     void DivideFragments(const SImageHeader& header);
     bool DivideByTable(const std::vector<DWORD>& fragments);
     SRange RangeOf(std::size_t index) const;
-    void Tell(const char* format, unsigned long long first, unsigned long long second = 0) const;
+    void Say(const char* format, unsigned long long first, unsigned long long second = 0) const;
 
     const CDcmFrameList& m_stored;
     CString m_name;

@@ -141,6 +141,6 @@ BYTE CGrayScale::Gray(double stored) const
         gray = 1 / (1 + std::exp(-4 * (value - m_center) / m_width));
         break;
     }
-    // Huge numbers may have left the range of double; what compares with nothing is black.
+    // Huge numbers may have become NaN, which compares false and becomes black.
     return gray > 0 ? static_cast<BYTE>(std::lround(std::min(gray, 1.0) * kWhite)) : BYTE{0};
 }

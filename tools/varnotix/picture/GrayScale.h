@@ -7,11 +7,11 @@
 class CGrayScale
 {
 public:
-    /// Reads the attributes; tells what of them is not applied.
+    /// Reads the attributes; reports those that are not applied.
     /// @return empty, or why values cannot be turned into gray.
     CString Read(const CDcmElementSet& store, const CString& name, const CReport& report);
 
-    /// True when the range of the stored values is asked for, by SetRange.
+    /// True when SetRange must be called with the range of the stored values.
     bool NeedsRange() const { return !m_hasWindow; }
     void SetRange(double lowest, double highest);
 

@@ -1,4 +1,4 @@
-/// What an object tells of its pixel matrix (PS3.3 C.7.6.3).
+/// Description of the pixel matrix (PS3.3 C.7.6.3).
 #pragma once
 
 #include "Varnotix/Varnotix.h"
@@ -17,7 +17,7 @@ enum EPhotometric : int
     PHOTOMETRIC_YBR_FULL_422 = 5
 };
 
-/// The attributes as they are; nothing is checked. What is missing is zero.
+/// The attributes, unchecked. Missing ones are zero.
 struct SImageHeader
 {
     int samples = 0;
@@ -35,7 +35,7 @@ struct SImageHeader
 
     std::uint64_t Pixels() const { return static_cast<std::uint64_t>(rows) * static_cast<std::uint64_t>(columns); }
 
-    /// Bytes of a frame that is not compressed; 0 when the attributes do not tell.
+    /// Bytes of a frame that is not compressed; 0 when attributes are missing.
     std::uint64_t FrameSize() const;
 };
 

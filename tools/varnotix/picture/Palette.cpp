@@ -30,7 +30,7 @@ CString CPalette::ReadTable(const CDcmElementSet& store, int channel, bool isSig
     if (bits != 8 && bits != 16)
     {
         CString text;
-        text.Format(" tells entries of %d bits", bits);
+        text.Format(" declares entries of %d bits", bits);
         return TagAndName(descriptorTag) + text;
     }
     table.entries = (*words)[0] == 0 ? kMostEntries : (*words)[0];
@@ -45,7 +45,7 @@ CString CPalette::ReadTable(const CDcmElementSet& store, int channel, bool isSig
     table.data = data->RawBytes();
     const std::uint64_t size = table.data.Size();
     const auto entries = static_cast<std::uint64_t>(table.entries);
-    // Entries of eight bits lie in bytes, or each in the low byte of a word.
+    // Entries of eight bits are bytes, or low bytes of words.
     table.entrySize = bits == 16 || size >= 2 * entries ? 2 : 1;
     table.shownByte = bits == 16 ? 1 : 0;
     if (size < entries * table.entrySize)

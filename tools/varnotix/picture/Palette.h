@@ -5,11 +5,11 @@
 
 #include <cstdint>
 
-/// The three tables of an object. They look into its values: it must outlive them.
+/// The three tables of an object.
 class CPalette
 {
 public:
-    /// @param isSigned how the first mapped value is to be understood.
+    /// @param isSigned the first mapped value is signed.
     /// @return empty, or why there are no usable tables.
     CString Read(const CDcmElementSet& store, bool isSigned);
 

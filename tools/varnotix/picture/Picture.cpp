@@ -62,7 +62,7 @@ CString CPainter::FindRefusal() const
     }
     else if (header.samples != (isColour ? 3 : 1))
     {
-        reason.Format("%d samples a pixel do not fit the photometric interpretation ", header.samples);
+        reason.Format("%d samples per pixel do not fit the photometric interpretation ", header.samples);
         reason += header.photometric;
     }
     else if (header.allocated != 8 && header.allocated != 16 &&
@@ -81,7 +81,7 @@ CString CPainter::FindRefusal() const
     }
     else if (photometric >= PHOTOMETRIC_YBR_FULL && (header.allocated != 8 || header.stored != 8))
     {
-        reason = header.photometric + " is supported with 8 bits alone";
+        reason = header.photometric + " is supported with 8 bits only";
     }
     else if (photometric == PHOTOMETRIC_YBR_FULL_422 && header.columns % 2 != 0)
     {
@@ -147,7 +147,7 @@ void CPainter::PaintGray(const CByteArray& frame, SPicture& picture) const
                 highest = std::max(highest, value);
             }
         }
-        // In a frame of nothing but padding all pixels are alike, whatever the range is.
+        // Without any value outside the padding, the range has no effect.
         scale.SetRange(static_cast<double>(lowest), static_cast<double>(highest));
     }
     const int inversion = m_header.photometricNumber == PHOTOMETRIC_MONOCHROME1 ? kWhite : kBlack;

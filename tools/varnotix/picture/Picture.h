@@ -1,4 +1,4 @@
-/// Frames as pictures that people can look at.
+/// Frames as pictures.
 #pragma once
 
 #include "console/Report.h"
@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-/// Eight bits a channel, rows from the top.
+/// Eight bits per channel, rows from the top.
 struct SPicture
 {
     int width = 0;
@@ -22,7 +22,7 @@ struct SPicture
 class CPainter
 {
 public:
-    /// Tells what will be left out of its pictures.
+    /// Reports what its pictures will not show.
     CPainter(const CDcmElementSet& store, const SImageHeader& header, const CString& name, const CReport& report);
 
     /// Why no frame of the object can be drawn; empty when they can.

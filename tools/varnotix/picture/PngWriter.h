@@ -3,9 +3,9 @@
 
 #include "picture/Picture.h"
 
-/// False in a build that was made without the PNG library.
+/// False in a build without the PNG library.
 bool HasPngWriter();
 
-/// Makes a PNG file of the picture.
-/// @return empty, or why there is none.
+/// Encodes the picture as a PNG file.
+/// @return empty, or why it could not be encoded.
 CString EncodePng(const SPicture& picture, std::vector<BYTE>& file);

@@ -1,4 +1,4 @@
-// Stands for PngWriter.cpp in a build without the PNG library.
+// Replaces PngWriter.cpp in a build without the PNG library.
 
 #include "picture/PngWriter.h"
 

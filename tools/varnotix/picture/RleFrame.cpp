@@ -4,12 +4,12 @@ namespace
 {
 
 constexpr int kHeaderSize = 64;
-// Two bytes of a run stand for 128.
+// Two bytes can encode a run of 128.
 constexpr std::uint64_t kMostShrinkage = 64;
 
 int SegmentCount(const CByteArray& frame)
 {
-    // More than 15 segments have no place in the header, so one byte decides.
+    // The header has room for 15 segments only, so the low byte is enough.
     const bool isSmall = frame[1] == 0 && frame[2] == 0 && frame[3] == 0;
     return isSmall ? frame[0] : -1;
 }
@@ -41,7 +41,7 @@ CString DecodeRleFrame(const SImageHeader& header, const CByteArray& frame, CByt
     // The decoder ends the last segment 64 bytes before the end of its input, so it gets 64 more.
     CByteArray input(frame);
     input.SetSize(frame.GetSize() + kHeaderSize);
-    // Without a photometric interpretation it lays segments one behind the other, whatever they are.
+    // Without a photometric interpretation it stores segments one after the other, whatever they are.
     CDcmImagePixelModule module;
     module.Rows(static_cast<WORD>(header.rows));
     module.Columns(static_cast<WORD>(header.columns));

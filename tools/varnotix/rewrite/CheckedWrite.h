@@ -1,4 +1,4 @@
-/// Writing objects so that nothing is lost unseen.
+/// Writing objects so that every loss is reported.
 #pragma once
 
 #include "files/OutputFile.h"
@@ -7,16 +7,16 @@
 #include <new>
 
 /// Writes the object, reads it back and compares it with what it should be. Throws CWriteFailure when the output would
-/// not be what it says it is.
+/// not be readable or not match.
 /// @param before what the output should hold, taken before the write.
-/// @param written becomes what was read back.
+/// @param written receives what was read back.
 void WriteChecked(CDcmIOD& object, const std::vector<SSnapshot>& before, const CString& input, const SRewrite& rewrite,
                   CFile& file, CLossReport& losses, CDcmIOD& written);
 
-/// Does what writes an output, and turns every failure of it into a message.
+/// Runs an action that writes an output, and reports its exceptions.
 /// @param action returns an exit status.
 template <class ACTION>
-int TellingFailures(const CString& output, const CReport& report, const ACTION& action)
+int ReportWriteFailures(const CString& output, const CReport& report, const ACTION& action)
 {
     try
     {

@@ -29,8 +29,8 @@ bool HasPixelData(const CDcmElementSet& set, bool divided)
     return false;
 }
 
-/// Rows 1 to 4 of the UID table: syntaxes of uncompressed pixel data. A deflated object that was read is not deflated
-/// any more.
+/// Rows 1 to 4 of the UID table: transfer syntaxes of uncompressed pixel data. A deflated object is inflated by the
+/// read.
 bool IsUncompressed(const CString& uid)
 {
     constexpr int kLastUncompressedRow = 4;
@@ -46,7 +46,7 @@ CString TextOf(const CDcmElementSet& set, int group, int element)
     return text;
 }
 
-/// Sets raw bytes, for those are what a rewrite is compared by.
+/// Sets raw bytes, because a rewrite is compared by raw bytes.
 void SetMeta(CDcmElementSet& store, int element, std::string_view value, char padding)
 {
     CByteArray bytes;
@@ -118,7 +118,7 @@ CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, co
     if (syntax != SYNTAX_EXPLICIT_LITTLE || form.syntax != SYNTAX_EXPLICIT_LITTLE)
     {
         report.Error(input + ": its pixel data is compressed (transfer syntax " + form.transferSyntax +
-                     "), which can be written in no syntax but its own: use --syntax explicit");
+                     "), which can only be written in its own syntax: use --syntax explicit");
         return CString();
     }
     report.Say(input + ": its pixel data is compressed, so the output keeps the transfer syntax " +
@@ -160,7 +160,7 @@ void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& i
     }
     if (!present.IsEmpty())
     {
-        report.Say(MetaPlace(input, 0x0010) + ": " + present + " gives way to that of the pixel data");
+        report.Say(MetaPlace(input, 0x0010) + ": " + present + " replaced by that of the pixel data");
     }
     store.Remove(kMetaGroup, 0x0010);
     if (!uid.IsEmpty())
@@ -169,7 +169,7 @@ void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& i
     }
 }
 
-void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& report)
+void ReportMetaMismatch(const CDcmIOD& object, const CString& input, const CReport& report)
 {
     const CDcmElementSet& store = object.ElementStore();
     for (const auto& [meta, element] : {std::pair(0x0002, 0x0016), std::pair(0x0003, 0x0018)})
@@ -178,7 +178,7 @@ void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& 
         const CString inData = TextOf(store, 0x0008, element);
         if (!inMeta.IsEmpty() && !inData.IsEmpty() && inMeta != inData)
         {
-            report.Say(MetaPlace(input, meta) + ": is not what the data set says: " + inMeta + ", " + inData);
+            report.Say(MetaPlace(input, meta) + ": differs from the data set: " + inMeta + ", " + inData);
         }
     }
 }
@@ -199,7 +199,7 @@ void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input,
     }
 }
 
-void GivePixelDataItsVr(CDcmElementSet& set, const CString& input, const CReport& report)
+void SetPixelDataVr(CDcmElementSet& set, const CString& input, const CReport& report)
 {
     constexpr WORD kBitsOfByte = 8;
     const CDcmElement* allocated = set.Find(0x0028, 0x0100);
@@ -212,12 +212,12 @@ void GivePixelDataItsVr(CDcmElementSet& set, const CString& input, const CReport
         {
             element.ForcePixelVr(VR_OW);
             CString text;
-            text.Format(": VR OW, for it has %d bits a sample", static_cast<int>((*bits)[0]));
+            text.Format(": VR OW, because it has %d bits per sample", static_cast<int>((*bits)[0]));
             report.Detail(input + ": " + TagAndName(element.Tag()) + text);
         }
         if (element.Items() != nullptr)
         {
-            GivePixelDataItsVr(*element.Items(), input, report);
+            SetPixelDataVr(*element.Items(), input, report);
         }
     }
 }

@@ -1,9 +1,9 @@
-/// What is set in an object before it is written.
+/// File meta information of an object that is to be written.
 #pragma once
 
 #include "console/Report.h"
 
-/// What an object tells about its own form, before anything is changed.
+/// How an object was encoded, taken before anything is changed.
 struct SObjectForm
 {
     int syntax = 0;          ///< The syntax it was read in (see ESyntax).
@@ -15,26 +15,26 @@ struct SObjectForm
 SObjectForm FormOf(const CDcmIOD& object);
 
 /// The Transfer Syntax UID to write for a wanted syntax. Compressed pixel data keeps its own.
-/// @return empty when the object cannot be written in the wanted syntax; a message told why.
+/// @return empty when the object cannot be written in the wanted syntax; a message gave the reason.
 CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, const CReport& report);
 
 /// As UidToWrite for the syntax that the object was read in: compressed pixel data that is not touched keeps its own.
 CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& report);
 
-/// Adds what the file meta information lacks, but the transfer syntax; tells each with -v.
+/// Adds what the file meta information lacks, except the transfer syntax; reports each with -v.
 void CompleteFileMeta(CDcmIOD& object, const CString& input, const CReport& report);
 
 /// Sets the Transfer Syntax UID of an object whose pixel data comes from elsewhere.
 /// @param uid empty for uncompressed pixel data, of which any uncompressed syntax may be declared.
 void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& input, const CReport& report);
 
-/// Says where the file meta information names another SOP class or instance than the data set.
-void TellUnlikeMeta(const CDcmIOD& object, const CString& input, const CReport& report);
+/// Warns when the file meta information names another SOP class or instance than the data set.
+void ReportMetaMismatch(const CDcmIOD& object, const CString& input, const CReport& report);
 
-/// Sets (0002,0010), and the rest of the file meta information for an object that has none; tells each with -v.
+/// Sets (0002,0010), and the rest of the file meta information for an object that has none; reports each with -v.
 void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input, const CString& uid,
                  const CReport& report);
 
-/// Pixel data of more than eight bits becomes OW. Implicit streams do not state its VR, and as OB, which the
-/// dictionary gives, its samples would keep the byte order of the input in a big endian output.
-void GivePixelDataItsVr(CDcmElementSet& set, const CString& input, const CReport& report);
+/// Sets the VR of pixel data of more than eight bits to OW. Implicit streams do not state it, and with the dictionary's
+/// OB its samples would keep the byte order of the input in a big endian output.
+void SetPixelDataVr(CDcmElementSet& set, const CString& input, const CReport& report);

@@ -68,7 +68,7 @@ void RemoveIdentifying(CDcmElementSet& set)
 }
 
 /// Changes a set and the items in it, at every depth. A sequence that loses all its attributes goes too: a read would
-/// take the element behind an empty sequence for one of its items.
+/// take the element after an empty sequence for one of its items.
 template <class CHANGE>
 void AtEveryDepth(CDcmElementSet& set, const CHANGE& change)
 {
@@ -131,7 +131,7 @@ SUncovered FindUncovered(const CDcmElementSet& store)
     return found;
 }
 
-void TellUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report)
+void ReportUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report)
 {
     const SUncovered found = FindUncovered(written);
     std::vector<CString> parts;
@@ -161,7 +161,7 @@ void TellUncovered(const CDcmElementSet& written, bool deep, const CString& name
     }
     if (found.isBurnedIn)
     {
-        parts.push_back(TagAndName(0x00280301) + " is YES: its pixels may show who the patient is");
+        parts.push_back(TagAndName(0x00280301) + " is YES: its pixels may identify the patient");
     }
     CString text;
     for (const CString& part : parts)

@@ -1,4 +1,4 @@
-/// What in an object tells who its patient is.
+/// Identifying attributes of an object.
 #pragma once
 
 #include "console/Report.h"
@@ -6,7 +6,7 @@
 #include <set>
 #include <vector>
 
-/// True for the 32 attributes that anonymisation knows.
+/// True for the 32 attributes that anonymisation replaces.
 bool IsIdentifying(DWORD tag);
 
 /// What anonymisation does not reach.
@@ -19,9 +19,9 @@ struct SUncovered
 
 SUncovered FindUncovered(const CDcmElementSet& store);
 
-/// Tells what anonymisation did not reach in an object that is to be written.
-/// @param deep it reached into sequence items.
-void TellUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report);
+/// Reports what anonymisation did not reach in an object that is to be written.
+/// @param deep sequence items were anonymised too.
+void ReportUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report);
 
 /// Writes the text into the identifying attributes at every depth, or removes them for an empty text.
 void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text);

@@ -13,9 +13,9 @@ struct SLossText
 
 constexpr SLossText kLossTexts[] = {
     {"1 sequence regrouped", "%d sequences regrouped"},
-    {"1 sequence with elements from behind its end", "%d sequences with elements from behind their ends"},
+    {"1 sequence with elements from after its end", "%d sequences with elements from after their ends"},
     {"1 sequence without its items", "%d sequences without their items"},
-    {"bytes behind the last element lost", "bytes behind the last element lost"},
+    {"bytes after the last element lost", "bytes after the last element lost"},
     {"1 UN value lost", "%d UN values lost"},
     {"1 list without its empty values", "%d lists without their empty values"},
     {"1 value changed", "%d values changed"},
@@ -37,6 +37,12 @@ CString Number(const char* format, DWORD number)
     return text;
 }
 
+/// The count and the noun, with the plural's "s" where it is needed.
+CString Counted(DWORD count, const char* noun)
+{
+    return Number("%lu ", count) + noun + (count == 1 ? "" : "s");
+}
+
 } // namespace
 
 void CLossReport::Add(ELoss kind, const CString& where, const CString& what)
@@ -55,23 +61,24 @@ void CLossReport::AddReadNotes(const CDcmIOD& object)
         switch (note.note)
         {
         case READ_ITEMS_GATHERED:
-            Add(ELoss::ItemsRegrouped, where, Number("written one element an item; items read: %lu", note.count));
+            Add(ELoss::ItemsRegrouped, where,
+                "regrouped, one item per element (" + Counted(note.count, "item") + " read)");
             break;
         case READ_BEYOND_LENGTH:
             Add(ELoss::ElementsSwallowed, where,
-                Number("what follows its end is written inside it; bytes: %lu", note.count));
+                "what follows its end is written inside it (" + Counted(note.count, "byte") + ")");
             break;
         case READ_ITEMS_DROPPED:
             Add(ELoss::ItemsDropped, where,
-                "its items are lost, for the dictionary gives it VR " + kept + Number("; items: %lu", note.count));
+                Counted(note.count, "item") + " lost, because the dictionary gives it VR " + kept);
             break;
         case READ_VR_OF_DICTIONARY:
             Add(ELoss::VrChanged, where,
-                CString("VR ") + VrText(static_cast<int>(note.count)) + " gave way to the dictionary's " + kept);
+                CString("VR ") + VrText(static_cast<int>(note.count)) + " replaced by the dictionary's " + kept);
             break;
         case READ_BYTES_LEFT:
             Add(ELoss::BytesLeft, Number("offset %lu", note.offset),
-                Number("bytes that are no element are lost: %lu", note.count));
+                Counted(note.count, "byte") + " lost after the last element");
             break;
         default:
             break;
@@ -105,7 +112,7 @@ CString CLossReport::Summary() const
     return summary;
 }
 
-void CLossReport::Tell(const CString& input, const CReport& report) const
+void CLossReport::Print(const CString& input, const CReport& report) const
 {
     if (IsEmpty())
     {

@@ -1,4 +1,4 @@
-/// What a written object no longer holds as its input did.
+/// Differences between a written object and its input.
 #pragma once
 
 #include "console/Report.h"
@@ -26,21 +26,21 @@ enum class ELoss
     Count
 };
 
-/// Gathers losses and tells them: a line each to those who asked for details, one summary line to the others.
+/// Collects losses and prints them: one line each with --verbose, otherwise one summary line.
 class CLossReport
 {
 public:
-    /// @param where the path of tags, or what else names the place.
+    /// @param where the path of tags, or another name of the place.
     void Add(ELoss kind, const CString& where, const CString& what);
 
-    /// Adds what the read of the input noted.
+    /// Adds the notes that the read of the input left.
     void AddReadNotes(const CDcmIOD& object);
 
     bool IsEmpty() const { return m_losses.empty(); }
     int CountOf(ELoss kind) const;
 
-    /// Nothing is told when nothing was lost.
-    void Tell(const CString& input, const CReport& report) const;
+    /// Prints nothing when nothing was lost.
+    void Print(const CString& input, const CReport& report) const;
 
 private:
     struct SLoss

@@ -18,14 +18,14 @@ CByteArray EncodedValue(CDcmElement& element)
     return value;
 }
 
-void GiveRawValues(CDcmElementSet& set)
+void EncodeRawValues(CDcmElementSet& set)
 {
     for (int i = 0; i < set.GetCount(); ++i)
     {
         CDcmElement& element = *set.GetAt(i);
         if (element.Items() != nullptr)
         {
-            GiveRawValues(*element.Items());
+            EncodeRawValues(*element.Items());
         }
         else if (element.Frames() == nullptr && element.RawBytes().IsEmpty())
         {

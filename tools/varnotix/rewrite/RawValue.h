@@ -1,4 +1,4 @@
-/// Values that were set, as the bytes that a write makes of them.
+/// Encoded bytes of values that were set.
 #pragma once
 
 #include "Varnotix/Varnotix.h"
@@ -6,6 +6,5 @@
 /// The element's value as it is written in little endian.
 CByteArray EncodedValue(CDcmElement& element);
 
-/// Gives the elements whose values were set typed the raw bytes of these values, at every depth: a rewrite is compared
-/// by raw bytes.
-void GiveRawValues(CDcmElementSet& set);
+/// Encodes the raw bytes of elements that only have typed values, at every depth: a rewrite is compared by raw bytes.
+void EncodeRawValues(CDcmElementSet& set);

@@ -12,5 +12,5 @@ void Rewrite(CDcmIOD& object, const SObjectForm& form, const STarget& target, co
     WriteChecked(object, TakeSnapshot(object.ElementStore()), input, {form.syntax, target.syntax, form.compressed},
                  file.File(), losses, written);
     file.Commit();
-    losses.Tell(input, report);
+    losses.Print(input, report);
 }

@@ -1,10 +1,10 @@
-/// Writing an object that was read, in whole.
+/// Rewriting an object that was read.
 #pragma once
 
 #include "rewrite/CheckedWrite.h"
 #include "rewrite/FileMeta.h"
 
-/// What an object becomes.
+/// How and where to write.
 struct STarget
 {
     CString uid;    ///< The Transfer Syntax UID to write.
@@ -12,7 +12,7 @@ struct STarget
     CString output; ///< A path, or "-" for standard output.
 };
 
-/// Sets the file meta information, writes the object and tells what was lost. Throws as writing does.
+/// Sets the file meta information, writes the object and reports what was lost. Throws as WriteChecked.
 /// @param form the object's, taken before anything was changed.
 void Rewrite(CDcmIOD& object, const SObjectForm& form, const STarget& target, const CString& input, CLossReport& losses,
              const CReport& report);

@@ -53,7 +53,7 @@ bool SameButPadding(const CSharedBytes& before, const CSharedBytes& after)
            (after.Data()[before.Size()] == ' ' || after.Data()[before.Size()] == 0);
 }
 
-/// The text without empty values between, before and behind backslashes.
+/// The text without empty values between, before and after backslashes.
 CSharedBytes WithoutEmptyValues(const CSharedBytes& text)
 {
     std::string kept;
@@ -99,7 +99,7 @@ public:
     const CString& Fault() const { return m_fault; }
 
 private:
-    static void GiveBack(const SSnapshot& before, std::vector<SSnapshot>& after, std::size_t place);
+    static void MoveOutOfEmptySequence(const SSnapshot& before, std::vector<SSnapshot>& after, std::size_t place);
     void NoteMissing(const SSnapshot& before, const CString& place);
     void CompareElements(const SSnapshot& before, SSnapshot& after, const CString& path);
     void CompareVr(const SSnapshot& before, const SSnapshot& after, const CString& place);
@@ -118,9 +118,8 @@ private:
     CString m_fault;
 };
 
-/// A read puts the element behind an empty sequence into that sequence. In the written bytes it is not there, so it
-/// goes back to its place.
-void CComparison::GiveBack(const SSnapshot& before, std::vector<SSnapshot>& after, std::size_t place)
+/// Re-reading moves the element after an empty sequence into it; undo that.
+void CComparison::MoveOutOfEmptySequence(const SSnapshot& before, std::vector<SSnapshot>& after, std::size_t place)
 {
     if (before.items.empty() && !after[place].items.empty())
     {
@@ -152,7 +151,7 @@ void CComparison::CompareLevels(const std::vector<SSnapshot>& before, std::vecto
         }
         else if (isNew)
         {
-            // A group length that the input did not have is made by the write.
+            // The write adds group lengths.
             if (!after[j].IsGroupLength())
             {
                 SetFault(place + " is in the written object, but not in the input");
@@ -161,7 +160,7 @@ void CComparison::CompareLevels(const std::vector<SSnapshot>& before, std::vecto
         }
         else
         {
-            GiveBack(before[i], after, j);
+            MoveOutOfEmptySequence(before[i], after, j);
             CompareElements(before[i++], after[j++], path);
         }
     }
@@ -191,7 +190,8 @@ void CComparison::CompareElements(const SSnapshot& before, SSnapshot& after, con
     CompareValues(before, after, place);
     if (m_rewrite.targetSyntax == SYNTAX_EXPLICIT_BIG && !after.items.empty())
     {
-        m_losses.Add(ELoss::ItemLengthsSwapped, place, "its item lengths have a byte order that other readers lack");
+        m_losses.Add(ELoss::ItemLengthsSwapped, place,
+                     "its item lengths have a byte order that other readers do not expect");
     }
     CompareLevels(before.items, after.items, path + TagName(before.tag) + ">");
 }
@@ -207,7 +207,7 @@ void CComparison::CompareVr(const SSnapshot& before, const SSnapshot& after, con
         }
         return;
     }
-    // Private creators have one VR by the standard; of other private elements only the input could tell.
+    // Private creators have one VR by the standard; that of other private elements is known from the input only.
     constexpr DWORD kFirstPrivateData = 0x0100;
     if (m_rewrite.sourceSyntax != SYNTAX_IMPLICIT_LITTLE && before.IsPrivate() &&
         (before.tag & 0xFFFFU) >= kFirstPrivateData)

@@ -1,10 +1,10 @@
-/// Compares an object as it was read with what was written of it.
+/// Compares a written object with its input.
 #pragma once
 
 #include "rewrite/LossReport.h"
 #include "rewrite/Snapshot.h"
 
-/// How the input was held and in what form it was written.
+/// The encodings of input and output.
 struct SRewrite
 {
     int sourceSyntax = 0;

@@ -1,4 +1,4 @@
-/// What an element set holds, as it can be compared later.
+/// A copy of an element set's values for a later comparison.
 #pragma once
 
 #include "Varnotix/Varnotix.h"
@@ -20,6 +20,5 @@ struct SSnapshot
 
 /// The elements of a set in the order in which a write puts them: sorted by tag at every level, equal tags as they are.
 ///
-/// Taken before a write it keeps what the write drops from the set. Values must be those of the raw bytes, as they are
-/// after a read.
+/// Taken before a write, it keeps what the write drops from the set. Elements must have raw bytes, as after a read.
 std::vector<SSnapshot> TakeSnapshot(const CDcmElementSet& set);

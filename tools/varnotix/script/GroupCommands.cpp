@@ -30,7 +30,7 @@ bool IsNumberFrom(int lowest, int highest, const CString& text)
     return error == std::errc() && end == digits.data() + digits.size() && number >= lowest && number <= highest;
 }
 
-/// True for texts of any content: the replacement is a value of these VRs.
+/// True for VRs of which any text is a value.
 bool TakesAnyText(const CDcmElement& element)
 {
     constexpr int kVrs[] = {VR_AE, VR_CS, VR_LO, VR_LT, VR_PN, VR_SH, VR_ST, VR_UT};
@@ -60,7 +60,7 @@ void Anonymize(CDcmElement& element, const CString& text)
     element = replaced;
 }
 
-/// Does something to each element of the groups, and tells it.
+/// Applies one command to each element of its groups, and reports it.
 class CGroupCommand
 {
 public:
@@ -69,7 +69,7 @@ public:
     {
     }
 
-    /// @param act is false for an element that it leaves alone.
+    /// @param act returns false for an element that it does not change.
     void Run(CDcmElementSet& store, const std::function<bool(CDcmElement&)>& act) const
     {
         std::map<int, CString> texts;
@@ -100,7 +100,7 @@ private:
 
 } // namespace
 
-bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, const CReport& report)
+bool CheckCommandArguments(const CDcmAttributeScript& script, const CString& name, const CReport& report)
 {
     const struct
     {
@@ -110,7 +110,7 @@ bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, co
         int highest;
     } numbers[] = {{"ANONYMIZE_55", script.Anonymize55First(), 0, 1},
                    {"REMOVE_EMPTY_ALL", script.RemoveEmptyAll(), 0, 1},
-                   // A size may be negative; its sign does not count.
+                   // A size may be negative; its sign is ignored.
                    {"PIXEL_DATA_ROWS", script.RowsText(), -0xFFFF, 0xFFFF},
                    {"PIXEL_DATA_COLS", script.ColsText(), -0xFFFF, 0xFFFF}};
     bool isGood = true;
@@ -125,7 +125,7 @@ bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, co
         if (!number.text.IsEmpty() && !IsNumberFrom(number.lowest, number.highest, number.text))
         {
             CString what;
-            what.Format("' is no number from 0 to %d, so it would have no effect", number.highest);
+            what.Format("' is not a number from 0 to %d, so it would have no effect", number.highest);
             report.Error(name + ": " + number.command + ": '" + number.text + what);
             isGood = false;
         }
@@ -136,7 +136,8 @@ bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, co
         {
             if (!GroupOf(text))
             {
-                report.Error(name + ": '" + text + "' in a command is no group: a group has four hexadecimal digits");
+                report.Error(name + ": '" + text +
+                             "' in a command is not a group: a group has four hexadecimal digits");
                 isGood = false;
             }
         }

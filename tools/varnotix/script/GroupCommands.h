@@ -3,15 +3,15 @@
 
 #include "console/Report.h"
 
-/// True when every group, flag and size in the script's commands is a number that has an effect; a message names each
-/// that is not.
-bool HasGoodArguments(const CDcmAttributeScript& script, const CString& name, const CReport& report);
+/// Checks the groups, flags and sizes in the script's commands, and reports each that has no effect.
+/// @return true when all are valid.
+bool CheckCommandArguments(const CDcmAttributeScript& script, const CString& name, const CReport& report);
 
-/// Does what ANONYMIZE_GROUP, REMOVE_GROUP and REMOVE_EMPTY_GROUP ask for, in this order, and tells each change with
-/// -v. Groups that are no number are left out.
+/// Does what ANONYMIZE_GROUP, REMOVE_GROUP and REMOVE_EMPTY_GROUP ask for, in this order, and reports each change with
+/// -v. Groups that are not numbers are skipped.
 ///
 /// ANONYMIZE_GROUP writes the second argument of ANONYMIZE_55, or "ANONYMOUS", into every text of the group, at every
-/// depth of its sequences; a text that is no value of the VR, a date for one, is emptied. UIDs stay, and codes (CS)
-/// unless anonymisation knows them.
+/// depth of its sequences; a text for which it is not a valid value, such as a date, is emptied. UIDs stay, and codes
+/// (CS) unless they are identifying attributes.
 void ApplyGroupCommands(const CDcmAttributeScript& script, CDcmElementSet& store, const CString& name,
                         const CReport& report);

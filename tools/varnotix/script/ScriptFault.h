@@ -14,6 +14,6 @@ struct SScriptFault
 /// Names the place of a line as compilers do: "script.asl:12".
 CString ScriptPlace(const CString& script, int line);
 
-/// Reports each fault, in the order of the lines, and of several at a line the first.
+/// Reports the first fault of each line, in the order of the lines.
 /// @return how many lines have faults.
 int ReportFaults(const CString& script, std::vector<SScriptFault> faults, const CReport& report);

@@ -31,17 +31,17 @@ bool IsByte(std::string_view text)
            std::stoi(std::string(digits)) <= 0xFF;
 }
 
-/// Bytes stand in a list as numbers, or all together as one text that does not begin like a number.
-bool MeansBytes(std::string_view list)
+/// True for numbers from 0 to 255, and for one text that does not begin like a number.
+bool IsByteList(std::string_view list)
 {
     std::string_view rest = list;
-    bool hasNumbersAlone = true;
+    bool hasOnlyNumbers = true;
     for (std::string_view value; NextAslValue(rest, value);)
     {
-        hasNumbersAlone = hasNumbersAlone && IsByte(value);
+        hasOnlyNumbers = hasOnlyNumbers && IsByte(value);
     }
     const std::string_view text = TrimBlanks(list);
-    return hasNumbersAlone || (text.find(',') == std::string_view::npos && text.find_first_of("0123456789+-") != 0);
+    return hasOnlyNumbers || (text.find(',') == std::string_view::npos && text.find_first_of("0123456789+-") != 0);
 }
 
 bool HasComma(const CDcmElement& element)
@@ -89,7 +89,7 @@ void CScriptMerge::MergeLevel(const std::vector<SScriptLine>& level, CDcmElement
     }
 }
 
-/// Items are gathered in one set, so that a tag may stand there several times, and only its place tells which is which.
+/// Items are gathered in one set, so a tag may occur several times and is identified by its place only.
 void CScriptMerge::MergeTag(const std::vector<const SScriptLine*>& lines, const std::vector<CDcmElement*>& elements,
                             CDcmElementSet& set)
 {
@@ -105,10 +105,10 @@ void CScriptMerge::MergeTag(const std::vector<const SScriptLine*>& lines, const 
     }
     if (elements.size() <= 1)
     {
-        AddFault(lines[1]->line, Number("the tag has its line already, line %d", lines[0]->line + 1));
+        AddFault(lines[1]->line, Number("line %d already has this tag", lines[0]->line + 1));
         return;
     }
-    // Lines that were taken out mean nothing; a line that was changed could mean any of the elements.
+    // Removed lines change nothing; a changed line could belong to any of the elements.
     auto element = elements.begin();
     for (const SScriptLine* line : lines)
     {
@@ -121,10 +121,10 @@ void CScriptMerge::MergeTag(const std::vector<const SScriptLine*>& lines, const 
         element = std::find_if(element, elements.end(), isMine);
         if (element == elements.end())
         {
-            AddFault(line->line,
-                     Number("the object holds this tag %d times here, ", static_cast<int>(elements.size())) +
-                         Number("and the script %d times: which one changed cannot be told",
-                                static_cast<int>(lines.size())));
+            AddFault(
+                line->line,
+                Number("the object holds this tag %d times here, ", static_cast<int>(elements.size())) +
+                    Number("and the script %d times: it is unclear which one changed", static_cast<int>(lines.size())));
             return;
         }
         ++element;
@@ -177,7 +177,7 @@ void CScriptMerge::Change(const SScriptLine& line)
         if (VrKind(made.Vr()) != VrKind(element.Vr()))
         {
             AddFault(line.line, CString("in this object its VR is ") + VrText(element.Vr()) +
-                                    ", of which a value cannot be read from text here");
+                                    ", of which a value cannot be read from text");
             return;
         }
         changed.SetRawBytes(EncodedValue(made));
@@ -195,7 +195,7 @@ void CScriptMerge::Add(const SScriptLine& line, CDcmElementSet& set)
     CDcmAttributeModule module;
     if (Read(line, module))
     {
-        GiveRawValues(module.GetDcmElementSet());
+        EncodeRawValues(module.GetDcmElementSet());
         set.Add(new CDcmElement(*module.GetDcmElementSet().GetAt(0)));
         m_changes.push_back({line.line, line.tag, true});
     }
@@ -244,7 +244,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
     }
     if ((line.tag & 0xFFFFU) == 0)
     {
-        return "group lengths are made anew by the write; take the line out";
+        return "the write computes group lengths; remove the line";
     }
     if (line.tag == kTransferSyntax)
     {
@@ -252,7 +252,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
     }
     if (line.tag == kPixelData)
     {
-        return "pixel data does not come from text; take the line out";
+        return "pixel data cannot be read from text; remove the line";
     }
     const CDcmElement* element = line.element;
     if (element != nullptr && !EqualNoCase(line.parts.vr, VrText(element->Vr())))
@@ -265,7 +265,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
     }
     if (line.parts.isTextOutside)
     {
-        return "there is text outside the value list; a text with brackets does not come through";
+        return "there is text outside the value list; a text with brackets cannot be read back";
     }
     const CDcmElement unread(static_cast<int>(line.tag >> 16U), static_cast<int>(line.tag & 0xFFFFU));
     const CDcmElement& shape = element != nullptr ? *element : unread;
@@ -279,22 +279,21 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
     {
         if (element != nullptr && element->RawBytes().Size() > kLongestPrintedBytes)
         {
-            return "of a value of more than 5000 bytes the line tells the length alone; it cannot be changed";
+            return "for a value of more than 5000 bytes the line only has the length; it cannot be changed";
         }
-        return MeansBytes(line.parts.values) ? "" : "bytes are numbers from 0 to 255, or one text without commas";
+        return IsByteList(line.parts.values) ? "" : "bytes are numbers from 0 to 255, or one text without commas";
     }
     if ((kind == EVrKind::OtherWords || kind == EVrKind::Doubles) && count > 0)
     {
-        return CString(VrText(shape.Vr())) + " values do not come through text; put the line back as it was printed, " +
-               "or take it out";
+        return CString(VrText(shape.Vr())) + " values cannot be read from text; restore the printed line or remove it";
     }
     if (shape.Vm() > 0 && count > shape.Vm() && kind != EVrKind::Items && !shape.HasVr(VR_OF))
     {
-        return Number("%d values, and the attribute takes ", count) + Number("%d: a comma divides values", shape.Vm());
+        return Number("%d values, but the attribute takes ", count) + Number("%d: commas separate values", shape.Vm());
     }
     if (kind == EVrKind::Text && count > 1 && HasComma(shape))
     {
-        return "the text in the object has a comma; with another one its values cannot be told apart";
+        return "the text in the object has a comma; with another one its values cannot be separated";
     }
     return "";
 }

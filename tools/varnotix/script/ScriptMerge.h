@@ -18,7 +18,7 @@ public:
         bool isNew; ///< The object had no such element.
     };
 
-    /// Merges at once; when there are faults the object is of no use any more.
+    /// Merges at once; when there are faults, the object must not be used any more.
     CScriptMerge(const CStringArray& lines, CDcmElementSet& store);
 
     const std::vector<SScriptFault>& Faults() const { return m_faults; }

@@ -17,7 +17,7 @@ bool IsPicture(const CString& name)
     return name.Right(4).CompareNoCase(".jpg") == 0;
 }
 
-/// Tells what came of the sources.
+/// Reports the results of the sources.
 class CSourceReport
 {
 public:
@@ -27,12 +27,12 @@ public:
     {
     }
 
-    bool TellAll() const;
-    bool TellUntried() const;
+    bool ReportAll() const;
+    bool ReportUntried() const;
     bool Declare(CDcmIOD& object) const;
 
 private:
-    bool Tell(const SScriptSource& source, bool isNamed) const;
+    bool ReportOne(const SScriptSource& source, bool isNamed) const;
     CString UidOf(const SScriptSource& source) const;
     CString Place(const CString& source) const { return m_name + ": '" + source + "': "; }
 
@@ -42,7 +42,7 @@ private:
     const CReport& m_report;
 };
 
-bool CSourceReport::TellAll() const
+bool CSourceReport::ReportAll() const
 {
     int tried = 0;
     int lost = 0;
@@ -50,14 +50,14 @@ bool CSourceReport::TellAll() const
     {
         // Files that the script names are tried before those that its patterns find.
         const bool isNamed = tried < m_script.PixelDataFiles().GetSize() || !m_script.SourceFile().IsEmpty();
-        lost += Tell(source, isNamed) ? 0 : 1;
+        lost += ReportOne(source, isNamed) ? 0 : 1;
         tried += source.state != SCRIPT_SOURCE_NO_MATCH ? 1 : 0;
     }
     return lost == 0;
 }
 
 /// False for a source that the script asks for and the object lacks.
-bool CSourceReport::Tell(const SScriptSource& source, bool isNamed) const
+bool CSourceReport::ReportOne(const SScriptSource& source, bool isNamed) const
 {
     const CString place = Place(source.name);
     if (source.state == SCRIPT_SOURCE_TAKEN)
@@ -80,14 +80,15 @@ bool CSourceReport::Tell(const SScriptSource& source, bool isNamed) const
     }
     if (source.state == SCRIPT_SOURCE_NOT_OPENED && !isNamed)
     {
-        reason += "; the first file that a pattern finds must lie in the current directory";
+        reason += "; the first file that a pattern finds must be in the current directory";
     }
     m_report.Error(place + reason);
     return false;
 }
 
-/// A file that does not open ends the building, and those behind it are not tried. False when one of them is missing.
-bool CSourceReport::TellUntried() const
+/// A file that cannot be opened ends the build, so the files after it were not tried. False when one of them is
+/// missing.
+bool CSourceReport::ReportUntried() const
 {
     int missing = 0;
     const CStringArray& files = m_script.PixelDataFiles();
@@ -155,9 +156,9 @@ bool BuildObject(const CDcmAttributeScript& script, const CStringArray& lines, C
     }
     catch (const CFileException&)
     {
-        const bool areTold = sources.TellAll();
-        return sources.TellUntried() && areTold;
+        const bool areAllTaken = sources.ReportAll();
+        return sources.ReportUntried() && areAllTaken;
     }
-    const bool isWhole = sources.TellAll();
+    const bool isWhole = sources.ReportAll();
     return sources.Declare(object) && isWhole;
 }
