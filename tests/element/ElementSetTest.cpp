@@ -133,14 +133,20 @@ TEST(ElementSetMerge, PutsNewTagsInFrontOfABodyOfItsOwn)
 
 TEST(ElementSetEquality, IgnoresOrderButMatchesEachElementOnce)
 {
-    CDcmElementSet left;
-    Fill(left, {MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0010, "B"), MakeText(0x0010, 0x0010, "A")});
-    CDcmElementSet right;
-    Fill(right, {MakeText(0x0010, 0x0010, "B"), MakeText(0x0010, 0x0010, "A"), MakeText(0x0010, 0x0010, "A")});
-    EXPECT_TRUE(left == right);
-    right.GetAt(2)->AddText("B");
-    EXPECT_FALSE(left == right);
-    EXPECT_FALSE(right == left);
-    right.Remove(right.GetAt(2));
-    EXPECT_FALSE(left == right);
+    const auto equal = [](const char* left, const char* right)
+    {
+        CDcmElementSet sets[2];
+        for (const char* name : {left, right})
+        {
+            for (const char* letter = name; *letter != '\0'; ++letter)
+            {
+                sets[name == right ? 1 : 0].Add(MakeText(0x0010, 0x0010, CString(*letter, 1)));
+            }
+        }
+        return sets[0] == sets[1];
+    };
+    EXPECT_TRUE(equal("ABA", "BAA"));
+    EXPECT_FALSE(equal("ABA", "BAB"));
+    EXPECT_FALSE(equal("BAB", "ABA"));
+    EXPECT_FALSE(equal("ABA", "BA"));
 }

@@ -76,12 +76,12 @@ TEST_F(DataFiles, MalformedLinesMakeEntriesUnderWhatKeyTheyHold)
 {
     const CDcmRegistry& registry = Load("  \t\n0018\nzz\n0018,0010,QQ,3\n", "");
     EXPECT_EQ(registry.DictionarySize(), 4);
-    const CDcmEntry* blank = registry.LookUpKey("");
-    ASSERT_NE(blank, nullptr);
-    EXPECT_EQ(blank->vr, static_cast<DWORD>(VR_UNKNOWN));
-    EXPECT_NE(registry.LookUpDictionary("0018", ""), nullptr);
-    EXPECT_NE(registry.LookUpKey("ZZ"), nullptr);
-    EXPECT_EQ(registry.LookUpTag(0x0018, 0x0010)->vr, static_cast<DWORD>(VR_UNKNOWN));
+    for (const CDcmEntry* entry : {registry.LookUpKey(""), registry.LookUpDictionary("0018", ""),
+                                   registry.LookUpKey("ZZ"), registry.LookUpTag(0x0018, 0x0010)})
+    {
+        ASSERT_NE(entry, nullptr);
+        EXPECT_EQ(entry->vr, static_cast<DWORD>(VR_UNKNOWN));
+    }
     EXPECT_EQ(registry.LookUpTag(0x0018, 0x0010)->multiplicity, 3);
 }
 

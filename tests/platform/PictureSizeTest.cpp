@@ -55,14 +55,10 @@ TEST(PictureSizeTest, AHeaderCutAnywhereGivesNothing)
     {
         EXPECT_EQ(SizeOf({whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length)}), 0) << length;
     }
-    int width = 0;
-    int height = 0;
-    EXPECT_FALSE(ReadJpegSize(nullptr, 10, width, height));
 }
 
 TEST(PictureSizeTest, WhatIsNoPictureGivesNothing)
 {
-    EXPECT_EQ(SizeOf({'B', 'M', 0, 0}), 0);
     EXPECT_EQ(SizeOf({0xFF, 0xD8, 0xFF, 0xD9}), 0);
     EXPECT_EQ(SizeOf({0xFF, 0xD8, 0xFF, 0xE0, 0x00, 0x00, 0xFF, 0xC0}), 0);
     for (const std::ptrdiff_t fromEnd : {4, 2}) // Rows, columns: 200 and 256 + 44.

@@ -69,19 +69,4 @@ TEST_F(BatchTest, DoesTheChunksOfAListOneByOne)
     EXPECT_EQ(object.IodSyntax(), SYNTAX_EXPLICIT_BIG);
 }
 
-TEST_F(BatchTest, RefusesWhatCannotWork)
-{
-    WriteArchive();
-    Batch(1, "run state in out convert --syntax none");
-    Batch(1, "run other in in convert -s big");
-    EXPECT_TRUE(Holds(Read("err.txt"), "INPUT and OUT are one folder"));
-    Batch(1, "run state in out dump");
-    Batch(1, "run state missing out convert -s big");
-    Batch(1, "chunk state 7 out convert -s big");
-    Batch(1, "run");
-    Write("list", "in/../in/one.dcm\n");
-    Batch(1, "split new list");
-    EXPECT_FALSE(std::filesystem::exists("out/one.dcm"));
-}
-
 #endif

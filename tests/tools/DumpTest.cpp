@@ -17,19 +17,18 @@ const std::string kCutShort = kPatient.substr(0, kPatient.size() - 1);
 TEST_F(CommandLine, WrongUsageIsStatusOneWithAComplaintOnStandardError)
 {
     for (const char* arguments :
-         {"", "nonsense", "dump", "convert in.dcm out.dcm", "convert -s other in.dcm out.dcm", "dump -q -v in.dcm"})
+         {"", "dump", "modules", "convert in.dcm out.dcm", "convert -s other in.dcm out.dcm", "dump -q -v in.dcm"})
     {
         EXPECT_EQ(Expect(1, arguments, "varnotix: ").out, "") << arguments;
     }
-    EXPECT_TRUE(Holds(Run("nonsense").err, "nonsense"));
+    Expect(1, "nonsense", "nonsense");
 }
 
 TEST_F(CommandLine, HelpAndVersionAreData)
 {
     const SRun help = Expect(0, "--help");
     EXPECT_EQ(help.err, "");
-    EXPECT_TRUE(Holds(help.out, "dump", "convert", "where", "VARNOTIX_DATA", "Exit status"));
-    EXPECT_TRUE(Holds(Run("convert --help").out, "implicit,explicit,big"));
+    EXPECT_TRUE(Holds(help.out, "dump", "VARNOTIX_DATA", "Exit status"));
     EXPECT_EQ(Run("--version").out.substr(0, 9), "varnotix ");
 }
 
@@ -42,29 +41,9 @@ TEST_F(CommandLine, WhereNamesTheFilesThatWereLoaded)
     // Without a dictionary it is the one verb that works.
     Write("dictionary.txt", "");
     Write("in.dcm", Part10(kExplicitUid, kPatient));
-    for (const char* arguments : {"dump in.dcm", "convert -s big in.dcm out.dcm"})
-    {
-        EXPECT_EQ(Expect(20, arguments, "there is no data dictionary", "set VARNOTIX_DATA to its folder").out, "");
-    }
+    Expect(20, "convert -s big in.dcm out.dcm", "there is no data dictionary", "set VARNOTIX_DATA to its folder");
     EXPECT_FALSE(FileExists("out.dcm"));
     EXPECT_TRUE(Holds(Expect(0, "where").out, "dictionary.txt, 0 rows"));
-}
-
-TEST_F(Dump, PrintsTheDocumentThatTheLibraryMakes)
-{
-    Write("in.dcm", Part10(kExplicitUid, kPatient));
-    CDcmCompositeIOD object; // What an object without SOP class is shown as.
-    ReadObject("in.dcm", object);
-    CStringArray lines;
-    object.Export(lines);
-    std::string document;
-    for (const CString& line : lines)
-    {
-        document += std::string(line.View()) + "\n";
-    }
-    const SRun run = Expect(0, "dump in.dcm");
-    EXPECT_EQ(run.out, document);
-    EXPECT_EQ(run.err, "");
 }
 
 TEST_F(Dump, ReadsStandardInputByteForByte)

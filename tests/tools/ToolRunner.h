@@ -168,16 +168,30 @@ protected:
     /// In any order.
     static testing::AssertionResult Holds(const std::string& text, const auto&... parts)
     {
-        for (const std::string& part : std::initializer_list<std::string>{parts...})
+        return Find(text, {parts...}, false);
+    }
+    static testing::AssertionResult HoldsInOrder(const std::string& text, const auto&... parts)
+    {
+        return Find(text, {parts...}, true);
+    }
+
+private:
+    static testing::AssertionResult Find(const std::string& text, std::initializer_list<std::string> parts,
+                                         bool inOrder)
+    {
+        std::size_t place = 0;
+        for (const std::string& part : parts)
         {
-            if (text.find(part) == std::string::npos)
+            const std::size_t found = text.find(part, place);
+            if (found == std::string::npos)
             {
-                return testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
+                return testing::AssertionFailure() << "no \"" << part << "\" after offset " << place << " of:\n"
+                                                   << text;
             }
+            place = inOrder ? found + part.size() : 0;
         }
         return testing::AssertionSuccess();
     }
 
-private:
     const std::filesystem::path m_start = std::filesystem::current_path();
 };
