@@ -153,21 +153,24 @@ TEST(Encode, NestedSetsHaveTheirOwnGroupLengths)
     EXPECT_EQ(Show(set), "00400275 SQ {00400008 SQ {00080100 SH AB}}");
 }
 
-TEST(Encode, WhatHasNoValueFormIsWrittenEmptyOrNotAtAll)
+TEST(Encode, UnknownVrsTagsAndSyntaxesAreWrittenEmptyOrNotAtAll)
 {
     // UN keeps its bytes for the reader but has no encoding.
     SRead read(Stream("7200 6D00 'UN' 0000 04000000 01020304"));
-    EXPECT_EQ(read.set.GetAt(0)->RawBytes().Size(), 4u);
+    EXPECT_EQ(Show(read.set), "0072006d UN 01020304");
     EXPECT_EQ(WrittenText(read.set, SYNTAX_EXPLICIT_LITTLE), HexText(Stream("7200 6D00 'UN' 0000 00000000")));
     // A tag that the dictionary lacks is skipped, whatever VR it was given.
     CDcmElementSet unknown;
     unknown.Add(new CDcmElement(0x0008, 0xFFF0, VR_LO));
     EXPECT_EQ(WrittenText(unknown, SYNTAX_EXPLICIT_LITTLE), "");
-    // An unknown output syntax writes nothing and leaves the set alone.
+    // An unknown output syntax writes nothing and leaves the set as it is.
     SRead kept(Stream("0800 0000 'UL' 0400 01000000"));
     EXPECT_EQ(WrittenText(kept.set, SYNTAX_UNKNOWN), "");
     EXPECT_EQ(kept.set.GetCount(), 1);
-    // One element alone: never encoded it writes nothing, then what it held when it was encoded.
+}
+
+TEST(Encode, OneElementWritesWhatItHeldWhenItWasEncoded)
+{
     CDcmElement element(0x0008, 0x0060);
     CMemFile file;
     CArchive archive(&file, CArchive::store);
@@ -176,7 +179,7 @@ TEST(Encode, WhatHasNoValueFormIsWrittenEmptyOrNotAtAll)
     element.SetSyntax(SYNTAX_EXPLICIT_BIG);
     element.Encode();
     element.Serialize(archive);
-    // A number that is no syntax has no layout for the header, 0 like any other.
+    // A number that is not a syntax has no layout for the header, 0 like any other.
     element.SetSyntax(0);
     element.Encode();
     EXPECT_EQ(element.EncodedSize(), 10u);

@@ -31,7 +31,7 @@ TEST(Element, OfAnUnknownTagKeepsRawBytesOnly)
     EXPECT_EQ(CDcmElement(0x0010, 0x0010, 256 + VR_OB).Vr(), static_cast<int>(VR_UNKNOWN));
 }
 
-TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityTells)
+TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityAllows)
 {
     CDcmElement spacing(0x0028, 0x0030);
     CDcmElement fills(0x0018, 0x9066);
@@ -45,10 +45,10 @@ TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityTells)
         EXPECT_EQ(std::count(std::begin(taken), std::end(taken), i < 3), 5) << i;
     }
     EXPECT_EQ(spacing.JoinedText(), "1\\1\\1");
-    EXPECT_TRUE(fills.Words()->GetSize() == 3 && items.Integers()->GetSize() == 3);
+    EXPECT_EQ(fills.Words()->GetSize(), 3);
 }
 
-TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWordAndClearOneText)
+TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWord)
 {
     EXPECT_FALSE(WithoutVm(0x1001, "LO").AddText("A"));
     EXPECT_FALSE(WithoutVm(0x1002, "UL").AddInteger(1));
@@ -57,7 +57,10 @@ TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWordAndClearOn
     EXPECT_TRUE(word.AddWord(1));
     EXPECT_FALSE(word.AddWord(2));
     EXPECT_EQ((*word.Words())[0], 1);
-    // An empty text clears where there is one value only.
+}
+
+TEST(SingleValueSetters, ClearByAnEmptyTextWhereThereIsOneValueOnly)
+{
     CDcmElement name(0x0010, 0x0010);
     EXPECT_TRUE(name.AddText("A name that does not lie in the text itself"));
     EXPECT_TRUE(name.AddText((*name.Texts())[0]));
@@ -70,7 +73,7 @@ TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWordAndClearOn
     EXPECT_STREQ(type.JoinedText(), "ORIGINAL");
 }
 
-TEST(Setters, TakeWhatTheVrHolds)
+TEST(Setters, RefuseWhatTheVrDoesNotHold)
 {
     CDcmElement text(0x0010, 0x0010);
     text.AddText("DOE");
@@ -83,7 +86,10 @@ TEST(Setters, TakeWhatTheVrHolds)
     EXPECT_FALSE(number.AddFloat(1));
     EXPECT_FALSE(CDcmElement(0x0018, 0x1638).AddFloat(1));          // OF takes whole arrays only.
     EXPECT_FALSE(CDcmElement(0x0072, 0x006D).SetBytes(Bytes({1}))); // UN
-    // An integer goes into each VR that holds integers.
+}
+
+TEST(Setters, PutAnIntegerIntoEachVrThatHoldsIntegers)
+{
     CDcmElement word(0x0028, 0x0010);
     EXPECT_TRUE(word.AddInteger(0x12345678));
     EXPECT_EQ((*word.Words())[0], 0x5678);
@@ -92,8 +98,11 @@ TEST(Setters, TakeWhatTheVrHolds)
     EXPECT_EQ((*longValue.Integers())[0], 0xFFFFFFFFU);
     CDcmElement bytes(0x0002, 0x0001);
     EXPECT_TRUE(bytes.AddInteger(0x12345678));
-    EXPECT_EQ(Numbers(*bytes.Bytes()), Numbers(Bytes({0x78, 0x56, 0x34, 0x12})));
-    // An element's own array may be set.
+    EXPECT_EQ(HexText(*bytes.Bytes()), "78563412");
+}
+
+TEST(Setters, TakeAnElementsOwnValue)
+{
     CDcmElement type(0x0008, 0x0008);
     type.AddText("A");
     type.AddText("B");

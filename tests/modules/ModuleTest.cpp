@@ -1,4 +1,5 @@
 #include "Elements.h"
+#include "StreamBytes.h"
 #include "Varnotix/iod/DcmIOD.h"
 #include "Varnotix/modules/AttributeRows.h"
 #include "Varnotix/modules/DcmAttributeModule.h"
@@ -65,13 +66,6 @@ IMPLEMENT_DCM_INITIALIZED_CLASS(CRowsModule, CDcmModule, InitializeModule)
 namespace
 {
 
-/// The inner item's element, reached through the SQ elements and not through the member objects.
-std::string InnerText(CDcmModule& module, int element)
-{
-    const CDcmElementSet& outer = *module.GetDcmElementSet().Find(0x0008, 0x1120)->Items();
-    return TextOf(*outer.Find(0x0008, 0x1140)->Items(), 0x0008, element);
-}
-
 /// An item of the outer sequence in implicit little endian: the inner sequence with an instance UID, and a label.
 CByteArray OuterStream(const char* uid, const char* label)
 {
@@ -127,26 +121,20 @@ TEST(Binding, HoldsAfterAReadAndWhatIsSetThenIsWritten)
 {
     CDcmIOD iod;
     CRowsModule module;
-    iod.Import(OuterStream("1.2.3", "before"));
+    COuterSequence& member = module.Outer();
+    iod.Import(OuterStream("4.5.6", "before"));
     iod >> module;
-    EXPECT_STREQ(module.Outer().Inner().InstanceUID(), "1.2.3");
-    // The items that were read lack the class UID; it can be set all the same.
-    module.Outer().Inner().ClassUID("9.9");
-    module.Outer().Label("edited");
-    iod << module;
-    const CDcmElementSet& outer = *iod.ElementStore().Find(0x0008, 0x1120)->Items();
-    EXPECT_EQ(TextOf(outer, 0x0008, 0x0104), "edited");
-    EXPECT_EQ(Listing(*outer.Find(0x0008, 0x1140)->Items()),
-              (std::vector<std::string>{"00081150=9.9", "00081155=1.2.3"}));
-
     // A second read replaces what the first one left, through the same member objects.
-    COuterSequence& sameMember = module.Outer();
-    iod.Import(OuterStream("4.5.6", "second"));
+    iod.Import(OuterStream("1.2.3", "second"));
     iod >> module;
-    EXPECT_STREQ(sameMember.Inner().InstanceUID(), "4.5.6");
-    EXPECT_TRUE(sameMember.Inner().ClassUID().IsEmpty());
-    sameMember.Inner().ClassUID("8.8");
-    EXPECT_EQ(InnerText(module, 0x1150), "8.8");
+    EXPECT_STREQ(member.Inner().InstanceUID(), "1.2.3");
+    // The items that were read lack the class UID; it can be set all the same.
+    EXPECT_TRUE(member.Inner().ClassUID().IsEmpty());
+    member.Inner().ClassUID("9.9");
+    member.Label("edited");
+    iod << module;
+    EXPECT_EQ(Show(iod.ElementStore()),
+              "00081120 SQ {00080104 LO edited; 00081140 SQ {00081150 UI 9.9; 00081155 UI 1.2.3}}");
 }
 
 TEST(Binding, ShowsTheFirstOfSeveralItems)
@@ -162,19 +150,6 @@ TEST(Binding, ShowsTheFirstOfSeveralItems)
               (std::vector<std::string>{"00080104=three", "00080104=two", "00081140="}));
 }
 
-TEST(Rows, OfAnObjectWithoutElementsGiveTheirDeclaredTagsAlone)
-{
-    CRowsModule destroyed;
-    destroyed.DestroyModule();
-    CRowsModule module;
-    module.Comments("stays");
-    module = destroyed;
-    EXPECT_TRUE(module.Comments().IsEmpty()) << "it is not declared any more";
-    EXPECT_EQ(TextOf(module.GetDcmElementSet(), 0x0010, 0x4000), "stays");
-    EXPECT_EQ(CRowsModule(destroyed).GetCount(), 0);
-}
-
-/// Elements without value are made at the first look; nobody may tell the difference.
 TEST(UnseenElements, AreThereForEveryOperation)
 {
     CRowsModule unseen;
@@ -191,15 +166,12 @@ TEST(UnseenElements, AreThereForEveryOperation)
     CRowsModule taken;
     taken.Outer().Label("goes");
     iod >> taken;
-    CRowsModule copyOfTaken(taken);
     CRowsModule seen;
     seen.Comments("goes too");
     seen = taken;
-    for (CRowsModule* module : {&taken, &copyOfTaken, &seen})
+    for (CRowsModule* module : {&taken, &seen})
     {
         EXPECT_STREQ(module->Outer().Inner().ClassUID(), "1.2");
-        module->Outer().Inner().ClassUID() = "3.4";
-        EXPECT_EQ(InnerText(*module, 0x1150), "3.4");
         EXPECT_TRUE(module->Outer().Label().IsEmpty());
         EXPECT_TRUE(module->Comments().IsEmpty());
         EXPECT_EQ(module->GetCountAll(), 11);
