@@ -96,22 +96,20 @@ TEST(Decode, FindsTheSyntaxByTrialAndWritesItBackAsItWasRead)
     }
 }
 
-TEST(Decode, ElementsBeginBehindTheMagicWhereverItStands)
+TEST(Decode, ElementsBeginAfterThePrefixWhereverItIs)
 {
     const CByteArray element = Stream("0800 6000 'CS' 0200 'MR'");
-    const CByteArray preamble = Repeated(0x20, 128);
-    for (const char* magic : {"'DICM'", "'DiCm'"})
+    for (const auto& [start, trials] : {std::pair(Repeated(0x20, 128) + TextBytes("DICM"), "4:2@138"),
+                                        {Repeated(0x20, 128) + TextBytes("DiCm"), "4:2@138"},
+                                        {TextBytes("DICM"), "4:2@10"},
+                                        {CByteArray(), "4:2@6"}})
     {
-        const SRead at128(preamble + Stream(magic) + element);
-        EXPECT_EQ(Show(at128.set), "00080060 CS MR");
-        EXPECT_EQ(at128.Trials(), "4:2@138");
-        const SRead at0(Stream(magic) + element);
-        EXPECT_EQ(Show(at0.set), "00080060 CS MR");
-        EXPECT_EQ(at0.Trials(), "4:2@10");
+        const SRead read(start + element);
+        EXPECT_EQ(Show(read.set), "00080060 CS MR");
+        EXPECT_EQ(read.Trials(), trials);
     }
-    // Preamble and magic are kept although no magic was found; a short stream gives what it has.
+    // Preamble and prefix are kept although there is no prefix; a short stream gives what it has.
     const SRead none(element);
-    EXPECT_EQ(Show(none.set), "00080060 CS MR");
     CByteArray bytes;
     none.parser.Preamble(bytes);
     EXPECT_EQ(HexText(bytes), HexText(element));
@@ -248,13 +246,10 @@ TEST(Decode, SequenceEndsAreLookedAtBehindEachElement)
 
 TEST(Decode, ValuesReadFromAFileOutliveIt)
 {
-    // Large values lie in the block that the file was read into, small ones do not.
-    CByteArray stream = Stream("0800 6000 'CS' 0200 'MR' E07F 1000 'OW' 0000 00000200");
-    stream.Append(Repeated(0x5A, 0x20000));
-    {
-        CFile file("values.dcm", CFile::modeCreate | CFile::modeWrite);
-        file.Write(stream.GetData(), static_cast<UINT>(stream.GetSize()));
-    }
+    // Large values are in the block that the file was read into, small ones are not.
+    const CByteArray stream = Stream("0800 6000 'CS' 0200 'MR' E07F 1000 'OW' 0000 00000200") + Repeated(0x5A, 0x20000);
+    CFile("values.dcm", CFile::modeCreate | CFile::modeWrite)
+        .Write(stream.GetData(), static_cast<UINT>(stream.GetSize()));
     CDcmElementSet set;
     {
         CFile file("values.dcm", CFile::modeRead);
@@ -263,10 +258,8 @@ TEST(Decode, ValuesReadFromAFileOutliveIt)
         archive >> first; // What the archive has buffered does not matter to the decoder once it is put back.
         CDcmParser::Rewind(archive);
         EXPECT_EQ(file.GetPosition(), 0u);
-        CDcmParser parser;
-        parser.SerializeSet(archive, set);
+        CDcmParser().SerializeSet(archive, set);
     }
-    EXPECT_EQ(HexText(Written(set, SYNTAX_EXPLICIT_LITTLE)), HexText(stream));
     CFile("values.dcm", CFile::modeCreate | CFile::modeWrite).SetLength(0);
     EXPECT_EQ(HexText(Written(set, SYNTAX_EXPLICIT_LITTLE)), HexText(stream));
     std::remove("values.dcm");

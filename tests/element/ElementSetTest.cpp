@@ -39,7 +39,8 @@ TEST(ElementSet, FindsTheFirstOfATagInLargeUnsortedSetsWhileTheyChange)
     set.Remove(gone);
     EXPECT_EQ(set.GetCount(), left);
     EXPECT_EQ(set.Find(0x0009, 0x1001), set.GetAt(0));
-    EXPECT_TRUE(set.Find(0x0009, 0x1000) == nullptr && set.Find(0x0009, 0x1007) == nullptr);
+    EXPECT_EQ(set.Find(0x0009, 0x1000), nullptr);
+    EXPECT_EQ(set.Find(0x0009, 0x1007), nullptr);
     set.RemoveAll();
     EXPECT_EQ(set.Find(0x0009, 0x1001), nullptr);
 }
@@ -79,7 +80,8 @@ TEST(ElementSetDeclare, NotesEachTagOnceInTheOrderOfDeclaration)
     EXPECT_EQ(set.DeclaredTagTexts(), 4);
     EXPECT_EQ(set.FindDeclared(0), set.Find(0x0010, 0x0040));
     EXPECT_EQ(set.FindDeclared(2), set.Find(0x0008, 0x103E));
-    EXPECT_TRUE(set.FindDeclared(-2) == nullptr && set.FindDeclared(4) == nullptr);
+    EXPECT_EQ(set.FindDeclared(-2), nullptr);
+    EXPECT_EQ(set.FindDeclared(4), nullptr);
     // A tag that is no sequence has no items to declare.
     CDcmElementSet noSequence;
     CDcmElementSet member;

@@ -122,7 +122,8 @@ TEST(Assignment, TakesRawBytesFlagAndValueButNeverTheTag)
     source.SetRead();
     CDcmElement target(0x0010, 0x1001); // PN without bound on values.
     target = source;
-    EXPECT_TRUE(target.HasTag(0x0010, 0x1001) && target.IsRead());
+    EXPECT_TRUE(target.HasTag(0x0010, 0x1001));
+    EXPECT_TRUE(target.IsRead());
     EXPECT_STREQ(target.JoinedText(), "DOE^JOHN");
     EXPECT_EQ(target.RawBytes().Text(), "DOE^JOHN");
 

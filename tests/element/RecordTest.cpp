@@ -10,7 +10,9 @@ TEST(Record, RawReceivesTheElementsBytes)
     CDmElement record;
     record.m_value = Bytes({9, 9, 9, 9, 9});
     element.Exchange(record);
-    EXPECT_TRUE(record.m_present && record.IsEqualGroupElement(0x0028, 0x0030) && record.IsEqualVr(VR_DS));
+    EXPECT_TRUE(record.m_present);
+    EXPECT_TRUE(record.IsEqualGroupElement(0x0028, 0x0030));
+    EXPECT_TRUE(record.IsEqualVr(VR_DS));
     EXPECT_EQ(record.m_vm, 2);
     EXPECT_EQ(record.m_name + "|" + record.m_vrText, "Pixel Spacing|DS");
     EXPECT_EQ(Numbers(record.m_value), Numbers(TextBytes("1\\2")));

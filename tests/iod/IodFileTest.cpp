@@ -100,7 +100,8 @@ TEST(IodFile, ExportWritesTheElementsAloneInTheSyntaxAskedFor)
     EXPECT_EQ(Numbers(bytes), Numbers(Bytes({0x28, 0, 0x10, 0, 'U', 'S', 2, 0, 2, 1})));
     EXPECT_EQ(iod.IodSyntax(), SYNTAX_IMPLICIT_LITTLE);
     iod.Export(bytes, "1.2.3.4");
-    EXPECT_TRUE(bytes.IsEmpty() && iod.GetCount() == 1);
+    EXPECT_TRUE(bytes.IsEmpty());
+    EXPECT_EQ(iod.GetCount(), 1);
 }
 
 TEST(IodText, DocumentTellsKindSyntaxAndCounts)

@@ -93,7 +93,8 @@ TEST(ImportFromAsl, ReplacesTheObjectUnlessThereIsNothingToTake)
     Fill(object.ElementStore(), {MakeText(0x0010, 0x0040, "F")});
     object.ImportFromASL("commands.asl");
     ASSERT_EQ(object.ScriptNotes().size(), 1U);
-    EXPECT_TRUE(object.ScriptNotes()[0].line == 2 && object.ScriptNotes()[0].kind == SCRIPT_UNKNOWN_COMMAND);
+    EXPECT_EQ(object.ScriptNotes()[0].line, 2);
+    EXPECT_EQ(object.ScriptNotes()[0].kind, SCRIPT_UNKNOWN_COMMAND);
     object.ImportFromASL("there is no such file");
     object.ImportFromASL(".");
     EXPECT_TRUE(object.ScriptNotes().empty());

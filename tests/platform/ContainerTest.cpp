@@ -1,6 +1,5 @@
 #include "Bytes.h"
 #include "Varnotix/platform/Lists.h"
-#include "Varnotix/platform/Maps.h"
 
 #include <gtest/gtest.h>
 
@@ -63,15 +62,4 @@ TEST(ListTest, PositionsMoveUpAndThrowOutside)
     EXPECT_THROW(list.GetNext(place), std::out_of_range);
     list.RemoveAll();
     EXPECT_THROW(list.RemoveAt(first), std::out_of_range);
-}
-
-TEST(MapTest, KeysCompareAsTheirTypeDoes)
-{
-    CByteArray value;
-    CMapStringToOb map;
-    map.SetAt(CString("key\0x", 5), &value);
-    CObject* found = nullptr;
-    EXPECT_TRUE(map.Lookup("key", found));
-    EXPECT_FALSE(map.Lookup("Key", found));
-    EXPECT_EQ(found, &value);
 }

@@ -39,16 +39,6 @@ TEST_F(LossReport, OneLineSumsUpAndVerboseGivesALineAnElement)
     EXPECT_EQ(std::count(lines.begin(), lines.end(), '\n'), 5);
 }
 
-TEST_F(LossReport, OfGroupLengthsInItemsTheFirstGoes)
-{
-    const std::string length = Explicit(0x00080000, "UL", LittleEndian(12, 4));
-    const std::string element = Explicit(0x00081150, "UI", "1.2.");
-    const std::string lines =
-        Rewrite(Explicit(0x00081140, "SQ", Item(length + element) + Item(length + element)), "-v -s explicit");
-    EXPECT_TRUE(Holds(lines, "(0008,1140)>(0008,0000) "));
-    EXPECT_EQ(lines.find("remade"), std::string::npos);
-}
-
 TEST_F(LossReport, AnEmptySequenceIsNoLossForWhatFollowsIt)
 {
     // Undefined length, for an empty sequence of defined length takes in the element behind it when it is read.
