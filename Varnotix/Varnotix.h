@@ -24,6 +24,7 @@
 #include "Varnotix/modules/DcmModule.h"
 #include "Varnotix/modules/DcmSequence.h"
 #include "Varnotix/pdu/DcmProtocolDataUnit.h"
+#include "Varnotix/pdu/PduReader.h"
 #include "Varnotix/platform/Archive.h"
 #include "Varnotix/platform/Arrays.h"
 #include "Varnotix/platform/DumpContext.h"

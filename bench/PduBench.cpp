@@ -14,7 +14,7 @@ void FillRequest(CDcmProtocolDataUnit& pdu)
     syntaxes.Add("1.2.840.10008.1.2");
     syntaxes.Add("1.2.840.10008.1.2.1");
     syntaxes.Add("1.2.840.10008.1.2.2");
-    pdu.PduType(PDU_ASSOCIATE_RQ);
+    pdu.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     pdu.ProtocolVersion(1);
     pdu.CalledAE("ANY-SCP");
     pdu.CallingAE("VARNOTIX");
@@ -60,7 +60,7 @@ void DecodeItems(benchmark::State& state)
 {
     CByteArray bytes;
     bytes.SetSize(74);
-    bytes[0] = PDU_ASSOCIATE_RQ;
+    bytes[0] = Varnotix::PDU_ASSOCIATE_RQ;
     for (std::int64_t i = 0; i < state.range(0); ++i)
     {
         for (const int byte : {0x50, 0x00, 0x00, 0x04, 0x51, 0x00, 0x00, 0x00})

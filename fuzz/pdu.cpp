@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     copy.Create(bytes);
     static_cast<void>(ItemCount(copy));
 
-    if (pdu.PduType() >= PDU_ASSOCIATE_RQ && pdu.PduType() <= PDU_ABORT)
+    if (pdu.PduType() >= Varnotix::PDU_ASSOCIATE_RQ && pdu.PduType() <= Varnotix::PDU_ABORT)
     {
         CDcmProtocolDataUnit again;
         again.Create(Encoded(pdu));

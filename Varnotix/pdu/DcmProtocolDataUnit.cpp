@@ -117,17 +117,6 @@ void CDcmProtocolDataUnit::CopyFrom(const CDcmProtocolDataUnit& other)
     AddCopies<CPresentationDataValue>(other.m_dataValues, m_dataValues);
 }
 
-void CDcmProtocolDataUnit::Create()
-{
-    EncodeProtocol();
-}
-
-void CDcmProtocolDataUnit::Create(const CByteArray& bytes)
-{
-    m_pduField = bytes;
-    DecodeProtocol();
-}
-
 void CDcmProtocolDataUnit::AddApplicationContextItem(const CString& name)
 {
     DropWithoutMemory([&] { m_applicationContexts.Add(name); });

@@ -124,15 +124,11 @@ protected:
     void DestroyPresentationDataItems();
 
 private:
+    class CDecoder;
+
     void CopyFrom(const CDcmProtocolDataUnit& other);
     void WriteHeader(int fixedSize, int length);
     void WriteTitle(CString& title, int offset);
-    void DecodeField();
-    void DecodeAssociation();
-    void DecodeDataValues();
-    bool DecodeApplicationContext(int& position);
-    bool DecodePresentationContext(int& position);
-    bool DecodeUserInformation(int& position);
 
     CByteArray m_pduField;
     int m_type = 0;

@@ -1,14 +1,10 @@
-/// Numbers in network byte order, and the item types of protocol data units.
+/// Numbers in network byte order, and the layout of protocol data units.
 #pragma once
 
 #include "Varnotix/platform/Arrays.h"
 
-inline constexpr int kApplicationContextItem = 0x10;
-inline constexpr int kPresentationContextRqItem = 0x20;
-inline constexpr int kPresentationContextAcItem = 0x21;
-inline constexpr int kAbstractSyntaxItem = 0x30;
-inline constexpr int kTransferSyntaxItem = 0x40;
-inline constexpr int kUserInformationItem = 0x50;
+namespace Varnotix
+{
 
 // Sizes and offsets in bytes (PS3.8 tables 9-11 to 9-26).
 inline constexpr int kPduHeaderSize = 6;
@@ -42,3 +38,5 @@ inline DWORD Big32(const BYTE* bytes)
 {
     return (static_cast<DWORD>(Big16(bytes)) << 16U) | static_cast<DWORD>(Big16(bytes + 2));
 }
+
+} // namespace Varnotix

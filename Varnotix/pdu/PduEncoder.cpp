@@ -5,6 +5,13 @@
 
 #include <algorithm>
 
+using namespace Varnotix;
+
+void CDcmProtocolDataUnit::Create()
+{
+    EncodeProtocol();
+}
+
 void CDcmProtocolDataUnit::EncodeProtocol()
 {
     switch (m_type)
@@ -35,7 +42,7 @@ void CDcmProtocolDataUnit::EncodeProtocol()
     }
 }
 
-/// Resizes the field to its fixed part and writes type and length; all other bytes stay as they are.
+/// Resizes the field to its fixed part and writes type and length; all other bytes keep their values.
 void CDcmProtocolDataUnit::WriteHeader(int fixedSize, int length)
 {
     m_pduField.SetSize(fixedSize);
@@ -73,7 +80,7 @@ void CDcmProtocolDataUnit::CreateAAceptProtocol()
 void CDcmProtocolDataUnit::CreateARequestVariableItems()
 {
     CByteArray items;
-    CreateItemField(kApplicationContextItem, m_applicationContexts, items);
+    CreateItemField(PDU_ITEM_APPLICATION_CONTEXT, m_applicationContexts, items);
     m_pduField.Append(items);
     CreatePresentationContextItems(items);
     m_pduField.Append(items);
@@ -149,7 +156,7 @@ void CDcmProtocolDataUnit::CreatePresentationContextField(const CByteArray& subI
     const bool isAccept = m_type == PDU_ASSOCIATE_AC;
     CByteArray item;
     item.SetSize(kContextItemHeader);
-    item[0] = static_cast<BYTE>(isAccept ? kPresentationContextAcItem : kPresentationContextRqItem);
+    item[0] = static_cast<BYTE>(isAccept ? PDU_ITEM_CONTEXT_AC : PDU_ITEM_CONTEXT_RQ);
     item[4] = static_cast<BYTE>(id);
     item[6] = static_cast<BYTE>(isAccept ? result : 0);
     item.Append(subItems);
@@ -168,10 +175,10 @@ void CDcmProtocolDataUnit::CreatePresentationContextItems(CByteArray& out) const
         {
             CStringArray abstractSyntax;
             abstractSyntax.Add(context.AbstractSyntax());
-            CreateItemField(kAbstractSyntaxItem, abstractSyntax, subItems);
+            CreateItemField(PDU_ITEM_ABSTRACT_SYNTAX, abstractSyntax, subItems);
         }
         CByteArray transferSyntaxes;
-        CreateItemField(kTransferSyntaxItem, context.TransferSyntaxes(), transferSyntaxes);
+        CreateItemField(PDU_ITEM_TRANSFER_SYNTAX, context.TransferSyntaxes(), transferSyntaxes);
         subItems.Append(transferSyntaxes);
         CByteArray item;
         CreatePresentationContextField(subItems, item, context.ContextID(), context.Result());
@@ -190,7 +197,7 @@ void CDcmProtocolDataUnit::CreateUserDataItems(CByteArray& out) const
         CreateItemField(userData.Type(), userData.Data(), item);
         subItems.Append(item);
     }
-    CreateItemField(kUserInformationItem, subItems, out);
+    CreateItemField(PDU_ITEM_USER_INFORMATION, subItems, out);
 }
 
 void CDcmProtocolDataUnit::CreatePresentationDataItem(const CPresentationDataValue& value, CByteArray& out) const

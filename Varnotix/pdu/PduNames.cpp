@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <iterator>
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -106,3 +109,5 @@ const char* ContextResultText(int result)
 {
     return Find(kContextResults, result);
 }
+
+} // namespace Varnotix

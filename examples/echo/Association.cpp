@@ -56,7 +56,7 @@ void AddUserInformation(CDcmProtocolDataUnit& pdu)
 void SendAbort(CConnection& connection, EAbortReason reason)
 {
     CDcmProtocolDataUnit abort;
-    abort.PduType(PDU_ABORT);
+    abort.PduType(Varnotix::PDU_ABORT);
     abort.Source(kServiceProvider);
     abort.Reason(reason);
     connection.Send(abort);
@@ -67,27 +67,28 @@ void SendMessage(CConnection& connection, int contextId, const SEchoMessage& mes
     CByteArray bytes;
     EncodeMessage(message, bytes);
     CDcmProtocolDataUnit data;
-    data.PduType(PDU_DATA_TF);
+    data.PduType(Varnotix::PDU_DATA_TF);
     data.AddPresentationDataValue(bytes, contextId, kCommandBit | kLastFragmentBit);
     connection.Send(data);
 }
 
 std::string RejectText(const CDcmProtocolDataUnit& pdu)
 {
-    return "the association was rejected: result " + Coded(RejectResultText(pdu.Result()), pdu.Result()) + ", source " +
-           Coded(RejectSourceText(pdu.Source()), pdu.Source()) + ", reason " +
-           Coded(RejectReasonText(pdu.Source(), pdu.Reason()), pdu.Reason());
+    return "the association was rejected: result " + Coded(Varnotix::RejectResultText(pdu.Result()), pdu.Result()) +
+           ", source " + Coded(Varnotix::RejectSourceText(pdu.Source()), pdu.Source()) + ", reason " +
+           Coded(Varnotix::RejectReasonText(pdu.Source(), pdu.Reason()), pdu.Reason());
 }
 
 std::string AbortText(const CDcmProtocolDataUnit& pdu)
 {
-    return "the association was aborted: source " + Coded(AbortSourceText(pdu.Source()), pdu.Source()) + ", reason " +
-           Coded(AbortReasonText(pdu.Source(), pdu.Reason()), pdu.Reason());
+    return "the association was aborted: source " + Coded(Varnotix::AbortSourceText(pdu.Source()), pdu.Source()) +
+           ", reason " + Coded(Varnotix::AbortReasonText(pdu.Source(), pdu.Reason()), pdu.Reason());
 }
 
 std::string UnexpectedText(const CDcmProtocolDataUnit& pdu)
 {
-    return std::string("a PDU came that was not expected: type ") + Coded(PduTypeName(pdu.PduType()), pdu.PduType());
+    return std::string("a PDU came that was not expected: type ") +
+           Coded(Varnotix::PduTypeName(pdu.PduType()), pdu.PduType());
 }
 
 bool CCommandFragments::Take(const CDcmProtocolDataUnit& pdu)

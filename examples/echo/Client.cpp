@@ -12,11 +12,12 @@ namespace
 constexpr int kContextId = 1;
 
 /// Waits for a PDU of the type. Throws for every other end, told in words.
-void Expect(CConnection& connection, EPduType type, CDcmProtocolDataUnit& pdu)
+void Expect(CConnection& connection, Varnotix::EPduType type, CDcmProtocolDataUnit& pdu)
 {
     if (!connection.Receive(pdu))
     {
-        throw CEchoFailure(std::string("the other side closed the connection instead of sending ") + PduTypeName(type));
+        throw CEchoFailure(std::string("the other side closed the connection instead of sending ") +
+                           Varnotix::PduTypeName(type));
     }
     if (pdu.PduType() == type)
     {
@@ -24,9 +25,9 @@ void Expect(CConnection& connection, EPduType type, CDcmProtocolDataUnit& pdu)
     }
     switch (pdu.PduType())
     {
-    case PDU_ASSOCIATE_RJ:
+    case Varnotix::PDU_ASSOCIATE_RJ:
         throw CEchoFailure(RejectText(pdu));
-    case PDU_ABORT:
+    case Varnotix::PDU_ABORT:
         throw CEchoFailure(AbortText(pdu));
     default:
         throw CProtocolFailure(ABORT_UNEXPECTED_PDU, UnexpectedText(pdu));
@@ -36,7 +37,7 @@ void Expect(CConnection& connection, EPduType type, CDcmProtocolDataUnit& pdu)
 void Associate(CConnection& connection, const SEchoOptions& options)
 {
     CDcmProtocolDataUnit request;
-    request.PduType(PDU_ASSOCIATE_RQ);
+    request.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     request.ProtocolVersion(1);
     request.CalledAE(PaddedTitle(options.calledTitle));
     request.CallingAE(PaddedTitle(options.callingTitle));
@@ -48,13 +49,13 @@ void Associate(CConnection& connection, const SEchoOptions& options)
     connection.Send(request);
 
     CDcmProtocolDataUnit accept;
-    Expect(connection, PDU_ASSOCIATE_AC, accept);
+    Expect(connection, Varnotix::PDU_ASSOCIATE_AC, accept);
     if (!accept.IsValidContextID(kContextId))
     {
         const int result = accept.GetContextIDResult(kContextId);
         throw CProtocolFailure(ABORT_INVALID_VALUE, std::string("the Verification service was not accepted: ") +
-                                                        ContextResultText(result) + " (" + std::to_string(result) +
-                                                        ")");
+                                                        Varnotix::ContextResultText(result) + " (" +
+                                                        std::to_string(result) + ")");
     }
 }
 
@@ -67,7 +68,7 @@ void Echo(CConnection& connection)
     while (!isComplete)
     {
         CDcmProtocolDataUnit data;
-        Expect(connection, PDU_DATA_TF, data);
+        Expect(connection, Varnotix::PDU_DATA_TF, data);
         isComplete = fragments.Take(data);
     }
     SEchoMessage reply;
@@ -87,10 +88,10 @@ void Echo(CConnection& connection)
 void Release(CConnection& connection)
 {
     CDcmProtocolDataUnit request;
-    request.PduType(PDU_RELEASE_RQ);
+    request.PduType(Varnotix::PDU_RELEASE_RQ);
     connection.Send(request);
     CDcmProtocolDataUnit reply;
-    Expect(connection, PDU_RELEASE_RP, reply);
+    Expect(connection, Varnotix::PDU_RELEASE_RP, reply);
     std::puts("released");
 }
 

@@ -125,7 +125,7 @@ void CConnection::Send(CDcmProtocolDataUnit& pdu)
         AwaitSocket([&](const CompletionHandler& done) { asio::async_write(m_socket, buffer, done); });
     if (error)
     {
-        Fail(std::string("cannot send ") + PduTypeName(pdu.PduType()), error);
+        Fail(std::string("cannot send ") + Varnotix::PduTypeName(pdu.PduType()), error);
     }
 }
 

@@ -55,7 +55,7 @@ SRefusal FindRefusal(const CDcmProtocolDataUnit& request, const SEchoOptions& op
 void Reject(CConnection& connection, const SRefusal& refusal)
 {
     CDcmProtocolDataUnit reject;
-    reject.PduType(PDU_ASSOCIATE_RJ);
+    reject.PduType(Varnotix::PDU_ASSOCIATE_RJ);
     reject.Result(kRejectedPermanently);
     reject.Source(refusal.source);
     reject.Reason(refusal.reason);
@@ -81,7 +81,7 @@ int ResultOf(const CPresentationContext& context)
 
 void Accept(CConnection& connection, const CDcmProtocolDataUnit& request, CDcmProtocolDataUnit& accept)
 {
-    accept.PduType(PDU_ASSOCIATE_AC);
+    accept.PduType(Varnotix::PDU_ASSOCIATE_AC);
     accept.ProtocolVersion(1);
     accept.CalledAE(request.CalledAE());
     accept.CallingAE(request.CallingAE());
@@ -130,22 +130,22 @@ void Serve(CConnection& connection, const CDcmProtocolDataUnit& accept)
         }
         switch (pdu.PduType())
         {
-        case PDU_DATA_TF:
+        case Varnotix::PDU_DATA_TF:
             if (fragments.Take(pdu))
             {
                 Answer(connection, fragments, accept);
                 fragments = CCommandFragments();
             }
             break;
-        case PDU_RELEASE_RQ:
+        case Varnotix::PDU_RELEASE_RQ:
         {
             CDcmProtocolDataUnit reply;
-            reply.PduType(PDU_RELEASE_RP);
+            reply.PduType(Varnotix::PDU_RELEASE_RP);
             connection.Send(reply);
             Tell("released");
             return;
         }
-        case PDU_ABORT:
+        case Varnotix::PDU_ABORT:
             Tell(AbortText(pdu));
             return;
         default:
@@ -161,7 +161,7 @@ void AnswerCaller(CConnection& connection, const SEchoOptions& options)
     {
         throw CEchoFailure("the caller closed the connection at once");
     }
-    if (request.PduType() != PDU_ASSOCIATE_RQ)
+    if (request.PduType() != Varnotix::PDU_ASSOCIATE_RQ)
     {
         throw CProtocolFailure(ABORT_UNEXPECTED_PDU, UnexpectedText(request));
     }

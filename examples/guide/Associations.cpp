@@ -9,7 +9,7 @@ CByteArray AnswerTo(const CByteArray& bytes)
     CDcmProtocolDataUnit request;
     request.Create(bytes);
     CDcmProtocolDataUnit answer;
-    answer.PduType(PDU_ASSOCIATE_AC);
+    answer.PduType(Varnotix::PDU_ASSOCIATE_AC);
     answer.ProtocolVersion(1);
     answer.CalledAE(request.CalledAE());
     answer.CallingAE(request.CallingAE());
@@ -26,7 +26,7 @@ CByteArray AnswerTo(const CByteArray& bytes)
 void Associations()
 {
     CDcmProtocolDataUnit request; // A new object for each PDU that is sent.
-    request.PduType(PDU_ASSOCIATE_RQ);
+    request.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     request.ProtocolVersion(1); // It is 0 otherwise.
     request.CalledAE("ANY-SCP         ");
     request.CallingAE("ME              ");
@@ -42,8 +42,8 @@ void Associations()
 
     CDcmProtocolDataUnit answer;
     answer.Create(received); // One whole PDU: the six bytes of its header and as many as its length says.
-    if (answer.PduType() == PDU_ASSOCIATE_AC && answer.IsValidContextID(1))
+    if (answer.PduType() == Varnotix::PDU_ASSOCIATE_AC && answer.IsValidContextID(1))
     {
-        std::cout << PduTypeName(answer.PduType()) << " of " << 6 + answer.PduLength() << " bytes\n";
+        std::cout << Varnotix::PduTypeName(answer.PduType()) << " of " << 6 + answer.PduLength() << " bytes\n";
     }
 }

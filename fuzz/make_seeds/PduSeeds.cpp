@@ -10,8 +10,8 @@ void MakePduSeeds()
     put("associate_ac", AcceptBytes());
     put("associate_rj", RejectBytes());
     put("data", DataBytes());
-    put("release_rq", ReleaseBytes(PDU_RELEASE_RQ));
-    put("release_rp", ReleaseBytes(PDU_RELEASE_RP));
+    put("release_rq", ReleaseBytes(Varnotix::PDU_RELEASE_RQ));
+    put("release_rp", ReleaseBytes(Varnotix::PDU_RELEASE_RP));
     put("abort", AbortBytes());
     put("unknown_type", ReleaseBytes(8));
     const CByteArray fixed = Join({Bytes({1}), Zeros(73)});

@@ -6,7 +6,7 @@ namespace
 {
 
 /// The fixed part of an association PDU with a length of 0, which bounds nothing, and the items behind it.
-CByteArray Association(const CByteArray& items, int type = PDU_ASSOCIATE_RQ)
+CByteArray Association(const CByteArray& items, int type = Varnotix::PDU_ASSOCIATE_RQ)
 {
     return Join({Bytes({type}), Zeros(73), items});
 }
@@ -44,8 +44,8 @@ TEST(PduDecodeTest, GoldenBytesBecomeFieldsAndItems)
     const CLines aborted = DumpOf(pdu);
     EXPECT_EQ(CLines(aborted.begin() + 5, aborted.begin() + 8), (CLines{"Result [1]", "Source [2]", "Reason [6]"}))
         << "an abort has no result";
-    pdu.Create(ReleaseBytes(PDU_RELEASE_RP));
-    EXPECT_EQ(pdu.PduType(), PDU_RELEASE_RP);
+    pdu.Create(ReleaseBytes(Varnotix::PDU_RELEASE_RP));
+    EXPECT_EQ(pdu.PduType(), Varnotix::PDU_RELEASE_RP);
     EXPECT_EQ(ItemsOf(DataBytes()), (CLines{"ACI []", "PDV [(1) (3) (10)]", "PDV [(5) (0) (0)]"}));
 }
 
@@ -71,7 +71,7 @@ TEST(PduDecodeTest, TheLengthMayExceedWhatFollowsTheHeaderBySix)
         CDcmProtocolDataUnit pdu;
         bytes[5] = static_cast<BYTE>(length);
         pdu.Create(bytes);
-        EXPECT_EQ(pdu.PduType(), PDU_ASSOCIATE_RJ);
+        EXPECT_EQ(pdu.PduType(), Varnotix::PDU_ASSOCIATE_RJ);
         EXPECT_EQ(pdu.PduLength(), length);
         EXPECT_EQ(pdu.Reason(), length <= 10 ? 7 : 0) << length;
     }

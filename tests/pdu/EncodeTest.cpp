@@ -29,7 +29,7 @@ TEST(PduEncodeTest, BytesThatNoFieldNamesKeepWhatTheFieldHeld)
         EXPECT_EQ(Numbers(Encoded(pdu)), Numbers(bytes));
     }
     CDcmProtocolDataUnit request(old);
-    request.PduType(PDU_ASSOCIATE_RQ);
+    request.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     request.CalledAE("B");
     const CByteArray bytes = Encoded(request);
     ASSERT_EQ(bytes.GetSize(), 78);
@@ -51,7 +51,7 @@ TEST(PduEncodeTest, BytesThatNoFieldNamesKeepWhatTheFieldHeld)
 TEST(PduEncodeTest, AnOverLongTitleRunsOnWithAZeroForItsSeventeenthCharacter)
 {
     CDcmProtocolDataUnit pdu;
-    pdu.PduType(PDU_ASSOCIATE_RQ);
+    pdu.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     pdu.CalledAE("ABCDEFGHIJKLMNOPQRST");
     pdu.CallingAE("x");
     CByteArray bytes = Encoded(pdu);
@@ -60,7 +60,7 @@ TEST(PduEncodeTest, AnOverLongTitleRunsOnWithAZeroForItsSeventeenthCharacter)
     EXPECT_EQ(pdu.CalledAE(), "ABCDEFGHIJKLMNOP");
 
     CDcmProtocolDataUnit other;
-    other.PduType(PDU_ASSOCIATE_RQ);
+    other.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     other.CallingAE("abcdefghijklmnopqrst");
     bytes = Encoded(other);
     EXPECT_EQ(std::string(bytes.begin() + 26, bytes.begin() + 47), std::string("abcdefghijklmnop\0rst\0", 21));
@@ -70,7 +70,7 @@ TEST(PduEncodeTest, AnOverLongTitleRunsOnWithAZeroForItsSeventeenthCharacter)
 TEST(PduEncodeTest, ATitleWithoutEndStaysInsideTheFixedPart)
 {
     CDcmProtocolDataUnit pdu;
-    pdu.PduType(PDU_ASSOCIATE_AC);
+    pdu.PduType(Varnotix::PDU_ASSOCIATE_AC);
     pdu.CalledAE(CString('B', 5000));
     pdu.CallingAE(CString('A', 5000));
     const CByteArray bytes = Encoded(pdu);
@@ -82,7 +82,7 @@ TEST(PduEncodeTest, ATitleWithoutEndStaysInsideTheFixedPart)
 TEST(PduEncodeTest, UserDataIsCutTo255BytesAndNumbersAreLittleEndian)
 {
     CDcmProtocolDataUnit pdu;
-    pdu.PduType(PDU_ASSOCIATE_RQ);
+    pdu.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     CByteArray longData = Zeros(300);
     longData[254] = 7;
     longData[255] = 8;

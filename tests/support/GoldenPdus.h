@@ -64,7 +64,7 @@ inline CByteArray RequestBytes()
 
 inline void BuildRequest(CDcmProtocolDataUnit& pdu)
 {
-    pdu.PduType(PDU_ASSOCIATE_RQ);
+    pdu.PduType(Varnotix::PDU_ASSOCIATE_RQ);
     pdu.ProtocolVersion(1);
     pdu.CalledAE("B");
     pdu.CallingAE("A");

@@ -1,11 +1,11 @@
-/// The fields of a PDU, one by one with their bytes: what the library's decoder reads, and where it stops.
+/// The fields of a PDU with their names and meanings, as the library reads them, and where the reading stops.
 #pragma once
 
 #include "Varnotix/Varnotix.h"
 
 #include <vector>
 
-struct SPduField
+struct SShownField
 {
     /// From the start of the PDU.
     int offset;
@@ -13,10 +13,10 @@ struct SPduField
     CString name;
     /// Empty for bytes without meaning of their own.
     CString meaning;
-    /// True for the bytes behind the place where the decoder stops.
+    /// True for the bytes after the place where the decoder stops.
     bool isUnread;
 };
 
-/// Every byte of the PDU lies in one field, and the fields are in order. Only the last one may be unread; its meaning
-/// then is the reason.
-std::vector<SPduField> ListPduFields(const CByteArray& pdu);
+/// Every byte of the PDU is in one field, and the fields are in order. Only the last one may be unread; its meaning is
+/// then the reason.
+std::vector<SShownField> ListPduFields(const CByteArray& pdu);

@@ -2,14 +2,10 @@
 
 #include <algorithm>
 
+using namespace Varnotix;
+
 namespace
 {
-
-constexpr int kApplicationContext = 0x10;
-constexpr int kAbstractSyntax = 0x30;
-constexpr int kTransferSyntax = 0x40;
-constexpr int kMaximumLength = 0x51;
-constexpr int kImplementationClass = 0x52;
 
 bool IsPrintable(char letter)
 {
@@ -21,7 +17,7 @@ BYTE ByteAt(const CString& bytes, int index)
     return static_cast<BYTE>(bytes.GetAt(index));
 }
 
-/// The text in quotes; what is no printable ASCII stands as \xNN.
+/// The text in quotes; other bytes than printable ASCII are written as \xNN.
 CString Quoted(std::string_view text)
 {
     CString quoted = "'";
@@ -46,7 +42,8 @@ CString UidMeaning(const CString& uid)
     return row < 0 ? Quoted(uid.View()) : Quoted(uid.View()) + ", " + registry.UidName(row);
 }
 
-/// The library's own builder writes this number low byte first, other programs high byte first.
+/// The standard asks for the high byte first; CDcmProtocolDataUnit::AddUserDataItem(int, DWORD) writes the low byte
+/// first.
 CString MaximumLengthMeaning(const CString& bytes)
 {
     const auto number = [&bytes](int first, int step)
@@ -94,16 +91,33 @@ CString ControlMeaning(BYTE control)
     return meaning;
 }
 
+const char* ItemName(int type)
+{
+    switch (type)
+    {
+    case PDU_ITEM_APPLICATION_CONTEXT:
+        return "application context";
+    case PDU_ITEM_CONTEXT_RQ:
+        return "presentation context (RQ)";
+    case PDU_ITEM_CONTEXT_AC:
+        return "presentation context (AC)";
+    case PDU_ITEM_USER_INFORMATION:
+        return "user information";
+    default:
+        return "unknown";
+    }
+}
+
 const char* ContextSubItemName(int type)
 {
     switch (type)
     {
-    case kAbstractSyntax:
+    case PDU_ITEM_ABSTRACT_SYNTAX:
         return "abstract syntax";
-    case kTransferSyntax:
+    case PDU_ITEM_TRANSFER_SYNTAX:
         return "transfer syntax";
     default:
-        return "unknown, passed over";
+        return "unknown";
     }
 }
 
@@ -111,23 +125,23 @@ const char* UserSubItemName(int type)
 {
     switch (type)
     {
-    case kMaximumLength:
+    case PDU_ITEM_MAXIMUM_LENGTH:
         return "maximum length";
-    case kImplementationClass:
+    case PDU_ITEM_IMPLEMENTATION_CLASS:
         return "implementation class UID";
-    case 0x53:
+    case PDU_ITEM_ASYNCHRONOUS_OPERATIONS:
         return "asynchronous operations window";
-    case 0x54:
+    case PDU_ITEM_ROLE_SELECTION:
         return "SCP/SCU role selection";
-    case 0x55:
+    case PDU_ITEM_IMPLEMENTATION_VERSION:
         return "implementation version name";
-    case 0x56:
+    case PDU_ITEM_EXTENDED_NEGOTIATION:
         return "SOP class extended negotiation";
-    case 0x57:
+    case PDU_ITEM_COMMON_EXTENDED_NEGOTIATION:
         return "SOP class common extended negotiation";
-    case 0x58:
+    case PDU_ITEM_USER_IDENTITY_RQ:
         return "user identity, request";
-    case 0x59:
+    case PDU_ITEM_USER_IDENTITY_AC:
         return "user identity, answer";
     default:
         return "unknown";
@@ -136,7 +150,8 @@ const char* UserSubItemName(int type)
 
 CString NameMeaning(int type, const CString& bytes)
 {
-    const bool isKnown = type == kApplicationContext || type == kAbstractSyntax || type == kTransferSyntax;
+    const bool isKnown =
+        type == PDU_ITEM_APPLICATION_CONTEXT || type == PDU_ITEM_ABSTRACT_SYNTAX || type == PDU_ITEM_TRANSFER_SYNTAX;
     return isKnown ? UidMeaning(bytes) : SizeText(bytes.GetLength());
 }
 
@@ -146,7 +161,7 @@ CString UserDataMeaning(int type, const CString& bytes)
     {
         return SizeText(bytes.GetLength()) + ", of which the decoder keeps 255";
     }
-    if (type == kMaximumLength && bytes.GetLength() == 4)
+    if (type == PDU_ITEM_MAXIMUM_LENGTH && bytes.GetLength() == 4)
     {
         return MaximumLengthMeaning(bytes);
     }

@@ -20,7 +20,7 @@ int PduSize(const CByteArray& stream, int start)
 {
     const int left = stream.GetSize() - start;
     const BYTE* header = stream.GetData() + start;
-    if (left < kHeaderSize || header[0] < PDU_ASSOCIATE_RQ || header[0] > PDU_ABORT)
+    if (left < kHeaderSize || header[0] < Varnotix::PDU_ASSOCIATE_RQ || header[0] > Varnotix::PDU_ABORT)
     {
         return left;
     }
@@ -45,7 +45,7 @@ CString Hexadecimal(const BYTE* bytes, int count)
 }
 
 /// The field's bytes in lines of sixteen; name and meaning stand in the first.
-void PrintField(const SPduField& field, const CByteArray& pdu, int start)
+void PrintField(const SShownField& field, const CByteArray& pdu, int start)
 {
     for (int done = 0; done < field.size; done += kBytesALine)
     {
@@ -79,18 +79,18 @@ void PrintDump(const CByteArray& bytes)
     }
 }
 
-void ShowPdu(const CByteArray& bytes, const std::vector<SPduField>& fields, int number, int start, bool showFields)
+void ShowPdu(const CByteArray& bytes, const std::vector<SShownField>& fields, int number, int start, bool showFields)
 {
     CString heading;
     heading.Format("# PDU %d at offset %d, %s: %s\n", number, start,
-                   static_cast<const char*>(SizeText(bytes.GetSize())), PduTypeName(bytes[0]));
+                   static_cast<const char*>(SizeText(bytes.GetSize())), Varnotix::PduTypeName(bytes[0]));
     WriteStandardOutput(heading.View());
     if (!showFields)
     {
         PrintDump(bytes);
         return;
     }
-    for (const SPduField& field : fields)
+    for (const SShownField& field : fields)
     {
         PrintField(field, bytes, start);
     }
@@ -112,9 +112,9 @@ int ShowPdus(const CString& path, bool showFields, const CReport& report)
         CByteArray pdu;
         pdu.Assign(stream.GetData() + start, PduSize(stream, start));
         ++number;
-        const std::vector<SPduField> fields = ListPduFields(pdu);
+        const std::vector<SShownField> fields = ListPduFields(pdu);
         ShowPdu(pdu, fields, number, start, showFields);
-        const SPduField& last = fields.back();
+        const SShownField& last = fields.back();
         if (last.isUnread)
         {
             CString message;
