@@ -12,7 +12,7 @@ constexpr int kImplementationClassItem = 0x52;
 constexpr int kCommandBit = 0x01;
 constexpr int kLastFragmentBit = 0x02;
 
-/// Made from a random UUID, as anybody may (PS3.5 Annex B.2). A host takes one of its own.
+/// Made from a random UUID (PS3.5 Annex B.2). A host uses its own.
 constexpr const char* kImplementationClass = "2.25.30789519447163749730905263808630865631";
 
 constexpr int kServiceProvider = 2;
@@ -87,8 +87,7 @@ std::string AbortText(const CDcmProtocolDataUnit& pdu)
 
 std::string UnexpectedText(const CDcmProtocolDataUnit& pdu)
 {
-    return std::string("a PDU came that was not expected: type ") +
-           Coded(Varnotix::PduTypeName(pdu.PduType()), pdu.PduType());
+    return std::string("unexpected PDU: type ") + Coded(Varnotix::PduTypeName(pdu.PduType()), pdu.PduType());
 }
 
 bool CCommandFragments::Take(const CDcmProtocolDataUnit& pdu)
@@ -100,15 +99,15 @@ bool CCommandFragments::Take(const CDcmProtocolDataUnit& pdu)
         const auto& value = static_cast<const CPresentationDataValue&>(*object);
         if ((value.MessageControl() & kCommandBit) == 0 || m_isComplete)
         {
-            throw CProtocolFailure(ABORT_UNEXPECTED_PDU, "data came that belongs to no command set");
+            throw CProtocolFailure(ABORT_UNEXPECTED_PDU, "data that does not belong to a command set");
         }
         if (m_contextId != -1 && m_contextId != value.ContextID())
         {
-            throw CProtocolFailure(ABORT_INVALID_VALUE, "one command set came in two presentation contexts");
+            throw CProtocolFailure(ABORT_INVALID_VALUE, "a command set in two presentation contexts");
         }
         if (value.Data().GetSize() > kMaxCommandSize - m_bytes.GetSize())
         {
-            throw CProtocolFailure(ABORT_INVALID_VALUE, "a command set came that has no end");
+            throw CProtocolFailure(ABORT_INVALID_VALUE, "a command set that is too long");
         }
         m_contextId = value.ContextID();
         m_bytes.Append(value.Data());

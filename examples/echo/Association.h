@@ -1,4 +1,4 @@
-/// What both sides of an association share: the items they send, the command sets they gather, the words for its end.
+/// What both sides of an association share: the items they send, the command sets they gather, the texts for its end.
 #pragma once
 
 #include "Connection.h"
@@ -8,25 +8,7 @@
 
 inline constexpr const char* kApplicationContext = "1.2.840.10008.3.1.1.1";
 
-/// Reasons of an A-ABORT by the service provider (PS3.8 table 9-26).
-enum EAbortReason : int
-{
-    ABORT_UNEXPECTED_PDU = 2,
-    ABORT_INVALID_VALUE = 6
-};
-
-/// The other side did what the protocol does not allow: the association is to be aborted with the reason.
-class CProtocolFailure : public CEchoFailure
-{
-public:
-    CProtocolFailure(EAbortReason reason, const std::string& text) : CEchoFailure(text), m_reason(reason) {}
-    EAbortReason Reason() const { return m_reason; }
-
-private:
-    EAbortReason m_reason;
-};
-
-/// A title as PS3.8 wants it on the wire: 16 characters, padded with spaces. The library writes titles as they are.
+/// A title as PS3.8 requires it on the wire: 16 characters, padded with spaces. The library does not pad titles.
 CString PaddedTitle(const std::string& title);
 
 /// A title as it was received, without its padding.
@@ -38,7 +20,7 @@ void AddUserInformation(CDcmProtocolDataUnit& pdu);
 void SendAbort(CConnection& connection, EAbortReason reason);
 void SendMessage(CConnection& connection, int contextId, const SEchoMessage& message);
 
-// The end of an association in words, with the numbers of the PDU.
+// Messages about the end of an association, with the codes of the PDU.
 std::string RejectText(const CDcmProtocolDataUnit& pdu);
 std::string AbortText(const CDcmProtocolDataUnit& pdu);
 std::string UnexpectedText(const CDcmProtocolDataUnit& pdu);
@@ -47,8 +29,8 @@ std::string UnexpectedText(const CDcmProtocolDataUnit& pdu);
 class CCommandFragments
 {
 public:
-    /// Takes the PDU's fragments; throws CProtocolFailure for a data set, which C-ECHO has none of, for what follows
-    /// the last fragment, for a second context, and for more bytes than any command set of ours has.
+    /// Takes the PDU's fragments. Throws CProtocolFailure for a fragment of a data set, which C-ECHO does not have, for
+    /// fragments after the last one, for a second context, and for more bytes than a C-ECHO command set can have.
     /// @return true when the command set is complete.
     bool Take(const CDcmProtocolDataUnit& pdu);
 

@@ -11,7 +11,7 @@ namespace
 // PS3.8 asks for odd numbers.
 constexpr int kContextId = 1;
 
-/// Waits for a PDU of the type. Throws for every other end, told in words.
+/// Waits for a PDU of the type. Throws for everything else, with a message.
 void Expect(CConnection& connection, Varnotix::EPduType type, CDcmProtocolDataUnit& pdu)
 {
     if (!connection.Receive(pdu))
@@ -75,7 +75,7 @@ void Echo(CConnection& connection)
     if (!DecodeMessage(fragments.Bytes(), reply) || reply.command != kEchoResponse ||
         reply.messageId != request.messageId)
     {
-        throw CProtocolFailure(ABORT_INVALID_VALUE, "the reply is no C-ECHO response to our message");
+        throw CProtocolFailure(ABORT_INVALID_VALUE, "the reply is not a C-ECHO response to our message");
     }
     std::printf("C-ECHO response to message %d: status %04XH, %s\n", reply.messageId, reply.status,
                 reply.status == 0 ? "success" : "failure");

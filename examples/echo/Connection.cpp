@@ -21,7 +21,7 @@ constexpr std::size_t kHeaderSize = 6;
 
 } // namespace
 
-/// Runs one operation to its end. An operation that outlasts the limit is cancelled and answers timed_out.
+/// Runs one operation to its end. One that takes longer than the limit is cancelled and returns timed_out.
 asio::error_code CConnection::Await(std::chrono::seconds limit, const std::function<void()>& cancel,
                                     const std::function<void(CompletionHandler)>& start)
 {
@@ -73,8 +73,8 @@ int CConnection::Listen(int port)
     asio::error_code error;
     m_acceptor.open(place.protocol(), error);
 #if !defined(_WIN32)
-    // The port can be taken again while connections of an earlier run fade out. On Windows the option would let two
-    // programs share the port.
+    // Lets a new run use the port while connections of an earlier one are in TIME_WAIT. On Windows the option would let
+    // two programs share the port.
     if (!error)
     {
         m_acceptor.set_option(tcp::acceptor::reuse_address(true), error);
@@ -152,14 +152,21 @@ bool CConnection::Receive(CDcmProtocolDataUnit& pdu)
         Fail("cannot receive the start of a PDU", error);
     }
 
-    // The library takes whatever length it is given; what may be allocated for a peer is the host's to say.
+    // The length of a PDU of unknown type means nothing.
+    const int type = header[0];
+    if (type < Varnotix::PDU_ASSOCIATE_RQ || type > Varnotix::PDU_ABORT)
+    {
+        throw CProtocolFailure(ABORT_UNRECOGNIZED_PDU, "PDU of unknown type " + std::to_string(type));
+    }
+    // The library accepts every length; the host limits what it allocates for the other side.
     const std::uint32_t length = static_cast<std::uint32_t>(header[2]) << 24U |
                                  static_cast<std::uint32_t>(header[3]) << 16U |
                                  static_cast<std::uint32_t>(header[4]) << 8U | header[5];
-    if (length > static_cast<std::uint32_t>(kMaxPduLength))
+    const int limit = type == Varnotix::PDU_DATA_TF ? kMaxPduLength : kMaxOtherLength;
+    if (length > static_cast<std::uint32_t>(limit))
     {
-        throw CEchoFailure("a PDU of " + std::to_string(length) + " bytes is longer than the " +
-                           std::to_string(kMaxPduLength) + " that were agreed on");
+        throw CProtocolFailure(ABORT_INVALID_VALUE, Varnotix::PduTypeName(type) + (" of " + std::to_string(length)) +
+                                                        " bytes exceeds the limit of " + std::to_string(limit));
     }
     CByteArray bytes;
     bytes.Assign(header.data(), static_cast<int>(header.size()));

@@ -16,11 +16,11 @@ struct SEchoOptions
 
     // Of the listener.
 
-    /// Any title is answered when this is empty.
+    /// The only called title that is accepted; empty accepts every title.
     std::string ownTitle;
     /// Number of connections after which it ends; 0 for no end.
     int count = 0;
-    /// Ends when nobody called for so long; 0 for no end.
+    /// Ends when there was no call for this time; 0 for no end.
     std::chrono::seconds idle{0};
 };
 

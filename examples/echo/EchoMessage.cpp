@@ -56,7 +56,7 @@ void EncodeMessage(const SEchoMessage& message, CByteArray& bytes)
         AddWord(set, kStatus, message.status);
     }
 
-    // A command set travels without preamble, and its group length is not optional as those of data sets are.
+    // A command set has no preamble; its group length is mandatory, unlike those of data sets.
     set.FileFormat(false);
     set.GroupLengths(true);
     set.IodSyntax(kImplicitLittleEndian);

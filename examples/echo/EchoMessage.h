@@ -10,7 +10,7 @@ inline constexpr const char* kImplicitLittleEndian = "1.2.840.10008.1.2";
 inline constexpr WORD kEchoRequest = 0x0030;
 inline constexpr WORD kEchoResponse = 0x8030;
 
-/// Command sets that hold what C-ECHO needs.
+/// The values of a C-ECHO command set.
 struct SEchoMessage
 {
     WORD command = kEchoRequest;
@@ -24,5 +24,5 @@ struct SEchoMessage
 void EncodeMessage(const SEchoMessage& message, CByteArray& bytes);
 
 /// Reads a command set.
-/// @return false when it is no C-ECHO request or response, or lacks a part.
+/// @return false when it is not a C-ECHO request or response, or lacks an element.
 bool DecodeMessage(const CByteArray& bytes, SEchoMessage& message);

@@ -19,8 +19,8 @@ constexpr int kApplicationContextNotSupported = 2;
 constexpr int kCalledTitleNotRecognized = 7;
 constexpr int kVersionNotSupported = 2;
 
-/// One line of the log, at once, so that a program that waits for it sees it.
-void Tell(const std::string& text)
+/// Writes a line of the log and flushes it for programs that wait for it.
+void Log(const std::string& text)
 {
     std::puts(text.c_str());
     std::fflush(stdout);
@@ -32,7 +32,7 @@ struct SRefusal
     int reason = 0;
 };
 
-/// Why a request cannot be taken at all; source 0 when it can.
+/// The reason to reject a request; source 0 when it can be accepted.
 SRefusal FindRefusal(const CDcmProtocolDataUnit& request, const SEchoOptions& options)
 {
     if ((request.ProtocolVersion() & 1) == 0)
@@ -60,7 +60,7 @@ void Reject(CConnection& connection, const SRefusal& refusal)
     reject.Source(refusal.source);
     reject.Reason(refusal.reason);
     connection.Send(reject);
-    Tell(RejectText(reject));
+    Log(RejectText(reject));
 }
 
 int ResultOf(const CPresentationContext& context)
@@ -86,7 +86,7 @@ void Accept(CConnection& connection, const CDcmProtocolDataUnit& request, CDcmPr
     accept.CalledAE(request.CalledAE());
     accept.CallingAE(request.CallingAE());
     accept.AddApplicationContextItem(kApplicationContext);
-    // Each answer holds one transfer syntax, though the library would write as many as the context has.
+    // An answer has one transfer syntax per context; the library would write as many as the context has.
     CStringArray syntaxes;
     syntaxes.Add(kImplicitLittleEndian);
     CObArray contexts;
@@ -98,7 +98,7 @@ void Accept(CConnection& connection, const CDcmProtocolDataUnit& request, CDcmPr
     }
     AddUserInformation(accept);
     connection.Send(accept);
-    Tell("association from '" + PlainTitle(request.CallingAE()) + "' to '" + PlainTitle(request.CalledAE()) + "'");
+    Log("association from '" + PlainTitle(request.CallingAE()) + "' to '" + PlainTitle(request.CalledAE()) + "'");
 }
 
 void Answer(CConnection& connection, const CCommandFragments& fragments, const CDcmProtocolDataUnit& accept)
@@ -106,15 +106,15 @@ void Answer(CConnection& connection, const CCommandFragments& fragments, const C
     SEchoMessage message;
     if (!accept.IsValidContextID(fragments.ContextID()))
     {
-        throw CProtocolFailure(ABORT_INVALID_VALUE, "a message came in a context that was not accepted");
+        throw CProtocolFailure(ABORT_INVALID_VALUE, "a message in a context that was not accepted");
     }
     if (!DecodeMessage(fragments.Bytes(), message) || message.command != kEchoRequest)
     {
-        throw CProtocolFailure(ABORT_INVALID_VALUE, "a message came that is no C-ECHO request");
+        throw CProtocolFailure(ABORT_INVALID_VALUE, "a message that is not a C-ECHO request");
     }
     message.command = kEchoResponse;
     SendMessage(connection, fragments.ContextID(), message);
-    Tell("C-ECHO " + std::to_string(message.messageId) + " answered");
+    Log("C-ECHO " + std::to_string(message.messageId) + " answered");
 }
 
 /// Answers until the association ends.
@@ -142,11 +142,11 @@ void Serve(CConnection& connection, const CDcmProtocolDataUnit& accept)
             CDcmProtocolDataUnit reply;
             reply.PduType(Varnotix::PDU_RELEASE_RP);
             connection.Send(reply);
-            Tell("released");
+            Log("released");
             return;
         }
         case Varnotix::PDU_ABORT:
-            Tell(AbortText(pdu));
+            Log(AbortText(pdu));
             return;
         default:
             throw CProtocolFailure(ABORT_UNEXPECTED_PDU, UnexpectedText(pdu));
@@ -181,7 +181,7 @@ void AnswerCaller(CConnection& connection, const SEchoOptions& options)
 void RunListener(const SEchoOptions& options)
 {
     CConnection connection(options.timeout);
-    Tell("listening on port " + std::to_string(connection.Listen(std::stoi(options.port))));
+    Log("listening on port " + std::to_string(connection.Listen(std::stoi(options.port))));
     for (int served = 0; (options.count == 0 || served < options.count) && connection.Accept(options.idle); ++served)
     {
         try
@@ -198,7 +198,7 @@ void RunListener(const SEchoOptions& options)
         }
         catch (const CEchoFailure& failure)
         {
-            Tell(failure.what());
+            Log(failure.what());
         }
     }
 }

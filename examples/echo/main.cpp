@@ -1,5 +1,5 @@
-// A complete host that speaks over the network: DICOM's "ping". The library makes and reads the PDUs and the command
-// sets; the connection is the host's own.
+// A complete network host: DICOM's "ping". The library makes and reads the PDUs and the command sets; the host has the
+// connection.
 
 #include "Echo.h"
 
@@ -14,13 +14,13 @@ namespace
 
 constexpr const char* kUsage =
     "usage: example_echo [OPTION...] HOST PORT       sends a C-ECHO\n"
-    "       example_echo [OPTION...] --listen PORT   answers C-ECHO on the loopback interface; port 0 takes a free "
-    "one\n"
-    "  --called TITLE    AE title to call (ANY-SCP); of a listener: the only one that it answers\n"
+    "       example_echo [OPTION...] --listen PORT   answers C-ECHO on the loopback interface; port 0 selects a "
+    "free one\n"
+    "  --called TITLE    AE title to call (ANY-SCP); of a listener: the only one that it accepts\n"
     "  --calling TITLE   own AE title (VARNOTIX)\n"
     "  --timeout SECONDS limit on each wait for the other side (10)\n"
     "  --count NUMBER    ends the listener after so many connections\n"
-    "  --idle SECONDS    ends the listener when nobody called for so long\n";
+    "  --idle SECONDS    ends the listener after this time without a call\n";
 
 constexpr int kDone = 0;
 constexpr int kUsageStatus = 1;
@@ -40,7 +40,7 @@ bool ReadSeconds(std::string_view text, std::chrono::seconds& seconds)
     return isNumber;
 }
 
-/// @return false when the command line makes no sense.
+/// @return false when the command line is not valid.
 bool ReadArguments(int count, char** texts, SEchoOptions& options, bool& listens)
 {
     int places = 0;
