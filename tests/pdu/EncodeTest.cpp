@@ -2,6 +2,27 @@
 
 #include <gtest/gtest.h>
 
+TEST(PduEncodeTest, FieldsAndItemsBecomeGoldenBytes)
+{
+    CDcmProtocolDataUnit accept;
+    accept.PduType(Varnotix::PDU_ASSOCIATE_AC);
+    accept.ProtocolVersion(1);
+    accept.CalledAE("B");
+    accept.CallingAE("A");
+    accept.AddApplicationContextItem("1.2.3");
+    accept.AddPresentationContext("not written", Texts({"1.5", "1.6"}), 3, 4);
+    accept.AddUserDataItem(0x55, CByteArray());
+    EXPECT_EQ(Numbers(Encoded(accept)), Numbers(AcceptBytes()));
+    EXPECT_EQ(accept.PduLength(), 107);
+
+    CDcmProtocolDataUnit data;
+    data.PduType(Varnotix::PDU_DATA_TF);
+    data.AddPresentationDataValue(TextBytes("0123456789"), 1, 3);
+    data.AddPresentationDataValue(CByteArray(), 5, 0);
+    EXPECT_EQ(Numbers(Encoded(data)), Numbers(DataBytes()));
+    EXPECT_EQ(data.PduLength(), 22);
+}
+
 TEST(PduEncodeTest, ShortPdusHaveTenBytesAndLeaveTheLengthOfTheObjectAlone)
 {
     for (const CByteArray& golden : {RejectBytes(), ReleaseBytes(5), ReleaseBytes(6), AbortBytes()})
