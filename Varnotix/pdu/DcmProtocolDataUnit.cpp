@@ -10,7 +10,7 @@ IMPLEMENT_DYNCREATE(CDcmProtocolDataUnit, CObject)
 namespace
 {
 
-/// Does what adds an item. One for which there is no memory is dropped.
+/// Calls a function that adds an item, and drops the item when there is no memory for it.
 template <class ADD>
 void DropWithoutMemory(const ADD& add)
 {

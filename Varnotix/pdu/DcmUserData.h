@@ -9,7 +9,7 @@ class VARNOTIX_EXPORT CDcmUserData : public CObject
     DECLARE_DYNCREATE(CDcmUserData)
 
 public:
-    /// The bytes that an item keeps at most.
+    /// The maximum number of bytes that an item keeps.
     static constexpr int kMaxSize = 255;
 
     CDcmUserData() = default;
@@ -18,7 +18,7 @@ public:
     CDcmUserData(const CDcmUserData&) = default;
     CDcmUserData& operator=(const CDcmUserData&) = default;
 
-    /// One byte on the wire.
+    /// One of Varnotix::EPduItem, for example; encoded as one byte.
     int Type() const { return m_type; }
     const CByteArray& Data() const { return m_data; }
 

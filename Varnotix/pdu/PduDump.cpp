@@ -31,7 +31,7 @@ bool IsPrintable(BYTE byte)
     return byte >= 0x20 && byte <= 0x7E;
 }
 
-/// The form with two blanks shows text, the one with one blank shows numbers, so that a reader can tell the two apart.
+/// Text is shown after two blanks, numbers after one, so that a reader can distinguish the two.
 CString UserDataLine(const CDcmUserData& item)
 {
     const CByteArray& data = item.Data();

@@ -23,7 +23,7 @@ const char* Find(const WORDS& words, int code)
     return found != std::end(words) ? found->text : "unknown";
 }
 
-// A reason is listed by its source and its number.
+/// The key of a reason: its meaning depends on the source.
 constexpr int Reason(int source, int reason)
 {
     return source * 256 + reason;

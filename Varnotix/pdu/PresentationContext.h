@@ -18,10 +18,10 @@ public:
     void AbstractSyntax(const CString& uid) { m_abstractSyntax = uid; }
     const CStringArray& TransferSyntaxes() const { return m_transferSyntaxes; }
     void AddTransferSyntax(const CString& uid) { m_transferSyntaxes.Add(uid); }
-    /// One byte on the wire; PS3.8 asks for odd numbers from 1 to 255, which is not checked.
+    /// Encoded as one byte; PS3.8 requires odd numbers from 1 to 255, which is not checked.
     int ContextID() const { return m_id; }
     void ContextID(int id) { m_id = id; }
-    /// One byte on the wire; 0 means acceptance (PS3.8 table 9-18).
+    /// Encoded as one byte; 0 means acceptance (PS3.8 table 9-18).
     int Result() const { return m_result; }
     void Result(int result) { m_result = result; }
 

@@ -14,9 +14,9 @@ public:
     CPresentationDataValue(const CPresentationDataValue&) = default;
     CPresentationDataValue& operator=(const CPresentationDataValue&) = default;
 
-    /// One byte on the wire.
+    /// The presentation context; encoded as one byte.
     int ContextID() const { return m_id; }
-    /// One byte on the wire: bit 0 set for a command, bit 1 set for the last fragment. Passed through, not interpreted.
+    /// Encoded as one byte: bit 0 set for a command, bit 1 set for the last fragment. Passed through, not interpreted.
     int MessageControl() const { return m_messageControl; }
     const CByteArray& Data() const { return m_data; }
 

@@ -47,7 +47,7 @@ void ReadAll(const CString& path, CByteArray& bytes)
     bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
 }
 
-/// The bytes that a text spells.
+/// Converts pairs of hexadecimal digits.
 /// @return the offset of the first character that does not fit, or -1.
 int FromHexadecimal(const CByteArray& text, CByteArray& bytes)
 {

@@ -14,8 +14,8 @@ namespace
 constexpr int kHeaderSize = 6;
 constexpr int kBytesALine = 16;
 
-/// The size of the PDU that starts here. Everything that is left belongs to a PDU that is cut off, and to one of a
-/// type that nobody knows, whose length says nothing.
+/// The size of the PDU that starts here. A PDU that is cut off, or of an unknown type, whose length means nothing,
+/// takes all remaining bytes.
 int PduSize(const CByteArray& stream, int start)
 {
     const int left = stream.GetSize() - start;
@@ -44,7 +44,7 @@ CString Hexadecimal(const BYTE* bytes, int count)
     return text;
 }
 
-/// The field's bytes in lines of sixteen; name and meaning stand in the first.
+/// Prints the field's bytes in lines of sixteen, with name and meaning in the first.
 void PrintField(const SShownField& field, const CByteArray& pdu, int start)
 {
     for (int done = 0; done < field.size; done += kBytesALine)

@@ -1,10 +1,10 @@
-/// The verb that shows association PDUs.
+/// The output of the pdu command.
 #pragma once
 
 #include "console/Report.h"
 
 /// Prints what one PDU or a stream of PDUs holds: the dump of each, or its fields with their bytes.
 /// @param path a file, or "-" for standard input.
-/// @return an exit status; STATUS_UNREADABLE also when there are bytes that no PDU could be made of, after the rest
-///         was printed.
+/// @return an exit status; STATUS_UNREADABLE also when there are bytes that do not fit a PDU; the rest is printed
+///         before.
 int ShowPdus(const CString& path, bool showFields, const CReport& report);
