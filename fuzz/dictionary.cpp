@@ -30,7 +30,7 @@ std::string Loaded(const std::uint8_t* data, std::size_t size)
     std::string text;
     for (const CEntryTable::SItem& item : table.Items())
     {
-        Promise(table.Find(item.key) == item.entry.get(), "an entry is found by its key");
+        Promise(table.Find(item.key) == item.entry, "an entry is found by its key");
         text += std::string(DictionaryLine(item.key, *item.entry).View()) + "\n";
     }
     static_cast<void>(table.FindTag(0x0010, 0x0010));

@@ -6,7 +6,7 @@ set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$top"
 
-decoders='Varnotix/(codec/(StreamDecoder|PixelDataDecoder|DcmParser|StreamCursor)|asl/(Asl|Scan|Script)|script/|iod/(DcmIODStream|DcmCompositeIODScript|ScriptFrames)|pixel/(PackBits|RleCodec)|pdu/(PduDecoder|PduBytes|PduItems)|registry/(DataFiles|DictionaryFile|EntryTable|NameList))'
+decoders='Varnotix/(codec/((Classic|Standard)[a-zA-Z]*Decoder|FragmentReader|SyntaxProbe|DcmParser|StreamCursor)|asl/(Asl|Scan|Script)|script/|iod/(DcmIODStream|DcmCompositeIODScript|ScriptFrames)|pixel/(PackBits|RleCodec)|pdu/(PduDecoder|PduBytes|PduItems)|registry/(DataFiles|DictionaryFile|EntryTable|NameList))'
 programs='test_(asl|codec|element|iod|load|pdu|pixel|registry)|replay_.*'
 
 scripts/setup.sh coverage

@@ -1,9 +1,12 @@
 #include "Varnotix/codec/DcmParser.h"
 
-#include "Varnotix/codec/StreamDecoder.h"
+#include "Varnotix/codec/ClassicDecoder.h"
+#include "Varnotix/codec/ClassicEncoder.h"
+#include "Varnotix/codec/OutputBuffer.h"
+#include "Varnotix/codec/StandardDecoder.h"
+#include "Varnotix/codec/StandardEncoder.h"
 #include "Varnotix/platform/Archive.h"
 #include "Varnotix/platform/File.h"
-#include "Varnotix/registry/DcmRegistry.h"
 
 #include <climits>
 
@@ -11,10 +14,6 @@ IMPLEMENT_DYNCREATE(CDcmParser, CObject)
 
 namespace
 {
-
-constexpr int kDeflatedRow = 3;
-constexpr int kFirstEncapsulatedRow = 5;
-constexpr int kLastEncapsulatedRow = 27;
 
 /// The bytes behind an archive: a memory file's own, or a real file read once. A file is not mapped, for a file that
 /// is cut short while mapped kills the process.
@@ -38,7 +37,7 @@ CStreamCursor OpenStream(CFile& file)
 }
 
 /// The syntax to try after a fault, or SYNTAX_UNKNOWN to give up.
-int NextSyntax(int fault, int syntax)
+int NextSyntax(EParseFault fault, int syntax)
 {
     switch (fault)
     {
@@ -61,33 +60,30 @@ int NextSyntax(int fault, int syntax)
 
 } // namespace
 
-int SyntaxOfUid(const CString& uid)
-{
-    const int row = CDcmRegistry::Global().UidEnum(uid);
-    if (row == SYNTAX_IMPLICIT_LITTLE || row == SYNTAX_EXPLICIT_LITTLE || row == SYNTAX_EXPLICIT_BIG)
-    {
-        return row;
-    }
-    const bool carriedAsLittle = row == kDeflatedRow || (row >= kFirstEncapsulatedRow && row <= kLastEncapsulatedRow);
-    return carriedAsLittle ? SYNTAX_EXPLICIT_LITTLE : SYNTAX_UNKNOWN;
-}
-
 CDcmParser::CDcmParser() = default;
 
-void CDcmParser::Reset(int syntax)
+void CDcmParser::Reset(int)
 {
-    m_currentSyntax = syntax;
-    m_depth = 0;
-    m_syntaxKnown = false;
-    m_pendingSyntax = SYNTAX_UNKNOWN;
-    m_metaEnd = 0;
     m_outputSyntax = SYNTAX_UNKNOWN;
+    m_trials.clear();
     m_notes.clear();
 }
 
 void CDcmParser::SetOutputSyntax(const CString& uid)
 {
     m_outputSyntax = SyntaxOfUid(uid);
+    m_outputForm = Varnotix::PixelFormOfUid(uid);
+}
+
+void CDcmParser::SetOutputSyntax(int syntax)
+{
+    m_outputSyntax = syntax;
+    m_outputForm = Varnotix::EPixelForm::Unknown;
+}
+
+bool CDcmParser::ReadStopped() const
+{
+    return !m_notes.empty() && m_notes.back().note == READ_STOPPED;
 }
 
 void CDcmParser::Rewind(CArchive& archive)
@@ -113,37 +109,95 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
 {
     archive.Flush();
     CFile& file = *archive.GetFile();
-    // The first trial reads on from where the archive stands, every later one from the beginning of the file.
+    // The first attempt reads on from where the archive is, every later one from the beginning of the file.
     const ULONGLONG start = file.GetPosition();
     CStreamCursor cursor = OpenStream(file);
     cursor.Seek(static_cast<std::size_t>(start));
     m_trials.clear();
+    if (m_rules == STREAM_RULES_STANDARD)
+    {
+        LoadStandard(cursor, set);
+    }
+    else
+    {
+        LoadClassic(cursor, set);
+    }
+    file.Seek(static_cast<long long>(cursor.Position()), CFile::begin);
+}
+
+void CDcmParser::Take(SReadResult& result)
+{
+    m_preamble = result.preamble;
+    m_prefix = result.prefix;
+    m_notes = std::move(result.notes);
+}
+
+void CDcmParser::LoadClassic(CStreamCursor& cursor, CDcmElementSet& set)
+{
     bool triedLittle = false;
     bool triedImplicit = false;
     int syntax = SYNTAX_EXPLICIT_BIG;
     while (syntax != SYNTAX_UNKNOWN)
     {
-        Reset(syntax);
+        m_outputSyntax = SYNTAX_UNKNOWN;
+        CClassicDecoder decoder(cursor, syntax);
         try
         {
-            CStreamDecoder(*this, cursor).Decode(set);
-            m_outputSyntax = m_currentSyntax;
-            break;
+            decoder.Decode(set);
+            Take(decoder.Result());
+            m_outputSyntax = decoder.Syntax();
+            return;
         }
         catch (const CParseException& fault)
         {
-            m_trials.push_back({m_currentSyntax, fault.m_code, static_cast<DWORD>(cursor.Position())});
-            syntax = NextSyntax(fault.m_code, m_currentSyntax);
+            Take(decoder.Result());
+            m_trials.push_back({decoder.Syntax(), fault.m_code, static_cast<DWORD>(cursor.Position())});
+            syntax = NextSyntax(fault.m_code, decoder.Syntax());
         }
         bool& tried = syntax == SYNTAX_EXPLICIT_LITTLE ? triedLittle : triedImplicit;
         if (syntax == SYNTAX_UNKNOWN || tried)
         {
             set.RemoveAll();
             m_notes.clear();
-            break;
+            return;
         }
         tried = true;
         cursor.Seek(0);
     }
-    file.Seek(static_cast<long long>(cursor.Position()), CFile::begin);
+}
+
+void CDcmParser::LoadStandard(CStreamCursor& cursor, CDcmElementSet& set)
+{
+    CStandardDecoder decoder(cursor);
+    decoder.Decode(set);
+    Take(decoder.Result());
+    m_outputSyntax = decoder.Result().syntax;
+    if (ReadStopped())
+    {
+        const SReadNote& stop = m_notes.back();
+        m_trials.push_back({m_outputSyntax, static_cast<EParseFault>(stop.count), stop.offset});
+    }
+}
+
+void CDcmParser::Store(CArchive& archive, CDcmElementSet& set)
+{
+    if (m_outputSyntax == SYNTAX_UNKNOWN)
+    {
+        return;
+    }
+    COutputBuffer out(archive);
+    if (m_rules == STREAM_RULES_STANDARD)
+    {
+        CStandardEncoder encoder({m_outputSyntax, m_outputForm, m_groupLengths, m_needsMeta});
+        encoder.Plan(set);
+        out.Reserve(encoder.Size());
+        encoder.Write(out);
+    }
+    else
+    {
+        CClassicEncoder encoder(m_outputSyntax, m_groupLengths);
+        out.Reserve(encoder.Prepare(set));
+        encoder.Write(set, out);
+    }
+    out.Flush();
 }

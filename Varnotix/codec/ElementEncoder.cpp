@@ -63,16 +63,6 @@ std::string_view BytesOf(const STypedValue& typed)
         typed.values);
 }
 
-void PutSwapped(const BYTE* bytes, std::size_t size, std::size_t width, COutputBuffer& out)
-{
-    for (std::size_t done = 0; done < size;)
-    {
-        const std::size_t piece = std::min(size - done, COutputBuffer::kLargestPiece);
-        CopySwapped(bytes + done, piece, width, out.Room(piece));
-        done += piece;
-    }
-}
-
 } // namespace
 
 DWORD CElementEncoder::HeaderSize(int syntax, int vr)

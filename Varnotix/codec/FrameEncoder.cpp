@@ -49,16 +49,13 @@ bool CFrameEncoder::OffsetTableFits() const
 
 void CFrameEncoder::WriteBytes(const BYTE* bytes, std::size_t size, COutputBuffer& out) const
 {
-    if (!m_swapped)
+    if (m_swapped)
+    {
+        PutSwapped(bytes, size, 2, out);
+    }
+    else
     {
         out.Put(bytes, size);
-        return;
-    }
-    for (std::size_t done = 0; done < size;)
-    {
-        const std::size_t piece = std::min(size - done, COutputBuffer::kLargestPiece);
-        CopySwapped(bytes + done, piece, 2, out.Room(piece));
-        done += piece;
     }
 }
 

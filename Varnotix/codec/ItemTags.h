@@ -14,6 +14,17 @@ inline constexpr DWORD kUndefinedLength = 0xFFFFFFFFU;
 /// Tag and 32-bit length.
 inline constexpr DWORD kItemHeaderSize = 8;
 
+/// Writes numbers of a width in reverse.
+inline void PutSwapped(const BYTE* bytes, std::size_t size, std::size_t width, COutputBuffer& out)
+{
+    for (std::size_t done = 0; done < size;)
+    {
+        const std::size_t piece = std::min(size - done, COutputBuffer::kLargestPiece);
+        CopySwapped(bytes + done, piece, width, out.Room(piece));
+        done += piece;
+    }
+}
+
 /// Writes an item or delimiter tag and its length.
 inline void PutItemTag(COutputBuffer& out, int element, bool bigEndian, DWORD length)
 {

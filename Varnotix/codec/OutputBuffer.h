@@ -5,6 +5,7 @@
 #include "Varnotix/platform/Archive.h"
 
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 /// Small pieces are copied together; large ones, the frames above all, go to the archive from where they lie.
@@ -37,6 +38,9 @@ public:
         m_used += size;
         return room;
     }
+
+    /// Makes room for so many bytes more, where the archive writes to memory.
+    void Reserve(std::uint64_t size);
 
     void Flush();
 

@@ -20,6 +20,11 @@ public:
     std::size_t Position() const { return m_position; }
     void Seek(std::size_t position) { m_position = position < m_length ? position : m_length; }
 
+    std::size_t Left() const { return m_length - m_position; }
+
+    /// The next bytes, which are not passed over; null when the stream holds fewer.
+    const BYTE* Peek(std::size_t size) const { return Left() < size ? nullptr : m_data + m_position; }
+
     /// The next bytes, which are passed over; null when the stream holds fewer.
     const BYTE* Take(std::size_t size)
     {

@@ -66,8 +66,11 @@ CDcmElement::CDcmElement(const CDcmElement& other)
       m_syntax(other.m_syntax),
       m_encodedSyntax(other.m_encodedSyntax),
       m_read(other.m_read),
+      m_laterVr(other.m_laterVr),
+      m_form(other.m_form),
       m_valueFromRaw(other.m_valueFromRaw),
       m_encodedValueSize(other.m_encodedValueSize),
+      m_item(other.m_item),
       m_raw(other.m_raw),
       m_typed(other.m_typed ? std::make_unique<STypedValue>(*other.m_typed) : nullptr)
 {
@@ -110,6 +113,7 @@ CDcmElement& CDcmElement::operator=(const CDcmElement& other)
         DropValues();
         m_raw = other.m_raw;
         m_read = other.m_read;
+        m_laterVr = other.m_laterVr;
         m_valueFromRaw = true;
         return *this;
     }
@@ -128,11 +132,13 @@ CDcmElement& CDcmElement::operator=(const CDcmElement& other)
         if (Tag() == other.Tag() && m_items && other.m_items)
         {
             m_items->ReplaceItems(*other.m_items);
+            m_form = other.m_form;
         }
     }
     else if (sameVr)
     {
         DropValues();
+        m_laterVr = other.m_laterVr;
         if (other.m_typed)
         {
             Typed().values = other.m_typed->values;
@@ -217,6 +223,32 @@ CString CDcmElement::ElementText() const
 bool CDcmElement::HoldsFrames() const
 {
     return m_frames != nullptr && (m_vr == VR_OB || m_vr == VR_OW);
+}
+
+void CDcmElement::SetLaterVr(Varnotix::ELaterVr vr)
+{
+    if (vr != Varnotix::ELaterVr::None)
+    {
+        m_laterVr = vr;
+        m_vr = static_cast<BYTE>(Varnotix::CarrierVr(vr));
+    }
+}
+
+const char* CDcmElement::VrLetters() const
+{
+    if (m_laterVr != Varnotix::ELaterVr::None)
+    {
+        return Varnotix::LaterVrText(m_laterVr);
+    }
+    return m_form == FORM_UNKNOWN ? VrText(VR_UN) : VrRow(m_vr).text;
+}
+
+void CDcmElement::SetSigned(bool isSigned)
+{
+    if (m_vr == VR_US || m_vr == VR_SS)
+    {
+        m_vr = isSigned ? VR_SS : VR_US;
+    }
 }
 
 void CDcmElement::ForcePixelVr(int vr)

@@ -3,6 +3,7 @@
 
 #include "Varnotix/element/DmElement.h"
 #include "Varnotix/element/SharedBytes.h"
+#include "Varnotix/element/ValueBytes.h"
 #include "Varnotix/platform/Lists.h"
 #include "Varnotix/registry/DcmEntry.h"
 
@@ -79,6 +80,13 @@ public:
     /// Group and element in one number, group in the high half: tags order as these numbers do.
     DWORD Tag() const { return (static_cast<DWORD>(m_group) << 16U) | m_element; }
     int Vr() const { return m_vr; }
+    /// The VR where Vr() is only the code of the VR that holds its values; otherwise None.
+    Varnotix::ELaterVr LaterVr() const { return m_laterVr; }
+    /// Makes the element one of a later VR; Vr() becomes the code that holds its values. For None nothing changes.
+    void SetLaterVr(Varnotix::ELaterVr vr);
+    /// The two letters that explicit streams have for the element by the standard stream rules; empty for VR_NONE and
+    /// codes without a name.
+    const char* VrLetters() const;
     /// Value multiplicity of the dictionary: -1 one or more without bound, 0 no value.
     int Vm() const { return m_entry != nullptr ? m_entry->multiplicity : 0; }
     const CDcmEntry* Entry() const { return m_entry; }
@@ -97,6 +105,27 @@ public:
     bool HasTag(int group, int element) const { return m_group == group && m_element == element; }
     bool HasEntry() const { return m_entry != nullptr; }
     bool IsPixelData() const { return HasTag(kPixelDataGroup, kPixelDataElement); }
+
+    /// Number of the item that the element belongs to in the set of its sequence, counted from 1; 0 for none. Elements
+    /// without an item count to the first one.
+    int Item() const { return static_cast<int>(m_item); }
+    /// Moves the element to an item; see CDcmElementSet::BeginItem for how items come to be.
+    /// @param item a negative number counts as 0.
+    void SetItem(int item) { m_item = item > 0 ? static_cast<DWORD>(item) : 0; }
+
+    /// How a sequence element gives its length and its VR in a stream (PS3.5 section 7.5). The standard stream rules
+    /// keep it from a read to a write.
+    enum EForm : BYTE
+    {
+        FORM_DEFINED = 0,   ///< Length in bytes.
+        FORM_UNDEFINED = 1, ///< Undefined length, ended by a delimiter.
+        FORM_UNKNOWN = 2    ///< VR UN and undefined length; the items are in implicit VR (PS3.5 section 6.2.2).
+    };
+    EForm Form() const { return m_form; }
+    void SetForm(EForm form) { m_form = form; }
+
+    /// Makes a US element SS, or an SS element US; the value's bytes stay. Nothing happens for other VRs.
+    void SetSigned(bool isSigned);
 
     /// Makes Pixel Data OB or OW. Nothing happens for other elements and other codes.
     void ForcePixelVr(int vr);
@@ -181,6 +210,11 @@ public:
 
     /// @}
 
+    /// The value as the little-endian bytes that a write by the standard stream rules has, before padding: the raw
+    /// bytes as long as the typed value is what they were read as, otherwise the typed value. Empty for sequences and
+    /// for Pixel Data with frames.
+    CValueBytes ValueBytes() const;
+
     /// The texts joined by one backslash between neighbours; empty for other VRs.
     CString JoinedText() const;
 
@@ -249,8 +283,11 @@ private:
     signed char m_syntax = SYNTAX_IMPLICIT_LITTLE;
     signed char m_encodedSyntax = kNeverEncoded;
     bool m_read = false;
+    Varnotix::ELaterVr m_laterVr = Varnotix::ELaterVr::None;
+    EForm m_form = FORM_DEFINED;
     mutable bool m_valueFromRaw = false; // The typed value stands in the raw bytes and is not built yet.
     DWORD m_encodedValueSize = 0;
+    DWORD m_item = 0;
     CSharedBytes m_raw;
     mutable std::unique_ptr<STypedValue> m_typed;
     std::unique_ptr<CDcmElementSet> m_items;

@@ -82,6 +82,41 @@ public:
     /// borrowed its elements. Another set that still shares the body must not be used any more.
     void ForgetAll();
 
+    /// @name Items
+    /// The set of a sequence holds the elements of all its items, item after item (PS3.5 section 7.5). Each element
+    /// knows the number of its item (CDcmElement::Item), counted from 1; the set knows how many items there are, empty
+    /// ones included, and how each gives its length. Reads of either stream rules fill this in, and copies carry it.
+    /// Elements without an item, such as those that accessors make, count to item 1.
+    /// @{
+
+    /// Number of items. A set that was filled without items is one item; an empty one has none.
+    int ItemCount() const;
+    /// Appends an item and selects it (see SelectItem). Elements that are in the set without an item become item 1
+    /// first.
+    /// @param undefinedLength whether a write by the standard stream rules gives the item an undefined length.
+    void BeginItem(bool undefinedLength = false);
+    /// From now on Add gives elements without an item to this one.
+    /// @param item 1 to ItemCount(); any other number selects none.
+    void SelectItem(int item);
+    /// Replaces the list by the elements of an item, in list order. They stay owned by the set. The list stays empty
+    /// for a number that is no item's.
+    void GetItem(int item, CObList& elements) const;
+    /// The first element of the tag in an item, or null.
+    CDcmElement* FindInItem(int item, int group, int element) const;
+    /// Whether a write by the standard stream rules gives the item an undefined length. False for a number that is no
+    /// item's.
+    bool HasUndefinedLength(int item) const;
+    /// Removes an item and destroys its elements; later items move up. False for a number that is no item's.
+    bool RemoveItem(int item);
+    /// Whether the set keeps items as a read by the standard stream rules met them: accessors of modules then see the
+    /// first item only, where they otherwise see the first element of a tag in any item, and empty elements of items
+    /// are copied where others are left out.
+    bool KeepsItems() const;
+    void SetKeepsItems(bool keep);
+    /// Takes over what the other set knows of its items, but for the elements.
+    void CopyItemForms(const CDcmElementSet& other);
+    /// @}
+
     // Copying and merging.
 
     /// Shares the other set's body.
@@ -153,6 +188,7 @@ private:
     void Declare(DWORD tag);
     void ForgetDeclared();
     void RemoveTags(const CDcmElementSet& other, bool every);
+    void NumberItems();
 
     const CElementShape* m_classShape = nullptr; // Tells the declared tags as long as they are those of the class.
     CDWordArray m_declared;

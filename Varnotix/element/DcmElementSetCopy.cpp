@@ -32,6 +32,7 @@ void CDcmElementSet::CopyByValue(const CDcmElementSet& other)
         auto body = std::make_unique<CElementBody>();
         other.CopyElementsInto(*body);
         body->ListChanged();
+        body->CopyItemForms(other.ElementsAsIs());
         CopyDeclared(other);
         TakeBody(body.release()); // The other set may lie in the body that goes.
     }
@@ -56,6 +57,7 @@ void CDcmElementSet::CopyIntoBody(const CDcmElementSet& other)
     CopyDeclared(other);
     mine.Clear();
     mine.SwapList(copies.list);
+    mine.CopyItemForms(others);
     mine.Rebind(false);
 }
 
@@ -70,6 +72,7 @@ void CDcmElementSet::ReplaceItems(const CDcmElementSet& items)
     CElementBody& mine = ElementsAsIs();
     mine.Clear();
     mine.SwapList(copies.list);
+    mine.CopyItemForms(items.ElementsAsIs());
     mine.Rebind(true);
 }
 
@@ -131,6 +134,12 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
         CopyElementsInto(merged);
     }
     body->SwapList(merged.list);
+    body->CopyItemForms(ElementsAsIs());
+    const CItemForms& forms = other.ElementsAsIs().itemForms;
+    for (int item = body->itemForms.Count() + 1; item <= forms.Count(); ++item)
+    {
+        body->itemForms.Add(forms.IsUndefined(item));
+    }
     TakeBody(body.release());
     for (CObject* object : Body().list)
     {
@@ -188,9 +197,11 @@ void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
 
 void CDcmElementSet::CopyNonEmptyInto(CDcmElementSet& target) const
 {
-    for (const CObject* object : ListOfValues())
+    // Elements that a read by the standard rules found empty are part of their item.
+    const bool keepsItems = ElementsAsIs().keepsItems;
+    for (const CObject* object : keepsItems ? Body().list : ListOfValues())
     {
-        if (!ElementOf(object).IsEmptyValue())
+        if (!ElementOf(object).IsEmptyValue() || (keepsItems && ElementOf(object).IsRead()))
         {
             auto copy = std::make_unique<CDcmElement>(ElementOf(object));
             copy->PruneEmptyItems();

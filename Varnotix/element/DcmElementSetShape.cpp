@@ -83,7 +83,12 @@ void CDcmElementSet::DeclaredTags(CStringArray& texts) const
 CDcmElement* CDcmElementSet::FindDeclared(int position) const
 {
     const int index = position / 2;
-    return position >= 0 && index < DeclaredCount() ? Elements().Find(DeclaredTag(index)) : nullptr;
+    if (position < 0 || index >= DeclaredCount())
+    {
+        return nullptr;
+    }
+    const CElementBody& body = Elements();
+    return body.keepsItems ? body.FindInItem(DeclaredTag(index), 1) : body.Find(DeclaredTag(index));
 }
 
 void CDcmElementSet::BindSequence(const CString& group, const CString& element, CDcmElementSet& member)

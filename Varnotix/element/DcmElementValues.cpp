@@ -278,6 +278,7 @@ void CDcmElement::PruneEmptyItems()
     }
     CDcmElementSet kept;
     m_items->CopyNonEmptyInto(kept);
+    kept.CopyItemForms(*m_items);
     if (kept.GetCount() > 0)
     {
         m_items->CopyByReference(kept);

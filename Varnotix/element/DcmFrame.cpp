@@ -11,13 +11,21 @@ CDcmFrame::CDcmFrame(const CDcmFrame& other)
       m_shared(other.m_shared),
       m_array(other.m_array ? std::make_unique<CByteArray>(*other.m_array) : nullptr),
       m_fragments(other.m_fragments ? std::make_unique<std::vector<DWORD>>(*other.m_fragments) : nullptr),
-      m_number(other.m_number)
+      m_number(other.m_number),
+      m_handedOut(other.m_handedOut)
 {
 }
 
 CDcmFrame::~CDcmFrame() = default;
 
 CByteArray& CDcmFrame::Array()
+{
+    CByteArray& array = OwnArray();
+    m_handedOut = true;
+    return array;
+}
+
+CByteArray& CDcmFrame::OwnArray()
 {
     if (!m_array)
     {
@@ -36,7 +44,7 @@ void CDcmFrame::Append(const CSharedBytes& bytes)
         m_fragments = std::make_unique<std::vector<DWORD>>(1, static_cast<DWORD>(Size()));
     }
     m_fragments->push_back(static_cast<DWORD>(bytes.Size()));
-    Array().AppendRaw(bytes.Data(), static_cast<int>(bytes.Size()));
+    OwnArray().AppendRaw(bytes.Data(), static_cast<int>(bytes.Size()));
 }
 
 std::vector<DWORD> CDcmFrame::FragmentSizes() const

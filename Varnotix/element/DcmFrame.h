@@ -29,6 +29,8 @@ public:
 
     /// The frame's bytes as an array that the caller may read and write; it stays owned by the frame.
     CByteArray& Array();
+    /// Whether Array was called, so that the bytes may have changed.
+    bool WasHandedOut() const { return m_handedOut; }
 
     /// Adds a fragment's bytes at the end.
     void Append(const CSharedBytes& bytes);
@@ -38,9 +40,12 @@ public:
     std::vector<DWORD> FragmentSizes() const;
 
 private:
+    CByteArray& OwnArray();
+
     CSharedBytes m_shared;
     std::unique_ptr<CByteArray> m_array;
     // All fragments of a frame that has more than one; empty otherwise.
     std::unique_ptr<std::vector<DWORD>> m_fragments;
     int m_number;
+    bool m_handedOut = false;
 };

@@ -26,7 +26,7 @@ const CDcmFrame& Frame(const CObject* object)
 CDcmFrameList::CDcmFrameList() : CDcmList(new CDcmListBody) {}
 
 CDcmFrameList::CDcmFrameList(const CDcmFrameList& other)
-    : CDcmList(new CDcmListBody), m_offsetTable(other.m_offsetTable)
+    : CDcmList(new CDcmListBody), m_offsetTable(other.m_offsetTable), m_readForm(other.m_readForm)
 {
     other.CopyElementsInto(Body());
 }
@@ -38,6 +38,7 @@ CDcmFrameList& CDcmFrameList::operator=(const CDcmFrameList& other)
         CDcmListBody copies;
         other.CopyElementsInto(copies);
         m_offsetTable = other.m_offsetTable;
+        m_readForm = other.m_readForm;
         Body().list.Swap(copies.list);
     }
     return *this;
@@ -68,6 +69,7 @@ bool CDcmFrameList::EqualLists(const CObList& left, const CObList& right) const
 void CDcmFrameList::AddFrame(const CSharedBytes& bytes)
 {
     Body().Append(std::make_unique<CDcmFrame>(bytes, GetCount()));
+    m_readForm = FORM_UNKNOWN;
 }
 
 void CDcmFrameList::AddFrame(const CByteArray& bytes)
@@ -83,6 +85,7 @@ void CDcmFrameList::AddFrame(const CWordArray& words)
 
 void CDcmFrameList::SetFrame(int index, const CSharedBytes& bytes)
 {
+    m_readForm = FORM_UNKNOWN;
     if (CDcmFrame* frame = GetFrame(index))
     {
         frame->Append(bytes);
@@ -102,6 +105,15 @@ void CDcmFrameList::RemoveAll()
 {
     Body().DestroyObjects();
     m_offsetTable.RemoveAll();
+    m_readForm = FORM_UNKNOWN;
+}
+
+CDcmFrameList::EForm CDcmFrameList::ReadForm() const
+{
+    const CObList& frames = Body().list;
+    const bool changed =
+        std::any_of(frames.begin(), frames.end(), [](const CObject* frame) { return Frame(frame).WasHandedOut(); });
+    return changed ? FORM_UNKNOWN : m_readForm;
 }
 
 std::uint64_t CDcmFrameList::TotalSize() const

@@ -46,6 +46,19 @@ public:
     void SetOffsetTable(const CByteArray& table) { m_offsetTable = table; }
     const CByteArray& OffsetTable() const { return m_offsetTable; }
 
+    /// How a stream held the frames.
+    enum EForm : BYTE
+    {
+        FORM_UNKNOWN = 0,     ///< Not read from a stream, or changed since.
+        FORM_NATIVE = 1,      ///< One value, frames end to end.
+        FORM_ENCAPSULATED = 2 ///< Items (PS3.5 section A.4).
+    };
+    /// The form in which a read met the frames; FORM_UNKNOWN once a frame was added, removed or handed out to be
+    /// written to.
+    EForm ReadForm() const;
+    /// For decoders, when they have added all frames.
+    void SetReadForm(EForm form) { m_readForm = form; }
+
     /// Sum of all frame sizes in bytes.
     std::uint64_t TotalSize() const;
 
@@ -61,4 +74,5 @@ protected:
 
 private:
     CByteArray m_offsetTable;
+    EForm m_readForm = FORM_UNKNOWN;
 };

@@ -73,9 +73,34 @@ CDcmElement* CElementBody::Find(DWORD tag) const
     return found == m_firstOfTag->end() ? nullptr : found->second;
 }
 
+CDcmElement* CElementBody::FindInItem(DWORD tag, int item) const
+{
+    CDcmElement* first = Find(tag);
+    // Items are in ascending order, so nearly always the first element of the tag answers for item 1.
+    if (first == nullptr || ItemOf(*first) == item)
+    {
+        return first;
+    }
+    const auto found = std::find_if(list.begin(), list.end(),
+                                    [tag, item](const CObject* element)
+                                    { return TagOf(element) == tag && ItemOf(ElementOf(element)) == item; });
+    return found == list.end() ? nullptr : static_cast<CDcmElement*>(*found);
+}
+
+void CElementBody::CopyItemForms(const CElementBody& other)
+{
+    itemForms = other.itemForms;
+    selectedItem = 0;
+    keepsItems = other.keepsItems;
+}
+
 void CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
 {
     CDcmElement* element = added.get();
+    if (element->Item() == 0)
+    {
+        element->SetItem(selectedItem);
+    }
     const bool inOrder = list.IsEmpty() || TagOf(list.GetTail()) <= element->Tag();
     Append(std::move(added));
     m_sorted = m_sorted && inOrder;
@@ -135,6 +160,9 @@ void CElementBody::Clear()
 {
     DestroyObjects();
     unfilled = false;
+    itemForms = CItemForms();
+    selectedItem = 0;
+    keepsItems = false;
     m_firstOfTag.reset();
     m_sorted = true;
 }
@@ -358,6 +386,7 @@ void CElementBody::CopyUnfilled(const CElementBody& other)
     }
     Clear();
     list.Swap(copies.list);
+    CopyItemForms(other);
     unfilled = true;
     Rebind(false);
     for (std::size_t i = 0; i < m_members.size(); ++i)

@@ -4,6 +4,7 @@
 #include "Varnotix/element/DcmElement.h"
 #include "Varnotix/element/DcmElementSet.h"
 #include "Varnotix/element/ElementShape.h"
+#include "Varnotix/element/ItemForms.h"
 #include "Varnotix/registry/TagHash.h"
 
 #include <memory>
@@ -20,6 +21,12 @@ inline const CDcmElement& ElementOf(const CObject* object)
 inline CDcmElement& ElementOf(CObject* object)
 {
     return static_cast<CDcmElement&>(*object);
+}
+
+/// The item that an element counts to.
+inline int ItemOf(const CDcmElement& element)
+{
+    return element.Item() > 0 ? element.Item() : 1;
 }
 
 class CElementBody;
@@ -72,7 +79,21 @@ public:
     /// To be called when the list was changed from outside.
     void ListChanged();
 
-    /// Destroys the elements; the shape stays.
+    /// The items of a sequence's set.
+    CItemForms itemForms;
+    /// The item that elements without one join when they are added; 0 for none.
+    int selectedItem = 0;
+    /// Set by reads of the standard stream rules: accessors see the first item only, and empty elements that were read
+    /// are kept.
+    bool keepsItems = false;
+
+    /// The first element of the tag in an item; those without an item count to item 1.
+    CDcmElement* FindInItem(DWORD tag, int item) const;
+
+    /// Takes over what is known of the other body's items, but for the elements.
+    void CopyItemForms(const CElementBody& other);
+
+    /// Destroys the elements and forgets the items; the shape stays.
     void Clear();
 
     /// Stable, ascending by tag.

@@ -55,6 +55,7 @@ CDcmIOD& CDcmIOD::operator=(const CDcmIOD& other)
 
 void CDcmIOD::CopyFrom(const CDcmIOD& other)
 {
+    m_streamRules = other.m_streamRules;
     m_syntax = other.m_syntax;
     m_requestedSyntax = other.m_requestedSyntax;
     m_emptyElements = other.m_emptyElements;
@@ -191,6 +192,11 @@ void CDcmIOD::EmptyIodModules()
     {
         m_modules[i].EmptyModule();
     }
+}
+
+bool CDcmIOD::ReadStopped() const
+{
+    return !m_private->readNotes.empty() && m_private->readNotes.back().note == READ_STOPPED;
 }
 
 const std::vector<SReadTrial>& CDcmIOD::ReadTrials() const

@@ -2,13 +2,15 @@
 #pragma once
 
 #include "Varnotix/asl/ScriptNote.h"
-#include "Varnotix/codec/ParseException.h"
+#include "Varnotix/codec/ReadResult.h"
+#include "Varnotix/codec/StreamRules.h"
 #include "Varnotix/modules/DcmModuleList.h"
 
 #include <memory>
 #include <vector>
 
 class CDcmIODPrivate;
+class CDcmParser;
 
 /// How UpdateIod copies module elements into the store.
 enum EEmptyElements : int
@@ -31,8 +33,8 @@ class VARNOTIX_EXPORT CDcmIOD : public CObject
 
 public:
     CDcmIOD();
-    /// Copies the store, both syntaxes, the mode, both flags and the preamble; not the module list, the magic and the
-    /// path name.
+    /// Copies the store, the stream rules, both syntaxes, the mode, both flags and the preamble; not the module list,
+    /// the magic and the path name.
     CDcmIOD(const CDcmIOD& other);
     ~CDcmIOD() override;
 
@@ -83,6 +85,11 @@ public:
     /// Whether a write begins with preamble and "DICM" (PS3.10 section 7.1). At first, it does.
     bool FileFormat() const { return m_fileFormat; }
     void FileFormat(bool withPreamble) { m_fileFormat = withPreamble; }
+
+    /// Which rules streams are read and written by; the classic ones at first. Choose before the read: an object that
+    /// was read by the classic rules can be written by the standard ones, but what its read lost stays lost.
+    EStreamRules StreamRules() const { return m_streamRules; }
+    void StreamRules(EStreamRules rules) { m_streamRules = rules; }
 
     /// Number of top-level elements in the store.
     int GetCount() const;
@@ -145,7 +152,11 @@ public:
     /// nothing.
     void ImportFromASL(const CString& path);
 
-    /// What the trials of the last read met that failed, in order; empty after a read that succeeded at once.
+    /// True when the last read, by the standard stream rules, ended before the end of the stream: it is cut off, or
+    /// cannot be read further. The store then holds the whole elements before that place; do not write it in place of
+    /// the original. ReadTrials says why and where.
+    bool ReadStopped() const;
+    /// The failed attempts of the last read, in order; empty after a read that succeeded at once.
     const std::vector<SReadTrial>& ReadTrials() const;
     /// What the last read could not keep as the stream held it, in stream order.
     const std::vector<SReadNote>& ReadNotes() const;
@@ -184,7 +195,9 @@ protected:
 private:
     void CopyFrom(const CDcmIOD& other);
     void WriteStart(CArchive& archive) const;
+    void SetOutputSyntax(CDcmParser& parser) const;
 
+    EStreamRules m_streamRules = STREAM_RULES_CLASSIC;
     int m_emptyElements = EMPTY_ELEMENTS_EXCLUDED;
     bool m_groupLengths = false;
     bool m_fileFormat = true;

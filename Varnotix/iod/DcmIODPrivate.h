@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Varnotix/asl/ScriptNote.h"
-#include "Varnotix/codec/ParseException.h"
+#include "Varnotix/codec/ReadResult.h"
 #include "Varnotix/iod/ScriptSource.h"
 #include "Varnotix/platform/Object.h"
 

@@ -15,17 +15,6 @@ constexpr int kArchiveBuffer = 4096;
 constexpr int kMetaGroup = 0x0002;
 constexpr int kTransferSyntaxElement = 0x0010;
 
-/// The syntax that the store's own Transfer Syntax UID names, or the other one when it is absent or unknown.
-int SyntaxToWrite(const CDcmElementSet& store, int otherwise)
-{
-    if (const CDcmElement* uid = store.Find(kMetaGroup, kTransferSyntaxElement))
-    {
-        const int named = SyntaxOfUid(uid->JoinedText());
-        return named != SYNTAX_UNKNOWN ? named : otherwise;
-    }
-    return otherwise;
-}
-
 /// Runs a write into memory and hands the bytes over.
 template <class WRITE>
 void WriteToMemory(CByteArray& bytes, const WRITE& write)
@@ -49,6 +38,17 @@ void CDcmIOD::IodSyntax(const CString& uid)
     }
 }
 
+/// The syntax that the store's own Transfer Syntax UID names, or the one that was set when it is absent or unknown.
+void CDcmIOD::SetOutputSyntax(CDcmParser& parser) const
+{
+    const CDcmElement* uid = m_store->Find(kMetaGroup, kTransferSyntaxElement);
+    parser.SetOutputSyntax(uid != nullptr ? uid->JoinedText() : CString());
+    if (parser.OutputSyntax() == SYNTAX_UNKNOWN)
+    {
+        parser.SetOutputSyntax(m_syntax);
+    }
+}
+
 void CDcmIOD::WriteStart(CArchive& archive) const
 {
     static constexpr BYTE kZeros[kPreambleSize] = {};
@@ -60,6 +60,7 @@ void CDcmIOD::Serialize(CArchive& archive)
 {
     m_pathName = archive.GetFile()->GetFilePath();
     CDcmParser parser;
+    parser.StreamRules(m_streamRules);
     if (archive.IsStoring())
     {
         m_syntax = m_requestedSyntax;
@@ -67,7 +68,8 @@ void CDcmIOD::Serialize(CArchive& archive)
         {
             WriteStart(archive);
         }
-        parser.SetOutputSyntax(SyntaxToWrite(*m_store, m_syntax));
+        SetOutputSyntax(parser);
+        parser.SetMetaInformation(m_fileFormat);
         parser.SetGroupLengths(m_groupLengths);
         parser.SerializeSet(archive, *m_store);
     }
@@ -79,6 +81,10 @@ void CDcmIOD::Serialize(CArchive& archive)
         parser.Magic(m_magic);
         m_private->readTrials = parser.Trials();
         m_private->readNotes = parser.Notes();
+        if (m_streamRules == STREAM_RULES_STANDARD)
+        {
+            m_requestedSyntax = m_syntax;
+        }
     }
 }
 
@@ -101,6 +107,7 @@ void CDcmIOD::Export(CByteArray& bytes, const CString& uid)
                   [&](CArchive& archive)
                   {
                       CDcmParser parser;
+                      parser.StreamRules(m_streamRules);
                       parser.SetOutputSyntax(uid);
                       parser.SerializeSet(archive, *m_store);
                   });

@@ -3,6 +3,7 @@
 
 #include "Varnotix/platform/Object.h"
 #include "Varnotix/platform/String.h"
+#include "Varnotix/registry/LaterVr.h"
 #include "Varnotix/registry/VrTable.h"
 
 /// What the dictionary tells about a tag (PS3.6). Entries are owned by the registry's tables; callers hold them by
@@ -18,6 +19,11 @@ public:
     int multiplicity; ///< Value multiplicity; -1 means one or more without bound, 0 no value.
     CString name;     ///< The attribute's name, or "Private Data Element" for a tag learned from a stream.
     BYTE retired;     ///< Retired mark; no loader of the library sets it.
+
+    /// The VR of the standard where `vr` only carries its values.
+    Varnotix::ELaterVr laterVr = Varnotix::ELaterVr::None;
+    /// The choice of VRs of the standard where `vr` is one of them.
+    Varnotix::EVrChoice choice = Varnotix::EVrChoice::None;
 };
 
 /// One row of the registry's VR type table, for a client that lists the VRs.

@@ -5,7 +5,10 @@
 #include "Varnotix/registry/EntryTable.h"
 #include "Varnotix/registry/NameList.h"
 
+#include <array>
+#include <map>
 #include <memory>
+#include <utility>
 
 IMPLEMENT_DYNCREATE(CDcmRegistry, CObject)
 
@@ -36,6 +39,9 @@ struct SSharedTables
     int instances = 0;
     CEntryTable publicDictionary;
     CEntryTable privateDictionary;
+    // The entries of all private tags: those of one VR and multiplicity share one. They stay when the private
+    // dictionary is cleared, so that elements which refer to them remain whole.
+    std::map<std::pair<int, int>, CDcmEntry> privateEntries;
     CMapWordToOb types;
     CNameList uids;
     CNameList uidNames;
@@ -83,11 +89,36 @@ void SSharedTables::Clear()
     types.RemoveAll();
 }
 
+const CDcmEntry& PrivateEntry(int vr, int multiplicity)
+{
+    const auto [place, added] =
+        Shared().privateEntries.try_emplace(std::make_pair(vr, multiplicity), vr, multiplicity, kPrivateName);
+    return place->second;
+}
+
 const CDcmEntry* AddTo(CEntryTable& table, int group, int element, const CString& vr, int multiplicity)
 {
     const int vrCode = VrCode(vr.CText());
     return table.Add(CEntryTable::KeyOfTag(group, element),
-                     std::make_unique<CDcmEntry>(vrCode == VR_UNKNOWN ? VR_OB : vrCode, multiplicity, kPrivateName));
+                     PrivateEntry(vrCode == VR_UNKNOWN ? VR_OB : vrCode, multiplicity));
+}
+
+/// Multiplicity of a tag that no dictionary lists: any number of values where the VR can hold several.
+int UnlistedMultiplicity(int vr)
+{
+    switch (VrKind(vr))
+    {
+    case EVrKind::Text:
+        return vr == VR_LT || vr == VR_ST || vr == VR_UT ? 1 : -1;
+    case EVrKind::Words:
+    case EVrKind::Integers:
+    case EVrKind::Doubles:
+        return -1;
+    case EVrKind::Floats:
+        return vr == VR_FL ? -1 : 1;
+    default:
+        return 1;
+    }
 }
 
 /// Asks the layers of the dictionary in their order.
@@ -180,6 +211,31 @@ const CDcmEntry* CDcmRegistry::AddSharedPrivateEntry(int group, int element, con
 void CDcmRegistry::PromotePrivateEntries()
 {
     m_private->dictionary.MoveInto(Shared().privateDictionary);
+}
+
+void CDcmRegistry::ForgetPrivateEntries()
+{
+    m_private->dictionary.RemoveAll();
+    Shared().privateDictionary.RemoveAll();
+}
+
+const CDcmEntry* CDcmRegistry::LookUpPublicTag(DWORD tag) const
+{
+    return Shared().publicDictionary.FindTag(static_cast<int>(tag >> 16U), static_cast<int>(tag & 0xFFFFU));
+}
+
+const CDcmEntry& CDcmRegistry::UnlistedEntry(int vr)
+{
+    static const auto entries = []
+    {
+        std::array<const CDcmEntry*, VR_UNKNOWN + 1> made{};
+        for (int code = 0; code <= VR_UNKNOWN; ++code)
+        {
+            made[static_cast<std::size_t>(code)] = &PrivateEntry(code, UnlistedMultiplicity(code));
+        }
+        return made;
+    }();
+    return *entries[static_cast<std::size_t>(vr >= 0 && vr < VR_UNKNOWN ? vr : VR_UNKNOWN)];
 }
 
 void CDcmRegistry::ClearPrivateEntries()

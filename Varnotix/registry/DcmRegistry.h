@@ -85,6 +85,21 @@ public:
     /// Discards this instance's private entries.
     void ClearPrivateEntries();
 
+    /// Discards every private tag that reads, scripts and hosts have entered, so that the next read by the classic
+    /// stream rules meets a dictionary as after loading. Elements made before stay as they are: they keep VR,
+    /// multiplicity and name. Elements made afterwards by tag only, and modules that declare such a tag, no longer find
+    /// it.
+    void ForgetPrivateEntries();
+
+    /// The entry of a tag in the dictionary file, or null. Private tags that reads have entered are not considered.
+    const CDcmEntry* LookUpPublicTag(DWORD tag) const;
+
+    /// The entry that elements of tags without a dictionary entry refer to when a read by the standard stream rules
+    /// makes them: the name "Private Data Element", and as many values as the VR can hold. It lives as long as the
+    /// library is loaded.
+    /// @param vr VR code (see EVr); any other number gives VR_UNKNOWN.
+    static const CDcmEntry& UnlistedEntry(int vr);
+
     /// The path from which "dictionary.txt" was loaded; empty when it was not found.
     static const CString& DictionaryPath();
 

@@ -48,6 +48,37 @@ std::string UpperKey(std::string_view group, std::string_view element)
     return key;
 }
 
+/// What the VR field says beyond the VR code.
+Varnotix::EVrChoice ChoiceOf(std::string_view vr)
+{
+    using Varnotix::EVrChoice;
+    if (vr.size() <= 2)
+    {
+        return EVrChoice::None;
+    }
+    const CString text(vr);
+    if (text.CompareNoCase("usss") == 0)
+    {
+        return EVrChoice::UsOrSs;
+    }
+    if (text.CompareNoCase("obow") == 0)
+    {
+        return EVrChoice::ObOrOw;
+    }
+    return text.CompareNoCase("usssow") == 0 ? EVrChoice::UsOrSsOrOw : EVrChoice::None;
+}
+
+/// The later VR that the list in brackets after the name gives, if any.
+Varnotix::ELaterVr LaterVrOf(std::string_view rest)
+{
+    const std::size_t open = rest.find('[');
+    if (open == std::string_view::npos || rest.size() < open + 4 || rest[open + 3] != ']')
+    {
+        return Varnotix::ELaterVr::None;
+    }
+    return Varnotix::LaterVrOfBytes(static_cast<BYTE>(rest[open + 1]), static_cast<BYTE>(rest[open + 2]));
+}
+
 } // namespace
 
 int LeadingNumber(std::string_view text, int otherwise)
@@ -78,7 +109,10 @@ void AddDictionaryLine(std::string_view line, CEntryTable& dictionary)
     const std::string key = UpperKey(group, element);
     if (dictionary.Find(key) == nullptr)
     {
-        dictionary.Add(key, std::make_unique<CDcmEntry>(VrCode(vr), LeadingNumber(multiplicity, 1), CString(name)));
+        auto entry = std::make_unique<CDcmEntry>(VrCode(vr), LeadingNumber(multiplicity, 1), CString(name));
+        entry->choice = ChoiceOf(vr);
+        entry->laterVr = LaterVrOf(line);
+        dictionary.Add(key, std::move(entry));
     }
 }
 

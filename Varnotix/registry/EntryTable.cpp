@@ -127,14 +127,24 @@ void CEntryTable::Grow()
 
 const CDcmEntry* CEntryTable::Add(std::string_view key, std::unique_ptr<CDcmEntry> entry)
 {
-    if (const CDcmEntry* standing = Find(key))
+    m_owned.push_back(std::move(entry));
+    const CDcmEntry* added = Add(key, *m_owned.back());
+    if (added != m_owned.back().get())
     {
-        return standing;
+        m_owned.pop_back();
+    }
+    return added;
+}
+
+const CDcmEntry* CEntryTable::Add(std::string_view key, const CDcmEntry& entry)
+{
+    if (const CDcmEntry* present = Find(key))
+    {
+        return present;
     }
     // Make room first, so that a failed allocation leaves the table as it was.
     m_items.reserve(m_items.size() + 1 > m_items.capacity() ? m_items.capacity() * 2 + 1 : m_items.capacity());
-    SItem item{std::string(key), std::move(entry)};
-    const CDcmEntry* added = item.entry.get();
+    SItem item{std::string(key), &entry};
     Code code = 0;
     if (CodeOfKey(key, code))
     {
@@ -142,22 +152,22 @@ const CDcmEntry* CEntryTable::Add(std::string_view key, std::unique_ptr<CDcmEntr
         {
             Grow();
         }
-        m_slots[SlotOf(code)] = SSlot{code, added};
+        m_slots[SlotOf(code)] = SSlot{code, &entry};
         ++m_codedCount;
     }
     else
     {
-        m_otherKeys.emplace(item.key, added);
+        m_otherKeys.emplace(item.key, &entry);
     }
     m_items.push_back(std::move(item));
-    return added;
+    return &entry;
 }
 
 void CEntryTable::MoveInto(CEntryTable& target)
 {
-    for (SItem& item : m_items)
+    for (const SItem& item : m_items)
     {
-        target.Add(item.key, std::move(item.entry));
+        target.Add(item.key, *item.entry);
     }
     RemoveAll();
 }
@@ -169,6 +179,7 @@ void CEntryTable::RemoveAll()
         return; // Every read clears its provisional entries; most reads made none.
     }
     m_items.clear();
+    m_owned.clear();
     m_slots.clear();
     m_codedCount = 0;
     m_otherKeys.clear();

@@ -1,4 +1,4 @@
-/// The table behind each layer of the dictionary: keys to owned entries.
+/// The table of a dictionary layer: keys to entries.
 #pragma once
 
 #include "Varnotix/registry/DcmEntry.h"
@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-/// Maps dictionary keys to entries, and owns the entries.
+/// Maps dictionary keys to entries. It owns those that are added as owned.
 ///
 /// A key is a text: group and element as eight upper-case hexadecimal digits, with XX for the low byte of a repeating
 /// group. Decoding asks by number a hundred times for each time that somebody asks by text, so keys of that form are
@@ -22,7 +22,7 @@ public:
     struct SItem
     {
         std::string key;
-        std::unique_ptr<CDcmEntry> entry;
+        const CDcmEntry* entry;
     };
 
     /// The entry of a key, or null. The key must be in upper case.
@@ -34,11 +34,14 @@ public:
     /// Stores the entry, unless the key is taken: the first entry of a key stands.
     /// @return the entry that now stands under the key.
     const CDcmEntry* Add(std::string_view key, std::unique_ptr<CDcmEntry> entry);
+    /// As above, for an entry that lives longer than the table.
+    const CDcmEntry* Add(std::string_view key, const CDcmEntry& entry);
 
     /// The key of one tag, also of one in a repeating group: its own digits, never XX.
     static std::string KeyOfTag(int group, int element);
 
-    /// Moves every entry whose key the target lacks into the target, and drops the others.
+    /// Adds every entry whose key the target lacks to the target, and empties this table. For tables that own no
+    /// entries.
     void MoveInto(CEntryTable& target);
 
     void RemoveAll();
@@ -64,6 +67,7 @@ private:
     void Grow();
 
     std::vector<SItem> m_items;
+    std::vector<std::unique_ptr<CDcmEntry>> m_owned;
     std::vector<SSlot> m_slots;
     std::uint64_t m_spread = TagSpread();
     std::size_t m_codedCount = 0;

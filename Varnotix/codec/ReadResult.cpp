@@ -1,4 +1,4 @@
-#include "Varnotix/codec/ParseException.h"
+#include "Varnotix/codec/ReadResult.h"
 
 IMPLEMENT_DYNAMIC(CParseException, CException)
 
@@ -20,6 +20,11 @@ const char* ParseFaultText(int fault)
         "a tag that the dictionary lacks",
         "the stream is shorter than six bytes",
         "sequences are nested more than 64 levels deep",
+        "the stream is cut off inside an element",
+        "the data set is deflated",
+        "no transfer syntax fits the first elements",
+        "an item begins with another tag",
+        "a value of undefined length that is neither a sequence nor Pixel Data",
     };
     const bool known = fault >= 0 && fault < static_cast<int>(sizeof kTexts / sizeof kTexts[0]);
     return known ? kTexts[fault] : "unknown fault";

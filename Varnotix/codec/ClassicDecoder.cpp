@@ -1,7 +1,9 @@
-#include "Varnotix/codec/StreamDecoder.h"
+#include "Varnotix/codec/ClassicDecoder.h"
 
 #include "Varnotix/codec/ByteOrder.h"
+#include "Varnotix/codec/ClassicPixelDecoder.h"
 #include "Varnotix/codec/ItemTags.h"
+#include "Varnotix/codec/TransferSyntax.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 namespace
@@ -23,9 +25,9 @@ bool IsMagic(const CByteArray& bytes)
 
 } // namespace
 
-int CStreamDecoder::UnknownFault() const
+EParseFault CClassicDecoder::UnknownFault() const
 {
-    switch (m_parser.m_currentSyntax)
+    switch (m_syntax)
     {
     case SYNTAX_EXPLICIT_LITTLE:
         return PARSE_UNKNOWN_IN_LITTLE;
@@ -36,23 +38,23 @@ int CStreamDecoder::UnknownFault() const
     }
 }
 
-void CStreamDecoder::ReadStart()
+void CClassicDecoder::ReadStart()
 {
-    m_cursor.TakeUpTo(kPreambleSize, m_parser.m_preamble);
-    m_cursor.TakeUpTo(kMagicSize, m_parser.m_magic);
-    if (IsMagic(m_parser.m_magic))
+    m_cursor.TakeUpTo(kPreambleSize, m_result.preamble);
+    m_cursor.TakeUpTo(kMagicSize, m_result.prefix);
+    if (IsMagic(m_result.prefix))
     {
         return;
     }
     m_cursor.Seek(0);
-    m_cursor.TakeUpTo(kMagicSize, m_parser.m_magic);
-    if (!IsMagic(m_parser.m_magic))
+    m_cursor.TakeUpTo(kMagicSize, m_result.prefix);
+    if (!IsMagic(m_result.prefix))
     {
         m_cursor.Seek(0);
     }
 }
 
-void CStreamDecoder::Decode(CDcmElementSet& set)
+void CClassicDecoder::Decode(CDcmElementSet& set)
 {
     if (m_cursor.Length() < kShortestStream)
     {
@@ -71,7 +73,7 @@ void CStreamDecoder::Decode(CDcmElementSet& set)
         const std::size_t left = m_bytesLeft + m_cursor.Length() - m_cursor.Position();
         if (left > 0)
         {
-            m_parser.m_notes.push_back(
+            m_result.notes.push_back(
                 {READ_BYTES_LEFT, 0, static_cast<DWORD>(m_cursor.Length() - left), static_cast<DWORD>(left)});
         }
         registry.PromotePrivateEntries();
@@ -86,9 +88,9 @@ void CStreamDecoder::Decode(CDcmElementSet& set)
     }
 }
 
-CStreamDecoder::STag CStreamDecoder::ReadTag(const BYTE* header) const
+CClassicDecoder::STag CClassicDecoder::ReadTag(const BYTE* header) const
 {
-    const int syntax = m_parser.m_currentSyntax;
+    const int syntax = m_syntax;
     if (syntax != SYNTAX_IMPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_BIG)
     {
         throw CParseException(PARSE_BAD_SYNTAX);
@@ -120,7 +122,7 @@ CStreamDecoder::STag CStreamDecoder::ReadTag(const BYTE* header) const
     return tag;
 }
 
-DWORD CStreamDecoder::ReadLength(bool shortForm)
+DWORD CClassicDecoder::ReadLength(bool shortForm)
 {
     const BYTE* bytes = m_cursor.Take(shortForm ? 2 : 4);
     if (bytes == nullptr)
@@ -133,22 +135,22 @@ DWORD CStreamDecoder::ReadLength(bool shortForm)
 /// Items leave no trace: all elements of all items of a sequence land in the one set of the sequence element, and
 /// item lengths never bound the reading.
 /// @return true when the delimiter ends the level.
-bool CStreamDecoder::ReadDelimiter(const STag& tag)
+bool CClassicDecoder::ReadDelimiter(const STag& tag)
 {
     const bool isItem = tag.element == kItemElement || tag.element == kItemDelimiterElement;
     if (tag.group != kItemGroup || (!isItem && tag.element != kSequenceDelimiterElement))
     {
         throw CParseException(PARSE_NO_VR);
     }
-    if (isItem && m_parser.m_depth == 0)
+    if (isItem && m_depth == 0)
     {
         throw CParseException(PARSE_ITEM_AT_TOP);
     }
-    ReadLength(false);
+    m_itemLength = ReadLength(false);
     return !isItem;
 }
 
-bool CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& items)
+bool CClassicDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& items)
 {
     const std::size_t start = m_cursor.Position();
     bool oneEach = true;
@@ -175,6 +177,7 @@ bool CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& 
             levelEnds = ReadDelimiter(tag);
             if (tag.element == kItemElement)
             {
+                set.BeginItem(m_itemLength == kUndefinedLength);
                 oneEach = oneEach && (items == 0 || set.GetCount() - beforeItem == 1);
                 beforeItem = set.GetCount();
                 ++items;
@@ -188,10 +191,11 @@ bool CStreamDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& 
         PassMetaEnd(read);
         levelEnds = levelEnds || read >= limit;
     }
+    set.SelectItem(0);
     return oneEach && (items == 0 || set.GetCount() - beforeItem == 1);
 }
 
-void CStreamDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart)
+void CClassicDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart)
 {
     const bool longForm = HasLongForm(tag.vr);
     if (IsExplicit() && m_cursor.Take(longForm ? 4 : 2) == nullptr)
@@ -209,7 +213,7 @@ void CStreamDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::si
         element->SetRead();
         CDcmElement& added = *element;
         set.Add(element.release());
-        ReadPixelData(added, length);
+        CClassicPixelDecoder(m_cursor, IsBigEndian()).Read(added, length);
     }
     else
     {
@@ -225,31 +229,32 @@ void CStreamDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::si
     }
 }
 
-void CStreamDecoder::Note(EReadNote note, const STag& tag, DWORD count)
+void CClassicDecoder::Note(EReadNote note, const STag& tag, DWORD count)
 {
-    m_parser.m_notes.push_back({note, (static_cast<DWORD>(tag.group) << 16U) | static_cast<DWORD>(tag.element),
-                                static_cast<DWORD>(m_cursor.Position()), count});
+    m_result.notes.push_back({note, (static_cast<DWORD>(tag.group) << 16U) | static_cast<DWORD>(tag.element),
+                              static_cast<DWORD>(m_cursor.Position()), count});
 }
 
 /// A sequence always takes at least one element, when the stream holds one: its length is looked at behind each
 /// element. An empty sequence of defined length therefore takes the element that follows it.
-void CStreamDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set)
+void CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set)
 {
     auto owned = std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
     CDcmElement& element = *owned;
     element.SetRead();
+    element.SetForm(length == kUndefinedLength ? CDcmElement::FORM_UNDEFINED : CDcmElement::FORM_DEFINED);
     set.Add(owned.release());
-    if (m_parser.m_depth == CDcmParser::kMaxDepth)
+    if (m_depth == Varnotix::kMaxDepth)
     {
         throw CParseException(PARSE_TOO_DEEP);
     }
-    ++m_parser.m_depth;
+    ++m_depth;
     const std::size_t start = m_cursor.Position();
     // The dictionary may give the tag another VR, under which items cannot be kept.
     CDcmElementSet* kept = element.Items();
     DWORD items = 0;
     const bool oneEach = kept != nullptr ? DecodeLevel(*kept, length, items) : DropLevel(length, items);
-    --m_parser.m_depth;
+    --m_depth;
     const std::size_t read = m_cursor.Position() - start;
     if (kept == nullptr)
     {
@@ -265,13 +270,13 @@ void CStreamDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet&
     }
 }
 
-bool CStreamDecoder::DropLevel(std::size_t limit, DWORD& items)
+bool CClassicDecoder::DropLevel(std::size_t limit, DWORD& items)
 {
     CDcmElementSet dropped;
     return DecodeLevel(dropped, limit, items);
 }
 
-CDcmElement& CStreamDecoder::ReadValue(const STag& tag, DWORD length, CDcmElementSet& set)
+CDcmElement& CClassicDecoder::ReadValue(const STag& tag, DWORD length, CDcmElementSet& set)
 {
     if (length > m_cursor.Length())
     {
@@ -302,37 +307,32 @@ CDcmElement& CStreamDecoder::ReadValue(const STag& tag, DWORD length, CDcmElemen
     return added;
 }
 
-void CStreamDecoder::NoteMetaElement(CDcmElement& element, std::size_t levelStart)
+void CClassicDecoder::NoteMetaElement(CDcmElement& element, std::size_t levelStart)
 {
     constexpr int kGroupLength = 0x0000;
     constexpr int kTransferSyntaxUid = 0x0010;
-    if (element.HasTag(kMetaGroup, kGroupLength) && m_parser.m_metaEnd == 0)
+    if (element.HasTag(kMetaGroup, kGroupLength) && m_metaEnd == 0)
     {
         const CUIntArray* length = element.Integers();
         const DWORD value = length != nullptr && !length->IsEmpty() ? static_cast<DWORD>((*length)[0]) : 0;
-        m_parser.m_metaEnd = value + static_cast<DWORD>(m_cursor.Position() - levelStart);
+        m_metaEnd = value + static_cast<DWORD>(m_cursor.Position() - levelStart);
     }
-    else if (element.HasTag(kMetaGroup, kTransferSyntaxUid) && !m_parser.m_syntaxKnown)
+    else if (element.HasTag(kMetaGroup, kTransferSyntaxUid) && m_namedSyntax == SYNTAX_UNKNOWN)
     {
-        const int syntax = SyntaxOfUid(element.JoinedText());
-        if (syntax != SYNTAX_UNKNOWN)
-        {
-            m_parser.m_pendingSyntax = syntax;
-            m_parser.m_syntaxKnown = true;
-        }
+        m_namedSyntax = SyntaxOfUid(element.JoinedText());
     }
 }
 
 /// The meta end starts at 0, so the first element of a stream pushes it beyond the stream, unless that element is the
 /// group length that sets it. Meta information that does not begin with its group length never switches the syntax.
-void CStreamDecoder::PassMetaEnd(std::size_t read)
+void CClassicDecoder::PassMetaEnd(std::size_t read)
 {
-    if (read >= m_parser.m_metaEnd)
+    if (read >= m_metaEnd)
     {
-        m_parser.m_metaEnd = static_cast<DWORD>(m_cursor.Length()) + 1;
-        if (m_parser.m_syntaxKnown)
+        m_metaEnd = static_cast<DWORD>(m_cursor.Length()) + 1;
+        if (m_namedSyntax != SYNTAX_UNKNOWN)
         {
-            m_parser.m_currentSyntax = m_parser.m_pendingSyntax;
+            m_syntax = m_namedSyntax;
         }
     }
 }

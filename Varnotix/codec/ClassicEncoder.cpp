@@ -1,13 +1,8 @@
-// Writing an element set: group lengths, order and bytes.
+#include "Varnotix/codec/ClassicEncoder.h"
 
-#include "Varnotix/codec/DcmParser.h"
 #include "Varnotix/codec/ElementEncoder.h"
-#include "Varnotix/platform/MemFile.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
-#include <climits>
-
-#include <algorithm>
 #include <vector>
 
 namespace
@@ -87,36 +82,29 @@ void EncodeTree(CDcmElement& element, int syntax, bool groupLengths)
 
 } // namespace
 
-void CDcmParser::Store(CArchive& archive, CDcmElementSet& set)
+std::uint64_t CClassicEncoder::Prepare(CDcmElementSet& set) const
 {
-    if (m_outputSyntax == SYNTAX_UNKNOWN)
-    {
-        return;
-    }
     for (int i = 0; i < set.GetCount(); ++i)
     {
         CDcmElement& element = *set.GetAt(i);
-        const int syntax = element.HasGroup(kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_outputSyntax;
+        const int syntax = element.HasGroup(kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_syntax;
         EncodeTree(element, syntax, m_groupLengths);
     }
     // A second (0002,0000) that stayed would say where a reader takes the meta information to end.
-    RemakeGroupLengths(set, m_outputSyntax, SYNTAX_EXPLICIT_LITTLE, true,
+    RemakeGroupLengths(set, m_syntax, SYNTAX_EXPLICIT_LITTLE, true,
                        [this](int group) { return m_groupLengths || group == kMetaGroup; });
-
     std::uint64_t total = 0;
     for (int i = 0; i < set.GetCount(); ++i)
     {
         total += set.GetAt(i)->EncodedSize();
     }
-    archive.Flush();
-    if (auto* memory = dynamic_cast<CMemFile*>(archive.GetFile()))
-    {
-        memory->Reserve(static_cast<UINT>(std::min<std::uint64_t>(memory->GetPosition() + total, INT_MAX)));
-    }
-    COutputBuffer out(archive);
+    return total;
+}
+
+void CClassicEncoder::Write(const CDcmElementSet& set, COutputBuffer& out)
+{
     for (int i = 0; i < set.GetCount(); ++i)
     {
         CElementEncoder::Write(*set.GetAt(i), out);
     }
-    out.Flush();
 }

@@ -1,8 +1,8 @@
-// How the stream decoder fills the frames of Pixel Data (PS3.5 section 8 and Annex A.4).
+#include "Varnotix/codec/ClassicPixelDecoder.h"
 
 #include "Varnotix/codec/ByteOrder.h"
 #include "Varnotix/codec/ItemTags.h"
-#include "Varnotix/codec/StreamDecoder.h"
+#include "Varnotix/codec/ReadResult.h"
 #include "Varnotix/element/DcmFrameList.h"
 
 #include <algorithm>
@@ -24,7 +24,7 @@ bool IsOneOf(DWORD tag, const DWORD (&tags)[COUNT])
 
 } // namespace
 
-void CStreamDecoder::ReadPixelData(CDcmElement& element, DWORD length)
+void CClassicPixelDecoder::Read(CDcmElement& element, DWORD length)
 {
     if (length == kUndefinedLength)
     {
@@ -39,7 +39,7 @@ void CStreamDecoder::ReadPixelData(CDcmElement& element, DWORD length)
 }
 
 /// @return false for a sequence delimiter.
-bool CStreamDecoder::ReadItemHeader(int shortFault, int badFault, DWORD& length)
+bool CClassicPixelDecoder::ReadItemHeader(EParseFault shortFault, EParseFault badFault, DWORD& length)
 {
     const BYTE* header = m_cursor.Take(kItemHeaderSize);
     if (header == nullptr)
@@ -52,18 +52,18 @@ bool CStreamDecoder::ReadItemHeader(int shortFault, int badFault, DWORD& length)
     {
         throw CParseException(badFault);
     }
-    length = DoubleWord(header + 4, IsBigEndian());
+    length = DoubleWord(header + 4, m_bigEndian);
     return isItem;
 }
 
-CSharedBytes CStreamDecoder::ReadFrameBytes(DWORD length, int vr, int shortFault)
+CSharedBytes CClassicPixelDecoder::ReadFrameBytes(DWORD length, int vr, EParseFault shortFault)
 {
     const BYTE* bytes = m_cursor.Take(length);
     if (bytes == nullptr)
     {
         throw CParseException(shortFault);
     }
-    if (IsBigEndian() && vr == VR_OW)
+    if (m_bigEndian && vr == VR_OW)
     {
         BYTE* swapped = nullptr;
         CSharedBytes frame = CSharedBytes::Allocate(length, swapped);
@@ -73,7 +73,7 @@ CSharedBytes CStreamDecoder::ReadFrameBytes(DWORD length, int vr, int shortFault
     return m_cursor.Keep(bytes, length);
 }
 
-void CStreamDecoder::ReadOffsetTable(CDcmElement& element)
+void CClassicPixelDecoder::ReadOffsetTable(CDcmElement& element)
 {
     DWORD length = 0;
     if (!ReadItemHeader(PARSE_BAD_OFFSET_TABLE, PARSE_BAD_OFFSET_TABLE, length))
@@ -91,7 +91,7 @@ void CStreamDecoder::ReadOffsetTable(CDcmElement& element)
     ReadFragments(element);
 }
 
-void CStreamDecoder::ReadFragments(CDcmElement& element)
+void CClassicPixelDecoder::ReadFragments(CDcmElement& element)
 {
     CDcmFrameList& frames = *element.Frames();
     const CByteArray& table = frames.OffsetTable();

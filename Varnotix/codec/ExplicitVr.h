@@ -1,0 +1,47 @@
+/// The VR field of explicit headers (PS3.5 section 7.1.2), for the standard stream rules.
+#pragma once
+
+#include "Varnotix/codec/ByteOrder.h"
+#include "Varnotix/registry/LaterVr.h"
+
+inline constexpr std::size_t kLongHeaderSize = 12; ///< Tag, VR, two reserved bytes, 32-bit length.
+inline constexpr std::size_t kShortHeaderSize = 8; ///< Tag, VR, 16-bit length; or tag and 32-bit length.
+
+/// What two letters of a header mean.
+struct SExplicitVr
+{
+    int code; ///< VR_UN where the letters are unknown.
+    Varnotix::ELaterVr laterVr;
+    bool isKnown;     ///< One of the VRs of the standard.
+    bool hasLongForm; ///< Also for unknown letters: VRs to come will have it (PS3.5 section 6.2).
+};
+
+inline bool IsVrLetter(BYTE byte)
+{
+    return byte >= 'A' && byte <= 'Z';
+}
+
+inline SExplicitVr ExplicitVrOf(const BYTE* letters)
+{
+    using Varnotix::ELaterVr;
+    if (IsVrLetter(letters[0]) && IsVrLetter(letters[1]))
+    {
+        const int code = VrCodeOfBytes(letters[0], letters[1]);
+        if (code != VR_UNKNOWN)
+        {
+            return {code, ELaterVr::None, true, HasLongForm(code)};
+        }
+        const ELaterVr later = Varnotix::LaterVrOfBytes(letters[0], letters[1]);
+        if (later != ELaterVr::None)
+        {
+            return {Varnotix::CarrierVr(later), later, true, true};
+        }
+    }
+    return {VR_UN, ELaterVr::None, false, true};
+}
+
+/// Width in bytes of the numbers that a big endian stream holds in reverse, for a VR and the later VR beside it.
+inline std::size_t SwapWidthOf(int vr, Varnotix::ELaterVr laterVr)
+{
+    return laterVr != Varnotix::ELaterVr::None ? Varnotix::SwapWidth(laterVr) : SwapWidth(vr);
+}

@@ -1,0 +1,133 @@
+#include "Varnotix/codec/FrameWriter.h"
+
+#include "Varnotix/codec/ItemTags.h"
+#include "Varnotix/element/DcmFrameList.h"
+
+namespace
+{
+
+std::uint64_t Padded(std::uint64_t size)
+{
+    return size + size % 2;
+}
+
+} // namespace
+
+std::uint64_t CFrameWriter::Size() const
+{
+    if (!m_isEncapsulated)
+    {
+        return Padded(m_frames.TotalSize());
+    }
+    std::uint64_t size = 2 * kItemHeaderSize; // Offset table and delimiter.
+    size += Padded(static_cast<std::uint64_t>(OffsetTable().GetSize()));
+    for (int i = 0; i < m_frames.GetCount(); ++i)
+    {
+        for (const DWORD fragment : m_frames.GetFrame(i)->FragmentSizes())
+        {
+            size += kItemHeaderSize + Padded(fragment);
+        }
+    }
+    return size;
+}
+
+bool CFrameWriter::FitsFragments(const CByteArray& table) const
+{
+    const int entries = table.GetSize() / 4;
+    int entry = 0;
+    std::uint64_t offset = 0;
+    for (int i = 0; i < m_frames.GetCount(); ++i)
+    {
+        for (const DWORD fragment : m_frames.GetFrame(i)->FragmentSizes())
+        {
+            if (entry < entries && DoubleWord(table.GetData() + 4 * entry, false) == offset)
+            {
+                ++entry;
+            }
+            offset += fragment + kItemHeaderSize;
+        }
+    }
+    return entry == entries;
+}
+
+/// Little-endian offsets of the frames' first fragments, in any syntax.
+CByteArray CFrameWriter::OffsetTable() const
+{
+    const CByteArray& read = m_frames.OffsetTable();
+    if (m_frames.ReadForm() == CDcmFrameList::FORM_ENCAPSULATED && FitsFragments(read))
+    {
+        return read;
+    }
+    CByteArray table;
+    std::uint64_t offset = 0;
+    for (int i = 0; i < m_frames.GetCount(); ++i)
+    {
+        if (offset > 0xFFFFFFFFU)
+        {
+            return {};
+        }
+        const int place = table.GetSize();
+        table.SetSize(place + 4);
+        PutDoubleWord(table.GetData() + place, static_cast<DWORD>(offset), false);
+        for (const DWORD fragment : m_frames.GetFrame(i)->FragmentSizes())
+        {
+            offset += kItemHeaderSize + Padded(fragment);
+        }
+    }
+    return table;
+}
+
+void CFrameWriter::WriteNative(COutputBuffer& out) const
+{
+    const bool swapped = m_bigEndian && m_hasWords;
+    for (int i = 0; i < m_frames.GetCount(); ++i)
+    {
+        const CDcmFrame& frame = *m_frames.GetFrame(i);
+        if (swapped)
+        {
+            PutSwapped(frame.Data(), frame.Size(), 2, out);
+        }
+        else
+        {
+            out.Put(frame.Data(), frame.Size());
+        }
+    }
+    if (m_frames.TotalSize() % 2 == 1)
+    {
+        const BYTE pad = 0;
+        out.Put(&pad, 1);
+    }
+}
+
+void CFrameWriter::WriteItem(const BYTE* bytes, std::size_t size, COutputBuffer& out) const
+{
+    PutItemTag(out, kItemElement, m_bigEndian, static_cast<DWORD>(Padded(size)));
+    out.Put(bytes, size);
+    if (size % 2 == 1)
+    {
+        const BYTE pad = 0;
+        out.Put(&pad, 1);
+    }
+}
+
+void CFrameWriter::Write(COutputBuffer& out) const
+{
+    if (!m_isEncapsulated)
+    {
+        WriteNative(out);
+        return;
+    }
+    const CByteArray table = OffsetTable();
+    WriteItem(table.GetData(), static_cast<std::size_t>(table.GetSize()), out);
+    for (int i = 0; i < m_frames.GetCount(); ++i)
+    {
+        const CDcmFrame& frame = *m_frames.GetFrame(i);
+        const BYTE* bytes = frame.Data();
+        for (const DWORD fragment : frame.FragmentSizes())
+        {
+            WriteItem(bytes, fragment, out);
+            bytes += fragment;
+        }
+    }
+    PutItemTag(out, kSequenceDelimiterElement, m_bigEndian, 0);
+}

@@ -1,0 +1,592 @@
+#include "Varnotix/codec/StandardDecoder.h"
+
+#include "Varnotix/codec/ExplicitVr.h"
+#include "Varnotix/codec/FragmentReader.h"
+#include "Varnotix/codec/ItemTags.h"
+#include "Varnotix/codec/SyntaxProbe.h"
+#include "Varnotix/codec/TransferSyntax.h"
+#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/element/TagText.h"
+#include "Varnotix/registry/DcmRegistry.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr std::size_t kPreambleSize = 128;
+constexpr std::size_t kPrefixSize = 4;
+constexpr std::size_t kShortestStream = 6;
+constexpr int kMetaGroup = 0x0002;
+constexpr DWORD kItemTag = TagNumber(kItemGroup, kItemElement);
+constexpr DWORD kItemDelimiterTag = TagNumber(kItemGroup, kItemDelimiterElement);
+constexpr DWORD kSequenceDelimiterTag = TagNumber(kItemGroup, kSequenceDelimiterElement);
+constexpr DWORD kPixelDataTag = TagNumber(kPixelDataGroup, kPixelDataElement);
+constexpr DWORD kPixelRepresentation = TagNumber(0x0028, 0x0103);
+
+// Values from here on are not copied out of a stream that the library itself holds. Below, a copy is cheaper than
+// keeping the whole stream alive for one value.
+constexpr std::size_t kSharedValue = 65536;
+
+bool IsBigEndian(int syntax)
+{
+    return syntax == SYNTAX_EXPLICIT_BIG;
+}
+
+DWORD TagAt(const BYTE* header, int syntax)
+{
+    const bool bigEndian = IsBigEndian(syntax);
+    return TagNumber(Word(header, bigEndian), Word(header + 2, bigEndian));
+}
+
+bool IsPrivateCreator(DWORD tag)
+{
+    const int element = ElementNumber(tag);
+    return GroupNumber(tag) % 2 == 1 && element >= 0x10 && element <= 0xFF;
+}
+
+/// The VR of a tag that no dictionary lists, in implicit syntax (PS3.5 sections 7.2 and 7.8.1).
+int UnlistedVr(DWORD tag)
+{
+    if (ElementNumber(tag) == 0)
+    {
+        return VR_UL;
+    }
+    return IsPrivateCreator(tag) ? VR_LO : VR_UN;
+}
+
+/// Ends the choice of an item when its sequence ends, however it ends.
+class CItemSelection
+{
+public:
+    explicit CItemSelection(CDcmElementSet& items) : m_items(items) {}
+    CItemSelection(const CItemSelection&) = delete;
+    CItemSelection& operator=(const CItemSelection&) = delete;
+    ~CItemSelection() { m_items.SelectItem(0); }
+
+private:
+    CDcmElementSet& m_items;
+};
+
+} // namespace
+
+void CStandardDecoder::Decode(CDcmElementSet& set)
+{
+    set.RemoveAll();
+    try
+    {
+        try
+        {
+            DecodeStream(set);
+        }
+        catch (const CParseException&)
+        {
+            // Stop has noted it.
+        }
+        ResolveChoices();
+    }
+    catch (...)
+    {
+        set.DestroyContents();
+        throw;
+    }
+}
+
+void CStandardDecoder::Note(EReadNote note, DWORD tag, std::size_t offset, DWORD count)
+{
+    m_result.notes.push_back({note, tag, static_cast<DWORD>(offset), count});
+}
+
+void CStandardDecoder::Stop(EParseFault fault, DWORD tag, std::size_t offset)
+{
+    Note(READ_STOPPED, tag, offset, static_cast<DWORD>(fault));
+    throw CParseException(fault);
+}
+
+void CStandardDecoder::DecodeStream(CDcmElementSet& set)
+{
+    const std::size_t start = m_cursor.Position();
+    if (m_cursor.Left() < kItemHeaderSize)
+    {
+        Stop(m_cursor.Left() < kShortestStream ? PARSE_SHORT_STREAM : PARSE_NOT_DICOM, 0, start);
+    }
+    const bool isFile = ReadStart();
+    SLevel level{set, nullptr, m_cursor.Length(), false, SYNTAX_EXPLICIT_LITTLE};
+    ReadMeta(level);
+    m_result.syntax = FindSyntax(set);
+    if (m_result.syntax == SYNTAX_UNKNOWN)
+    {
+        m_result.syntax = isFile ? SYNTAX_EXPLICIT_LITTLE : SYNTAX_UNKNOWN;
+        Stop(PARSE_NOT_DICOM, 0, m_cursor.Position());
+    }
+    level.syntax = m_result.syntax;
+    level.lastTag = 0;
+    DecodeLevel(level);
+}
+
+/// @return true when the DICM prefix was found; the cursor is after it then.
+bool CStandardDecoder::ReadStart()
+{
+    const std::size_t start = m_cursor.Position();
+    for (const std::size_t preamble : {kPreambleSize, std::size_t{0}})
+    {
+        m_cursor.Seek(start);
+        m_cursor.TakeUpTo(preamble, m_result.preamble);
+        m_cursor.TakeUpTo(kPrefixSize, m_result.prefix);
+        if (m_result.prefix.GetSize() == 4 && std::equal(m_result.prefix.begin(), m_result.prefix.end(), "DICM"))
+        {
+            return true;
+        }
+    }
+    m_cursor.Seek(start);
+    return false;
+}
+
+/// File meta information is in explicit VR little endian, and as long as its group goes (PS3.10 section 7.1). Its group
+/// length is often wrong, and not needed.
+void CStandardDecoder::ReadMeta(SLevel& level)
+{
+    const std::size_t start = m_cursor.Position();
+    std::size_t named = 0;
+    while (const BYTE* header = m_cursor.Peek(kItemHeaderSize))
+    {
+        if (Word(header, false) != kMetaGroup)
+        {
+            break;
+        }
+        const SHeader element = ReadHeader(level);
+        ReadElement(element, level);
+        if (element.tag == TagNumber(kMetaGroup, 0))
+        {
+            const CDcmElement* length = level.elements.Find(kMetaGroup, 0);
+            const CValueBytes value = length->ValueBytes();
+            named = value.Size() == 4 ? m_cursor.Position() + DoubleWord(value.Data(), false) : 0;
+        }
+    }
+    if (named != 0 && named != m_cursor.Position())
+    {
+        Note(READ_META_LENGTH, TagNumber(kMetaGroup, 0), start, static_cast<DWORD>(named));
+    }
+}
+
+/// The syntax that the meta information names, unless the first elements are clearly in another.
+int CStandardDecoder::FindSyntax(const CDcmElementSet& set)
+{
+    const CDcmElement* element = set.Find(kMetaGroup, 0x0010);
+    const CString uid = element != nullptr ? element->JoinedText() : CString();
+    const int named = SyntaxOfUid(uid);
+    const BYTE* data = m_cursor.Peek(0);
+    const std::size_t size = m_cursor.Left();
+    if (size == 0 && !set.IsEmpty())
+    {
+        return named != SYNTAX_UNKNOWN ? named : SYNTAX_EXPLICIT_LITTLE;
+    }
+    const int found = ProbeSyntax(data, size);
+    if (named == SYNTAX_UNKNOWN || found == SYNTAX_UNKNOWN)
+    {
+        if (Varnotix::IsDeflatedUid(uid))
+        {
+            m_result.syntax = named;
+            Stop(PARSE_DEFLATED, 0, m_cursor.Position());
+        }
+        return found != SYNTAX_UNKNOWN ? found : named;
+    }
+    const int fitNamed = ElementsThatFit(data, size, named);
+    if (found != named && fitNamed <= 1 && ElementsThatFit(data, size, found) > fitNamed)
+    {
+        if (Varnotix::IsDeflatedUid(uid))
+        {
+            m_result.syntax = named;
+            Stop(PARSE_DEFLATED, 0, m_cursor.Position());
+        }
+        Note(READ_OTHER_SYNTAX, TagNumber(kMetaGroup, 0x0010), m_cursor.Position(), static_cast<DWORD>(found));
+        return found;
+    }
+    return named;
+}
+
+void CStandardDecoder::DecodeLevel(SLevel& level)
+{
+    while (m_cursor.Position() < level.end)
+    {
+        const std::size_t left = level.end - m_cursor.Position();
+        const BYTE* header = left < kItemHeaderSize ? nullptr : m_cursor.Peek(kItemHeaderSize);
+        if (header == nullptr)
+        {
+            if (level.depth > 0 && level.end == m_cursor.Length())
+            {
+                Stop(PARSE_CUT_OFF, 0, m_cursor.Position());
+            }
+            Note(READ_BYTES_LEFT, 0, m_cursor.Position(), static_cast<DWORD>(left));
+            m_cursor.Seek(level.end);
+            break;
+        }
+        const DWORD tag = TagAt(header, level.syntax);
+        if (GroupNumber(tag) == kItemGroup)
+        {
+            if (ReadDelimiter(level, tag))
+            {
+                return;
+            }
+        }
+        else if (tag == 0 && level.depth == 0 && IsPadding())
+        {
+            Note(READ_BYTES_LEFT, 0, m_cursor.Position(), static_cast<DWORD>(left));
+            m_cursor.Seek(level.end);
+        }
+        else
+        {
+            ReadElement(ReadHeader(level), level);
+        }
+    }
+    if (level.isDelimited)
+    {
+        if (level.end == m_cursor.Length())
+        {
+            Stop(PARSE_CUT_OFF, kItemDelimiterTag, m_cursor.Position());
+        }
+        Note(READ_STRAY_DELIMITER, kItemDelimiterTag, m_cursor.Position());
+    }
+}
+
+/// @return true when the data set ends here. What belongs to the sequence around it is left in the stream.
+bool CStandardDecoder::ReadDelimiter(SLevel& level, DWORD tag)
+{
+    if (level.isDelimited && tag == kItemDelimiterTag)
+    {
+        m_cursor.Take(kItemHeaderSize);
+        return true;
+    }
+    Note(READ_STRAY_DELIMITER, tag, m_cursor.Position());
+    if (level.isDelimited && (tag == kItemTag || tag == kSequenceDelimiterTag))
+    {
+        return true;
+    }
+    m_cursor.Take(kItemHeaderSize);
+    return false;
+}
+
+/// True when nothing but zeros follow: files are padded to the sizes of blocks.
+bool CStandardDecoder::IsPadding() const
+{
+    const BYTE* rest = m_cursor.Peek(0);
+    return std::all_of(rest, rest + m_cursor.Left(), [](BYTE byte) { return byte == 0; });
+}
+
+CStandardDecoder::SHeader CStandardDecoder::ReadHeader(SLevel& level)
+{
+    SHeader header{};
+    header.position = m_cursor.Position();
+    header.tag = TagAt(m_cursor.Peek(kItemHeaderSize), level.syntax);
+    header.entry = CDcmRegistry::Global().LookUpPublicTag(header.tag);
+    if (header.tag <= level.lastTag && level.lastTag != 0)
+    {
+        Note(READ_OUT_OF_ORDER, header.tag, header.position);
+    }
+    level.lastTag = header.tag;
+    if (level.syntax == SYNTAX_IMPLICIT_LITTLE)
+    {
+        ReadImplicit(header, level);
+    }
+    else
+    {
+        ReadExplicit(header, level);
+    }
+    return header;
+}
+
+void CStandardDecoder::ReadExplicit(SHeader& header, SLevel& level)
+{
+    const bool bigEndian = IsBigEndian(level.syntax);
+    const BYTE* bytes = m_cursor.Peek(kShortHeaderSize);
+    SExplicitVr vr = ExplicitVrOf(bytes + 4);
+    if (!vr.isKnown && !(IsVrLetter(bytes[4]) && IsVrLetter(bytes[5])))
+    {
+        Note(READ_HEADER_WITHOUT_VR, header.tag, header.position);
+        ReadImplicit(header, level);
+        return;
+    }
+    if (!vr.isKnown)
+    {
+        Note(READ_UNKNOWN_VR, header.tag, header.position, Word(bytes + 4, true));
+        // Some writers put letters of their own into headers of the short form.
+        const bool longFits = m_cursor.Left() >= kLongHeaderSize && Word(bytes + 6, false) == 0 &&
+                              DoubleWord(bytes + 8, bigEndian) <= m_cursor.Left() - kLongHeaderSize;
+        vr.hasLongForm = longFits || Word(bytes + 6, bigEndian) > m_cursor.Left() - kShortHeaderSize;
+    }
+    header.vr = vr.code;
+    header.laterVr = vr.laterVr;
+    bytes = m_cursor.Take(vr.hasLongForm ? kLongHeaderSize : kShortHeaderSize);
+    if (bytes == nullptr)
+    {
+        Stop(PARSE_CUT_OFF, header.tag, header.position);
+    }
+    header.length = vr.hasLongForm ? DoubleWord(bytes + 8, bigEndian) : Word(bytes + 6, bigEndian);
+}
+
+/// The VR is that of the dictionary; where that leaves a choice, the one that PS3.5 section A.1 prescribes.
+void CStandardDecoder::ReadImplicit(SHeader& header, SLevel& level)
+{
+    using Varnotix::EVrChoice;
+    const BYTE* bytes = m_cursor.Take(kShortHeaderSize);
+    header.length = DoubleWord(bytes + 4, IsBigEndian(level.syntax));
+    header.isImplicit = true;
+    const CDcmEntry* entry = header.entry;
+    header.vr = entry != nullptr ? static_cast<int>(entry->vr) : UnlistedVr(header.tag);
+    if (header.vr >= kNamedVrCount)
+    {
+        header.vr = VR_UN;
+    }
+    if (entry != nullptr && Varnotix::CarrierVr(entry->laterVr) == header.vr)
+    {
+        header.laterVr = entry->laterVr;
+    }
+    if (header.tag == kPixelDataTag ||
+        (entry != nullptr && (entry->choice == EVrChoice::ObOrOw || entry->choice == EVrChoice::UsOrSsOrOw)))
+    {
+        header.vr = VR_OW;
+    }
+}
+
+CDcmElement& CStandardDecoder::AddElement(const SHeader& header, SLevel& level)
+{
+    const CDcmEntry* entry = header.entry != nullptr ? header.entry : &CDcmRegistry::UnlistedEntry(header.vr);
+    auto element = std::make_unique<CDcmElement>(GroupNumber(header.tag), ElementNumber(header.tag), header.vr, entry);
+    element->SetRead();
+    element->SetLaterVr(header.laterVr);
+    CDcmElement& added = *element;
+    level.elements.Add(element.release());
+    return added;
+}
+
+void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)
+{
+    const bool isPixelData = header.tag == kPixelDataTag;
+    if (header.length == kUndefinedLength)
+    {
+        if (isPixelData)
+        {
+            ReadFragments(header, level);
+        }
+        else if (header.vr == VR_SQ || header.vr == VR_UN || header.isImplicit)
+        {
+            ReadSequence(header, level);
+        }
+        else
+        {
+            Stop(PARSE_UNDEFINED_LENGTH, header.tag, header.position);
+        }
+        return;
+    }
+    if (header.vr == VR_SQ && !isPixelData)
+    {
+        if (header.length == 0 || BeginsWithItem(level.syntax))
+        {
+            ReadSequence(header, level);
+            return;
+        }
+        Note(READ_NO_ITEMS, header.tag, header.position);
+        SHeader unknown = header;
+        unknown.vr = VR_UN;
+        ReadValue(unknown, level);
+        return;
+    }
+    ReadValue(header, level);
+}
+
+void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
+{
+    const DWORD length = header.length;
+    if (length > m_cursor.Left())
+    {
+        Stop(PARSE_CUT_OFF, header.tag, header.position);
+    }
+    const BYTE* bytes = m_cursor.Take(length);
+    CDcmElement& element = AddElement(header, level);
+    if (m_cursor.Position() > level.end)
+    {
+        Note(READ_BEYOND_ITEM, header.tag, header.position, static_cast<DWORD>(m_cursor.Position() - level.end));
+    }
+    if (length % 2 == 1)
+    {
+        Note(READ_ODD_LENGTH, header.tag, header.position, length);
+    }
+    if (length == 0)
+    {
+        return;
+    }
+    const std::size_t width = IsBigEndian(level.syntax) ? SwapWidthOf(header.vr, header.laterVr) : 1;
+    CSharedBytes value;
+    if (width > 1)
+    {
+        BYTE* swapped = nullptr;
+        value = CSharedBytes::Allocate(length, swapped);
+        CopySwapped(bytes, length, width, swapped);
+    }
+    else
+    {
+        value = length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
+    }
+    if (CDcmFrameList* frames = element.Frames())
+    {
+        frames->AddFrame(value);
+        frames->SetReadForm(CDcmFrameList::FORM_NATIVE);
+        return;
+    }
+    element.SetRawBytes(std::move(value));
+    if (header.tag == kPixelRepresentation && length >= 2)
+    {
+        m_scopes[static_cast<std::size_t>(ScopeOf(level))].pixelRepresentation = Word(element.RawBytes().Data(), false);
+    }
+    if (header.isImplicit && header.vr == VR_US && header.entry != nullptr &&
+        header.entry->choice == Varnotix::EVrChoice::UsOrSs)
+    {
+        m_choices.push_back({&element, ScopeOf(level)});
+    }
+}
+
+void CStandardDecoder::ReadFragments(const SHeader& header, SLevel& level)
+{
+    CDcmElement& element = AddElement(header, level);
+    const CDcmElement* count = level.elements.FindInItem(level.item, 0x0028, 0x0008);
+    CFragmentReader reader(m_cursor, IsBigEndian(level.syntax));
+    const bool whole = reader.Read();
+    reader.FillFrames(*element.Frames(), count != nullptr ? count->JoinedText() : CString());
+    element.Frames()->SetReadForm(CDcmFrameList::FORM_ENCAPSULATED);
+    if (!whole)
+    {
+        Stop(reader.Fault(), header.tag, m_cursor.Position());
+    }
+}
+
+/// True when an item or a delimiter comes next.
+bool CStandardDecoder::BeginsWithItem(int syntax) const
+{
+    const BYTE* header = m_cursor.Peek(kItemHeaderSize);
+    if (header == nullptr)
+    {
+        return true; // Cut off; the items say so.
+    }
+    const DWORD tag = TagAt(header, syntax);
+    return tag == kItemTag || tag == kSequenceDelimiterTag;
+}
+
+void CStandardDecoder::ReadSequence(const SHeader& header, SLevel& level)
+{
+    if (level.depth >= Varnotix::kMaxDepth)
+    {
+        Stop(PARSE_TOO_DEEP, header.tag, header.position);
+    }
+    const bool isUndefined = header.length == kUndefinedLength;
+    // VR UN with undefined length is a sequence in implicit VR little endian (PS3.5 section 6.2.2).
+    const bool isUnknown = isUndefined && header.vr == VR_UN && !header.isImplicit;
+    SHeader sequence = header;
+    sequence.vr = VR_SQ;
+    sequence.laterVr = Varnotix::ELaterVr::None;
+    CDcmElement& element = AddElement(sequence, level);
+    if (isUndefined)
+    {
+        element.SetForm(isUnknown ? CDcmElement::FORM_UNKNOWN : CDcmElement::FORM_UNDEFINED);
+    }
+    element.Items()->SetKeepsItems(true);
+    std::size_t end = isUndefined ? level.end : m_cursor.Position() + header.length;
+    const bool isCut = end > m_cursor.Length();
+    end = std::min(end, m_cursor.Length());
+    if (end > level.end)
+    {
+        Note(READ_BEYOND_ITEM, header.tag, header.position, static_cast<DWORD>(end - level.end));
+    }
+    ReadItems(level, *element.Items(), end, isUndefined, isUnknown ? SYNTAX_IMPLICIT_LITTLE : level.syntax);
+    if (isCut)
+    {
+        Stop(PARSE_CUT_OFF, header.tag, header.position);
+    }
+}
+
+/// @param isDelimited whether a delimiter ends the sequence, and not its length.
+void CStandardDecoder::ReadItems(SLevel& level, CDcmElementSet& items, std::size_t end, bool isDelimited, int syntax)
+{
+    const CItemSelection selection(items);
+    while (m_cursor.Position() < end)
+    {
+        const std::size_t position = m_cursor.Position();
+        const BYTE* header = end - position < kItemHeaderSize ? nullptr : m_cursor.Take(kItemHeaderSize);
+        const DWORD tag = header != nullptr ? TagAt(header, syntax) : 0;
+        if (tag == kSequenceDelimiterTag && isDelimited)
+        {
+            return;
+        }
+        if (tag == kSequenceDelimiterTag || tag == kItemDelimiterTag)
+        {
+            Note(READ_STRAY_DELIMITER, tag, position);
+            continue;
+        }
+        if (tag != kItemTag)
+        {
+            Stop(header == nullptr ? PARSE_CUT_OFF : PARSE_NO_ITEM, tag, position);
+        }
+        const DWORD length = ItemLength(header, syntax);
+        const bool isUndefined = length == kUndefinedLength;
+        items.BeginItem(isUndefined);
+        std::size_t itemEnd = isUndefined ? end : m_cursor.Position() + length;
+        const bool isCut = itemEnd > m_cursor.Length();
+        itemEnd = std::min(itemEnd, m_cursor.Length());
+        if (itemEnd > end)
+        {
+            Note(READ_BEYOND_ITEM, tag, position, static_cast<DWORD>(itemEnd - end));
+        }
+        SLevel item{items, &level, itemEnd, isUndefined, syntax};
+        item.depth = level.depth + 1;
+        item.item = items.ItemCount();
+        DecodeLevel(item);
+        if (isCut)
+        {
+            Stop(PARSE_CUT_OFF, tag, position);
+        }
+    }
+    if (isDelimited)
+    {
+        if (end == m_cursor.Length())
+        {
+            Stop(PARSE_CUT_OFF, kSequenceDelimiterTag, m_cursor.Position());
+        }
+        Note(READ_STRAY_DELIMITER, kSequenceDelimiterTag, m_cursor.Position());
+    }
+}
+
+DWORD CStandardDecoder::ItemLength(const BYTE* header, int syntax) const
+{
+    const DWORD length = DoubleWord(header + 4, IsBigEndian(syntax));
+    // Files in big endian that the classic rules wrote have the halves of item lengths exchanged.
+    if (IsBigEndian(syntax) && length != kUndefinedLength && length > m_cursor.Left())
+    {
+        const DWORD exchanged = (length >> 16U) | (length << 16U);
+        return exchanged <= m_cursor.Left() ? exchanged : length;
+    }
+    return length;
+}
+
+int CStandardDecoder::ScopeOf(SLevel& level)
+{
+    if (level.scope < 0)
+    {
+        const int around = level.around != nullptr ? ScopeOf(*level.around) : -1;
+        m_scopes.push_back({around, -1});
+        level.scope = static_cast<int>(m_scopes.size()) - 1;
+    }
+    return level.scope;
+}
+
+/// "US or SS" depends on an element that may come later, or in the data set around an item.
+void CStandardDecoder::ResolveChoices()
+{
+    for (const SChoice& choice : m_choices)
+    {
+        int scope = choice.scope;
+        while (scope >= 0 && m_scopes[static_cast<std::size_t>(scope)].pixelRepresentation < 0)
+        {
+            scope = m_scopes[static_cast<std::size_t>(scope)].around;
+        }
+        choice.element->SetSigned(scope >= 0 && m_scopes[static_cast<std::size_t>(scope)].pixelRepresentation == 1);
+    }
+}

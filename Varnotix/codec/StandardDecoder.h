@@ -1,0 +1,95 @@
+/// Reads a stream by the standard stream rules: PS3.5 and PS3.10.
+#pragma once
+
+#include "Varnotix/codec/ReadResult.h"
+#include "Varnotix/codec/StreamCursor.h"
+#include "Varnotix/element/DcmElementSet.h"
+
+#include <cstdint>
+#include <vector>
+
+class CDcmEntry;
+
+/// Decodes a PS3.10 file or a bare data set, in one pass.
+///
+/// Every element keeps the VR, the item and the length form that the stream gives it. Private tags are neither learned
+/// nor taken from what classic reads have learned. Where the stream breaks PS3.5 and can be read all the same, a note
+/// says so. Where it cannot be read further, the whole elements before that place remain, and the last note is
+/// READ_STOPPED.
+class CStandardDecoder
+{
+public:
+    explicit CStandardDecoder(CStreamCursor& cursor) : m_cursor(cursor) {}
+
+    /// Replaces the elements of the set. Exceptions of memory pass through and leave the set empty.
+    void Decode(CDcmElementSet& set);
+
+    SReadResult& Result() { return m_result; }
+
+private:
+    /// A data set: the whole object, or one item.
+    struct SLevel
+    {
+        CDcmElementSet& elements;
+        SLevel* around;   // Null for the object itself.
+        std::size_t end;  // Where the data set, or what holds it, ends.
+        bool isDelimited; // Ended by an item delimiter.
+        int syntax;
+        int depth = 0;
+        int item = 1; // Number of the item, also where there are none.
+        std::uint32_t lastTag = 0;
+        int scope = -1; // In m_scopes, when something there refers to it.
+    };
+
+    struct SHeader
+    {
+        std::size_t position;
+        DWORD tag;
+        int vr;
+        Varnotix::ELaterVr laterVr;
+        bool isImplicit; // No VR in the stream.
+        DWORD length;
+        const CDcmEntry* entry;
+    };
+
+    void DecodeStream(CDcmElementSet& set);
+    bool ReadStart();
+    void ReadMeta(SLevel& level);
+    int FindSyntax(const CDcmElementSet& set);
+    void DecodeLevel(SLevel& level);
+    bool ReadDelimiter(SLevel& level, DWORD tag);
+    bool IsPadding() const;
+    SHeader ReadHeader(SLevel& level);
+    void ReadExplicit(SHeader& header, SLevel& level);
+    void ReadImplicit(SHeader& header, SLevel& level);
+    void ReadElement(const SHeader& header, SLevel& level);
+    void ReadValue(const SHeader& header, SLevel& level);
+    void ReadFragments(const SHeader& header, SLevel& level);
+    void ReadSequence(const SHeader& header, SLevel& level);
+    void ReadItems(SLevel& level, CDcmElementSet& items, std::size_t end, bool isDelimited, int syntax);
+    DWORD ItemLength(const BYTE* header, int syntax) const;
+    bool BeginsWithItem(int syntax) const;
+    CDcmElement& AddElement(const SHeader& header, SLevel& level);
+    void Note(EReadNote note, DWORD tag, std::size_t offset, DWORD count = 0);
+    [[noreturn]] void Stop(EParseFault fault, DWORD tag, std::size_t offset);
+    int ScopeOf(SLevel& level);
+    void ResolveChoices();
+
+    CStreamCursor& m_cursor;
+    CByteChunks m_smallValues;
+    SReadResult m_result;
+
+    /// Pixel Representation (0028,0103) of the data sets that hold it or an element whose VR depends on it.
+    struct SScope
+    {
+        int around;
+        int pixelRepresentation;
+    };
+    struct SChoice
+    {
+        CDcmElement* element;
+        int scope;
+    };
+    std::vector<SScope> m_scopes;
+    std::vector<SChoice> m_choices;
+};

@@ -1,0 +1,346 @@
+#include "Varnotix/codec/StandardEncoder.h"
+
+#include "Varnotix/codec/ExplicitVr.h"
+#include "Varnotix/codec/FrameWriter.h"
+#include "Varnotix/codec/ItemTags.h"
+#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/element/TagText.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int kMetaGroup = 0x0002;
+constexpr DWORD kTransferSyntaxUid = TagNumber(kMetaGroup, 0x0010);
+constexpr DWORD kPixelDataTag = TagNumber(kPixelDataGroup, kPixelDataElement);
+constexpr DWORD kLongestShortValue = 0xFFFE; // The longest even length of 16 bits.
+constexpr DWORD kGroupLengthSize = 4;
+
+bool IsGroupLength(DWORD tag)
+{
+    return ElementNumber(tag) == 0;
+}
+
+bool IsBigEndian(int syntax)
+{
+    return syntax == SYNTAX_EXPLICIT_BIG;
+}
+
+bool HasLongHeader(int vr, const CDcmElement* element)
+{
+    return HasLongForm(vr) || (element != nullptr && element->LaterVr() != Varnotix::ELaterVr::None);
+}
+
+DWORD Padded(std::size_t size)
+{
+    return static_cast<DWORD>(size + size % 2);
+}
+
+/// The byte that makes a value even (PS3.5 section 6.2).
+char PadByte(int vr)
+{
+    return VrKind(vr) == EVrKind::Text && vr != VR_UI ? ' ' : '\0';
+}
+
+} // namespace
+
+void CStandardEncoder::InTagOrder(Elements& elements, bool metaFirst)
+{
+    // Private tags of group 0001 would come before the file meta information otherwise.
+    const auto key = [metaFirst](const CDcmElement* element)
+    {
+        return metaFirst && element->HasGroup(kMetaGroup) ? element->Tag() & 0xFFFFU
+                                                          : element->Tag() | std::uint64_t{1} << 32U;
+    };
+    const auto less = [key](const CDcmElement* left, const CDcmElement* right) { return key(left) < key(right); };
+    if (!std::is_sorted(elements.begin(), elements.end(), less))
+    {
+        std::stable_sort(elements.begin(), elements.end(), less);
+    }
+}
+
+void CStandardEncoder::Plan(const CDcmElementSet& set)
+{
+    m_steps.clear();
+    Elements elements;
+    elements.reserve(static_cast<std::size_t>(set.GetCount()) + 1);
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        elements.push_back(set.GetAt(i));
+    }
+    if (m_output.needsMeta && set.Find(kMetaGroup, ElementNumber(kTransferSyntaxUid)) == nullptr)
+    {
+        m_transferSyntax = std::make_unique<CDcmElement>(kMetaGroup, ElementNumber(kTransferSyntaxUid));
+        m_transferSyntax->AddText(Varnotix::UidOfSyntax(m_output.syntax));
+        elements.push_back(m_transferSyntax.get());
+    }
+    InTagOrder(elements, true);
+    const auto bits = std::find_if(elements.begin(), elements.end(),
+                                   [](const CDcmElement* element) { return element->HasTag(0x0028, 0x0100); });
+    int bitsAllocated = 0;
+    if (bits != elements.end())
+    {
+        const CValueBytes value = (*bits)->ValueBytes();
+        bitsAllocated = value.Size() >= 2 ? Word(value.Data(), false) : 0;
+    }
+    m_steps.reserve(elements.size() + elements.size() / 4 + 1);
+    m_size = PlanDataSet(elements, {m_output.syntax, 0, bitsAllocated});
+}
+
+bool CStandardEncoder::WantsGroupLength(int group, const SDataSet& dataSet) const
+{
+    return m_output.groupLengths || (dataSet.depth == 0 && group == kMetaGroup);
+}
+
+/// @param elements those of one data set, in tag order.
+/// @return the size in bytes.
+std::uint64_t CStandardEncoder::PlanDataSet(const Elements& elements, const SDataSet& dataSet)
+{
+    std::uint64_t total = 0;
+    for (std::size_t i = 0; i < elements.size();)
+    {
+        const int group = elements[i]->Group();
+        const bool isMeta = dataSet.depth == 0 && group == kMetaGroup;
+        const SDataSet part{isMeta ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : dataSet.syntax, dataSet.depth,
+                            dataSet.bitsAllocated};
+        const bool hasLength = IsGroupLength(elements[i]->Tag());
+        const std::size_t lengthStep = m_steps.size();
+        const bool writesLength = hasLength || WantsGroupLength(group, dataSet);
+        if (writesLength)
+        {
+            m_steps.push_back(
+                {nullptr, TagNumber(group, 0), 0, EStep::GroupLength, static_cast<BYTE>(part.syntax), VR_UL, false});
+        }
+        i += hasLength ? 1U : 0U;
+        std::uint64_t size = 0;
+        for (; i < elements.size() && elements[i]->Group() == group; ++i)
+        {
+            size += PlanElement(*elements[i], part);
+        }
+        if (writesLength)
+        {
+            m_steps[lengthStep].length = static_cast<DWORD>(size);
+            total += kShortHeaderSize + kGroupLengthSize;
+        }
+        total += size;
+    }
+    return total;
+}
+
+/// @return the size of header and value.
+std::uint64_t CStandardEncoder::PlanElement(const CDcmElement& element, const SDataSet& dataSet)
+{
+    if (element.Frames() != nullptr)
+    {
+        return PlanFrames(element, dataSet);
+    }
+    return element.HasVr(VR_SQ) ? PlanSequence(element, dataSet) : PlanValue(element, dataSet.syntax);
+}
+
+std::uint64_t CStandardEncoder::PlanValue(const CDcmElement& element, int syntax)
+{
+    const std::size_t size = element.ValueBytes().Size();
+    SStep step{&element,
+               element.Tag(),
+               Padded(size),
+               EStep::Value,
+               static_cast<BYTE>(syntax),
+               static_cast<BYTE>(element.Vr() < kNamedVrCount ? element.Vr() : VR_UN),
+               false};
+    if (syntax != SYNTAX_IMPLICIT_LITTLE && !HasLongHeader(step.vr, &element) && step.length > kLongestShortValue)
+    {
+        step.vr = VR_UN; // PS3.5 section 6.2.2
+    }
+    m_steps.push_back(step);
+    return std::uint64_t{HeaderSize(step)} + step.length;
+}
+
+bool CStandardEncoder::IsEncapsulated(const CDcmElement& element, const SDataSet& dataSet) const
+{
+    const CDcmFrameList::EForm readForm = element.Frames()->ReadForm();
+    if (readForm != CDcmFrameList::FORM_UNKNOWN)
+    {
+        return readForm == CDcmFrameList::FORM_ENCAPSULATED;
+    }
+    return dataSet.depth == 0 && m_output.pixelForm == Varnotix::EPixelForm::Encapsulated;
+}
+
+std::uint64_t CStandardEncoder::PlanFrames(const CDcmElement& element, const SDataSet& dataSet)
+{
+    const bool encapsulated = IsEncapsulated(element, dataSet);
+    const bool wasRead = element.Frames()->ReadForm() != CDcmFrameList::FORM_UNKNOWN;
+    int vr = element.Vr() < kNamedVrCount ? element.Vr() : static_cast<int>(VR_UN);
+    if (!wasRead)
+    {
+        // PS3.5 sections A.2 and A.4: encapsulated frames are OB, and so are native ones of 8 bits or less.
+        vr = encapsulated ? VR_OB : dataSet.bitsAllocated > 8 ? static_cast<int>(VR_OW) : vr;
+    }
+    const CFrameWriter frames(*element.Frames(), encapsulated, IsBigEndian(dataSet.syntax), vr == VR_OW);
+    const std::uint64_t size = frames.Size();
+    const SStep step{&element,
+                     element.Tag(),
+                     encapsulated ? kUndefinedLength : static_cast<DWORD>(size),
+                     EStep::Frames,
+                     static_cast<BYTE>(dataSet.syntax),
+                     static_cast<BYTE>(vr),
+                     encapsulated};
+    m_steps.push_back(step);
+    return HeaderSize(step) + size;
+}
+
+std::uint64_t CStandardEncoder::PlanSequence(const CDcmElement& element, const SDataSet& dataSet)
+{
+    const bool isUnknown = element.Form() == CDcmElement::FORM_UNKNOWN && dataSet.syntax != SYNTAX_IMPLICIT_LITTLE;
+    // Readers of implicit VR know a sequence that no dictionary lists by its undefined length only.
+    const bool isUnlisted =
+        element.Entry() == nullptr || static_cast<int>(element.Entry()->vr) != VR_SQ || element.Group() % 2 == 1;
+    const bool isUndefined =
+        element.Form() != CDcmElement::FORM_DEFINED || (isUnlisted && dataSet.syntax == SYNTAX_IMPLICIT_LITTLE);
+    const std::size_t place = m_steps.size();
+    m_steps.push_back({&element, element.Tag(), kUndefinedLength, EStep::Sequence, static_cast<BYTE>(dataSet.syntax),
+                       static_cast<BYTE>(isUnknown ? VR_UN : VR_SQ), false});
+    const DWORD header = HeaderSize(m_steps.back());
+    SDataSet inside = dataSet;
+    inside.depth = dataSet.depth + 1;
+    inside.syntax = isUnknown ? static_cast<int>(SYNTAX_IMPLICIT_LITTLE) : dataSet.syntax;
+    std::uint64_t size = element.Items() != nullptr ? PlanItems(*element.Items(), inside) : 0;
+    if (isUndefined || size >= kUndefinedLength)
+    {
+        m_steps.push_back({nullptr, TagNumber(kItemGroup, kSequenceDelimiterElement), 0, EStep::Delimiter,
+                           static_cast<BYTE>(inside.syntax), VR_NONE, false});
+        size += kItemHeaderSize;
+    }
+    else
+    {
+        m_steps[place].length = static_cast<DWORD>(size);
+    }
+    return header + size;
+}
+
+std::uint64_t CStandardEncoder::PlanItems(const CDcmElementSet& items, const SDataSet& dataSet)
+{
+    // Elements of one item mostly follow each other; those without an item count to the first one.
+    const int count = items.ItemCount();
+    const auto itemOf = [count](const CDcmElement& element) { return std::clamp(element.Item(), 1, count); };
+    std::vector<std::pair<int, const CDcmElement*>> ordered;
+    ordered.reserve(static_cast<std::size_t>(items.GetCount()));
+    for (int i = 0; i < items.GetCount(); ++i)
+    {
+        ordered.emplace_back(itemOf(*items.GetAt(i)), items.GetAt(i));
+    }
+    const auto less = [](const auto& left, const auto& right) { return left.first < right.first; };
+    if (!std::is_sorted(ordered.begin(), ordered.end(), less))
+    {
+        std::stable_sort(ordered.begin(), ordered.end(), less);
+    }
+    std::uint64_t total = 0;
+    Elements elements;
+    auto next = ordered.begin();
+    for (int item = 1; item <= count; ++item)
+    {
+        elements.clear();
+        for (; next != ordered.end() && next->first == item; ++next)
+        {
+            elements.push_back(next->second);
+        }
+        InTagOrder(elements, false);
+        const std::size_t place = m_steps.size();
+        m_steps.push_back({nullptr, TagNumber(kItemGroup, kItemElement), kUndefinedLength, EStep::Item,
+                           static_cast<BYTE>(dataSet.syntax), VR_NONE, false});
+        std::uint64_t size = PlanDataSet(elements, dataSet);
+        if (items.HasUndefinedLength(item) || size >= kUndefinedLength)
+        {
+            m_steps.push_back({nullptr, TagNumber(kItemGroup, kItemDelimiterElement), 0, EStep::Delimiter,
+                               static_cast<BYTE>(dataSet.syntax), VR_NONE, false});
+            size += kItemHeaderSize;
+        }
+        else
+        {
+            m_steps[place].length = static_cast<DWORD>(size);
+        }
+        total += kItemHeaderSize + size;
+    }
+    return total;
+}
+
+DWORD CStandardEncoder::HeaderSize(const SStep& step)
+{
+    const bool isLong = step.syntax != SYNTAX_IMPLICIT_LITTLE && HasLongHeader(step.vr, step.element);
+    return static_cast<DWORD>(isLong ? kLongHeaderSize : kShortHeaderSize);
+}
+
+void CStandardEncoder::WriteHeader(const SStep& step, COutputBuffer& out)
+{
+    const bool bigEndian = IsBigEndian(step.syntax);
+    const DWORD size = HeaderSize(step);
+    const DWORD length = step.step == EStep::GroupLength ? kGroupLengthSize : step.length;
+    BYTE* header = out.Room(size);
+    PutWord(header, step.tag >> 16U, bigEndian);
+    PutWord(header + 2, step.tag & 0xFFFFU, bigEndian);
+    if (step.syntax == SYNTAX_IMPLICIT_LITTLE)
+    {
+        PutDoubleWord(header + 4, length, bigEndian);
+        return;
+    }
+    const bool isLater = step.element != nullptr && step.element->LaterVr() != Varnotix::ELaterVr::None;
+    std::memcpy(header + 4, isLater ? step.element->VrLetters() : VrText(step.vr), 2);
+    if (size == kLongHeaderSize)
+    {
+        PutWord(header + 6, 0, bigEndian);
+        PutDoubleWord(header + 8, length, bigEndian);
+    }
+    else
+    {
+        PutWord(header + 6, length, bigEndian);
+    }
+}
+
+void CStandardEncoder::WriteValue(const SStep& step, COutputBuffer& out)
+{
+    const CValueBytes value = step.element->ValueBytes();
+    const std::size_t width = IsBigEndian(step.syntax) ? SwapWidthOf(step.vr, step.element->LaterVr()) : 1;
+    if (width > 1)
+    {
+        PutSwapped(value.Data(), value.Size(), width, out);
+    }
+    else
+    {
+        out.Put(value.Data(), value.Size());
+    }
+    if (value.Size() < step.length)
+    {
+        const char pad = PadByte(step.element->Vr());
+        out.Put(&pad, 1);
+    }
+}
+
+void CStandardEncoder::Write(COutputBuffer& out) const
+{
+    for (const SStep& step : m_steps)
+    {
+        const bool bigEndian = IsBigEndian(step.syntax);
+        switch (step.step)
+        {
+        case EStep::Item:
+        case EStep::Delimiter:
+            PutItemTag(out, ElementNumber(step.tag), bigEndian, step.length);
+            break;
+        case EStep::Sequence:
+            WriteHeader(step, out);
+            break;
+        case EStep::GroupLength:
+            WriteHeader(step, out);
+            PutDoubleWord(out.Room(kGroupLengthSize), step.length, bigEndian);
+            break;
+        case EStep::Frames:
+            WriteHeader(step, out);
+            CFrameWriter(*step.element->Frames(), step.isEncapsulated, bigEndian, step.vr == VR_OW).Write(out);
+            break;
+        case EStep::Value:
+            WriteHeader(step, out);
+            WriteValue(step, out);
+            break;
+        }
+    }
+}

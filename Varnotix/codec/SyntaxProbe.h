@@ -1,0 +1,14 @@
+/// Finds the transfer syntax of a data set by a look at its first elements.
+#pragma once
+
+#include "Varnotix/platform/Types.h"
+
+#include <cstddef>
+
+/// How many elements from the beginning make sense in a syntax (see ESyntax): a VR or a tag that the standard has,
+/// ascending tags, lengths inside the data set. At most 16 are looked at.
+/// @return 0 where not even the first one does.
+int ElementsThatFit(const BYTE* data, std::size_t size, int syntax);
+
+/// The syntax that most elements fit; SYNTAX_UNKNOWN when none fits the first one.
+int ProbeSyntax(const BYTE* data, std::size_t size);

@@ -1,0 +1,34 @@
+/// Transfer syntaxes by their UIDs (PS3.5 section 10 and Annex A).
+#pragma once
+
+#include "Varnotix/element/DcmElement.h"
+
+/// The syntax code that a UID stands for: rows 1, 2 and 4 of the UID table are themselves; row 3 and rows 5 to 27
+/// (deflated and encapsulated syntaxes) are carried as explicit VR little endian; any other UID is unknown.
+VARNOTIX_EXPORT int SyntaxOfUid(const CString& uid);
+
+namespace Varnotix
+{
+
+/// Nesting of sequences that reads, writes and scripts follow. Real objects stay under 10; deeper ones cannot overflow
+/// a stack of 1 MB.
+inline constexpr int kMaxDepth = 64;
+
+/// How a transfer syntax carries Pixel Data.
+enum class EPixelForm : BYTE
+{
+    Unknown,     ///< The UID is none that the library knows.
+    Native,      ///< Frames end to end in one value.
+    Encapsulated ///< Offset table and fragments as items (PS3.5 section A.4).
+};
+
+/// How the transfer syntax of a UID carries Pixel Data.
+VARNOTIX_EXPORT EPixelForm PixelFormOfUid(const CString& uid);
+
+/// True for Deflated Explicit VR Little Endian (PS3.5 section A.5).
+VARNOTIX_EXPORT bool IsDeflatedUid(const CString& uid);
+
+/// The UID of a syntax code; empty for SYNTAX_UNKNOWN and other numbers.
+VARNOTIX_EXPORT CString UidOfSyntax(int syntax);
+
+} // namespace Varnotix

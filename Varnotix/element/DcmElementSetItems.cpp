@@ -1,0 +1,112 @@
+// The items of a sequence, in the one set that holds the elements of all of them.
+
+#include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/element/ElementBody.h"
+#include "Varnotix/element/TagText.h"
+
+int CDcmElementSet::ItemCount() const
+{
+    const int count = ElementsAsIs().itemForms.Count();
+    return count > 0 || IsEmpty() ? count : 1;
+}
+
+/// Makes the elements without an item an item, where the set has none.
+void CDcmElementSet::NumberItems()
+{
+    if (ElementsAsIs().itemForms.Count() == 0 && !IsEmpty())
+    {
+        ElementsAsIs().itemForms.Add(false);
+    }
+}
+
+void CDcmElementSet::BeginItem(bool undefinedLength)
+{
+    NumberItems();
+    CElementBody& body = ElementsAsIs();
+    body.itemForms.Add(undefinedLength);
+    body.selectedItem = body.itemForms.Count();
+}
+
+void CDcmElementSet::SelectItem(int item)
+{
+    if (item > 0)
+    {
+        NumberItems();
+    }
+    CElementBody& body = ElementsAsIs();
+    body.selectedItem = item >= 1 && item <= body.itemForms.Count() ? item : 0;
+}
+
+void CDcmElementSet::GetItem(int item, CObList& elements) const
+{
+    elements.RemoveAll();
+    if (item < 1 || item > ItemCount())
+    {
+        return;
+    }
+    for (CObject* object : Body().list)
+    {
+        if (ItemOf(ElementOf(object)) == item)
+        {
+            elements.AddTail(object);
+        }
+    }
+}
+
+CDcmElement* CDcmElementSet::FindInItem(int item, int group, int element) const
+{
+    return Elements().FindInItem(TagNumber(group, element), item);
+}
+
+bool CDcmElementSet::HasUndefinedLength(int item) const
+{
+    return ElementsAsIs().itemForms.IsUndefined(item);
+}
+
+bool CDcmElementSet::RemoveItem(int item)
+{
+    if (item < 1 || item > ItemCount())
+    {
+        return false;
+    }
+    NumberItems();
+    CObList kept;
+    CObList removed;
+    kept.Reserve(GetCount());
+    for (CObject* object : Body().list)
+    {
+        (ItemOf(ElementOf(object)) == item ? removed : kept).AddTail(object);
+    }
+    CElementBody& body = Elements();
+    body.SwapList(kept);
+    for (CObject* object : body.list)
+    {
+        CDcmElement& element = ElementOf(object);
+        if (element.Item() > item)
+        {
+            element.SetItem(element.Item() - 1);
+        }
+    }
+    for (const CObject* object : removed)
+    {
+        delete object;
+    }
+    body.itemForms.Remove(item);
+    body.selectedItem = 0;
+    return true;
+}
+
+bool CDcmElementSet::KeepsItems() const
+{
+    return ElementsAsIs().keepsItems;
+}
+
+void CDcmElementSet::SetKeepsItems(bool keep)
+{
+    ElementsAsIs().keepsItems = keep;
+}
+
+void CDcmElementSet::CopyItemForms(const CDcmElementSet& other)
+{
+    ElementsAsIs().CopyItemForms(other.ElementsAsIs());
+}

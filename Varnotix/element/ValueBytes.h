@@ -1,0 +1,30 @@
+/// The value of an element as the bytes of a stream.
+#pragma once
+
+#include "Varnotix/platform/Export.h"
+#include "Varnotix/platform/Types.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// A view of little-endian value bytes, or bytes of its own where a value must be put together. It is valid as long as
+/// the element does not change.
+class VARNOTIX_EXPORT CValueBytes
+{
+public:
+    CValueBytes() = default;
+    /// Views bytes that the element keeps.
+    explicit CValueBytes(std::string_view bytes) : m_view(bytes) {}
+    /// Owns the bytes.
+    explicit CValueBytes(std::string&& bytes) : m_own(std::move(bytes)), m_owns(true) {}
+
+    const BYTE* Data() const { return reinterpret_cast<const BYTE*>(View().data()); }
+    std::size_t Size() const { return View().size(); }
+    std::string_view View() const { return m_owns ? std::string_view(m_own) : m_view; }
+
+private:
+    std::string_view m_view;
+    std::string m_own;
+    bool m_owns = false;
+};
