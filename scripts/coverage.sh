@@ -7,7 +7,7 @@ set -euo pipefail
 cd "$top"
 
 decoders='Varnotix/(codec/((Classic|Standard)[a-zA-Z]*Decoder|FragmentReader|SyntaxProbe|DcmParser|StreamCursor)|asl/(Asl|Scan|Script)|script/|iod/(DcmIODStream|DcmCompositeIODScript|ScriptFrames)|pixel/(PackBits|RleCodec)|pdu/(PduDecoder|PduBytes|PduItems)|registry/(DataFiles|DictionaryFile|EntryTable|NameList))'
-programs='test_(asl|codec|element|iod|load|pdu|pixel|registry)|replay_.*'
+programs='test_(asl|codec|element|iod|load|pdu|pixel|registry|script)|replay_.*'
 
 scripts/setup.sh coverage
 mkdir -p build/coverage/report
