@@ -1,6 +1,7 @@
 #include "Varnotix/asl/AslLine.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace
 {
@@ -42,6 +43,18 @@ SAslCommand SplitAslCommand(std::string_view line)
     const std::size_t sign = std::min(line.find('='), line.size());
     const std::string_view argument = TrimBlanks(line.substr(std::min(sign + 1, line.size())));
     return {TrimBlanks(line.substr(0, sign)), TrimBlanks(argument.substr(0, argument.find_first_of("\r\n")))};
+}
+
+std::optional<int> AslItemNumber(const SAslCommand& command)
+{
+    if (!EqualNoCase(command.keyword, "ITEM"))
+    {
+        return std::nullopt;
+    }
+    int number = 0;
+    const char* const end = command.argument.data() + command.argument.size();
+    const auto [rest, error] = std::from_chars(command.argument.data(), end, number);
+    return error == std::errc() && rest == end ? std::max(number, 0) : 0;
 }
 
 SAslElement SplitAslElement(std::string_view line)

@@ -3,6 +3,7 @@
 
 #include "Varnotix/platform/Export.h"
 
+#include <optional>
 #include <string_view>
 
 /// The text without white space at its ends.
@@ -21,6 +22,9 @@ struct SAslCommand
 /// Splits a command line at its first "=".
 /// @param line a trimmed line that begins with "#".
 VARNOTIX_EXPORT SAslCommand SplitAslCommand(std::string_view line);
+
+/// The number in an item mark, "#ITEM=2"; 0 when it is not a number from 1 on. None for other commands.
+VARNOTIX_EXPORT std::optional<int> AslItemNumber(const SAslCommand& command);
 
 /// A line that describes an element: group,element,VR,multiplicity,name,[values]. The first five fields are trimmed;
 /// those that the line lacks are empty.

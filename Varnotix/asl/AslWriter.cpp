@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <charconv>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace
 {
@@ -132,22 +134,64 @@ bool AppendValues(std::string& line, const CDcmElement& element)
     return false;
 }
 
-void AppendLines(const CDcmElementSet& set, int depth, CStringArray& lines)
+void AppendElements(const CDcmElementSet& set, int depth, CStringArray& lines);
+
+void AppendElement(const CDcmElement& element, int depth, CStringArray& lines)
 {
     const CString indent(' ', depth * kIndent);
+    lines.Add(indent + AslElementLine(element));
+    if (element.HasVr(VR_SQ))
+    {
+        lines.Add(indent + "#SEQUENCE_BEGIN");
+        if (element.Items() != nullptr)
+        {
+            AppendElements(*element.Items(), depth + 1, lines);
+        }
+        lines.Add(indent + "#SEQUENCE_END");
+    }
+}
+
+/// True for a set of several items, or of an empty one, which its elements do not show.
+bool NeedsMarks(const CDcmElementSet& set)
+{
+    return set.KeepsItems() && (set.ItemCount() > 1 || (set.ItemCount() == 1 && set.IsEmpty()));
+}
+
+/// Appends the lines of each item after its mark.
+void AppendItems(const CDcmElementSet& set, int depth, CStringArray& lines)
+{
+    const int count = set.ItemCount();
+    std::vector<std::pair<int, const CDcmElement*>> elements;
     for (int i = 0; i < set.GetCount(); ++i)
     {
-        const CDcmElement& element = *set.GetAt(i);
-        lines.Add(indent + AslElementLine(element));
-        if (element.HasVr(VR_SQ))
+        elements.emplace_back(std::clamp(set.GetAt(i)->Item(), 1, count), set.GetAt(i));
+    }
+    std::stable_sort(elements.begin(), elements.end(),
+                     [](const auto& left, const auto& right) { return left.first < right.first; });
+    const CString indent(' ', depth * kIndent);
+    auto next = elements.begin();
+    for (int item = 1; item <= count; ++item)
+    {
+        CString mark;
+        mark.Format("#ITEM=%d", item);
+        lines.Add(indent + mark);
+        for (; next != elements.end() && next->first == item; ++next)
         {
-            lines.Add(indent + "#SEQUENCE_BEGIN");
-            if (element.Items() != nullptr)
-            {
-                AppendLines(*element.Items(), depth + 1, lines);
-            }
-            lines.Add(indent + "#SEQUENCE_END");
+            AppendElement(*next->second, depth, lines);
         }
+    }
+}
+
+void AppendElements(const CDcmElementSet& set, int depth, CStringArray& lines)
+{
+    if (NeedsMarks(set))
+    {
+        AppendItems(set, depth, lines);
+        return;
+    }
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        AppendElement(*set.GetAt(i), depth, lines);
     }
 }
 
@@ -184,7 +228,7 @@ CString AslElementLine(const CDcmElement& element)
 
 void AslLines(const CDcmElementSet& set, CStringArray& lines)
 {
-    AppendLines(set, 0, lines);
+    AppendElements(set, 0, lines);
 }
 
 void WriteAslFile(const CString& path, const CStringArray& lines)

@@ -9,7 +9,8 @@
 VARNOTIX_EXPORT CString AslElementLine(const CDcmElement& element);
 
 /// Appends the line of each element in list order. The elements of a sequence follow it between "#SEQUENCE_BEGIN" and
-/// "#SEQUENCE_END", indented by three blanks per level.
+/// "#SEQUENCE_END", indented by three blanks per level. In a set that keeps its items (CDcmElementSet::KeepsItems) the
+/// lines of each item follow a mark, "#ITEM=1", when there are several items or an empty one.
 VARNOTIX_EXPORT void AslLines(const CDcmElementSet& set, CStringArray& lines);
 
 /// Creates or truncates a file and writes the lines, each followed by a line feed. A file that cannot be created or

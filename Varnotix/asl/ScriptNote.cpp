@@ -23,6 +23,7 @@ const char* ScriptNoteText(EScriptNote kind)
         "the sequence that begins here has no #SEQUENCE_END",
         "the sequence is nested more than 64 levels deep: reading ended here",
         "the tag is not a sequence in the dictionary: the lines up to #SEQUENCE_END were dropped",
+        "#ITEM is outside a sequence, or its number is not that of the next item: it has no effect",
     };
     return kind >= 0 && kind < static_cast<int>(std::size(kTexts)) ? kTexts[kind] : "";
 }

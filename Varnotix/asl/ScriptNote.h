@@ -24,7 +24,8 @@ enum EScriptNote : int
     SCRIPT_LINE_LOST = 13,        ///< The line follows an SQ line, is not a "#SEQUENCE_BEGIN", and has no effect.
     SCRIPT_OPEN_SEQUENCE = 14,    ///< The sequence that begins here has no "#SEQUENCE_END".
     SCRIPT_TOO_DEEP = 15,         ///< The sequence is nested more than 64 levels deep; reading ended here.
-    SCRIPT_SEQUENCE_LOST = 16 ///< The dictionary does not give the tag VR SQ: the lines of the sequence were dropped.
+    SCRIPT_SEQUENCE_LOST = 16,    ///< The dictionary gives the tag another VR than SQ: the sequence was dropped.
+    SCRIPT_BAD_ITEM = 17          ///< "#ITEM" outside a sequence, or not of the next item; it has no effect.
 };
 
 /// The kind in words, for a host that reports it.

@@ -33,6 +33,7 @@ WORD SizeOr(const CString& text, WORD seen)
 void TakeSourceFile(const CString& path, CDcmIOD& object, SScriptSource& source)
 {
     CDcmCompositeIOD file;
+    file.StreamRules(object.StreamRules());
     ReadObject(path, file);
     CDcmImagePixelModule pixel;
     CDcmMultiFrameModule multiFrame;
@@ -78,6 +79,7 @@ void PutFrames(const CScriptFrames& frames, const CDcmAttributeScript& script, C
 void CDcmCompositeIOD::CreateFromASL(const CStringArray& lines)
 {
     CDcmAttributeScript script;
+    script.StreamRules(StreamRules());
     CDcmAttributeModule attributes;
     script.Run(lines, attributes);
     IodPrivate().scriptNotes = script.Notes();
@@ -109,7 +111,7 @@ void CDcmCompositeIOD::CreateFromASL(const CStringArray& lines)
         TakeSourceFile(script.SourceFile(), *this, sources.back());
         return;
     }
-    CScriptFrames frames(sources);
+    CScriptFrames frames(StreamRules(), sources);
     frames.Gather(script);
     if (frames.Frames().GetCount() > 0)
     {

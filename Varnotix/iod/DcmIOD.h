@@ -141,14 +141,16 @@ public:
     /// @param index from 0 to ModuleCount() - 1; it is not checked.
     CDcmModule& ModuleAt(int index) const { return m_modules[index]; }
 
-    /// Replaces the lines by the object's text document.
+    /// Replaces the lines by the object's text document. Of an object that was read by the standard stream rules it
+    /// marks the items of sequences (see AslLines).
     void Export(CStringArray& lines) const;
     /// Writes the text document to a file, with an empty line at its end. A file that cannot be written is not
     /// reported.
     void Export(const CString& path) const;
 
-    /// Reads a text document: its elements become the store's, and the registered modules take their values. Commands
-    /// other than those of sequences are not used. A document without elements, or one that cannot be opened, changes
+    /// Reads a text document: its elements become the store's, and the registered modules take their values. By the
+    /// standard stream rules sequences have the items that the document marks. Commands other than those of sequences
+    /// are not used. A document without elements, or one that cannot be opened, changes
     /// nothing.
     void ImportFromASL(const CString& path);
 

@@ -82,6 +82,7 @@ void CDcmIOD::ImportFromASL(const CString& path)
     CStringArray lines;
     ReadLines(path, lines);
     CDcmAttributeScript script;
+    script.StreamRules(m_streamRules);
     CDcmAttributeModule module;
     script.Run(lines, module);
     m_private->scriptNotes = script.Notes();

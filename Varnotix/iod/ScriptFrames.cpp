@@ -134,6 +134,7 @@ EScriptSource CScriptFrames::TakePicture(const CString& name)
 EScriptSource CScriptFrames::TakeObject(const CString& name)
 {
     CDcmCompositeIOD object;
+    object.StreamRules(m_rules);
     ReadObject(name, object);
     if (object.GetCount() == 0)
     {

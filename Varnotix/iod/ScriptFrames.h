@@ -1,6 +1,7 @@
 /// The pixel data that a script takes from files.
 #pragma once
 
+#include "Varnotix/codec/StreamRules.h"
 #include "Varnotix/element/DcmFrameList.h"
 #include "Varnotix/iod/ScriptSource.h"
 
@@ -20,8 +21,9 @@ const CDcmFrameList* FramesOf(const CDcmImagePixelModule& pixel);
 class CScriptFrames
 {
 public:
+    /// @param rules those by which DICOM files are read.
     /// @param sources receives what came of each file.
-    explicit CScriptFrames(std::vector<SScriptSource>& sources) : m_sources(sources) {}
+    CScriptFrames(EStreamRules rules, std::vector<SScriptSource>& sources) : m_rules(rules), m_sources(sources) {}
 
     /// Throws CFileException when a DICOM file cannot be opened.
     void Gather(const CDcmAttributeScript& script);
@@ -37,6 +39,7 @@ private:
     EScriptSource TakePicture(const CString& name);
     EScriptSource TakeObject(const CString& name);
 
+    EStreamRules m_rules;
     std::vector<SScriptSource>& m_sources;
     CDcmFrameList m_frames;
     WORD m_width = 0;

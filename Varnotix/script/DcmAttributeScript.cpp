@@ -3,6 +3,7 @@
 #include "Varnotix/asl/AslReader.h"
 #include "Varnotix/asl/AslValues.h"
 #include "Varnotix/element/TagText.h"
+#include "Varnotix/script/ScriptItems.h"
 
 IMPLEMENT_DYNCREATE(CDcmAttributeScript, CObject)
 
@@ -47,21 +48,23 @@ int CDcmAttributeScript::Run(const CStringArray& lines, CDcmAttributeModule& mod
 {
     m_notes.Clear();
     CAslReader reader(lines, first);
-    ReadSet(reader, module, 0);
+    ReadSet(reader, module, nullptr, 0);
     m_notes.Sort();
     return reader.Line();
 }
 
 /// Reads the elements of one sequence, or of the whole script.
-void CDcmAttributeScript::ReadSet(CAslReader& reader, CDcmAttributeModule& module, int depth)
+/// @param items those of the sequence, where items are kept; otherwise null.
+void CDcmAttributeScript::ReadSet(CAslReader& reader, CDcmAttributeModule& module, CScriptItems* items, int depth)
 {
+    CDcmAttributeModule* target = &module;
     CDcmElement* element = nullptr; // That of the last element line.
     while (const std::optional<SAslEvent> event = reader.Next())
     {
         switch (event->kind)
         {
         case EAslEvent::Element:
-            element = ReadElement(*event, module);
+            element = ReadElement(*event, *target);
             break;
         case EAslEvent::SequenceBegin:
             ReadSequence(reader, event->line, element, depth);
@@ -86,13 +89,31 @@ void CDcmAttributeScript::ReadSet(CAslReader& reader, CDcmAttributeModule& modul
         case EAslEvent::Header:
             break;
         case EAslEvent::Command:
-            if (!Record(event->command))
-            {
-                m_notes.Add(event->line, SCRIPT_UNKNOWN_COMMAND);
-            }
+            target = &ReadCommand(*event, *target, items);
             break;
         }
     }
+}
+
+/// @return the module that takes the elements from here on.
+CDcmAttributeModule& CDcmAttributeScript::ReadCommand(const SAslEvent& event, CDcmAttributeModule& module,
+                                                      CScriptItems* items)
+{
+    const std::optional<int> item =
+        m_streamRules == STREAM_RULES_STANDARD ? AslItemNumber(event.command) : std::nullopt;
+    if (item && items != nullptr && items->Begin(*item))
+    {
+        return items->Current();
+    }
+    if (item)
+    {
+        m_notes.Add(event.line, SCRIPT_BAD_ITEM);
+    }
+    else if (!Record(event.command))
+    {
+        m_notes.Add(event.line, SCRIPT_UNKNOWN_COMMAND);
+    }
+    return module;
 }
 
 /// @return the element of the line, or null when the line was skipped.
@@ -133,23 +154,26 @@ CDcmElement* CDcmAttributeScript::ReadElement(const SAslEvent& event, CDcmAttrib
 /// @param element the element of the sequence's line, which may have another VR; null when that line was skipped.
 void CDcmAttributeScript::ReadSequence(CAslReader& reader, int begin, CDcmElement* element, int depth)
 {
-    CDcmAttributeModule item;
-    ReadSet(reader, item, depth + 1);
+    const bool keepsItems = m_streamRules == STREAM_RULES_STANDARD;
+    CScriptItems read;
+    ReadSet(reader, read.Current(), keepsItems ? &read : nullptr, depth + 1);
     if (element == nullptr || !element->HasVr(VR_SQ))
     {
         m_notes.Add(begin, SCRIPT_SEQUENCE_LOST);
         return;
     }
+    CDcmElementSet gathered;
+    read.MoveInto(gathered, keepsItems);
     CDcmElementSet* items = element->Items();
     if (depth > 0 && items != nullptr)
     {
         // The element belongs to this reader, so it can share: a copy at each level would cost time in proportion to
         // the depth.
-        items->CopyByReference(item.GetDcmElementSet());
+        items->CopyByReference(gathered);
     }
     else
     {
-        element->SetItems(item.GetDcmElementSet());
+        element->SetItems(gathered);
     }
 }
 

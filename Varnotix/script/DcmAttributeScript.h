@@ -2,9 +2,11 @@
 #pragma once
 
 #include "Varnotix/asl/ScriptNote.h"
+#include "Varnotix/codec/StreamRules.h"
 #include "Varnotix/modules/DcmAttributeModule.h"
 
 class CAslReader;
+class CScriptItems;
 struct SAslCommand;
 struct SAslEvent;
 
@@ -33,6 +35,13 @@ public:
     ///         outside every item. Nesting beyond 64 levels ends the reading too.
     int Run(const CStringArray& lines, CDcmAttributeModule& module, int first = 0);
 
+    /// By the standard rules a run keeps the items of sequences: "#ITEM=n" begins item n, and a sequence without such
+    /// marks is one item, or none where it has no elements. Items are marked in order, from 1 on; elements before the
+    /// first mark are item 1. By the classic rules, the default, the command is unknown and all elements of a sequence
+    /// are one set.
+    EStreamRules StreamRules() const { return m_streamRules; }
+    void StreamRules(EStreamRules rules) { m_streamRules = rules; }
+
     /// What the last run could not follow, in the order of the lines.
     const std::vector<SScriptNote>& Notes() const { return m_notes.All(); }
 
@@ -54,11 +63,13 @@ public:
     const CStringArray& AnonymizeGroups() const { return m_anonymizeGroups; }
 
 private:
-    void ReadSet(CAslReader& reader, CDcmAttributeModule& module, int depth);
+    void ReadSet(CAslReader& reader, CDcmAttributeModule& module, CScriptItems* items, int depth);
     CDcmElement* ReadElement(const SAslEvent& event, CDcmAttributeModule& module);
     void ReadSequence(CAslReader& reader, int begin, CDcmElement* element, int depth);
+    CDcmAttributeModule& ReadCommand(const SAslEvent& event, CDcmAttributeModule& module, CScriptItems* items);
     bool Record(const SAslCommand& command);
 
+    EStreamRules m_streamRules = STREAM_RULES_CLASSIC;
     CString m_sourceFile;
     CString m_targetFile;
     CString m_rowsText;

@@ -18,8 +18,9 @@ using Texts = std::vector<std::string>;
 /// A script that was read, and what it left.
 struct SRead
 {
-    explicit SRead(const Texts& texts, int first = 0)
+    explicit SRead(const Texts& texts, int first = 0, EStreamRules rules = STREAM_RULES_CLASSIC)
     {
+        script.StreamRules(rules);
         CStringArray lines;
         for (const std::string& text : texts)
         {
@@ -284,4 +285,46 @@ TEST(ScriptHostile, LongLinesAreRead)
     SRead read({std::string(kLong, ','), "#" + std::string(kLong, '='), "0010,0020,LO,1,x,[" + std::string(kLong, 'x'),
                 "0018,1320,FL,1,x,[" + std::string(kLong, '1') + "]", "0018,1624,US,3,x,[" + std::string(kLong, ',')});
     EXPECT_EQ(read.module.GetDcmElementSet().Find(0x0010, 0x0020)->JoinedText().GetLength(), static_cast<int>(kLong));
+}
+
+TEST(Script, KeepsMarkedItemsByTheStandardRulesOnly)
+{
+    const Texts text = {"0008,1140,SQ,1,Referenced Image Sequence,[3]",
+                        "#SEQUENCE_BEGIN",
+                        "   #ITEM=1",
+                        "   0008,1155,UI,1,Referenced SOP Instance UID,[1.1,]",
+                        "   0040,a170,SQ,1,Purpose of Reference Code Sequence,[0]",
+                        "   #SEQUENCE_BEGIN",
+                        "      #ITEM=1",
+                        "   #SEQUENCE_END",
+                        "   #ITEM=2",
+                        "   #ITEM=3",
+                        "   0008,1155,UI,1,Referenced SOP Instance UID,[1.3,]",
+                        "#SEQUENCE_END",
+                        "0040,0275,SQ,1,Request Attributes Sequence,[1]",
+                        "#SEQUENCE_BEGIN",
+                        "   0040,1001,SH,1,Requested Procedure ID,[R1,]",
+                        "#SEQUENCE_END",
+                        "0040,0555,SQ,1,Acquisition Context Sequence,[0]",
+                        "#SEQUENCE_BEGIN",
+                        "#SEQUENCE_END"};
+    SRead standard(text, 0, STREAM_RULES_STANDARD);
+    EXPECT_EQ(standard.Elements(), text);
+    EXPECT_EQ(standard.notes, Texts());
+    EXPECT_EQ(standard.module.GetDcmElementSet().GetAt(0)->Items()->ItemCount(), 3);
+    EXPECT_EQ(standard.module.GetDcmElementSet().GetAt(2)->Items()->ItemCount(), 0);
+
+    SRead classic(text);
+    EXPECT_EQ(classic.notes, Texts({"2:0", "6:0", "8:0", "9:0", "10:4"}));
+    EXPECT_EQ(classic.Elements()[2], "   0008,1155,UI,1,Referenced SOP Instance UID,[1.3,]");
+}
+
+TEST(Script, NotesItemMarksOutOfOrder)
+{
+    SRead read({"#ITEM=1", "0008,1140,SQ,1,,[]", "#SEQUENCE_BEGIN", "0008,1155,UI,1,,[1.1,]", "#ITEM=1", "#ITEM=3",
+                "#ITEM=2000000000", "#ITEM=-1", "#ITEM=two", "#item = 2", "0008,1155,UI,1,,[1.2,]", "#ITEM=2",
+                "#SEQUENCE_END"},
+               0, STREAM_RULES_STANDARD);
+    EXPECT_EQ(read.notes, Texts({"0:17", "4:17", "5:17", "6:17", "7:17", "8:17", "11:17"}));
+    EXPECT_EQ(read.module.GetDcmElementSet().GetAt(0)->Items()->ItemCount(), 2);
 }
