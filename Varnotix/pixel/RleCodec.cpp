@@ -13,7 +13,8 @@ namespace
 {
 
 constexpr std::size_t kHeaderSize = 64;
-constexpr std::size_t kOffsets = 16; // One more than the header holds: the last is only ever an end.
+constexpr std::size_t kMaxSegments = 16;
+constexpr std::size_t kStarts = 15; // That the header holds. What follows them only ever ends the fifteenth segment.
 constexpr int kLastGrayOrPalette = 2;
 constexpr int kRgb = 3;
 constexpr std::size_t kRgbSamples = 3;
@@ -89,7 +90,7 @@ void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels
     const std::size_t capacity =
         Product({static_cast<std::size_t>(image.bitsAllocated / 8), static_cast<std::size_t>(image.columns),
                  static_cast<std::size_t>(image.rows)});
-    const std::size_t segments = std::min<std::size_t>(NumberAt(rle, 0), kOffsets);
+    const std::size_t segments = std::min<std::size_t>(NumberAt(rle, 0), kMaxSegments);
     const bool interleaved = segments == 1 || (segments == 2 && IsGrayOrPalette(image.photometric)) ||
                              (segments == kRgbSamples && image.photometric == kRgb);
     const std::size_t before = interleaved ? 0 : static_cast<std::size_t>(pixels.GetSize());
@@ -102,10 +103,10 @@ void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels
     decoded.SetSize(static_cast<int>(added));
     const std::size_t stride = interleaved ? segments : 1;
     const auto size = static_cast<std::uint32_t>(rle.GetSize());
-    for (std::size_t i = 0; i < segments; ++i)
+    for (std::size_t i = 0; i < std::min(segments, kStarts); ++i)
     {
         const std::uint32_t start = NumberAt(rle, 4 + 4 * i);
-        const std::uint32_t next = i + 1 < kOffsets ? NumberAt(rle, 8 + 4 * i) : 0;
+        const std::uint32_t next = NumberAt(rle, 8 + 4 * i);
         const std::int64_t end =
             next != 0 ? next : static_cast<std::int64_t>(size) - static_cast<std::int64_t>(kHeaderSize);
         if (start < size && end > start && capacity > 0)

@@ -90,6 +90,15 @@ TEST(RleDecode, TheFirstBytesOfTheDataEndTheFifteenthSegment)
     EXPECT_EQ(fifteenth(1), Row(4));
 }
 
+TEST(RleDecode, LeavesASixteenthSegmentWithoutData)
+{
+    CByteArray frame(Zeros(kRleHeader));
+    PutNumber(frame, 0, 16);
+    frame.Append(Bytes({kRleHeader + 4, 0, 0, 0, 0xFF, 9, 0xFF, 8}));
+    frame.Append(Zeros(64));
+    EXPECT_EQ(Decoded(Image(1, 4, 8, ""), frame), Row(64));
+}
+
 TEST(RleDecodeHostile, SizesThatNoArrayHoldsThrowBeforeAnythingIsAllocated)
 {
     CByteArray pixels(Bytes({1}));
