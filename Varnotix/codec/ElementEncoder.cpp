@@ -77,7 +77,7 @@ DWORD CElementEncoder::HeaderSize(int syntax, int vr)
 
 bool CElementEncoder::IsEncapsulated(const CDcmElement& element)
 {
-    return element.HoldsFrames() && element.m_frames->GetCount() >= 2;
+    return element.m_frames != nullptr && element.m_frames->GetCount() >= 2;
 }
 
 void CElementEncoder::Prepare(CDcmElement& element)

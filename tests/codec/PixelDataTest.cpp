@@ -61,6 +61,14 @@ TEST(PixelData, FragmentsWithoutOffsetTableAreFrames)
     EXPECT_EQ(Through(words, words), "7fe00010 OW 0:0102 1:03040506");
 }
 
+TEST(PixelData, OfVrUnWithSeveralFramesIsWrittenWithoutValueButOfUndefinedLength)
+{
+    const CByteArray open = Stream("E07F 1000 'UN' 0000 FFFFFFFF");
+    EXPECT_EQ(Through(open + Item({}) + Item({1, 2}) + Item({3, 4}) + kEnd, open), "7fe00010 UN 0:0102 1:0304");
+    EXPECT_EQ(Through(open + Item({}) + Item({1, 2}) + kEnd, Stream("E07F 1000 'UN' 0000 00000000")),
+              "7fe00010 UN 0:0102");
+}
+
 TEST(PixelData, FragmentIsStoredBeforeTheFrameNumberMovesOn)
 {
     // Two frames of two fragments: offsets 0 and 20. Each frame's second fragment goes to the next number.
