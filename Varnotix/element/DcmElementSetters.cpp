@@ -22,7 +22,7 @@ bool CDcmElement::AddText(const CString& text)
         texts->Swap(value);
         return true;
     }
-    if (text.IsEmpty() || Vm() == 0 || (Vm() > 1 && texts->GetSize() > Vm()))
+    if (text.IsEmpty() || Vm() == 0 || (Vm() != -1 && texts->GetSize() > Vm()))
     {
         return false;
     }
@@ -55,7 +55,7 @@ bool CDcmElement::AddNumber(ARRAY& values, VALUE value)
     {
         values.RemoveAll();
     }
-    else if (Vm() >= 0 && values.GetSize() > Vm())
+    else if (Vm() != -1 && values.GetSize() > Vm())
     {
         return false;
     }

@@ -9,10 +9,10 @@
 namespace
 {
 
-/// An element whose VM is 0, which no public tag has.
-CDcmElement WithoutVm(int element, const char* vr)
+/// An element of a VM that no public tag has.
+CDcmElement OfVm(int element, const char* vr, int vm)
 {
-    CDcmRegistry::Global().AddSharedPrivateEntry(0x0019, element, vr, 0);
+    CDcmRegistry::Global().AddSharedPrivateEntry(0x0019, element, vr, vm);
     return CDcmElement(0x0019, element);
 }
 
@@ -50,10 +50,10 @@ TEST(SingleValueSetters, LetOneValueMoreGatherThanTheMultiplicityAllows)
 
 TEST(SingleValueSetters, TakeNothingUnderAMultiplicityOfZeroButOneWord)
 {
-    EXPECT_FALSE(WithoutVm(0x1001, "LO").AddText("A"));
-    EXPECT_FALSE(WithoutVm(0x1002, "UL").AddInteger(1));
-    EXPECT_FALSE(WithoutVm(0x1003, "FD").AddDouble(1));
-    CDcmElement word = WithoutVm(0x1004, "US");
+    EXPECT_FALSE(OfVm(0x1001, "LO", 0).AddText("A"));
+    EXPECT_FALSE(OfVm(0x1002, "UL", 0).AddInteger(1));
+    EXPECT_FALSE(OfVm(0x1003, "FD", 0).AddDouble(1));
+    CDcmElement word = OfVm(0x1004, "US", 0);
     EXPECT_TRUE(word.AddWord(1));
     EXPECT_FALSE(word.AddWord(2));
     EXPECT_EQ((*word.Words())[0], 1);
@@ -71,6 +71,16 @@ TEST(SingleValueSetters, ClearByAnEmptyTextWhereThereIsOneValueOnly)
     type.AddText("ORIGINAL");
     type.AddText("");
     EXPECT_STREQ(type.JoinedText(), "ORIGINAL");
+}
+
+TEST(SingleValueSetters, TakeNothingUnderAMultiplicityBelowMinusOne)
+{
+    CDcmElement text = OfVm(0x1005, "LO", -2);
+    CDcmElement word = OfVm(0x1006, "US", -2);
+    EXPECT_FALSE(text.AddText("A"));
+    EXPECT_FALSE(word.AddWord(1));
+    EXPECT_TRUE(text.Texts()->IsEmpty());
+    EXPECT_TRUE(word.Words()->IsEmpty());
 }
 
 TEST(Setters, RefuseWhatTheVrDoesNotHold)
