@@ -46,7 +46,8 @@ int CDcmElementSet::GetCountAll() const
 
 CDcmElement* CDcmElementSet::Find(int group, int element) const
 {
-    return Elements().Find(TagNumber(group, element));
+    // A number beyond 16 bits is not a tag's, and must not be cut to one.
+    return IsTag(group, element) ? Elements().Find(TagNumber(group, element)) : nullptr;
 }
 
 CDcmElement* CDcmElementSet::Find(const CString& group, const CString& element) const

@@ -10,6 +10,12 @@ constexpr DWORD TagNumber(int group, int element)
     return ((static_cast<DWORD>(group) & 0xFFFFU) << 16U) | (static_cast<DWORD>(element) & 0xFFFFU);
 }
 
+/// True when both numbers have 16 bits, so that TagNumber cuts neither.
+constexpr bool IsTag(int group, int element)
+{
+    return group >= 0 && group <= 0xFFFF && element >= 0 && element <= 0xFFFF;
+}
+
 constexpr int GroupNumber(DWORD tag)
 {
     return static_cast<int>(tag >> 16U);

@@ -45,6 +45,19 @@ TEST(ElementSet, FindsTheFirstOfATagInLargeUnsortedSetsWhileTheyChange)
     EXPECT_EQ(set.Find(0x0009, 0x1001), nullptr);
 }
 
+TEST(ElementSet, FindsAndEmptiesNothingForNumbersBeyond16Bits)
+{
+    CDcmElementSet set;
+    set.Add(MakeText(0x0010, 0x0020, "1"));
+    for (const auto& [group, element] : {std::pair(0x10010, 0x0020), {0x0010, 0x10020}, {0x0010, 0x0020 - 0x10000}})
+    {
+        EXPECT_EQ(set.Find(group, element), nullptr);
+        set.EmptyValue(group, element);
+        set.Remove(group, element);
+    }
+    EXPECT_EQ(Listing(set), (Texts{"00100020=1"}));
+}
+
 TEST(ElementSetSort, OrdersByGroupThenElementAndKeepsTheOrderOfEqualTags)
 {
     CDcmElementSet set;
