@@ -89,14 +89,14 @@ void CElementEncoder::Prepare(CDcmElement& element)
             PrepareItems(element);
         }
         element.m_encodedValueSize = ValueSize(element);
-        element.m_encodedSyntax = element.m_syntax;
+        element.m_encodedSyntax = element.SyntaxToEncode();
     }
 }
 
 void CElementEncoder::PrepareSequence(CDcmElement& element)
 {
     element.m_encodedValueSize = ItemsSize(element);
-    element.m_encodedSyntax = element.m_syntax;
+    element.m_encodedSyntax = element.SyntaxToEncode();
 }
 
 DWORD CElementEncoder::ValueSize(CDcmElement& element)
@@ -297,6 +297,12 @@ void CElementEncoder::WriteItems(const CDcmElement& element, COutputBuffer& out)
         Write(item, out);
     }
     PutItemTag(out, kSequenceDelimiterElement, bigEndian, 0);
+}
+
+signed char CDcmElement::SyntaxToEncode() const
+{
+    const bool known = m_syntax == SYNTAX_IMPLICIT_LITTLE || IsExplicit(m_syntax);
+    return known ? static_cast<signed char>(m_syntax) : kOtherSyntax;
 }
 
 void CDcmElement::Encode()

@@ -236,7 +236,7 @@ public:
     /// The transfer syntax in which the element is to be encoded; implicit VR little endian at first. The code is not
     /// checked: what is encoded in any other than the three of ESyntax cannot be read.
     int Syntax() const { return m_syntax; }
-    void SetSyntax(int syntax) { m_syntax = static_cast<signed char>(syntax); }
+    void SetSyntax(int syntax) { m_syntax = syntax; }
 
     /// Encodes the element in its syntax: drops empty texts, sorts items, fixes the length. Nothing happens without
     /// an entry.
@@ -274,18 +274,22 @@ private:
     template <class ARRAY, class VALUE>
     bool AddNumber(ARRAY& values, VALUE value);
 
-    static constexpr signed char kNeverEncoded = -128; // No syntax; a host may set any other number.
+    static constexpr signed char kNeverEncoded = 0;
+    static constexpr signed char kOtherSyntax = -1; // Encoded in a syntax that is not one of ESyntax.
+
+    /// The current syntax in the form of m_encodedSyntax.
+    signed char SyntaxToEncode() const;
 
     const CDcmEntry* m_entry = nullptr;
     WORD m_group = 0;
     WORD m_element = 0;
     BYTE m_vr = VR_UNKNOWN;
-    signed char m_syntax = SYNTAX_IMPLICIT_LITTLE;
     signed char m_encodedSyntax = kNeverEncoded;
     bool m_read = false;
     Varnotix::ELaterVr m_laterVr = Varnotix::ELaterVr::None;
     EForm m_form = FORM_DEFINED;
     mutable bool m_valueFromRaw = false; // The typed value stands in the raw bytes and is not built yet.
+    int m_syntax = SYNTAX_IMPLICIT_LITTLE;
     DWORD m_encodedValueSize = 0;
     DWORD m_item = 0;
     CSharedBytes m_raw;

@@ -179,10 +179,21 @@ TEST(Encode, OneElementWritesWhatItHeldWhenItWasEncoded)
     element.SetSyntax(SYNTAX_EXPLICIT_BIG);
     element.Encode();
     element.Serialize(archive);
-    // A number that is not a syntax has no layout for the header, 0 like any other.
-    element.SetSyntax(0);
-    element.Encode();
-    EXPECT_EQ(element.EncodedSize(), 10u);
+    // A number that is not a syntax has no layout for the header, whatever its low bits are.
+    for (const int syntax : {0, -1, -128, 256 + SYNTAX_EXPLICIT_LITTLE})
+    {
+        element.SetSyntax(syntax);
+        element.Encode();
+        EXPECT_EQ(element.Syntax(), syntax);
+        EXPECT_EQ(element.EncodedSize(), 10u);
+        CByteArray header;
+        CMemFile none;
+        CArchive other(&none, CArchive::store);
+        element.Serialize(other);
+        other.Close();
+        none.DetachTo(header);
+        EXPECT_EQ(HexText(header), HexText(Stream("0000 0000 0000 0000 'MR'"))) << syntax;
+    }
     archive.Close();
     CByteArray bytes;
     file.DetachTo(bytes);
