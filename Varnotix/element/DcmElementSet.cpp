@@ -62,13 +62,13 @@ CDcmElement* CDcmElementSet::Find(const CDcmElement& sameTag) const
 
 bool CDcmElementSet::IsEmptyOfValues() const
 {
-    const CObList& values = ListOfValues();
+    const CObArray& values = ListOfValues();
     return std::all_of(values.begin(), values.end(),
                        [](const CObject* object) { return ElementOf(object).IsEmptyValue(); });
 }
 
 /// A list that may lack elements which count as empty.
-const CObList& CDcmElementSet::ListOfValues() const
+const CObArray& CDcmElementSet::ListOfValues() const
 {
     return ElementsAsIs().HoldsAllValues() ? ElementsAsIs().list : Body().list;
 }
@@ -162,14 +162,14 @@ void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
     {
         ++toRemove[ElementOf(object).Tag()];
     }
-    CObList kept;
-    CObList removed;
+    CObArray kept;
+    CObArray removed;
     kept.Reserve(GetCount());
     for (CObject* object : Body().list)
     {
         const auto found = toRemove.find(ElementOf(object).Tag());
         const bool remove = found != toRemove.end() && (every || found->second-- > 0);
-        (remove ? removed : kept).AddTail(object);
+        (remove ? removed : kept).Add(object);
     }
     if (!removed.IsEmpty())
     {
@@ -196,7 +196,7 @@ void CDcmElementSet::DestroyContents()
 
 void CDcmElementSet::ForgetAll()
 {
-    CObList borrowed;
+    CObArray borrowed;
     Body().references = 1;
     Elements().SwapList(borrowed);
 }
@@ -256,14 +256,14 @@ void CDcmElementSet::CopyElementsInto(CDcmListBody& target) const
     }
 }
 
-bool CDcmElementSet::EqualLists(const CObList& left, const CObList& right) const
+bool CDcmElementSet::EqualLists(const CObArray& left, const CObArray& right) const
 {
     if (left.GetCount() != right.GetCount())
     {
         return false;
     }
     // Equal elements have equal tags, so both lists are brought into tag order and matched tag by tag.
-    const auto inTagOrder = [](const CObList& list)
+    const auto inTagOrder = [](const CObArray& list)
     {
         std::vector<const CDcmElement*> ordered;
         ordered.reserve(static_cast<std::size_t>(list.GetCount()));

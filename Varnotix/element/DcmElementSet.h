@@ -29,7 +29,7 @@ public:
     /// GetCount (of CDcmList) plus the counts of all nested item sets, at every depth.
     int GetCountAll() const;
     /// The element at a list position, or null.
-    CDcmElement* GetAt(int index) const { return static_cast<CDcmElement*>(Body().list.At(index)); }
+    CDcmElement* GetAt(int index) const { return static_cast<CDcmElement*>(Body().At(index)); }
     /// The first element of the tag, or null.
     CDcmElement* Find(int group, int element) const;
     /// As above; a text that is no hexadecimal number counts as 0.
@@ -174,7 +174,7 @@ public:
 
 protected:
     void CopyElementsInto(CDcmListBody& target) const override;
-    bool EqualLists(const CObList& left, const CObList& right) const override;
+    bool EqualLists(const CObArray& left, const CObArray& right) const override;
 
 private:
     friend class CElementBody;
@@ -184,7 +184,7 @@ private:
 
     CElementBody& Elements() const;
     CElementBody& ElementsAsIs() const;
-    const CObList& ListOfValues() const;
+    const CObArray& ListOfValues() const;
     void Declare(DWORD tag);
     void ForgetDeclared();
     void RemoveTags(const CDcmElementSet& other, bool every);

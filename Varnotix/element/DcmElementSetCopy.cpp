@@ -11,7 +11,7 @@ namespace
 {
 
 /// True when the tags ascend and none stands twice.
-bool InStrictTagOrder(const CObList& list)
+bool InStrictTagOrder(const CObArray& list)
 {
     return std::adjacent_find(list.begin(), list.end(),
                               [](const CObject* left, const CObject* right)
@@ -124,9 +124,9 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
         merged.list.Reserve(merged.list.GetCount() + GetCount());
         for (CObject* object : Body().list)
         {
-            merged.list.AddTail(object);
+            merged.list.Add(object);
         }
-        CObList moved;
+        CObArray moved;
         Elements().SwapList(moved);
     }
     else
@@ -161,30 +161,30 @@ void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
         Sort();
         return;
     }
-    CObList merged;
-    CObList replaced;
+    CObArray merged;
+    CObArray replaced;
     merged.Reserve(GetCount() + values.GetCount());
     replaced.Reserve(values.GetCount());
-    const CObList& mine = Body().list;
+    const CObArray& mine = Body().list;
     auto next = mine.begin();
     for (CObject* value : values.Body().list)
     {
         const DWORD tag = ElementOf(value).Tag();
         for (; next != mine.end() && ElementOf(*next).Tag() < tag; ++next)
         {
-            merged.AddTail(*next);
+            merged.Add(*next);
         }
         if (next != mine.end() && ElementOf(*next).Tag() == tag)
         {
-            replaced.AddTail(*next++);
+            replaced.Add(*next++);
         }
-        merged.AddTail(value);
+        merged.Add(value);
     }
     if (!values.IsEmpty())
     {
         for (; next != mine.end(); ++next)
         {
-            merged.AddTail(*next);
+            merged.Add(*next);
         }
         Elements().SwapList(merged);
         values.ForgetAll();

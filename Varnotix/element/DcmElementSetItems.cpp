@@ -55,7 +55,7 @@ void CDcmElementSet::GetItem(int item, CObList& elements) const
 
 CDcmElement* CDcmElementSet::FindInItem(int item, int group, int element) const
 {
-    return Elements().FindInItem(TagNumber(group, element), item);
+    return IsTag(group, element) ? Elements().FindInItem(TagNumber(group, element), item) : nullptr;
 }
 
 bool CDcmElementSet::HasUndefinedLength(int item) const
@@ -70,12 +70,12 @@ bool CDcmElementSet::RemoveItem(int item)
         return false;
     }
     NumberItems();
-    CObList kept;
-    CObList removed;
+    CObArray kept;
+    CObArray removed;
     kept.Reserve(GetCount());
     for (CObject* object : Body().list)
     {
-        (ItemOf(ElementOf(object)) == item ? removed : kept).AddTail(object);
+        (ItemOf(ElementOf(object)) == item ? removed : kept).Add(object);
     }
     CElementBody& body = Elements();
     body.SwapList(kept);

@@ -60,7 +60,7 @@ void CDcmFrameList::CopyElementsInto(CDcmListBody& target) const
     }
 }
 
-bool CDcmFrameList::EqualLists(const CObList& left, const CObList& right) const
+bool CDcmFrameList::EqualLists(const CObArray& left, const CObArray& right) const
 {
     return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                       [](const CObject* a, const CObject* b) { return Frame(a).Size() == Frame(b).Size(); });
@@ -110,7 +110,7 @@ void CDcmFrameList::RemoveAll()
 
 CDcmFrameList::EForm CDcmFrameList::ReadForm() const
 {
-    const CObList& frames = Body().list;
+    const CObArray& frames = Body().list;
     const bool changed =
         std::any_of(frames.begin(), frames.end(), [](const CObject* frame) { return Frame(frame).WasHandedOut(); });
     return changed ? FORM_UNKNOWN : m_readForm;

@@ -36,7 +36,7 @@ public:
     void SetFrame(int index, const CByteArray& bytes);
 
     /// The frame at a list position, or null.
-    CDcmFrame* GetFrame(int index) const { return static_cast<CDcmFrame*>(Body().list.At(index)); }
+    CDcmFrame* GetFrame(int index) const { return static_cast<CDcmFrame*>(Body().At(index)); }
 
     /// Removes all frames, and the offset table, which told where they lay.
     void RemoveAll();
@@ -70,7 +70,7 @@ public:
 
 protected:
     void CopyElementsInto(CDcmListBody& target) const override;
-    bool EqualLists(const CObList& left, const CObList& right) const override;
+    bool EqualLists(const CObArray& left, const CObArray& right) const override;
 
 private:
     CByteArray m_offsetTable;

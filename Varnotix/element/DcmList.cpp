@@ -10,7 +10,7 @@ CDcmListBody::~CDcmListBody()
 
 void CDcmListBody::Append(std::unique_ptr<CObject> object)
 {
-    list.AddTail(object.get());
+    list.Add(object.get());
     static_cast<void>(object.release());
 }
 
@@ -25,7 +25,7 @@ void CDcmListBody::DestroyObjects()
     {
         return; // As are the most, those of sequences in modules.
     }
-    CObList doomed;
+    CObArray doomed;
     doomed.Swap(list);
     for (CObject* object : doomed)
     {

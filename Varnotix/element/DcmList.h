@@ -1,7 +1,7 @@
 /// The handle to a shared, counted body of owned objects: the base of element sets and frame lists.
 #pragma once
 
-#include "Varnotix/platform/Lists.h"
+#include "Varnotix/platform/Arrays.h"
 
 #include <memory>
 
@@ -16,6 +16,9 @@ public:
     CDcmListBody& operator=(const CDcmListBody&) = delete;
     ~CDcmListBody() override;
 
+    /// The object at an index, or null.
+    CObject* At(int index) const { return index >= 0 && index < list.GetSize() ? list[index] : nullptr; }
+
     /// Appends an object and takes it over, also when there is no memory for it.
     void Append(std::unique_ptr<CObject> object);
 
@@ -25,7 +28,7 @@ public:
     /// Adds the objects that were left out of the list until somebody looks at it. Memory that ran out leaves them out.
     virtual void Fill();
 
-    CObList list;
+    CObArray list;
     int references = 1;
     bool unfilled = false;
 };
@@ -54,7 +57,7 @@ protected:
     /// Appends a newly made copy of each object, in order. When memory runs out, the target owns those that were made.
     virtual void CopyElementsInto(CDcmListBody& target) const = 0;
     /// Compares the objects of two lists.
-    virtual bool EqualLists(const CObList& left, const CObList& right) const = 0;
+    virtual bool EqualLists(const CObArray& left, const CObArray& right) const = 0;
 
     CDcmListBody& Body() const
     {

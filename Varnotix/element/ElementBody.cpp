@@ -50,7 +50,7 @@ CDcmElement* CElementBody::Find(DWORD tag) const
 {
     if (m_sorted)
     {
-        CDcmElement* element = At(LowerBound(tag));
+        CDcmElement* element = ElementAt(LowerBound(tag));
         return element != nullptr && element->Tag() == tag ? element : nullptr;
     }
     if (list.GetCount() <= kScanLimit)
@@ -101,7 +101,7 @@ void CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
     {
         element->SetItem(selectedItem);
     }
-    const bool inOrder = list.IsEmpty() || TagOf(list.GetTail()) <= element->Tag();
+    const bool inOrder = list.IsEmpty() || TagOf(list[list.GetUpperBound()]) <= element->Tag();
     Append(std::move(added));
     m_sorted = m_sorted && inOrder;
     if (m_firstOfTag)
@@ -131,7 +131,7 @@ bool CElementBody::Unlink(const CDcmElement* element)
     {
         return false;
     }
-    list.RemoveAt(list.FindIndex(index));
+    list.RemoveAt(index);
     if (m_firstOfTag)
     {
         const auto indexed = m_firstOfTag->find(element->Tag());
@@ -150,7 +150,7 @@ void CElementBody::ListChanged()
     m_sorted = std::is_sorted(list.begin(), list.end(), TagLess);
 }
 
-void CElementBody::SwapList(CObList& elements) noexcept
+void CElementBody::SwapList(CObArray& elements) noexcept
 {
     list.Swap(elements);
     ListChanged();
@@ -187,7 +187,7 @@ void CElementBody::Sort()
     {
         std::stable_sort(elements.begin(), elements.end(), TagLess);
     }
-    list.Assign(elements);
+    list.Assign(elements.data(), static_cast<int>(elements.size()));
     m_firstOfTag.reset();
     m_sorted = true;
 }
@@ -296,14 +296,14 @@ template <class MAKE>
 void CElementBody::AddMissing(const MAKE& make)
 {
     CDcmListBody made; // Owns the new elements until they are in the list.
-    CObList all;
+    CObArray all;
     all.Reserve(list.GetCount() + static_cast<int>(m_shape->Elements().size()));
     const auto* next = list.begin();
     for (const CElementShape::SElement& element : m_shape->Elements())
     {
         while (next != list.end() && TagOf(*next) < element.tag)
         {
-            all.AddTail(*next++);
+            all.Add(*next++);
         }
         if (next != list.end() && TagOf(*next) == element.tag)
         {
@@ -311,7 +311,7 @@ void CElementBody::AddMissing(const MAKE& make)
         }
         if (std::unique_ptr<CDcmElement> missing = make(element))
         {
-            all.AddTail(missing.get());
+            all.Add(missing.get());
             made.Append(std::move(missing));
         }
     }
@@ -319,7 +319,7 @@ void CElementBody::AddMissing(const MAKE& make)
     {
         for (; next != list.end(); ++next)
         {
-            all.AddTail(*next);
+            all.Add(*next);
         }
         SwapList(all);
         made.list.RemoveAll();
@@ -350,7 +350,7 @@ CDcmElement* CElementBody::FindFrom(DWORD tag, int& start) const
     const auto* found = std::lower_bound(list.begin() + std::min(start, list.GetCount()), end, tag,
                                          [](const CObject* element, DWORD value) { return TagOf(element) < value; });
     start = static_cast<int>(found - list.begin());
-    CDcmElement* element = At(start);
+    CDcmElement* element = ElementAt(start);
     return element != nullptr && element->Tag() == tag ? element : nullptr;
 }
 

@@ -59,7 +59,7 @@ private:
 class CElementBody : public CDcmListBody
 {
 public:
-    CDcmElement* At(int index) const { return static_cast<CDcmElement*>(list.At(index)); }
+    CDcmElement* ElementAt(int index) const { return static_cast<CDcmElement*>(At(index)); }
 
     /// The first element of the tag in list order, or null.
     CDcmElement* Find(DWORD tag) const;
@@ -71,7 +71,7 @@ public:
     bool Unlink(const CDcmElement* element);
 
     /// Exchanges the whole list. Elements that were in it and are not any more belong to the caller. Never fails.
-    void SwapList(CObList& elements) noexcept;
+    void SwapList(CObArray& elements) noexcept;
 
     /// Adds an empty element for each tag of the shape that is not in the list.
     void Fill() override;

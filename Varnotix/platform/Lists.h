@@ -1,148 +1,232 @@
 #pragma once
 
-#include "Varnotix/platform/Array.h"
+#include "Varnotix/platform/Arrays.h"
 
-#include <span>
+#include <climits>
 
-/// A list held side by side in memory.
+#include <cstddef>
+#include <iterator>
+#include <new>
+#include <stdexcept>
+#include <utility>
+
+/// A list of linked entries.
 ///
 /// Contract:
-/// - A POSITION counts entries. Removing or inserting an entry moves the positions behind it by one; adding at the tail
-///   moves none.
-/// - A position outside the list throws std::out_of_range, as does asking an empty list for its head or tail.
-/// - Adding at the tail is constant over many additions; changes at the head cost as much as the list is long.
+/// - A POSITION stays valid, and stays with its entry, until that entry is removed, whatever else is added or removed.
+///   The position of a removed entry must not be used any more; it is not checked.
+/// - A null position throws std::out_of_range, as does asking an empty list for its head or tail.
+/// - Changes at any position take constant time; FindIndex and Find walk the list.
 /// - Memory that ran out throws CMemoryException and leaves the list unchanged.
 template <class TYPE, class ARG_TYPE>
 class CListBase : public CObject
 {
-public:
-    int GetCount() const noexcept { return m_items.GetSize(); }
-    bool IsEmpty() const noexcept { return m_items.IsEmpty(); }
-    /// Forgets all entries and gives their memory back.
-    void RemoveAll() noexcept { m_items.RemoveAll(); }
-    void Reserve(int count) { m_items.Reserve(count); }
-    POSITION AddTail(ARG_TYPE value) { return ToPosition(m_items.Add(value)); }
-    POSITION AddHead(ARG_TYPE value)
+    struct SEntry
     {
-        m_items.InsertAt(0, value);
-        return ToPosition(0);
+        TYPE value;
+        SEntry* previous;
+        SEntry* next;
+    };
+
+public:
+    /// A forward iterator over the entries.
+    class CIterator
+    {
+    public:
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = TYPE;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const TYPE*;
+        using reference = const TYPE&;
+
+        CIterator() = default;
+        explicit CIterator(const SEntry* entry) : m_entry(entry) {}
+        reference operator*() const { return m_entry->value; }
+        pointer operator->() const { return &m_entry->value; }
+        CIterator& operator++()
+        {
+            m_entry = m_entry->next;
+            return *this;
+        }
+        CIterator operator++(int) { return CIterator(std::exchange(m_entry, m_entry->next)); }
+        bool operator==(const CIterator& other) const = default;
+
+    private:
+        const SEntry* m_entry = nullptr;
+    };
+
+    CListBase(const CListBase& other) : CListBase()
+    {
+        for (const TYPE& value : other)
+        {
+            AddTail(value);
+        }
     }
+    CListBase(CListBase&& other) noexcept { Swap(other); }
+    CListBase& operator=(const CListBase& other)
+    {
+        CListBase copy(other);
+        Swap(copy);
+        return *this;
+    }
+    CListBase& operator=(CListBase&& other) noexcept
+    {
+        CListBase moved(std::move(other));
+        Swap(moved);
+        return *this;
+    }
+    ~CListBase() override { RemoveAll(); }
+
+    int GetCount() const noexcept { return m_count; }
+    bool IsEmpty() const noexcept { return m_count == 0; }
+    /// Removes all entries and gives their memory back.
+    void RemoveAll() noexcept
+    {
+        while (m_head != nullptr)
+        {
+            delete std::exchange(m_head, m_head->next);
+        }
+        m_tail = nullptr;
+        m_count = 0;
+    }
+    POSITION AddTail(ARG_TYPE value) { return Link(value, m_tail, nullptr); }
+    POSITION AddHead(ARG_TYPE value) { return Link(value, nullptr, m_head); }
     /// Inserts before `position`; null means at the head. Returns the new entry's position.
     POSITION InsertBefore(POSITION position, ARG_TYPE value)
     {
-        const int index = position == nullptr ? 0 : Index(position);
-        m_items.InsertAt(index, value);
-        return ToPosition(index);
+        return position == nullptr ? AddHead(value) : Link(value, Entry(position).previous, &Entry(position));
     }
-    /// Inserts behind `position`; null means at the tail. Returns the new entry's position.
+    /// Inserts after `position`; null means at the tail. Returns the new entry's position.
     POSITION InsertAfter(POSITION position, ARG_TYPE value)
     {
-        const int index = position == nullptr ? GetCount() : Index(position) + 1;
-        m_items.InsertAt(index, value);
-        return ToPosition(index);
+        return position == nullptr ? AddTail(value) : Link(value, &Entry(position), Entry(position).next);
     }
     /// The first position; null when empty.
-    POSITION GetHeadPosition() const noexcept { return FindIndex(0); }
+    POSITION GetHeadPosition() const noexcept { return ToPosition(m_head); }
     /// The last position; null when empty.
-    POSITION GetTailPosition() const noexcept { return FindIndex(GetCount() - 1); }
-    /// The entry at `position`, which moves on to the next one, or to null behind the last.
+    POSITION GetTailPosition() const noexcept { return ToPosition(m_tail); }
+    /// The entry at `position`, which moves on to the next one, or to null after the last.
     const TYPE& GetNext(POSITION& position) const
     {
-        const int index = Index(position);
-        position = FindIndex(index + 1);
-        return m_items[index];
+        const SEntry& entry = Entry(position);
+        position = ToPosition(entry.next);
+        return entry.value;
     }
     /// The entry at `position`, which moves back to the one before, or to null before the first.
     const TYPE& GetPrev(POSITION& position) const
     {
-        const int index = Index(position);
-        position = FindIndex(index - 1);
-        return m_items[index];
+        const SEntry& entry = Entry(position);
+        position = ToPosition(entry.previous);
+        return entry.value;
     }
-    const TYPE& GetAt(POSITION position) const { return m_items[Index(position)]; }
-    void SetAt(POSITION position, ARG_TYPE value) { m_items[Index(position)] = value; }
-    void RemoveAt(POSITION position) { m_items.RemoveAt(Index(position)); }
-    const TYPE& GetHead() const { return m_items.GetAt(0); }
-    const TYPE& GetTail() const { return m_items.GetAt(GetCount() - 1); }
+    const TYPE& GetAt(POSITION position) const { return Entry(position).value; }
+    void SetAt(POSITION position, ARG_TYPE value) { Entry(position).value = value; }
+    void RemoveAt(POSITION position)
+    {
+        SEntry& entry = Entry(position);
+        (entry.previous != nullptr ? entry.previous->next : m_head) = entry.next;
+        (entry.next != nullptr ? entry.next->previous : m_tail) = entry.previous;
+        --m_count;
+        delete &entry;
+    }
+    const TYPE& GetHead() const { return GetAt(GetHeadPosition()); }
+    const TYPE& GetTail() const { return GetAt(GetTailPosition()); }
     /// Removes the first entry and returns it.
-    TYPE RemoveHead()
-    {
-        TYPE value = GetHead();
-        m_items.RemoveAt(0);
-        return value;
-    }
+    TYPE RemoveHead() { return Take(GetHeadPosition()); }
     /// Removes the last entry and returns it.
-    TYPE RemoveTail()
-    {
-        TYPE value = GetTail();
-        m_items.RemoveAt(GetCount() - 1);
-        return value;
-    }
+    TYPE RemoveTail() { return Take(GetTailPosition()); }
     /// The position of the entry with this zero-based index; null outside.
     POSITION FindIndex(int index) const noexcept
     {
-        return index >= 0 && index < GetCount() ? ToPosition(index) : nullptr;
+        if (index < 0 || index >= m_count)
+        {
+            return nullptr;
+        }
+        SEntry* entry = m_head;
+        for (int i = 0; i < index; ++i)
+        {
+            entry = entry->next;
+        }
+        return ToPosition(entry);
     }
-    /// The position of the first entry equal to `value`, searched behind `after` (null: from the head); null when none.
+    /// The position of the first entry equal to `value`, searched after `after` (null: from the head); null when none.
     POSITION Find(ARG_TYPE value, POSITION after = nullptr) const
     {
-        const int start = after == nullptr ? 0 : Index(after) + 1;
-        const auto found = std::find(begin() + start, end(), value);
-        return FindIndex(static_cast<int>(found - begin()));
-    }
-    /// Replaces all entries; `values` may be this list's own.
-    void Assign(std::span<const TYPE> values)
-    {
-        if (values.size() > static_cast<std::size_t>(INT_MAX))
+        SEntry* entry = after == nullptr ? m_head : Entry(after).next;
+        while (entry != nullptr && !(entry->value == value))
         {
-            ThrowMemoryException();
+            entry = entry->next;
         }
-        m_items.Assign(values.data(), static_cast<int>(values.size()));
+        return ToPosition(entry);
     }
-    const TYPE* begin() const noexcept { return m_items.begin(); }
-    const TYPE* end() const noexcept { return m_items.end(); }
+    CIterator begin() const noexcept { return CIterator(m_head); }
+    CIterator end() const noexcept { return CIterator(); }
+    void Swap(CListBase& other) noexcept
+    {
+        std::swap(m_head, other.m_head);
+        std::swap(m_tail, other.m_tail);
+        std::swap(m_count, other.m_count);
+    }
 
 protected:
     CListBase() = default;
-    void SwapItems(CListBase& other) noexcept { m_items.Swap(other.m_items); }
 
 private:
-    static POSITION ToPosition(int index) noexcept
+    static POSITION ToPosition(SEntry* entry) noexcept { return reinterpret_cast<POSITION>(entry); }
+    static SEntry& Entry(POSITION position)
     {
-        // A position is an index in the guise of a pointer. NOLINTNEXTLINE(performance-no-int-to-ptr)
-        return reinterpret_cast<POSITION>(static_cast<std::uintptr_t>(index) + 1);
-    }
-    int Index(POSITION position) const
-    {
-        const std::uintptr_t place = reinterpret_cast<std::uintptr_t>(position);
-        if (place == 0 || place > static_cast<std::uintptr_t>(GetCount()))
+        if (position == nullptr)
         {
             throw std::out_of_range("list position");
         }
-        return static_cast<int>(place - 1);
+        return *reinterpret_cast<SEntry*>(position);
+    }
+    POSITION Link(ARG_TYPE value, SEntry* previous, SEntry* next)
+    {
+        SEntry* entry = Made(value, previous, next);
+        (previous != nullptr ? previous->next : m_head) = entry;
+        (next != nullptr ? next->previous : m_tail) = entry;
+        ++m_count;
+        return ToPosition(entry);
+    }
+    SEntry* Made(ARG_TYPE value, SEntry* previous, SEntry* next) const
+    {
+        try
+        {
+            if (m_count < INT_MAX)
+            {
+                return new SEntry{value, previous, next};
+            }
+        }
+        catch (const std::bad_alloc&) // Goes on below.
+        {
+        }
+        ThrowMemoryException();
+    }
+    TYPE Take(POSITION position)
+    {
+        TYPE value = GetAt(position);
+        RemoveAt(position);
+        return value;
     }
 
-    CArray<TYPE, ARG_TYPE> m_items;
+    SEntry* m_head = nullptr;
+    SEntry* m_tail = nullptr;
+    int m_count = 0;
 };
 
 /// A list of pointers to objects, which it does not own. A copy holds the same pointers.
 class VARNOTIX_EXPORT CObList : public CListBase<CObject*, CObject*>
 {
     DECLARE_DYNCREATE(CObList)
-    /// `blockSize` is a hint that the geometric growth makes unnecessary.
+    /// `blockSize` has no effect; each entry is allocated separately.
     explicit CObList(int blockSize = 10);
-
-    /// The entry with this zero-based index; null outside the list.
-    CObject* At(int index) const noexcept { return index >= 0 && index < GetCount() ? begin()[index] : nullptr; }
-    void Swap(CObList& other) noexcept { SwapItems(other); }
 };
 
 /// A list of texts.
 class VARNOTIX_EXPORT CStringList : public CListBase<CString, const CString&>
 {
     DECLARE_DYNCREATE(CStringList)
-    /// `blockSize` is a hint that the geometric growth makes unnecessary.
+    /// `blockSize` has no effect; each entry is allocated separately.
     explicit CStringList(int blockSize = 10);
-
-    void Swap(CStringList& other) noexcept { SwapItems(other); }
 };

@@ -42,24 +42,53 @@ TEST(ArrayTest, WhatCannotBeThrowsAndChangesNothing)
     EXPECT_TRUE(bytes == Bytes({1}));
 }
 
-TEST(ListTest, PositionsMoveUpAndThrowOutside)
+TEST(ListTest, PositionsStayWithTheirEntriesWhileOthersComeAndGo)
 {
-    CByteArray one;
-    CByteArray two;
+    CStringList list;
+    for (const char* text : {"b", "drop", "d", "drop", "drop"})
+    {
+        list.AddTail(text);
+    }
+    for (POSITION next = list.GetHeadPosition(); next != nullptr;)
+    {
+        const POSITION current = next;
+        if (list.GetNext(next) == CString("drop"))
+        {
+            list.RemoveAt(current);
+        }
+    }
+    const POSITION last = list.GetTailPosition();
+    list.InsertBefore(last, "c");
+    list.InsertAfter(last, "e");
+    list.AddHead("a");
+    EXPECT_STREQ(list.GetAt(last), "d");
+    EXPECT_EQ(list.Find("d"), last);
+    EXPECT_EQ(list.Find("d", last), nullptr);
+    EXPECT_TRUE(list.FindIndex(3) == last && list.FindIndex(5) == nullptr && list.FindIndex(-1) == nullptr);
+    CStringList copy(list);
+    copy.RemoveAt(copy.FindIndex(2));
+    EXPECT_STREQ(copy.RemoveHead(), "a");
+    EXPECT_STREQ(copy.RemoveTail(), "e");
+    copy = list;
+    std::string forward;
+    std::string backward;
+    for (const CString& text : copy)
+    {
+        forward += text;
+    }
+    for (POSITION previous = copy.GetTailPosition(); previous != nullptr;)
+    {
+        backward += copy.GetPrev(previous);
+    }
+    EXPECT_EQ(forward + backward, "abcdeedcba");
+}
+
+TEST(ListTest, WhatIsNotThereThrows)
+{
     CObList list;
     EXPECT_THROW(list.GetHead(), std::out_of_range);
     EXPECT_THROW(list.RemoveTail(), std::out_of_range);
-    const POSITION first = list.AddTail(&one);
-    list.AddTail(&two);
-    list.AddTail(&one);
-    list.RemoveAt(first);
-    EXPECT_EQ(list.GetAt(first), &two);
-    EXPECT_EQ(list.Find(&one), list.FindIndex(1));
-    EXPECT_EQ(list.Find(&one, list.FindIndex(1)), nullptr);
-    POSITION place = list.FindIndex(1);
-    list.GetNext(place);
-    EXPECT_EQ(place, nullptr);
-    EXPECT_THROW(list.GetNext(place), std::out_of_range);
-    list.RemoveAll();
-    EXPECT_THROW(list.RemoveAt(first), std::out_of_range);
+    POSITION none = list.GetHeadPosition();
+    EXPECT_THROW(list.GetNext(none), std::out_of_range);
+    EXPECT_THROW(list.RemoveAt(none), std::out_of_range);
 }
