@@ -183,7 +183,7 @@ void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
 
 void CDcmElementSet::RemoveAll()
 {
-    TakeBody(new CElementBody);
+    ReplaceBody(std::make_unique<CElementBody>());
     ForgetDeclared();
 }
 

@@ -164,7 +164,9 @@ public:
     /// a position outside the list or a tag that is not in the set.
     CDcmElement* FindDeclared(int position) const;
     /// Adds an SQ element whose items are the member set's elements from now on: what is written through either is
-    /// seen by the other, also after a copy or an assignment. The element of a tag that is no SQ is added unbound.
+    /// seen by the other, also after a copy or an assignment, or when this set's elements are replaced. A member whose
+    /// own set takes a fresh body (RemoveAll, CopyByValue, Merge) or shares another's is bound no more. The element of
+    /// a tag that is no SQ is added unbound.
     void BindSequence(const CString& group, const CString& element, CDcmElementSet& member);
     /// As BindSequence, for the shape's next sequence.
     void BindNext(CDcmElementSet& member);
@@ -189,6 +191,8 @@ private:
     void ForgetDeclared();
     void RemoveTags(const CDcmElementSet& other, bool every);
     void NumberItems();
+    /// Takes a fresh body, in which the members of this set's own body stay bound.
+    void ReplaceBody(std::unique_ptr<CElementBody> body);
 
     const CElementShape* m_classShape = nullptr; // Tells the declared tags as long as they are those of the class.
     CDWordArray m_declared;

@@ -25,6 +25,13 @@ void CDcmElementSet::CopyByReference(const CDcmElementSet& other)
     ShareBody(other);
 }
 
+void CDcmElementSet::ReplaceBody(std::unique_ptr<CElementBody> body)
+{
+    body->TakeBindings(ElementsAsIs());
+    TakeBody(body.release());
+    ElementsAsIs().Rebind(false);
+}
+
 void CDcmElementSet::CopyByValue(const CDcmElementSet& other)
 {
     if (this != &other)
@@ -34,7 +41,7 @@ void CDcmElementSet::CopyByValue(const CDcmElementSet& other)
         body->ListChanged();
         body->CopyItemForms(other.ElementsAsIs());
         CopyDeclared(other);
-        TakeBody(body.release()); // The other set may lie in the body that goes.
+        ReplaceBody(std::move(body)); // The other set may lie in the body that goes.
     }
 }
 
@@ -46,6 +53,7 @@ void CDcmElementSet::CopyIntoBody(const CDcmElementSet& other)
     }
     CElementBody& mine = ElementsAsIs();
     const CElementBody& others = other.ElementsAsIs();
+    const CBodyHandle kept(other.ElementsAsIs()); // The other set may lie in an element that goes.
     if (mine.IsUnfilledLike(others))
     {
         mine.CopyUnfilled(others);
@@ -59,6 +67,7 @@ void CDcmElementSet::CopyIntoBody(const CDcmElementSet& other)
     mine.SwapList(copies.list);
     mine.CopyItemForms(others);
     mine.Rebind(false);
+    mine.CopyUnshownMembers(others);
 }
 
 void CDcmElementSet::ReplaceItems(const CDcmElementSet& items)
@@ -140,7 +149,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
     {
         body->itemForms.Add(forms.IsUndefined(item));
     }
-    TakeBody(body.release());
+    ReplaceBody(std::move(body));
     for (CObject* object : Body().list)
     {
         const auto source = known.find(ElementOf(object).Tag());

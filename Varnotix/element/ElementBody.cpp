@@ -263,10 +263,6 @@ void CElementBody::Rebind(bool restore)
     {
         return;
     }
-    if (restore)
-    {
-        Sort();
-    }
     for (std::size_t i = 0; i < m_members.size(); ++i)
     {
         CDcmElement* sequence = FindMember(i);
@@ -291,7 +287,9 @@ void CElementBody::Rebind(bool restore)
     unfilled = unfilled || restore;
 }
 
-/// @param make gives the element for a tag of the shape that is not in the sorted list, or null for none.
+/// In a sorted list the new elements go to their places; after the items of a read, which keep the stream's order, they
+/// go to the end.
+/// @param make gives the element for a tag of the shape that is not in the list, or null for none.
 template <class MAKE>
 void CElementBody::AddMissing(const MAKE& make)
 {
@@ -299,13 +297,18 @@ void CElementBody::AddMissing(const MAKE& make)
     CObArray all;
     all.Reserve(list.GetCount() + static_cast<int>(m_shape->Elements().size()));
     const auto* next = list.begin();
+    if (!m_sorted)
+    {
+        all.Append(list);
+        next = list.end();
+    }
     for (const CElementShape::SElement& element : m_shape->Elements())
     {
         while (next != list.end() && TagOf(*next) < element.tag)
         {
             all.Add(*next++);
         }
-        if (next != list.end() && TagOf(*next) == element.tag)
+        if (m_sorted ? next != list.end() && TagOf(*next) == element.tag : Find(element.tag) != nullptr)
         {
             continue;
         }
@@ -385,15 +388,39 @@ void CElementBody::CopyUnfilled(const CElementBody& other)
         copies.Append(std::make_unique<CDcmElement>(ElementOf(object)));
     }
     Clear();
-    list.Swap(copies.list);
+    SwapList(copies.list);
     CopyItemForms(other);
     unfilled = true;
     Rebind(false);
+    CopyUnshownMembers(other);
+}
+
+void CElementBody::CopyUnshownMembers(const CElementBody& other)
+{
     for (std::size_t i = 0; i < m_members.size(); ++i)
     {
-        if (FindMember(i) == nullptr)
+        if (FindMember(i) != nullptr)
         {
-            CDcmElementSet(*m_members[i]).CopyIntoBody(CDcmElementSet(*other.m_members[i]));
+            continue;
         }
+        CDcmElementSet member(*m_members[i]);
+        if (i < other.m_members.size() && m_shape->Sequences()[i] == other.m_shape->Sequences()[i])
+        {
+            member.CopyIntoBody(CDcmElementSet(*other.m_members[i]));
+        }
+        else
+        {
+            member.EmptyValues();
+        }
+    }
+}
+
+void CElementBody::TakeBindings(CElementBody& replaced) noexcept
+{
+    if (replaced.references == 1 && !replaced.m_members.empty())
+    {
+        m_shape = replaced.m_shape;
+        m_ownShape.swap(replaced.m_ownShape);
+        m_members.swap(replaced.m_members);
     }
 }

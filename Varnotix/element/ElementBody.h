@@ -54,8 +54,8 @@ private:
 /// Streams and modules fill sets in tag order nearly always, and then a binary search over the list itself answers.
 /// A set that is out of order gets an index of the first element of each tag once somebody searches it.
 ///
-/// A body with a shape is unfilled at first: elements of the shape that nobody gave a value are left out of its list,
-/// which is in tag order. They are added when somebody looks at the list; most of most modules' are never looked at.
+/// A body with a shape is unfilled at first: elements of the shape that nobody gave a value are left out of its list.
+/// They are added when somebody looks at the list; most of most modules' are never looked at.
 class CElementBody : public CDcmListBody
 {
 public:
@@ -115,6 +115,11 @@ public:
     void TakeValues(const CElementBody& other);
     /// Replaces the elements by copies of those of a body that is unfilled like this one.
     void CopyUnfilled(const CElementBody& other);
+    /// Members that no element shows take the values of the other's member in their place, or become empty without
+    /// one: an accessor must not show what was there before a copy.
+    void CopyUnshownMembers(const CElementBody& other);
+    /// Takes over the bound members of a body that this one replaces, when no other handle shares that body.
+    void TakeBindings(CElementBody& replaced) noexcept;
 
     /// Makes the SQ element of the shape's next sequence show a member's elements.
     void BindNext(CElementBody& member);

@@ -67,6 +67,13 @@ CByteArray OuterStream(const char* uid, const char* label)
     return bytes;
 }
 
+/// A text of the inner sequence as the module's elements hold it.
+std::string InnerText(const CDcmModule& module, int element)
+{
+    const CDcmElementSet& outer = *module.GetDcmElementSet().Find(0x0008, 0x1120)->Items();
+    return TextOf(*outer.Find(0x0008, 0x1140)->Items(), 0x0008, element);
+}
+
 } // namespace
 
 TEST(Rows, GiveReferencesIntoTheirElementAndIgnoreAValueOfAnotherKind)
@@ -128,6 +135,68 @@ TEST(Binding, ShowsTheFirstOfSeveralItems)
     module.Outer().Label("three");
     EXPECT_EQ(Listing(module.Outer().GetDcmElementSet()),
               (std::vector<std::string>{"00080104=three", "00080104=two", "00081140="}));
+}
+
+TEST(Binding, ShowsItemsInTheirOwnOrderAndDeclaredElementsThatTheyLack)
+{
+    CDcmIOD iod;
+    iod.ElementStore().Add(
+        MakeSequence(0x0008, 0x1120, {MakeText(0x0020, 0x000D, "9.9"), MakeText(0x0008, 0x0100, "first tag")}));
+    CRowsModule module;
+    iod >> module;
+    CRowsModule copy(module);
+    module.Outer().Inner().ClassUID("1.2");
+    EXPECT_EQ(InnerText(module, 0x1150), "1.2");
+    module.Outer().Label("here");
+    EXPECT_EQ(Listing(module.Outer().GetDcmElementSet()),
+              (std::vector<std::string>{"0020000d=9.9", "00080100=first tag", "00080104=here", "00081140="}));
+    EXPECT_FALSE(copy == module);
+    EXPECT_EQ(InnerText(copy, 0x1150), "");
+}
+
+TEST(Binding, OfAnAbsentSequenceShowsTheMemberOfTheAssignedModule)
+{
+    CRowsModule source;
+    source.Outer().Label("source");
+    source.GetDcmElementSet().Remove(0x0008, 0x1120);
+    CRowsModule target;
+    target.Outer().Label("stale");
+    target.Outer().Inner().ClassUID("9.9");
+    target = source;
+    EXPECT_STREQ(target.Outer().Label(), "source");
+    EXPECT_TRUE(target.Outer().Inner().ClassUID().IsEmpty());
+    // Within an item the sequence that is absent has no member to take values from.
+    CDcmElementSet items;
+    items.Add(MakeText(0x0008, 0x0104, "items"));
+    CRowsModule nested;
+    nested.Outer().Inner().ClassUID("9.9");
+    nested.GetDcmElementSet().Find(0x0008, 0x1120)->SetItems(items);
+    EXPECT_TRUE(nested.Outer().Inner().ClassUID().IsEmpty());
+}
+
+TEST(Binding, OutlivesTheReplacementOfAModulesElements)
+{
+    CRowsModule source;
+    source.Outer().Inner().ClassUID("1.2");
+    CDcmElementSet other;
+    other.Add(MakeText(0x0010, 0x0010, "N"));
+    CRowsModule removed(source);
+    CRowsModule copied(source);
+    CRowsModule merged(source);
+    removed.GetDcmElementSet().RemoveAll();
+    copied.GetDcmElementSet().CopyByValue(CRowsModule().GetDcmElementSet());
+    EXPECT_TRUE(copied.Outer().Inner().ClassUID().IsEmpty());
+    merged.GetDcmElementSet().Merge(other);
+    EXPECT_EQ(InnerText(merged, 0x1150), "1.2");
+    for (CRowsModule* module : {&removed, &copied, &merged})
+    {
+        source.Outer().Inner().ClassUID("3.4");
+        *module = source;
+        EXPECT_STREQ(module->Outer().Inner().ClassUID(), "3.4");
+        module->Outer().Inner().ClassUID("5.6");
+        EXPECT_EQ(InnerText(*module, 0x1150), "5.6");
+        EXPECT_EQ(InnerText(source, 0x1150), "3.4");
+    }
 }
 
 TEST(UnseenElements, AreThereForEveryOperation)
