@@ -239,15 +239,16 @@ public: \
     } \
     Class::Class(const CDcmCompositeIOD& other) : Class() \
     { \
-        CDcmCompositeIOD::operator=(other); \
+        TakeStore(other); \
     } \
     Class::~Class() = default; \
     Class& Class::operator=(const Class& other) \
     { \
         if (this != &other) \
         { \
+            EmptyIodModules(); /* A derived object has modules that are not assigned here. */ \
             AssignEntities(other); \
-            CDcmIOD::operator=(other); \
+            TakeStore(other); \
         } \
         return *this; \
     } \
@@ -256,7 +257,6 @@ public: \
         if (this != &other) \
         { \
             InitializeIod(); \
-            EmptyIodModules(); \
             CDcmCompositeIOD::operator=(other); \
         } \
         return *this; \

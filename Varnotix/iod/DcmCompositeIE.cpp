@@ -1,9 +1,12 @@
 #include "Varnotix/iod/DcmCompositeIE.h"
 
+#include "Varnotix/iod/DcmIODPrivate.h"
+
 IMPLEMENT_DYNCREATE(CDcmCompositeIE, CDcmCompositeIOD)
 
 CDcmCompositeIE::CDcmCompositeIE()
 {
+    IodPrivate().isTyped = true;
     m_metaFileInformation.SetOwner(this);
     CDcmCompositeIE::InitializeIod();
 }
@@ -15,7 +18,7 @@ CDcmCompositeIE::CDcmCompositeIE(const CDcmCompositeIE& other) : CDcmCompositeIE
 
 CDcmCompositeIE::CDcmCompositeIE(const CDcmCompositeIOD& other) : CDcmCompositeIE()
 {
-    CDcmCompositeIOD::operator=(other);
+    TakeStore(other);
 }
 
 CDcmCompositeIE::~CDcmCompositeIE() = default;
@@ -24,8 +27,9 @@ CDcmCompositeIE& CDcmCompositeIE::operator=(const CDcmCompositeIE& other)
 {
     if (this != &other)
     {
+        EmptyIodModules(); // Those of a derived object are not assigned here.
         AssignEntities(other);
-        CDcmIOD::operator=(other);
+        TakeStore(other);
     }
     return *this;
 }
@@ -35,7 +39,6 @@ CDcmCompositeIE& CDcmCompositeIE::operator=(const CDcmCompositeIOD& other)
     if (this != &other)
     {
         InitializeIod();
-        EmptyIodModules();
         CDcmCompositeIOD::operator=(other);
     }
     return *this;

@@ -47,10 +47,19 @@ CDcmIOD& CDcmIOD::operator=(const CDcmIOD& other)
 {
     if (this != &other)
     {
-        CopyFrom(other);
-        UpdateIod(false);
+        if (m_private->isTyped)
+        {
+            EmptyIodModules(); // What the store lacks must not stay from the object before.
+        }
+        TakeStore(other);
     }
     return *this;
+}
+
+void CDcmIOD::TakeStore(const CDcmIOD& other)
+{
+    CopyFrom(other);
+    UpdateIod(false);
 }
 
 void CDcmIOD::CopyFrom(const CDcmIOD& other)

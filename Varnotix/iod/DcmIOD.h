@@ -38,7 +38,9 @@ public:
     CDcmIOD(const CDcmIOD& other);
     ~CDcmIOD() override;
 
-    /// As the copy constructor; then this object's registered modules take their values from the store.
+    /// As the copy constructor; then this object's registered modules take their values from the store. The modules of
+    /// a typed object are emptied first, also when it is assigned as its base class; the values of modules that a host
+    /// registered with a generic object stay where the store has none for them.
     CDcmIOD& operator=(const CDcmIOD& other);
 
     /// Compares the stores, in whatever order their elements are.
@@ -191,6 +193,9 @@ protected:
     void UpdateIodModule(CDcmModule& module);
     /// Every registered module takes the store's values.
     void UpdateIodModuleSet();
+    /// Copies what operator= copies, and updates the modules without emptying them first: for an object that has
+    /// assigned its modules already.
+    void TakeStore(const CDcmIOD& other);
     CDcmIODPrivate& IodPrivate() { return *m_private; }
     const CDcmIODPrivate& IodPrivate() const { return *m_private; }
 

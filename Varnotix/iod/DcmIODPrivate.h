@@ -13,6 +13,7 @@ class CDcmIODPrivate : public CObject
     DECLARE_DYNAMIC(CDcmIODPrivate)
 
 public:
+    bool isTyped = false; ///< The object has modules of its own.
     std::vector<SReadTrial> readTrials;
     std::vector<SReadNote> readNotes;
     std::vector<SScriptNote> scriptNotes;

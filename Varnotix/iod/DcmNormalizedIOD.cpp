@@ -1,5 +1,6 @@
 #include "Varnotix/iod/DcmNormalizedIOD.h"
 
+#include "Varnotix/iod/DcmIODPrivate.h"
 #include "Varnotix/platform/Archive.h"
 
 IMPLEMENT_DYNCREATE(CDcmNormalizedIOD, CDcmIOD)
@@ -7,6 +8,7 @@ IMPLEMENT_DYNCREATE(CPatientInformationIOD, CDcmNormalizedIOD)
 
 CDcmNormalizedIOD::CDcmNormalizedIOD()
 {
+    IodPrivate().isTyped = true;
     CDcmNormalizedIOD::InitializeIod();
 }
 
@@ -60,7 +62,7 @@ CPatientInformationIOD::CPatientInformationIOD(const CPatientInformationIOD& oth
 
 CPatientInformationIOD::CPatientInformationIOD(const CDcmCompositeIOD& other) : CPatientInformationIOD()
 {
-    CDcmIOD::operator=(other);
+    TakeStore(other);
 }
 
 CPatientInformationIOD::~CPatientInformationIOD() = default;
@@ -69,12 +71,13 @@ CPatientInformationIOD& CPatientInformationIOD::operator=(const CPatientInformat
 {
     if (this != &other)
     {
+        EmptyIodModules();
         AssignModules(other);
         m_relationship = other.m_relationship;
         m_identification = other.m_identification;
         m_demographic = other.m_demographic;
         m_medical = other.m_medical;
-        CDcmNormalizedIOD::operator=(other);
+        TakeStore(other);
     }
     return *this;
 }
@@ -82,7 +85,6 @@ CPatientInformationIOD& CPatientInformationIOD::operator=(const CPatientInformat
 CPatientInformationIOD& CPatientInformationIOD::operator=(const CDcmCompositeIOD& other)
 {
     InitializeIod();
-    EmptyIodModules();
     CDcmIOD::operator=(other);
     return *this;
 }

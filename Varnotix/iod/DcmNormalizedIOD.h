@@ -17,7 +17,7 @@ public:
     /// Registers the object's own modules and copies the other's store, from which they take their values.
     CDcmNormalizedIOD(const CDcmNormalizedIOD& other);
     ~CDcmNormalizedIOD() override;
-    /// Copies the other's store, from which the modules take their values.
+    /// Empties the registered modules and copies the other's store, from which they take their values.
     CDcmNormalizedIOD& operator=(const CDcmNormalizedIOD& other);
 
     void Serialize(CArchive& archive) override;

@@ -134,6 +134,49 @@ TEST(TypedIod, IsMadeOfAGenericObject)
     EXPECT_TRUE(patient.PatientIdentification().PatientName().IsEmpty());
 }
 
+/// What stays of the object before in the file of a typed object that was assigned as one of its base classes.
+template <class BASE, class TYPED>
+std::vector<std::string> AfterAssignment(const BASE& other)
+{
+    TYPED typed;
+    typed.Import(Stream({MakeText(0x0008, 0x0018, "1.2"), MakeText(0x0010, 0x0020, "77")}));
+    static_cast<BASE&>(typed) = other;
+    return Listing(Reread(typed).ElementStore());
+}
+
+TEST(TypedIod, KeepsNothingOfTheObjectBeforeWhenAssignedThroughABase)
+{
+    const std::vector<std::string> expected{"00100010=RO"};
+    CCTImageIOD other;
+    other.Import(Stream({MakeText(0x0010, 0x0010, "RO")}));
+    EXPECT_EQ((AfterAssignment<CDcmIOD, CCTImageIOD>(other)), expected);
+    EXPECT_EQ((AfterAssignment<CDcmCompositeIOD, CCTImageIOD>(other)), expected);
+    EXPECT_EQ((AfterAssignment<CDcmCompositeIE, CCTImageIOD>(other)), expected);
+    EXPECT_EQ((AfterAssignment<CDcmCompositeIEIOD, CCTImageIOD>(other)), expected);
+    CPatientInformationIOD patient(other);
+    EXPECT_EQ((AfterAssignment<CDcmIOD, CPatientInformationIOD>(patient)), expected);
+    EXPECT_EQ((AfterAssignment<CDcmNormalizedIOD, CPatientInformationIOD>(patient)), expected);
+    EXPECT_EQ((AfterAssignment<CDcmNormalizedIOD, CDcmNormalizedIOD>(patient)), expected);
+}
+
+TEST(TypedIod, KeepsTheOrderOfItemsWhenItTakesAndGivesValues)
+{
+    CDcmIOD source;
+    source.ElementStore().Add(MakeSequence(0x0008, 0x1140,
+                                           {MakeText(0x0008, 0x1155, "1"), MakeText(0x0008, 0x1150, "2"),
+                                            MakeText(0x0008, 0x1155, "3"), MakeText(0x0008, 0x1150, "4")}));
+    CCTImageIOD ct;
+    static_cast<CDcmIOD&>(ct) = source;
+    CCTImageIOD copy(ct);
+    ct.UpdateIod(true);
+    copy.UpdateIod(true);
+    for (const CDcmIOD* iod : {static_cast<const CDcmIOD*>(&ct), static_cast<const CDcmIOD*>(&copy)})
+    {
+        EXPECT_EQ(Listing(*iod->ElementStore().Find(0x0008, 0x1140)->Items()),
+                  (std::vector<std::string>{"00081155=1", "00081150=2", "00081155=3", "00081150=4"}));
+    }
+}
+
 TEST(TypedIod, CopyTakesModuleValuesThatAreNotInTheStore)
 {
     CCTImageIOD ct;
