@@ -38,4 +38,6 @@
 #include "Varnotix/platform/PictureSize.h"
 #include "Varnotix/registry/DcmRegistry.h"
 #include "Varnotix/registry/InitDicomDLL.h"
+#include "Varnotix/registry/Tag.h"
+#include "Varnotix/registry/UidRow.h"
 #include "Varnotix/script/DcmAttributeScript.h"

@@ -48,13 +48,14 @@ void MakeFiles()
 
 bool IsOneOf(std::string_view word, std::initializer_list<std::string_view> words)
 {
-    return std::any_of(words.begin(), words.end(), [word](std::string_view each) { return EqualNoCase(word, each); });
+    return std::any_of(words.begin(), words.end(),
+                       [word](std::string_view each) { return Varnotix::EqualNoCase(word, each); });
 }
 
 /// The line, with names of the files above in place of all that it names.
 CString Tamed(std::string_view text)
 {
-    const std::string_view line = TrimBlanks(text);
+    const std::string_view line = Varnotix::TrimBlanks(text);
     if (!line.starts_with('#'))
     {
         return CString(text);

@@ -3,16 +3,12 @@
 #include <algorithm>
 #include <charconv>
 
+using namespace Varnotix;
+
 namespace
 {
 
-constexpr std::string_view kBlanks = " \t\n\v\f\r";
 constexpr char kSeparator = ',';
-
-char Lower(char character)
-{
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
 
 /// Takes the text before the next separator, and the separator.
 std::string_view TakeField(std::string_view& text)
@@ -24,18 +20,6 @@ std::string_view TakeField(std::string_view& text)
 }
 
 } // namespace
-
-std::string_view TrimBlanks(std::string_view text)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
-bool EqualNoCase(std::string_view left, std::string_view right)
-{
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return Lower(a) == Lower(b); });
-}
 
 SAslCommand SplitAslCommand(std::string_view line)
 {

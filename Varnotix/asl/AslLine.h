@@ -1,16 +1,11 @@
 /// The parts of a line of the Attribute Script Language, as views into its text.
 #pragma once
 
+#include "Varnotix/platform/Ascii.h"
 #include "Varnotix/platform/Export.h"
 
 #include <optional>
 #include <string_view>
-
-/// The text without white space at its ends.
-VARNOTIX_EXPORT std::string_view TrimBlanks(std::string_view text);
-
-/// True for texts that differ at most in the case of ASCII letters.
-VARNOTIX_EXPORT bool EqualNoCase(std::string_view left, std::string_view right);
 
 /// A line that begins with "#".
 struct SAslCommand

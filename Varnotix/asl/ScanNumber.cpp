@@ -1,11 +1,13 @@
 #include "Varnotix/asl/ScanNumber.h"
 
-#include "Varnotix/asl/AslLine.h"
+#include "Varnotix/platform/Ascii.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <limits>
+
+using namespace Varnotix;
 
 namespace
 {

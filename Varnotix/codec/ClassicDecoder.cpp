@@ -6,13 +6,14 @@
 #include "Varnotix/codec/TransferSyntax.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
+using namespace Varnotix;
+
 namespace
 {
 
 constexpr std::size_t kPreambleSize = 128;
 constexpr std::size_t kMagicSize = 4;
 constexpr std::size_t kShortestStream = 6;
-constexpr int kMetaGroup = 0x0002;
 
 // Values from here on are not copied out of a stream that the library itself holds. Below, a copy is cheaper than
 // keeping the whole stream alive for one value.
@@ -137,8 +138,9 @@ DWORD CClassicDecoder::ReadLength(bool shortForm)
 /// @return true when the delimiter ends the level.
 bool CClassicDecoder::ReadDelimiter(const STag& tag)
 {
-    const bool isItem = tag.element == kItemElement || tag.element == kItemDelimiterElement;
-    if (tag.group != kItemGroup || (!isItem && tag.element != kSequenceDelimiterElement))
+    const DWORD number = Tag::Make(tag.group, tag.element);
+    const bool isItem = number == Tag::kItem || number == Tag::kItemDelimitationItem;
+    if (!isItem && number != Tag::kSequenceDelimitationItem)
     {
         throw CParseException(PARSE_NO_VR);
     }
@@ -175,7 +177,7 @@ bool CClassicDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD&
         if (tag.vr == VR_NONE)
         {
             levelEnds = ReadDelimiter(tag);
-            if (tag.element == kItemElement)
+            if (tag.element == Tag::Element(Tag::kItem))
             {
                 set.BeginItem(m_itemLength == kUndefinedLength);
                 oneEach = oneEach && (items == 0 || set.GetCount() - beforeItem == 1);
@@ -207,7 +209,7 @@ void CClassicDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::s
     {
         ReadSequence(tag, length, set);
     }
-    else if (longForm && tag.group == kPixelDataGroup && tag.element == kPixelDataElement)
+    else if (longForm && Tag::Make(tag.group, tag.element) == Tag::kPixelData)
     {
         auto element = std::make_unique<CDcmElement>(tag.group, tag.element, tag.vr, tag.entry);
         element->SetRead();
@@ -222,7 +224,7 @@ void CClassicDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::s
         {
             Note(READ_VR_OF_DICTIONARY, tag, static_cast<DWORD>(tag.vr));
         }
-        if (tag.group == kMetaGroup && !longForm)
+        if (tag.group == Tag::kMetaGroup && !longForm)
         {
             NoteMetaElement(element, levelStart);
         }
@@ -309,15 +311,13 @@ CDcmElement& CClassicDecoder::ReadValue(const STag& tag, DWORD length, CDcmEleme
 
 void CClassicDecoder::NoteMetaElement(CDcmElement& element, std::size_t levelStart)
 {
-    constexpr int kGroupLength = 0x0000;
-    constexpr int kTransferSyntaxUid = 0x0010;
-    if (element.HasTag(kMetaGroup, kGroupLength) && m_metaEnd == 0)
+    if (element.HasTag(Tag::kFileMetaInformationGroupLength) && m_metaEnd == 0)
     {
         const CUIntArray* length = element.Integers();
         const DWORD value = length != nullptr && !length->IsEmpty() ? static_cast<DWORD>((*length)[0]) : 0;
         m_metaEnd = value + static_cast<DWORD>(m_cursor.Position() - levelStart);
     }
-    else if (element.HasTag(kMetaGroup, kTransferSyntaxUid) && m_namedSyntax == SYNTAX_UNKNOWN)
+    else if (element.HasTag(Tag::kTransferSyntaxUid) && m_namedSyntax == SYNTAX_UNKNOWN)
     {
         m_namedSyntax = SyntaxOfUid(element.JoinedText());
     }

@@ -5,10 +5,11 @@
 
 #include <vector>
 
+using namespace Varnotix;
+
 namespace
 {
 
-constexpr int kMetaGroup = 0x0002;
 constexpr int kGroupLength = 0x0000;
 
 /// Sorts a set of encoded elements, removes the group length elements and, where wanted, makes one for a group that
@@ -55,7 +56,7 @@ void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, bool ev
         CDcmRegistry::Global().AddSharedPrivateEntry(group.group, kGroupLength, "UL", 1);
         auto length = std::make_unique<CDcmElement>(group.group, kGroupLength);
         length->AddInteger(group.size);
-        length->SetSyntax(group.group == kMetaGroup ? metaSyntax : syntax);
+        length->SetSyntax(group.group == Tag::kMetaGroup ? metaSyntax : syntax);
         length->Encode();
         set.Add(length.release());
     }
@@ -87,12 +88,12 @@ std::uint64_t CClassicEncoder::Prepare(CDcmElementSet& set) const
     for (int i = 0; i < set.GetCount(); ++i)
     {
         CDcmElement& element = *set.GetAt(i);
-        const int syntax = element.HasGroup(kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_syntax;
+        const int syntax = element.HasGroup(Tag::kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_syntax;
         EncodeTree(element, syntax, m_groupLengths);
     }
     // A second (0002,0000) that stayed would say where a reader takes the meta information to end.
     RemakeGroupLengths(set, m_syntax, SYNTAX_EXPLICIT_LITTLE, true,
-                       [this](int group) { return m_groupLengths || group == kMetaGroup; });
+                       [this](int group) { return m_groupLengths || group == Tag::kMetaGroup; });
     std::uint64_t total = 0;
     for (int i = 0; i < set.GetCount(); ++i)
     {

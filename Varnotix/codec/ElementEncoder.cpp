@@ -293,10 +293,10 @@ void CElementEncoder::WriteItems(const CDcmElement& element, COutputBuffer& out)
             // of existing objects know them so.
             length = (length >> 16U) | (length << 16U);
         }
-        PutItemTag(out, kItemElement, bigEndian, length);
+        PutItemTag(out, Varnotix::Tag::kItem, bigEndian, length);
         Write(item, out);
     }
-    PutItemTag(out, kSequenceDelimiterElement, bigEndian, 0);
+    PutItemTag(out, Varnotix::Tag::kSequenceDelimitationItem, bigEndian, 0);
 }
 
 signed char CDcmElement::SyntaxToEncode() const

@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+using namespace Varnotix;
+
 bool CFragmentReader::ReadItem(CSharedBytes& bytes, bool& isDelimiter)
 {
     const BYTE* header = m_cursor.Take(kItemHeaderSize);
@@ -14,9 +16,9 @@ bool CFragmentReader::ReadItem(CSharedBytes& bytes, bool& isDelimiter)
     {
         return false;
     }
-    const int element = Word(header + 2, m_bigEndian);
-    isDelimiter = element == kSequenceDelimiterElement;
-    if (Word(header, m_bigEndian) != kItemGroup || (!isDelimiter && element != kItemElement))
+    const DWORD tag = Tag::Make(Word(header, m_bigEndian), Word(header + 2, m_bigEndian));
+    isDelimiter = tag == Tag::kSequenceDelimitationItem;
+    if (!isDelimiter && tag != Tag::kItem)
     {
         m_fault = PARSE_NO_ITEM;
         return false;

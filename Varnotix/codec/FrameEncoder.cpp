@@ -71,7 +71,7 @@ void CFrameEncoder::Write(COutputBuffer& out) const
     }
     const CByteArray& table = m_frames.OffsetTable();
     const int tableSize = OffsetTableFits() ? table.GetSize() : 0;
-    PutItemTag(out, kItemElement, m_bigEndian, static_cast<DWORD>(tableSize));
+    PutItemTag(out, Varnotix::Tag::kItem, m_bigEndian, static_cast<DWORD>(tableSize));
     out.Put(table.GetData(), static_cast<std::size_t>(tableSize));
     for (int i = 0; i < m_frames.GetCount(); ++i)
     {
@@ -79,10 +79,10 @@ void CFrameEncoder::Write(COutputBuffer& out) const
         const BYTE* bytes = frame.Data();
         for (const DWORD fragment : frame.FragmentSizes())
         {
-            PutItemTag(out, kItemElement, m_bigEndian, fragment);
+            PutItemTag(out, Varnotix::Tag::kItem, m_bigEndian, fragment);
             WriteBytes(bytes, fragment, out);
             bytes += fragment;
         }
     }
-    PutItemTag(out, kSequenceDelimiterElement, m_bigEndian, 0);
+    PutItemTag(out, Varnotix::Tag::kSequenceDelimitationItem, m_bigEndian, 0);
 }

@@ -101,7 +101,7 @@ void CFrameWriter::WriteNative(COutputBuffer& out) const
 
 void CFrameWriter::WriteItem(const BYTE* bytes, std::size_t size, COutputBuffer& out) const
 {
-    PutItemTag(out, kItemElement, m_bigEndian, static_cast<DWORD>(Padded(size)));
+    PutItemTag(out, Varnotix::Tag::kItem, m_bigEndian, static_cast<DWORD>(Padded(size)));
     out.Put(bytes, size);
     if (size % 2 == 1)
     {
@@ -129,5 +129,5 @@ void CFrameWriter::Write(COutputBuffer& out) const
             bytes += fragment;
         }
     }
-    PutItemTag(out, kSequenceDelimiterElement, m_bigEndian, 0);
+    PutItemTag(out, Varnotix::Tag::kSequenceDelimitationItem, m_bigEndian, 0);
 }

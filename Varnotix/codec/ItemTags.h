@@ -1,13 +1,9 @@
-/// The tags of group FFFE that delimit items and sequences (PS3.5 section 7.5).
+/// Writing the tags of group FFFE that delimit items and sequences (PS3.5 section 7.5).
 #pragma once
 
 #include "Varnotix/codec/ByteOrder.h"
 #include "Varnotix/codec/OutputBuffer.h"
-
-inline constexpr int kItemGroup = 0xFFFE;
-inline constexpr int kItemElement = 0xE000;
-inline constexpr int kItemDelimiterElement = 0xE00D;
-inline constexpr int kSequenceDelimiterElement = 0xE0DD;
+#include "Varnotix/registry/Tag.h"
 
 inline constexpr DWORD kUndefinedLength = 0xFFFFFFFFU;
 
@@ -26,10 +22,10 @@ inline void PutSwapped(const BYTE* bytes, std::size_t size, std::size_t width, C
 }
 
 /// Writes an item or delimiter tag and its length.
-inline void PutItemTag(COutputBuffer& out, int element, bool bigEndian, DWORD length)
+inline void PutItemTag(COutputBuffer& out, DWORD tag, bool bigEndian, DWORD length)
 {
     BYTE* header = out.Room(kItemHeaderSize);
-    PutWord(header, static_cast<DWORD>(kItemGroup), bigEndian);
-    PutWord(header + 2, static_cast<DWORD>(element), bigEndian);
+    PutWord(header, static_cast<DWORD>(Varnotix::Tag::Group(tag)), bigEndian);
+    PutWord(header + 2, static_cast<DWORD>(Varnotix::Tag::Element(tag)), bigEndian);
     PutDoubleWord(header + 4, length, bigEndian);
 }

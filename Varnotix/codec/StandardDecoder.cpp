@@ -6,10 +6,11 @@
 #include "Varnotix/codec/SyntaxProbe.h"
 #include "Varnotix/codec/TransferSyntax.h"
 #include "Varnotix/element/DcmFrameList.h"
-#include "Varnotix/element/TagText.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <algorithm>
+
+using namespace Varnotix;
 
 namespace
 {
@@ -17,12 +18,6 @@ namespace
 constexpr std::size_t kPreambleSize = 128;
 constexpr std::size_t kPrefixSize = 4;
 constexpr std::size_t kShortestStream = 6;
-constexpr int kMetaGroup = 0x0002;
-constexpr DWORD kItemTag = TagNumber(kItemGroup, kItemElement);
-constexpr DWORD kItemDelimiterTag = TagNumber(kItemGroup, kItemDelimiterElement);
-constexpr DWORD kSequenceDelimiterTag = TagNumber(kItemGroup, kSequenceDelimiterElement);
-constexpr DWORD kPixelDataTag = TagNumber(kPixelDataGroup, kPixelDataElement);
-constexpr DWORD kPixelRepresentation = TagNumber(0x0028, 0x0103);
 
 // Values from here on are not copied out of a stream that the library itself holds. Below, a copy is cheaper than
 // keeping the whole stream alive for one value.
@@ -36,19 +31,19 @@ bool IsBigEndian(int syntax)
 DWORD TagAt(const BYTE* header, int syntax)
 {
     const bool bigEndian = IsBigEndian(syntax);
-    return TagNumber(Word(header, bigEndian), Word(header + 2, bigEndian));
+    return Tag::Make(Word(header, bigEndian), Word(header + 2, bigEndian));
 }
 
 bool IsPrivateCreator(DWORD tag)
 {
-    const int element = ElementNumber(tag);
-    return GroupNumber(tag) % 2 == 1 && element >= 0x10 && element <= 0xFF;
+    const int element = Tag::Element(tag);
+    return Tag::IsPrivate(tag) && element >= 0x10 && element <= 0xFF;
 }
 
 /// The VR of a tag that no dictionary lists, in implicit syntax (PS3.5 sections 7.2 and 7.8.1).
 int UnlistedVr(DWORD tag)
 {
-    if (ElementNumber(tag) == 0)
+    if (Tag::IsGroupLength(tag))
     {
         return VR_UL;
     }
@@ -150,29 +145,29 @@ void CStandardDecoder::ReadMeta(SLevel& level)
     std::size_t named = 0;
     while (const BYTE* header = m_cursor.Peek(kItemHeaderSize))
     {
-        if (Word(header, false) != kMetaGroup)
+        if (Word(header, false) != Tag::kMetaGroup)
         {
             break;
         }
         const SHeader element = ReadHeader(level);
         ReadElement(element, level);
-        if (element.tag == TagNumber(kMetaGroup, 0))
+        if (element.tag == Tag::kFileMetaInformationGroupLength)
         {
-            const CDcmElement* length = level.elements.Find(kMetaGroup, 0);
+            const CDcmElement* length = level.elements.Find(Tag::kFileMetaInformationGroupLength);
             const CValueBytes value = length->ValueBytes();
             named = value.Size() == 4 ? m_cursor.Position() + DoubleWord(value.Data(), false) : 0;
         }
     }
     if (named != 0 && named != m_cursor.Position())
     {
-        Note(READ_META_LENGTH, TagNumber(kMetaGroup, 0), start, static_cast<DWORD>(named));
+        Note(READ_META_LENGTH, Tag::kFileMetaInformationGroupLength, start, static_cast<DWORD>(named));
     }
 }
 
 /// The syntax that the meta information names, unless the first elements are clearly in another.
 int CStandardDecoder::FindSyntax(const CDcmElementSet& set)
 {
-    const CDcmElement* element = set.Find(kMetaGroup, 0x0010);
+    const CDcmElement* element = set.Find(Tag::kTransferSyntaxUid);
     const CString uid = element != nullptr ? element->JoinedText() : CString();
     const int named = SyntaxOfUid(uid);
     const BYTE* data = m_cursor.Peek(0);
@@ -199,7 +194,7 @@ int CStandardDecoder::FindSyntax(const CDcmElementSet& set)
             m_result.syntax = named;
             Stop(PARSE_DEFLATED, 0, m_cursor.Position());
         }
-        Note(READ_OTHER_SYNTAX, TagNumber(kMetaGroup, 0x0010), m_cursor.Position(), static_cast<DWORD>(found));
+        Note(READ_OTHER_SYNTAX, Tag::kTransferSyntaxUid, m_cursor.Position(), static_cast<DWORD>(found));
         return found;
     }
     return named;
@@ -222,7 +217,7 @@ void CStandardDecoder::DecodeLevel(SLevel& level)
             break;
         }
         const DWORD tag = TagAt(header, level.syntax);
-        if (GroupNumber(tag) == kItemGroup)
+        if (Tag::Group(tag) == Tag::kItemGroup)
         {
             if (ReadDelimiter(level, tag))
             {
@@ -243,22 +238,22 @@ void CStandardDecoder::DecodeLevel(SLevel& level)
     {
         if (level.end == m_cursor.Length())
         {
-            Stop(PARSE_CUT_OFF, kItemDelimiterTag, m_cursor.Position());
+            Stop(PARSE_CUT_OFF, Tag::kItemDelimitationItem, m_cursor.Position());
         }
-        Note(READ_STRAY_DELIMITER, kItemDelimiterTag, m_cursor.Position());
+        Note(READ_STRAY_DELIMITER, Tag::kItemDelimitationItem, m_cursor.Position());
     }
 }
 
 /// @return true when the data set ends here. What belongs to the sequence around it is left in the stream.
 bool CStandardDecoder::ReadDelimiter(SLevel& level, DWORD tag)
 {
-    if (level.isDelimited && tag == kItemDelimiterTag)
+    if (level.isDelimited && tag == Tag::kItemDelimitationItem)
     {
         m_cursor.Take(kItemHeaderSize);
         return true;
     }
     Note(READ_STRAY_DELIMITER, tag, m_cursor.Position());
-    if (level.isDelimited && (tag == kItemTag || tag == kSequenceDelimiterTag))
+    if (level.isDelimited && (tag == Tag::kItem || tag == Tag::kSequenceDelimitationItem))
     {
         return true;
     }
@@ -341,7 +336,7 @@ void CStandardDecoder::ReadImplicit(SHeader& header, SLevel& level)
     {
         header.laterVr = entry->laterVr;
     }
-    if (header.tag == kPixelDataTag ||
+    if (header.tag == Tag::kPixelData ||
         (entry != nullptr && (entry->choice == EVrChoice::ObOrOw || entry->choice == EVrChoice::UsOrSsOrOw)))
     {
         header.vr = VR_OW;
@@ -351,7 +346,7 @@ void CStandardDecoder::ReadImplicit(SHeader& header, SLevel& level)
 CDcmElement& CStandardDecoder::AddElement(const SHeader& header, SLevel& level)
 {
     const CDcmEntry* entry = header.entry != nullptr ? header.entry : &CDcmRegistry::UnlistedEntry(header.vr);
-    auto element = std::make_unique<CDcmElement>(GroupNumber(header.tag), ElementNumber(header.tag), header.vr, entry);
+    auto element = std::make_unique<CDcmElement>(Tag::Group(header.tag), Tag::Element(header.tag), header.vr, entry);
     element->SetRead();
     element->SetLaterVr(header.laterVr);
     CDcmElement& added = *element;
@@ -361,7 +356,7 @@ CDcmElement& CStandardDecoder::AddElement(const SHeader& header, SLevel& level)
 
 void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)
 {
-    const bool isPixelData = header.tag == kPixelDataTag;
+    const bool isPixelData = header.tag == Tag::kPixelData;
     if (header.length == kUndefinedLength)
     {
         if (isPixelData)
@@ -434,7 +429,7 @@ void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
         return;
     }
     element.SetRawBytes(std::move(value));
-    if (header.tag == kPixelRepresentation && length >= 2)
+    if (header.tag == Tag::kPixelRepresentation && length >= 2)
     {
         m_scopes[static_cast<std::size_t>(ScopeOf(level))].pixelRepresentation = Word(element.RawBytes().Data(), false);
     }
@@ -468,7 +463,7 @@ bool CStandardDecoder::BeginsWithItem(int syntax) const
         return true; // Cut off; the items say so.
     }
     const DWORD tag = TagAt(header, syntax);
-    return tag == kItemTag || tag == kSequenceDelimiterTag;
+    return tag == Tag::kItem || tag == Tag::kSequenceDelimitationItem;
 }
 
 void CStandardDecoder::ReadSequence(const SHeader& header, SLevel& level)
@@ -512,16 +507,16 @@ void CStandardDecoder::ReadItems(SLevel& level, CDcmElementSet& items, std::size
         const std::size_t position = m_cursor.Position();
         const BYTE* header = end - position < kItemHeaderSize ? nullptr : m_cursor.Take(kItemHeaderSize);
         const DWORD tag = header != nullptr ? TagAt(header, syntax) : 0;
-        if (tag == kSequenceDelimiterTag && isDelimited)
+        if (tag == Tag::kSequenceDelimitationItem && isDelimited)
         {
             return;
         }
-        if (tag == kSequenceDelimiterTag || tag == kItemDelimiterTag)
+        if (tag == Tag::kSequenceDelimitationItem || tag == Tag::kItemDelimitationItem)
         {
             Note(READ_STRAY_DELIMITER, tag, position);
             continue;
         }
-        if (tag != kItemTag)
+        if (tag != Tag::kItem)
         {
             Stop(header == nullptr ? PARSE_CUT_OFF : PARSE_NO_ITEM, tag, position);
         }
@@ -548,9 +543,9 @@ void CStandardDecoder::ReadItems(SLevel& level, CDcmElementSet& items, std::size
     {
         if (end == m_cursor.Length())
         {
-            Stop(PARSE_CUT_OFF, kSequenceDelimiterTag, m_cursor.Position());
+            Stop(PARSE_CUT_OFF, Tag::kSequenceDelimitationItem, m_cursor.Position());
         }
-        Note(READ_STRAY_DELIMITER, kSequenceDelimiterTag, m_cursor.Position());
+        Note(READ_STRAY_DELIMITER, Tag::kSequenceDelimitationItem, m_cursor.Position());
     }
 }
 

@@ -4,23 +4,16 @@
 #include "Varnotix/codec/FrameWriter.h"
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/element/DcmFrameList.h"
-#include "Varnotix/element/TagText.h"
 
 #include <algorithm>
+
+using namespace Varnotix;
 
 namespace
 {
 
-constexpr int kMetaGroup = 0x0002;
-constexpr DWORD kTransferSyntaxUid = TagNumber(kMetaGroup, 0x0010);
-constexpr DWORD kPixelDataTag = TagNumber(kPixelDataGroup, kPixelDataElement);
 constexpr DWORD kLongestShortValue = 0xFFFE; // The longest even length of 16 bits.
 constexpr DWORD kGroupLengthSize = 4;
-
-bool IsGroupLength(DWORD tag)
-{
-    return ElementNumber(tag) == 0;
-}
 
 bool IsBigEndian(int syntax)
 {
@@ -50,8 +43,8 @@ void CStandardEncoder::InTagOrder(Elements& elements, bool metaFirst)
     // Private tags of group 0001 would come before the file meta information otherwise.
     const auto key = [metaFirst](const CDcmElement* element)
     {
-        return metaFirst && element->HasGroup(kMetaGroup) ? element->Tag() & 0xFFFFU
-                                                          : element->Tag() | std::uint64_t{1} << 32U;
+        return metaFirst && element->HasGroup(Tag::kMetaGroup) ? element->Tag() & 0xFFFFU
+                                                               : element->Tag() | std::uint64_t{1} << 32U;
     };
     const auto less = [key](const CDcmElement* left, const CDcmElement* right) { return key(left) < key(right); };
     if (!std::is_sorted(elements.begin(), elements.end(), less))
@@ -69,15 +62,15 @@ void CStandardEncoder::Plan(const CDcmElementSet& set)
     {
         elements.push_back(set.GetAt(i));
     }
-    if (m_output.needsMeta && set.Find(kMetaGroup, ElementNumber(kTransferSyntaxUid)) == nullptr)
+    if (m_output.needsMeta && set.Find(Tag::kTransferSyntaxUid) == nullptr)
     {
-        m_transferSyntax = std::make_unique<CDcmElement>(kMetaGroup, ElementNumber(kTransferSyntaxUid));
+        m_transferSyntax = std::make_unique<CDcmElement>(Tag::kTransferSyntaxUid);
         m_transferSyntax->AddText(Varnotix::UidOfSyntax(m_output.syntax));
         elements.push_back(m_transferSyntax.get());
     }
     InTagOrder(elements, true);
     const auto bits = std::find_if(elements.begin(), elements.end(),
-                                   [](const CDcmElement* element) { return element->HasTag(0x0028, 0x0100); });
+                                   [](const CDcmElement* element) { return element->HasTag(Tag::kBitsAllocated); });
     int bitsAllocated = 0;
     if (bits != elements.end())
     {
@@ -90,7 +83,7 @@ void CStandardEncoder::Plan(const CDcmElementSet& set)
 
 bool CStandardEncoder::WantsGroupLength(int group, const SDataSet& dataSet) const
 {
-    return m_output.groupLengths || (dataSet.depth == 0 && group == kMetaGroup);
+    return m_output.groupLengths || (dataSet.depth == 0 && group == Tag::kMetaGroup);
 }
 
 /// @param elements those of one data set, in tag order.
@@ -101,16 +94,16 @@ std::uint64_t CStandardEncoder::PlanDataSet(const Elements& elements, const SDat
     for (std::size_t i = 0; i < elements.size();)
     {
         const int group = elements[i]->Group();
-        const bool isMeta = dataSet.depth == 0 && group == kMetaGroup;
+        const bool isMeta = dataSet.depth == 0 && group == Tag::kMetaGroup;
         const SDataSet part{isMeta ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : dataSet.syntax, dataSet.depth,
                             dataSet.bitsAllocated};
-        const bool hasLength = IsGroupLength(elements[i]->Tag());
+        const bool hasLength = Tag::IsGroupLength(elements[i]->Tag());
         const std::size_t lengthStep = m_steps.size();
         const bool writesLength = hasLength || WantsGroupLength(group, dataSet);
         if (writesLength)
         {
             m_steps.push_back(
-                {nullptr, TagNumber(group, 0), 0, EStep::GroupLength, static_cast<BYTE>(part.syntax), VR_UL, false});
+                {nullptr, Tag::Make(group, 0), 0, EStep::GroupLength, static_cast<BYTE>(part.syntax), VR_UL, false});
         }
         i += hasLength ? 1U : 0U;
         std::uint64_t size = 0;
@@ -207,7 +200,7 @@ std::uint64_t CStandardEncoder::PlanSequence(const CDcmElement& element, const S
     std::uint64_t size = element.Items() != nullptr ? PlanItems(*element.Items(), inside) : 0;
     if (isUndefined || size >= kUndefinedLength)
     {
-        m_steps.push_back({nullptr, TagNumber(kItemGroup, kSequenceDelimiterElement), 0, EStep::Delimiter,
+        m_steps.push_back({nullptr, Tag::kSequenceDelimitationItem, 0, EStep::Delimiter,
                            static_cast<BYTE>(inside.syntax), VR_NONE, false});
         size += kItemHeaderSize;
     }
@@ -246,12 +239,12 @@ std::uint64_t CStandardEncoder::PlanItems(const CDcmElementSet& items, const SDa
         }
         InTagOrder(elements, false);
         const std::size_t place = m_steps.size();
-        m_steps.push_back({nullptr, TagNumber(kItemGroup, kItemElement), kUndefinedLength, EStep::Item,
-                           static_cast<BYTE>(dataSet.syntax), VR_NONE, false});
+        m_steps.push_back(
+            {nullptr, Tag::kItem, kUndefinedLength, EStep::Item, static_cast<BYTE>(dataSet.syntax), VR_NONE, false});
         std::uint64_t size = PlanDataSet(elements, dataSet);
         if (items.HasUndefinedLength(item) || size >= kUndefinedLength)
         {
-            m_steps.push_back({nullptr, TagNumber(kItemGroup, kItemDelimiterElement), 0, EStep::Delimiter,
+            m_steps.push_back({nullptr, Tag::kItemDelimitationItem, 0, EStep::Delimiter,
                                static_cast<BYTE>(dataSet.syntax), VR_NONE, false});
             size += kItemHeaderSize;
         }
@@ -324,7 +317,7 @@ void CStandardEncoder::Write(COutputBuffer& out) const
         {
         case EStep::Item:
         case EStep::Delimiter:
-            PutItemTag(out, ElementNumber(step.tag), bigEndian, step.length);
+            PutItemTag(out, step.tag, bigEndian, step.length);
             break;
         case EStep::Sequence:
             WriteHeader(step, out);

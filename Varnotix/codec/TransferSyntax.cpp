@@ -1,18 +1,10 @@
 #include "Varnotix/codec/TransferSyntax.h"
 
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/registry/UidRow.h"
 
 namespace
 {
-
-constexpr int kDeflatedRow = 3;
-constexpr int kFirstEncapsulatedRow = 5;
-constexpr int kLastEncapsulatedRow = 27;
-
-bool IsEncapsulatedRow(int row)
-{
-    return row >= kFirstEncapsulatedRow && row <= kLastEncapsulatedRow;
-}
 
 bool IsSyntaxCode(int number)
 {
@@ -28,7 +20,8 @@ int SyntaxOfUid(const CString& uid)
     {
         return row;
     }
-    return row == kDeflatedRow || IsEncapsulatedRow(row) ? SYNTAX_EXPLICIT_LITTLE : SYNTAX_UNKNOWN;
+    return row == Varnotix::UID_DEFLATED_LITTLE || Varnotix::IsEncapsulated(row) ? SYNTAX_EXPLICIT_LITTLE
+                                                                                 : SYNTAX_UNKNOWN;
 }
 
 namespace Varnotix
@@ -37,16 +30,16 @@ namespace Varnotix
 EPixelForm PixelFormOfUid(const CString& uid)
 {
     const int row = CDcmRegistry::Global().UidEnum(uid);
-    if (IsEncapsulatedRow(row))
+    if (IsEncapsulated(row))
     {
         return EPixelForm::Encapsulated;
     }
-    return row == kDeflatedRow || IsSyntaxCode(row) ? EPixelForm::Native : EPixelForm::Unknown;
+    return IsNative(row) ? EPixelForm::Native : EPixelForm::Unknown;
 }
 
 bool IsDeflatedUid(const CString& uid)
 {
-    return CDcmRegistry::Global().UidEnum(uid) == kDeflatedRow;
+    return CDcmRegistry::Global().UidEnum(uid) == UID_DEFLATED_LITTLE;
 }
 
 CString UidOfSyntax(int syntax)

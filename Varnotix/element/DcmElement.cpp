@@ -2,11 +2,13 @@
 
 #include "Varnotix/element/DcmElementSet.h"
 #include "Varnotix/element/DcmFrameList.h"
-#include "Varnotix/element/TagText.h"
 #include "Varnotix/element/TypedValue.h"
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/registry/TagText.h"
 
 #include <type_traits>
+
+using namespace Varnotix;
 
 IMPLEMENT_DYNCREATE(CDcmElement, CObject)
 
@@ -23,8 +25,8 @@ CDcmElement::CDcmElement(int group, int element, int vr, const CDcmEntry* entry)
 
 CDcmElement::CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcmElementSet> items)
     : m_entry(entry),
-      m_group(static_cast<WORD>(GroupNumber(tag))),
-      m_element(static_cast<WORD>(ElementNumber(tag))),
+      m_group(static_cast<WORD>(Tag::Group(tag))),
+      m_element(static_cast<WORD>(Tag::Element(tag))),
       m_vr(VR_SQ),
       m_items(std::move(items))
 {
@@ -46,6 +48,8 @@ CDcmElement::CDcmElement(int group, int element)
     }
     CreateOwned();
 }
+
+CDcmElement::CDcmElement(DWORD tag) : CDcmElement(Tag::Group(tag), Tag::Element(tag)) {}
 
 CDcmElement::CDcmElement(const CString& group, const CString& element)
     : CDcmElement(HexNumber(group), HexNumber(element))

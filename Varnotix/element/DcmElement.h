@@ -6,6 +6,7 @@
 #include "Varnotix/element/ValueBytes.h"
 #include "Varnotix/platform/Lists.h"
 #include "Varnotix/registry/DcmEntry.h"
+#include "Varnotix/registry/Tag.h"
 
 #include <memory>
 
@@ -21,9 +22,6 @@ enum ESyntax : int
     SYNTAX_EXPLICIT_LITTLE = 2,
     SYNTAX_EXPLICIT_BIG = 4
 };
-
-inline constexpr int kPixelDataGroup = 0x7FE0;   ///< Group of Pixel Data.
-inline constexpr int kPixelDataElement = 0x0010; ///< Element of Pixel Data.
 
 /// A data element (PS3.5 section 7.1): tag, VR, VM and value.
 ///
@@ -46,6 +44,9 @@ public:
 
     /// An empty element of a tag; VR, VM and name are those of the dictionary.
     CDcmElement(int group, int element);
+
+    /// As above.
+    explicit CDcmElement(DWORD tag);
 
     /// As above, with the VR forced to a code, also for a tag that the dictionary lacks. A number that is no code gives
     /// VR_UNKNOWN.
@@ -78,7 +79,7 @@ public:
     int Group() const { return m_group; }
     int Element() const { return m_element; }
     /// Group and element in one number, group in the high half: tags order as these numbers do.
-    DWORD Tag() const { return (static_cast<DWORD>(m_group) << 16U) | m_element; }
+    DWORD Tag() const { return Varnotix::Tag::Make(m_group, m_element); }
     int Vr() const { return m_vr; }
     /// The VR where Vr() is only the code of the VR that holds its values; otherwise None.
     Varnotix::ELaterVr LaterVr() const { return m_laterVr; }
@@ -103,8 +104,9 @@ public:
     bool HasVr(int vr) const { return m_vr == vr; }
     bool HasGroup(int group) const { return m_group == group; }
     bool HasTag(int group, int element) const { return m_group == group && m_element == element; }
+    bool HasTag(DWORD tag) const { return Tag() == tag; }
     bool HasEntry() const { return m_entry != nullptr; }
-    bool IsPixelData() const { return HasTag(kPixelDataGroup, kPixelDataElement); }
+    bool IsPixelData() const { return HasTag(Varnotix::Tag::kPixelData); }
 
     /// Number of the item that the element belongs to in the set of its sequence, counted from 1; 0 for none. Elements
     /// without an item count to the first one.

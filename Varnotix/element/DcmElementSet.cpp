@@ -1,14 +1,16 @@
 #include "Varnotix/element/DcmElementSet.h"
 
 #include "Varnotix/element/ElementBody.h"
-#include "Varnotix/element/TagText.h"
 #include "Varnotix/platform/DumpContext.h"
 #include "Varnotix/registry/DcmRegistry.h"
 #include "Varnotix/registry/DictionaryFile.h"
+#include "Varnotix/registry/TagText.h"
 
 #include <algorithm>
 #include <unordered_map>
 #include <vector>
+
+using namespace Varnotix;
 
 IMPLEMENT_DYNCREATE(CDcmElementSet, CDcmList)
 
@@ -44,20 +46,25 @@ int CDcmElementSet::GetCountAll() const
     return count;
 }
 
+CDcmElement* CDcmElementSet::Find(DWORD tag) const
+{
+    return Elements().Find(tag);
+}
+
 CDcmElement* CDcmElementSet::Find(int group, int element) const
 {
     // A number beyond 16 bits is not a tag's, and must not be cut to one.
-    return IsTag(group, element) ? Elements().Find(TagNumber(group, element)) : nullptr;
+    return Tag::IsTag(group, element) ? Find(Tag::Make(group, element)) : nullptr;
 }
 
 CDcmElement* CDcmElementSet::Find(const CString& group, const CString& element) const
 {
-    return Find(HexNumber(group), HexNumber(element));
+    return Find(TagOfTexts(group, element));
 }
 
 CDcmElement* CDcmElementSet::Find(const CDcmElement& sameTag) const
 {
-    return Elements().Find(sameTag.Tag());
+    return Find(sameTag.Tag());
 }
 
 bool CDcmElementSet::IsEmptyOfValues() const
@@ -83,8 +90,7 @@ void CDcmElementSet::Add(CDcmElement* element)
 
 CDcmElement* CDcmElementSet::AddKnown(const CString& group, const CString& element)
 {
-    if (group.IsEmpty() || element.IsEmpty() ||
-        CDcmRegistry::Global().LookUpTag(HexNumber(group), HexNumber(element)) == nullptr)
+    if (group.IsEmpty() || element.IsEmpty() || CDcmRegistry::Global().LookUpTag(TagOfTexts(group, element)) == nullptr)
     {
         return nullptr;
     }
@@ -117,6 +123,11 @@ void CDcmElementSet::Remove(const CDcmElement* element)
     {
         delete element;
     }
+}
+
+void CDcmElementSet::Remove(DWORD tag)
+{
+    Remove(Find(tag));
 }
 
 void CDcmElementSet::Remove(int group, int element)

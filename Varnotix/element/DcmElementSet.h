@@ -31,8 +31,9 @@ public:
     /// The element at a list position, or null.
     CDcmElement* GetAt(int index) const { return static_cast<CDcmElement*>(Body().At(index)); }
     /// The first element of the tag, or null.
+    CDcmElement* Find(DWORD tag) const;
     CDcmElement* Find(int group, int element) const;
-    /// As above; a text that is no hexadecimal number counts as 0.
+    /// As above; a text that is not a hexadecimal number counts as 0.
     CDcmElement* Find(const CString& group, const CString& element) const;
     CDcmElement* Find(const CDcmElement& sameTag) const;
     bool IsEmpty() const { return GetCount() == 0; }
@@ -65,8 +66,9 @@ public:
     /// Removes and destroys this very element, if it is in the list.
     void Remove(const CDcmElement* element);
     /// Removes and destroys the first element of the tag.
+    void Remove(DWORD tag);
     void Remove(int group, int element);
-    /// As above; a text that is no hexadecimal number counts as 0.
+    /// As above; a text that is not a hexadecimal number counts as 0.
     void Remove(const CString& group, const CString& element);
     void RemoveTagOf(const CDcmElement& sameTag);
     /// For each element of the other set, removes the first element of that tag here. The set itself as the argument

@@ -2,7 +2,6 @@
 
 #include "Varnotix/element/DcmElementSet.h"
 #include "Varnotix/element/ElementBody.h"
-#include "Varnotix/element/TagText.h"
 
 int CDcmElementSet::ItemCount() const
 {
@@ -55,7 +54,8 @@ void CDcmElementSet::GetItem(int item, CObList& elements) const
 
 CDcmElement* CDcmElementSet::FindInItem(int item, int group, int element) const
 {
-    return IsTag(group, element) ? Elements().FindInItem(TagNumber(group, element), item) : nullptr;
+    using namespace Varnotix;
+    return Tag::IsTag(group, element) ? Elements().FindInItem(Tag::Make(group, element), item) : nullptr;
 }
 
 bool CDcmElementSet::HasUndefinedLength(int item) const

@@ -2,9 +2,11 @@
 
 #include "Varnotix/element/DcmElementSet.h"
 #include "Varnotix/element/ElementBody.h"
-#include "Varnotix/element/TagText.h"
+#include "Varnotix/registry/TagText.h"
 
 #include <memory>
+
+using namespace Varnotix;
 
 void CDcmElementSet::TakeShape(const CElementShape& shape)
 {
@@ -15,7 +17,7 @@ void CDcmElementSet::TakeShape(const CElementShape& shape)
 
 void CDcmElementSet::Declare(const CString& group, const CString& element)
 {
-    Declare(TagNumber(HexNumber(group), HexNumber(element)));
+    Declare(TagOfTexts(group, element));
 }
 
 void CDcmElementSet::Declare(DWORD tag)
@@ -34,7 +36,7 @@ void CDcmElementSet::Declare(DWORD tag)
     }
     m_declared.Add(tag);
     Elements().OwnShape().Declare(tag);
-    Add(new CDcmElement(GroupNumber(tag), ElementNumber(tag)));
+    Add(new CDcmElement(tag));
 }
 
 void CDcmElementSet::DeclareTagsOf(const CDcmElementSet& other)
@@ -73,9 +75,9 @@ void CDcmElementSet::DeclaredTags(CStringArray& texts) const
     for (int i = 0; i < DeclaredCount(); ++i)
     {
         CString text;
-        text.Format("%04X", static_cast<unsigned>(GroupNumber(DeclaredTag(i))));
+        text.Format("%04X", static_cast<unsigned>(Tag::Group(DeclaredTag(i))));
         texts.Add(text);
-        text.Format("%04X", static_cast<unsigned>(ElementNumber(DeclaredTag(i))));
+        text.Format("%04X", static_cast<unsigned>(Tag::Element(DeclaredTag(i))));
         texts.Add(text);
     }
 }

@@ -1,9 +1,11 @@
 #include "Varnotix/element/ElementBody.h"
 
-#include "Varnotix/element/TagText.h"
+#include "Varnotix/registry/TagText.h"
 
 #include <algorithm>
 #include <new>
+
+using namespace Varnotix;
 
 namespace
 {
@@ -254,7 +256,7 @@ std::unique_ptr<CDcmElement> CElementBody::MakeElement(const CElementShape::SEle
             return std::unique_ptr<CDcmElement>(new CDcmElement(shape.tag, shape.entry, std::move(items)));
         }
     }
-    return std::make_unique<CDcmElement>(GroupNumber(shape.tag), ElementNumber(shape.tag), shape.vr, shape.entry);
+    return std::make_unique<CDcmElement>(Tag::Group(shape.tag), Tag::Element(shape.tag), shape.vr, shape.entry);
 }
 
 void CElementBody::Rebind(bool restore)

@@ -1,9 +1,11 @@
 #include "Varnotix/element/ElementShape.h"
 
-#include "Varnotix/element/TagText.h"
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/registry/TagText.h"
 
 #include <algorithm>
+
+using namespace Varnotix;
 
 std::vector<CElementShape::SElement>::const_iterator CElementShape::Place(DWORD tag) const
 {
@@ -13,11 +15,11 @@ std::vector<CElementShape::SElement>::const_iterator CElementShape::Place(DWORD 
 
 void CElementShape::AddElement(DWORD tag)
 {
-    const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(GroupNumber(tag), ElementNumber(tag));
+    const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(tag);
     const int vr = entry != nullptr ? static_cast<int>(entry->vr) : static_cast<int>(VR_UNKNOWN);
     m_elements.insert(Place(tag), SElement{tag, vr, entry});
     m_beginsEmpty = m_beginsEmpty && entry != nullptr && VrKind(vr) != EVrKind::RawOnly;
-    m_hasPrivateTags = m_hasPrivateTags || (GroupNumber(tag) & 1) != 0;
+    m_hasPrivateTags = m_hasPrivateTags || Tag::IsPrivate(tag);
 }
 
 bool CElementShape::IsCurrent() const
@@ -26,8 +28,7 @@ bool CElementShape::IsCurrent() const
     return !m_hasPrivateTags || std::all_of(m_elements.begin(), m_elements.end(),
                                             [](const SElement& element)
                                             {
-                                                const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(
-                                                    GroupNumber(element.tag), ElementNumber(element.tag));
+                                                const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(element.tag);
                                                 return entry == element.entry &&
                                                        (entry == nullptr || static_cast<int>(entry->vr) == element.vr);
                                             });
@@ -35,7 +36,7 @@ bool CElementShape::IsCurrent() const
 
 void CElementShape::Declare(const CString& group, const CString& element)
 {
-    Declare(TagNumber(HexNumber(group), HexNumber(element)));
+    Declare(TagOfTexts(group, element));
 }
 
 void CElementShape::Declare(DWORD tag)
@@ -50,7 +51,7 @@ void CElementShape::Declare(DWORD tag)
 
 void CElementShape::AddSequence(const CString& group, const CString& element)
 {
-    const DWORD tag = TagNumber(HexNumber(group), HexNumber(element));
+    const DWORD tag = TagOfTexts(group, element);
     m_sequences.push_back(tag);
     AddElement(tag);
 }

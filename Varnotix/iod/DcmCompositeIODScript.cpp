@@ -8,13 +8,11 @@
 #include "Varnotix/iod/ScriptFrames.h"
 #include "Varnotix/pixel/DcmImagePixelModule.h"
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/registry/UidRow.h"
 #include "Varnotix/script/DcmAttributeScript.h"
 
 namespace
 {
-
-/// The row of the UID table with the syntax in which gathered frames are declared: JPEG baseline.
-constexpr int kSyntaxOfFrames = 5;
 
 bool IsOne(const CString& text)
 {
@@ -53,10 +51,10 @@ void PutFrames(const CScriptFrames& frames, const CDcmAttributeScript& script, C
 {
     CDcmMetaFileInformation meta;
     object >> meta;
-    meta.TransferSyntaxUID(CDcmRegistry::Global().UidString(kSyntaxOfFrames));
+    meta.TransferSyntaxUID(CDcmRegistry::Global().UidString(Varnotix::UID_JPEG_BASELINE));
 
     CDcmImagePixelModule pixel;
-    if (CDcmElement* data = pixel.GetDcmElementSet().Find(kPixelDataGroup, kPixelDataElement))
+    if (CDcmElement* data = pixel.GetDcmElementSet().Find(Varnotix::Tag::kPixelData))
     {
         data->ForcePixelVr(VR_OB);
         *data->Frames() = frames.Frames();

@@ -12,8 +12,6 @@ namespace
 constexpr int kPreambleSize = 128;
 constexpr UINT kMemoryGrowth = 1024;
 constexpr int kArchiveBuffer = 4096;
-constexpr int kMetaGroup = 0x0002;
-constexpr int kTransferSyntaxElement = 0x0010;
 
 /// Runs a write into memory and hands the bytes over.
 template <class WRITE>
@@ -41,7 +39,7 @@ void CDcmIOD::IodSyntax(const CString& uid)
 /// The syntax that the store's own Transfer Syntax UID names, or the one that was set when it is absent or unknown.
 void CDcmIOD::SetOutputSyntax(CDcmParser& parser) const
 {
-    const CDcmElement* uid = m_store->Find(kMetaGroup, kTransferSyntaxElement);
+    const CDcmElement* uid = m_store->Find(Varnotix::Tag::kTransferSyntaxUid);
     parser.SetOutputSyntax(uid != nullptr ? uid->JoinedText() : CString());
     if (parser.OutputSyntax() == SYNTAX_UNKNOWN)
     {

@@ -7,17 +7,22 @@
 #include "Varnotix/platform/FileSearch.h"
 #include "Varnotix/platform/PictureSize.h"
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/registry/UidRow.h"
 #include "Varnotix/script/DcmAttributeScript.h"
 
 #include <algorithm>
 #include <iterator>
 
+using namespace Varnotix;
+
 namespace
 {
 
-// The rows of the UID table whose objects give frames: JPEG, JPEG-LS, JPEG 2000, MPEG, HTJ2K. RLE comes after them.
-constexpr int kFirstTaken = 5;
-constexpr int kLastTaken = 26;
+/// True for the transfer syntaxes whose frames are taken as they are: all encapsulated ones but RLE.
+bool GivesFrames(int uidRow)
+{
+    return IsEncapsulated(uidRow) && uidRow != UID_RLE;
+}
 
 bool IsAscii(const CString& text)
 {
@@ -70,7 +75,7 @@ void ReadObject(const CString& path, CDcmCompositeIOD& object)
 
 const CDcmFrameList* FramesOf(const CDcmImagePixelModule& pixel)
 {
-    const CDcmElement* data = pixel.GetDcmElementSet().Find(kPixelDataGroup, kPixelDataElement);
+    const CDcmElement* data = pixel.GetDcmElementSet().Find(Tag::kPixelData);
     return data != nullptr ? data->Frames() : nullptr;
 }
 
@@ -144,8 +149,7 @@ EScriptSource CScriptFrames::TakeObject(const CString& name)
     CDcmMetaFileInformation meta;
     object >> pixel;
     object >> meta;
-    const int syntax = CDcmRegistry::Global().UidEnum(meta.TransferSyntaxUID());
-    if (syntax < kFirstTaken || syntax > kLastTaken)
+    if (!GivesFrames(CDcmRegistry::Global().UidEnum(meta.TransferSyntaxUID())))
     {
         return SCRIPT_SOURCE_OTHER_SYNTAX;
     }

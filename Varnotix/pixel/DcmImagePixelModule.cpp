@@ -11,7 +11,7 @@ namespace
 
 CDcmElement* PixelData(const CDcmElementSet& set)
 {
-    return set.Find(kPixelDataGroup, kPixelDataElement);
+    return set.Find(Varnotix::Tag::kPixelData);
 }
 
 SRleImage RleImage(CDcmImagePixelModule& module)

@@ -1,5 +1,6 @@
 #include "Varnotix/platform/String.h"
 
+#include "Varnotix/platform/Ascii.h"
 #include "Varnotix/platform/Exceptions.h"
 
 #include <climits>
@@ -11,9 +12,10 @@
 #include <cstring>
 #include <stdexcept>
 
+using namespace Varnotix;
+
 namespace
 {
-constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 
 std::string_view Checked(std::string_view text, std::size_t already = 0)
 {
@@ -27,16 +29,6 @@ std::string_view Checked(std::string_view text, std::size_t already = 0)
 std::string_view FromC(const char* text)
 {
     return text == nullptr ? std::string_view() : std::string_view(text);
-}
-
-char Lower(char ch)
-{
-    return ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch - 'A' + 'a') : ch;
-}
-
-char Upper(char ch)
-{
-    return ch >= 'a' && ch <= 'z' ? static_cast<char>(ch - 'a' + 'A') : ch;
 }
 
 std::size_t Clamp(int value)
@@ -57,6 +49,7 @@ int ToIndex(std::size_t place)
 {
     return place == std::string::npos ? -1 : static_cast<int>(place);
 }
+
 } // namespace
 
 CString::CString(const char* text) : m_text(Checked(FromC(text))) {}

@@ -4,6 +4,7 @@
 #include "Varnotix/platform/Arrays.h"
 #include "Varnotix/platform/Maps.h"
 #include "Varnotix/registry/DcmEntry.h"
+#include "Varnotix/registry/Tag.h"
 
 class CEntryTable;
 
@@ -70,6 +71,10 @@ public:
 
     /// The entry of a tag, or null. Every group whose high byte is 60 or 50 is looked up as that repeating group.
     const CDcmEntry* LookUpTag(int group, int element) const;
+    const CDcmEntry* LookUpTag(DWORD tag) const
+    {
+        return LookUpTag(Varnotix::Tag::Group(tag), Varnotix::Tag::Element(tag));
+    }
 
     /// Enters a private tag into this instance's dictionary, under the name "Private Data Element".
     /// @param vr VR text; OB is stored when it names no VR.

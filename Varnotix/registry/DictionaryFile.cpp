@@ -1,5 +1,6 @@
 #include "Varnotix/registry/DictionaryFile.h"
 
+#include "Varnotix/platform/Ascii.h"
 #include "Varnotix/registry/EntryTable.h"
 #include "Varnotix/registry/NameList.h"
 
@@ -9,20 +10,10 @@
 #include <cstdlib>
 #include <string>
 
+using namespace Varnotix;
+
 namespace
 {
-
-constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
-
-std::string_view Trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(kWhiteSpace);
-    if (first == std::string_view::npos)
-    {
-        return {};
-    }
-    return text.substr(first, text.find_last_not_of(kWhiteSpace) - first + 1);
-}
 
 /// Cuts the text up to the next comma off the front of the line.
 std::string_view TakeField(std::string_view& line)
@@ -30,7 +21,7 @@ std::string_view TakeField(std::string_view& line)
     const std::size_t comma = line.find(',');
     const std::string_view field = line.substr(0, comma);
     line.remove_prefix(comma == std::string_view::npos ? line.size() : comma + 1);
-    return Trimmed(field);
+    return TrimBlanks(field);
 }
 
 std::string UpperKey(std::string_view group, std::string_view element)
@@ -38,13 +29,7 @@ std::string UpperKey(std::string_view group, std::string_view element)
     std::string key;
     key.reserve(group.size() + element.size());
     key.append(group).append(element);
-    for (char& character : key)
-    {
-        if (character >= 'a' && character <= 'z')
-        {
-            character = static_cast<char>(character - 'a' + 'A');
-        }
-    }
+    std::transform(key.begin(), key.end(), key.begin(), Upper);
     return key;
 }
 
@@ -96,7 +81,7 @@ void AddDictionaryLine(std::string_view line, CEntryTable& dictionary)
     {
         return;
     }
-    line = Trimmed(line);
+    line = TrimBlanks(line);
     if (!line.empty() && line.front() == '#')
     {
         return;
@@ -137,7 +122,7 @@ void AddUidLine(std::string_view line, CNameList& uids, CNameList& names)
     if (!line.empty())
     {
         const std::size_t blank = line.find(' ');
-        uids.Add(CString(Trimmed(line.substr(0, blank))));
-        names.Add(CString(Trimmed(blank == std::string_view::npos ? std::string_view() : line.substr(blank))));
+        uids.Add(CString(TrimBlanks(line.substr(0, blank))));
+        names.Add(CString(TrimBlanks(blank == std::string_view::npos ? std::string_view() : line.substr(blank))));
     }
 }

@@ -1,6 +1,11 @@
 #include "Varnotix/registry/EntryTable.h"
 
+#include "Varnotix/registry/Tag.h"
+
 #include <cstdio>
+#include <optional>
+
+using namespace Varnotix;
 
 namespace
 {
@@ -9,47 +14,17 @@ constexpr std::size_t kKeyLength = 8;
 constexpr std::size_t kFirstSlots = 64;
 constexpr std::uint64_t kRepeatingMark = std::uint64_t{1} << 32U;
 
-bool IsRepeatingGroup(unsigned group)
+bool IsRepeatingGroup(int group)
 {
-    const unsigned family = group & 0xFF00U;
-    return family == 0x5000U || family == 0x6000U;
-}
-
-/// Reads upper-case hexadecimal digits only: the key's text form is canonical, so each number has one text.
-bool HexValue(std::string_view digits, unsigned& value)
-{
-    value = 0;
-    for (const char digit : digits)
-    {
-        unsigned nibble = 0;
-        if (digit >= '0' && digit <= '9')
-        {
-            nibble = static_cast<unsigned>(digit - '0');
-        }
-        else if (digit >= 'A' && digit <= 'F')
-        {
-            nibble = static_cast<unsigned>(digit - 'A') + 10U;
-        }
-        else
-        {
-            return false;
-        }
-        value = value * 16U + nibble;
-    }
-    return true;
+    const int family = group & 0xFF00;
+    return family == 0x5000 || family == 0x6000;
 }
 
 } // namespace
 
 CEntryTable::Code CEntryTable::CodeOfTag(int group, int element)
 {
-    const unsigned groupBits = static_cast<unsigned>(group) & 0xFFFFU;
-    const unsigned elementBits = static_cast<unsigned>(element) & 0xFFFFU;
-    if (IsRepeatingGroup(groupBits))
-    {
-        return kRepeatingMark | (Code{groupBits & 0xFF00U} << 16U) | elementBits;
-    }
-    return (Code{groupBits} << 16U) | elementBits;
+    return IsRepeatingGroup(group) ? kRepeatingMark | Tag::Make(group & 0xFF00, element) : Tag::Make(group, element);
 }
 
 bool CEntryTable::CodeOfKey(std::string_view key, Code& code)
@@ -58,30 +33,30 @@ bool CEntryTable::CodeOfKey(std::string_view key, Code& code)
     {
         return false;
     }
-    unsigned element = 0;
-    if (!HexValue(key.substr(4), element))
+    const std::string_view groupText = key.substr(0, 4);
+    const std::string_view elementText = key.substr(4);
+    if (const std::optional<DWORD> tag = Tag::Parse(groupText, elementText))
+    {
+        code = *tag;
+        return true;
+    }
+    if (groupText.substr(2) != "XX")
     {
         return false;
     }
-    unsigned group = 0;
-    if (HexValue(key.substr(0, 4), group))
+    const std::optional<DWORD> first = Tag::Parse(std::string(groupText.substr(0, 2)) + "00", elementText);
+    if (!first || !IsRepeatingGroup(Tag::Group(*first)))
     {
-        code = (Code{group} << 16U) | element;
-        return true;
+        return false;
     }
-    if (key.substr(2, 2) == "XX" && HexValue(key.substr(0, 2), group) && IsRepeatingGroup(group << 8U))
-    {
-        code = kRepeatingMark | (Code{group} << 24U) | element;
-        return true;
-    }
-    return false;
+    code = kRepeatingMark | *first;
+    return true;
 }
 
 std::string CEntryTable::KeyOfTag(int group, int element)
 {
     char key[kKeyLength + 1];
-    std::snprintf(key, sizeof key, "%04X%04X", static_cast<unsigned>(group) & 0xFFFFU,
-                  static_cast<unsigned>(element) & 0xFFFFU);
+    std::snprintf(key, sizeof key, "%08X", static_cast<unsigned>(Tag::Make(group, element)));
     return key;
 }
 

@@ -1,5 +1,7 @@
 #include "Varnotix/registry/VrTable.h"
 
+#include "Varnotix/platform/Ascii.h"
+
 #include <array>
 
 namespace
@@ -101,7 +103,7 @@ int VrCode(std::string_view text)
         {"usss", VR_US}, {"csob", VR_OB}, {"usssow", VR_OW}, {"obow", VR_OB}, {"none", VR_NONE}};
     for (const SSpelling& spelling : kSpellings)
     {
-        if (CString(text).CompareNoCase(CString(spelling.text)) == 0)
+        if (Varnotix::EqualNoCase(text, spelling.text))
         {
             return spelling.vr;
         }

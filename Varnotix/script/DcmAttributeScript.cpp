@@ -2,8 +2,10 @@
 
 #include "Varnotix/asl/AslReader.h"
 #include "Varnotix/asl/AslValues.h"
-#include "Varnotix/element/TagText.h"
+#include "Varnotix/registry/TagText.h"
 #include "Varnotix/script/ScriptItems.h"
+
+using namespace Varnotix;
 
 IMPLEMENT_DYNCREATE(CDcmAttributeScript, CObject)
 

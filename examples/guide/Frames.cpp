@@ -27,7 +27,7 @@ void Frames()
 {
     CDcmIOD object;
     ReadFile("guide.dcm", object);
-    const CDcmElement* const pixelData = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const CDcmElement* const pixelData = object.ElementStore().Find(Varnotix::Tag::kPixelData);
     if (pixelData != nullptr)
     {
         for (int i = 0; i < pixelData->Frames()->GetCount(); ++i)
@@ -54,5 +54,5 @@ void Frames()
     frames.AddTail(&frame);
     module.SetPixelData(frames); // Copies the bytes; two frames now.
     object << module;
-    std::cout << object.ElementStore().Find(kPixelDataGroup, kPixelDataElement)->Frames()->GetCount() << " frames\n";
+    std::cout << object.ElementStore().Find(Varnotix::Tag::kPixelData)->Frames()->GetCount() << " frames\n";
 }

@@ -111,7 +111,7 @@ void AddPicture(CDcmIOD& object)
     AddText(object, "0028", "1051", "4096");
 
     // The dictionary leaves open whether pixels are bytes or words, so the VR is named here.
-    auto* pixels = new CDcmElement(kPixelDataGroup, kPixelDataElement, VR_OW);
+    auto* pixels = new CDcmElement(0x7FE0, 0x0010, VR_OW);
     pixels->Frames()->AddFrame(MakePicture());
     object.ElementStore().Add(pixels); // Takes ownership.
 }

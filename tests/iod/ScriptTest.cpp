@@ -35,7 +35,7 @@ private:
 std::string StoredObject(const char* syntax)
 {
     CDcmCompositeIOD object;
-    auto pixelData = std::make_unique<CDcmElement>(kPixelDataGroup, kPixelDataElement);
+    auto pixelData = std::make_unique<CDcmElement>(Varnotix::Tag::kPixelData);
     pixelData->Frames()->AddFrame(TextBytes("first "));
     pixelData->Frames()->AddFrame(TextBytes("second"));
     Fill(object.ElementStore(),
@@ -67,7 +67,7 @@ States Create(CDcmCompositeIOD& object, const Texts& script)
 Texts FrameTexts(const CDcmIOD& object)
 {
     Texts frames;
-    const CDcmElement* pixelData = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const CDcmElement* pixelData = object.ElementStore().Find(Varnotix::Tag::kPixelData);
     for (int i = 0; pixelData != nullptr && i < pixelData->Frames()->GetCount(); ++i)
     {
         const CDcmFrame& frame = *pixelData->Frames()->GetFrame(i);
@@ -127,7 +127,7 @@ TEST(CreateFromAsl, APictureIsAFrame)
     EXPECT_EQ(SizeOf(object), "640 x 480");
     EXPECT_EQ(TextOf(object.ElementStore(), 0x0002, 0x0010), "1.2.840.10008.1.2.4.50");
     EXPECT_EQ(TextOf(object.ElementStore(), 0x0028, 0x0008), "3");
-    EXPECT_TRUE(object.ElementStore().Find(kPixelDataGroup, kPixelDataElement)->HasVr(VR_OB));
+    EXPECT_TRUE(object.ElementStore().Find(Varnotix::Tag::kPixelData)->HasVr(VR_OB));
 
     // A size in the script goes before the pictures'; what is no number does not.
     CDcmCompositeIOD sized;

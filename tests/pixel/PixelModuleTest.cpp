@@ -12,7 +12,7 @@ namespace
 
 CDcmElement& PixelData(CDcmImagePixelModule& module)
 {
-    return *module.GetDcmElementSet().Find(kPixelDataGroup, kPixelDataElement);
+    return *module.GetDcmElementSet().Find(Varnotix::Tag::kPixelData);
 }
 
 /// The VR and the bytes of each frame: "OB 1 2 | 3 |".
@@ -107,10 +107,10 @@ TEST(PixelModule, TakesNothingWithoutPixelDataOfABinaryVr)
     for (const int vr : {VR_NONE, VR_UN})
     {
         CDcmImagePixelModule module;
-        module.GetDcmElementSet().Remove(kPixelDataGroup, kPixelDataElement);
+        module.GetDcmElementSet().Remove(Varnotix::Tag::kPixelData);
         if (vr == VR_UN)
         {
-            module.GetDcmElementSet().Add(new CDcmElement(kPixelDataGroup, kPixelDataElement, vr));
+            module.GetDcmElementSet().Add(new CDcmElement(0x7FE0, 0x0010, vr));
         }
         module.SetPixelData(list);
         module.SetPixelData(bytes);
@@ -129,7 +129,7 @@ TEST(PixelModule, SharesFramesWithTheStoreUntilOneIsWrittenTo)
     CDcmImagePixelModule& module = typed.Module<CDcmImagePixelModule>();
     CSCImageIOD copy(typed);
     const auto bytesOf = [](const CDcmElement& element) { return element.Frames()->GetFrame(0)->Data(); };
-    const CDcmElement& inStore = *typed.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const CDcmElement& inStore = *typed.ElementStore().Find(Varnotix::Tag::kPixelData);
     EXPECT_EQ(bytesOf(inStore), bytesOf(PixelData(module)));
     EXPECT_EQ(bytesOf(inStore), bytesOf(PixelData(copy.Module<CDcmImagePixelModule>())));
     CObList frames;

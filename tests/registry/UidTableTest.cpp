@@ -1,4 +1,5 @@
 #include "Varnotix/registry/DcmRegistry.h"
+#include "Varnotix/registry/UidRow.h"
 
 #include <gtest/gtest.h>
 
@@ -11,17 +12,17 @@ TEST(UidTable, RowsThatCarryMeaningNameTheirUids)
                                 "2.4.93",  "2.4.100", "2.4.101", "2.4.102", "2.4.103", "2.4.104", "2.4.105",
                                 "2.4.106", "2.4.107", "2.4.108", "2.4.201", "2.4.202", "2.4.203", "2.5"};
     const CDcmRegistry registry;
-    for (int row = 0; row < 28; ++row)
+    for (int row = 0; row <= Varnotix::UID_RLE; ++row)
     {
         const std::string uid = "1.2.840.10008.1." + std::string(rows[row]);
         EXPECT_EQ(std::string(registry.UidString(row)), uid);
         EXPECT_EQ(registry.UidEnum(CString(uid)), row) << uid;
     }
-    EXPECT_GT(registry.UidEnum("1.2.840.10008.1.2.4.52"), 27);
+    EXPECT_GT(registry.UidEnum("1.2.840.10008.1.2.4.52"), Varnotix::UID_RLE);
     // A search ignores blanks and padding only.
-    EXPECT_EQ(registry.UidEnum("  1.2.840.10008.1.2.1 "), 2);
+    EXPECT_EQ(registry.UidEnum("  1.2.840.10008.1.2.1 "), Varnotix::UID_EXPLICIT_LITTLE);
     // A value read from a stream keeps its padding byte.
-    EXPECT_EQ(registry.UidEnum(CString("1.2.840.10008.1.2.1\0", 20)), 2);
+    EXPECT_EQ(registry.UidEnum(CString("1.2.840.10008.1.2.1\0", 20)), Varnotix::UID_EXPLICIT_LITTLE);
     for (const char* unknown : {"", " ", "1.2.840.10008.1.2.", "1.2.840.10008.1.2.1.0"})
     {
         EXPECT_EQ(registry.UidEnum(unknown), -1) << unknown;

@@ -117,7 +117,7 @@ CString CBuilder::Output() const
 /// Reports the lines that the reader could not follow. False when lines were lost.
 bool CBuilder::CheckLines(const CDcmIOD& object) const
 {
-    const CDcmElement* pixels = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const CDcmElement* pixels = object.ElementStore().Find(Varnotix::Tag::kPixelData);
     const bool hasPixels = pixels != nullptr && !pixels->IsEmptyValue();
     const CScriptTree tree(m_lines, CDcmElementSet());
     std::set<int> replaced;

@@ -75,7 +75,7 @@ private:
 
 int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
 {
-    const CDcmElement* element = object.ElementStore().Find(kPixelDataGroup, kPixelDataElement);
+    const CDcmElement* element = object.ElementStore().Find(Varnotix::Tag::kPixelData);
     const CDcmFrameList* stored = element != nullptr ? element->Frames() : nullptr;
     if (stored == nullptr || stored->GetCount() == 0)
     {

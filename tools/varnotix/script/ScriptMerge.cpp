@@ -25,7 +25,7 @@ int CountValues(std::string_view list)
 
 bool IsByte(std::string_view text)
 {
-    const std::string_view digits = TrimBlanks(text);
+    const std::string_view digits = Varnotix::TrimBlanks(text);
     return !digits.empty() && digits.size() <= 3 &&
            std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; }) &&
            std::stoi(std::string(digits)) <= 0xFF;
@@ -40,7 +40,7 @@ bool IsByteList(std::string_view list)
     {
         hasOnlyNumbers = hasOnlyNumbers && IsByte(value);
     }
-    const std::string_view text = TrimBlanks(list);
+    const std::string_view text = Varnotix::TrimBlanks(list);
     return hasOnlyNumbers || (text.find(',') == std::string_view::npos && text.find_first_of("0123456789+-") != 0);
 }
 
@@ -155,7 +155,7 @@ void CScriptMerge::MergeLine(const SScriptLine& line)
 bool CScriptMerge::IsClear(const SScriptLine& line) const
 {
     return line.parts.values.empty() && line.parts.isListClosed && !line.parts.isTextOutside &&
-           TrimBlanks(m_lines[line.line].CText()).ends_with(']');
+           Varnotix::TrimBlanks(m_lines[line.line].CText()).ends_with(']');
 }
 
 void CScriptMerge::Change(const SScriptLine& line)
@@ -255,7 +255,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
         return "pixel data cannot be read from text; remove the line";
     }
     const CDcmElement* element = line.element;
-    if (element != nullptr && !EqualNoCase(line.parts.vr, VrText(element->Vr())))
+    if (element != nullptr && !Varnotix::EqualNoCase(line.parts.vr, VrText(element->Vr())))
     {
         return CString("in this object its VR is ") + VrText(element->Vr()) + ", and that cannot be changed";
     }

@@ -1,28 +1,7 @@
 #include "script/ScriptTree.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
-
-namespace
-{
-
-std::optional<DWORD> NumberOf(std::string_view digits)
-{
-    DWORD number = 0;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number, 16);
-    const bool isWhole = error == std::errc() && end == digits.data() + digits.size();
-    return isWhole && number <= 0xFFFF ? std::optional(number) : std::nullopt;
-}
-
-std::optional<DWORD> TagOf(const SAslElement& parts)
-{
-    const std::optional<DWORD> group = NumberOf(parts.group);
-    const std::optional<DWORD> element = NumberOf(parts.element);
-    return group && element ? std::optional(*group << 16U | *element) : std::nullopt;
-}
-
-} // namespace
 
 std::map<DWORD, std::vector<CDcmElement*>> ElementsByTag(const CDcmElementSet& set)
 {
@@ -44,14 +23,14 @@ bool IsOwnLine(const CStringArray& lines, int index, const CDcmElement& element,
     for (count = 0;; ++count)
     {
         const std::size_t end = rest.find('\n');
-        const std::string_view expected = TrimBlanks(rest.substr(0, end));
+        const std::string_view expected = Varnotix::TrimBlanks(rest.substr(0, end));
         if (index + count >= lines.GetSize())
         {
             return false;
         }
-        const std::string_view line = TrimBlanks(lines[index + count].CText());
+        const std::string_view line = Varnotix::TrimBlanks(lines[index + count].CText());
         const bool isSame = count > 0 ? line == expected : SplitAslElement(line).tail == SplitAslElement(expected).tail;
-        if (!isSame || (count == 0 && !EqualNoCase(SplitAslElement(line).vr, VrText(element.Vr()))))
+        if (!isSame || (count == 0 && !Varnotix::EqualNoCase(SplitAslElement(line).vr, VrText(element.Vr()))))
         {
             return false;
         }
@@ -114,7 +93,7 @@ void CScriptTree::ReadLevel(const CDcmElementSet* set, std::vector<SScriptLine>&
             break;
         case EAslEvent::Command:
             // A printed object names its own file.
-            if (!EqualNoCase(event->command.keyword, "SOURCE_FILE"))
+            if (!Varnotix::EqualNoCase(event->command.keyword, "SOURCE_FILE"))
             {
                 m_commands.push_back(event->line);
             }
@@ -133,7 +112,7 @@ bool CScriptTree::AddLine(const SAslEvent& event, std::map<DWORD, std::vector<CD
         AddFault(event.line, "no #SEQUENCE_BEGIN follows the line of the sequence");
         m_reader.GoOnAt(event.line + 1); // What follows instead may have faults of its own.
     }
-    const std::optional<DWORD> tag = TagOf(event.element);
+    const std::optional<DWORD> tag = Varnotix::Tag::Parse(event.element.group, event.element.element);
     if (!tag)
     {
         AddFault(event.line, "the line does not begin with a tag");
