@@ -6,7 +6,7 @@
 #include "Varnotix/registry/LaterVr.h"
 #include "Varnotix/registry/VrTable.h"
 
-/// What the dictionary tells about a tag (PS3.6). Entries are owned by the registry's tables; callers hold them by
+/// What the dictionary holds about a tag (PS3.6). Entries are owned by the registry's tables; callers hold them by
 /// constant pointer.
 class VARNOTIX_EXPORT CDcmEntry : public CObject
 {

@@ -74,8 +74,8 @@ void SSharedTables::Load()
     uidTablePath = ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids, uidNames); });
 }
 
-/// The name lists are left as they are: a registry made after all others are gone appends to them once more, so that
-/// the searches then answer from the second copy.
+/// The name lists stay: a registry constructed after all others were destroyed appends to them again, and searches then
+/// return rows of the second copy.
 void SSharedTables::Clear()
 {
     publicDictionary.RemoveAll();
@@ -139,7 +139,7 @@ bool IsEvenGroup(int group)
     return (group & 1) == 0;
 }
 
-/// Made when the library is loaded, so that the tables stand before any client call.
+/// Constructed when the library is loaded, so that the tables are filled before any client call.
 CDcmRegistry globalRegistry;
 
 } // namespace
@@ -194,8 +194,8 @@ const CDcmEntry* CDcmRegistry::AddPrivateEntry(int group, int element, const CSt
     {
         return nullptr;
     }
-    // A tag of an odd group among 50xx and 60xx is not reached by LookUpTag. An earlier read may have learned it all
-    // the same; its lasting entry must be used, for elements keep pointing to the entry that they were made with.
+    // LookUpTag does not find odd groups among 50xx and 60xx. If an earlier read has learned such a tag, its shared
+    // entry must be used, because elements keep a pointer to their entry.
     if (const CDcmEntry* lasting = Shared().privateDictionary.Find(CEntryTable::KeyOfTag(group, element)))
     {
         return lasting;

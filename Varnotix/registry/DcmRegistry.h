@@ -17,12 +17,12 @@ class CDcmRegistryPrivate;
 /// when it is loaded, before any client call, and keeps it until it is unloaded. A tag is searched in the public
 /// dictionary, then among the private entries learned by earlier reads, then among those of the read in progress.
 ///
-/// The tables are read from "dictionary.txt" and "UidTable.txt". Each file is looked for in the current directory,
-/// then in the folder named by the environment variable VARNOTIX_DATA, then beside the loaded library, then in the
-/// installed share folder. A missing file leaves its table empty and is not reported: ask DictionarySize and
+/// The tables are read from "dictionary.txt" and "UidTable.txt". Each file is searched in the current directory,
+/// then in the folder named by the environment variable VARNOTIX_DATA, then in the folder of the loaded library, then
+/// in the installed share folder. A missing file leaves its table empty and is not reported: see DictionarySize and
 /// UidDictionarySize.
 ///
-/// The registry is not guarded: use the library from one thread at a time.
+/// The registry has no locks: use the library from one thread at a time.
 class VARNOTIX_EXPORT CDcmRegistry : public CObject
 {
     DECLARE_DYNCREATE(CDcmRegistry)
@@ -43,7 +43,7 @@ public:
     /// Number of entries in the public dictionary.
     int DictionarySize() const;
 
-    /// Appends one line an entry of the public dictionary: group, element, VR, multiplicity, name, and "ret" for a
+    /// Appends one line per entry of the public dictionary: group, element, VR, multiplicity, name, and "ret" for a
     /// retired one, joined by commas. A repeating group is written with 00 for its low byte.
     void ExportPublicDictionary(CStringArray& lines) const;
 
@@ -78,13 +78,13 @@ public:
 
     /// Enters a private tag into this instance's dictionary, under the name "Private Data Element".
     /// @param vr VR text; OB is stored when it names no VR.
-    /// @return the entry that now stands for the tag; null for an even group, which is never private.
+    /// @return the entry of the tag; null for an even group, which is never private.
     const CDcmEntry* AddPrivateEntry(int group, int element, const CString& vr, int multiplicity);
 
-    /// As AddPrivateEntry, into the dictionary that all instances share and that lasts.
+    /// As AddPrivateEntry, into the dictionary that all instances share and that outlives a read.
     const CDcmEntry* AddSharedPrivateEntry(int group, int element, const CString& vr, int multiplicity);
 
-    /// Moves this instance's private entries into the shared dictionary; an entry that stands there already stays.
+    /// Moves this instance's private entries into the shared dictionary, except for tags that it has already.
     void PromotePrivateEntries();
 
     /// Discards this instance's private entries.

@@ -12,8 +12,8 @@ class CNameList;
 /// Takes one line of the dictionary file: group,element,VR,multiplicity,name.
 ///
 /// An empty line and a line whose first visible character is # are skipped. Fields are trimmed, a missing one is
-/// empty. What follows the name is ignored. A multiplicity that does not begin with a number is 1. The first line of
-/// a tag stands. A malformed line yields an entry under whatever key it holds.
+/// empty. The rest of the line after the name is ignored. A multiplicity that does not begin with a number is 1. The
+/// first line of a tag counts. A malformed line yields an entry under whatever key it holds.
 void AddDictionaryLine(std::string_view line, CEntryTable& dictionary);
 
 /// The decimal number at the beginning of a multiplicity text ("1" of "1-n"), the nearest int if it is too large.

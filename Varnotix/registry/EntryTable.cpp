@@ -63,7 +63,7 @@ std::string CEntryTable::KeyOfTag(int group, int element)
 std::size_t CEntryTable::SlotOf(Code code) const
 {
     const std::size_t mask = m_slots.size() - 1;
-    std::size_t slot = static_cast<std::size_t>(SpreadNumber(code, m_spread)) & mask;
+    std::size_t slot = static_cast<std::size_t>(HashNumber(code, m_spread)) & mask;
     while (m_slots[slot].entry != nullptr && m_slots[slot].code != code)
     {
         slot = (slot + 1) & mask;

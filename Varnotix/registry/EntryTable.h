@@ -14,8 +14,8 @@
 /// Maps dictionary keys to entries. It owns those that are added as owned.
 ///
 /// A key is a text: group and element as eight upper-case hexadecimal digits, with XX for the low byte of a repeating
-/// group. Decoding asks by number a hundred times for each time that somebody asks by text, so keys of that form are
-/// held as numbers in an open hash table; any other text (a malformed dictionary line makes one) goes to a side map.
+/// group. Decoding looks tags up by number far more often than callers look them up by text, so keys of that form are
+/// held as numbers in an open hash table; any other text (from a malformed dictionary line) is kept in a separate map.
 class CEntryTable
 {
 public:
@@ -28,11 +28,11 @@ public:
     /// The entry of a key, or null. The key must be in upper case.
     const CDcmEntry* Find(std::string_view key) const;
 
-    /// The entry of a tag, or null. Tags of the groups 50xx and 60xx are answered by their repeating group's key.
+    /// The entry of a tag, or null. Tags of the groups 50xx and 60xx are found under their repeating group's key.
     const CDcmEntry* FindTag(int group, int element) const { return FindCode(CodeOfTag(group, element)); }
 
-    /// Stores the entry, unless the key is taken: the first entry of a key stands.
-    /// @return the entry that now stands under the key.
+    /// Stores the entry unless the key has one: the first entry of a key is kept.
+    /// @return the entry that the key has now.
     const CDcmEntry* Add(std::string_view key, std::unique_ptr<CDcmEntry> entry);
     /// As above, for an entry that lives longer than the table.
     const CDcmEntry* Add(std::string_view key, const CDcmEntry& entry);

@@ -2,7 +2,7 @@
 
 void CNameList::Add(const CString& text)
 {
-    // The map names no row that is not there: when memory runs out for it, the row has no name to be found by.
+    // The map never refers to a missing row: if memory runs out here, the row only cannot be found by text.
     m_rows.push_back(text);
     m_lastRow[std::string(text.CText())] = GetCount() - 1;
 }

@@ -1,4 +1,4 @@
-/// An enumeration of texts: rows that are found by number, and numbers that are found by text.
+/// An enumeration of texts: rows by number, and numbers by text.
 #pragma once
 
 #include "Varnotix/platform/String.h"
@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-/// Rows keep their order and their duplicates; a search by text answers with the last row that matches.
+/// Rows keep their order and their duplicates; a search by text returns the last row that matches.
 class CNameList
 {
 public:

@@ -70,7 +70,7 @@ struct VARNOTIX_EXPORT SVrRow
 };
 
 /// The row of a named VR.
-/// @param vr 0 to 26; any other code is answered with an empty row.
+/// @param vr 0 to 26; any other code gives an empty row.
 VARNOTIX_EXPORT const SVrRow& VrRow(int vr);
 
 /// The text of a VR code: two letters, "NONE" for VR_NONE, the empty text for every other code.
@@ -81,7 +81,7 @@ VARNOTIX_EXPORT const char* VrText(int vr);
 /// @return VR_UNKNOWN for any other text.
 VARNOTIX_EXPORT int VrCode(std::string_view text);
 
-/// The code of two VR bytes as they stand in an explicit stream, without regard to case; VR_UNKNOWN for others.
+/// The code of the two VR bytes of an explicit stream, without regard to case; VR_UNKNOWN for others.
 VARNOTIX_EXPORT int VrCodeOfBytes(BYTE first, BYTE second);
 
 /// The kind of value that a VR holds.
