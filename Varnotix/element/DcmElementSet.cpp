@@ -88,15 +88,20 @@ void CDcmElementSet::Add(CDcmElement* element)
     }
 }
 
-CDcmElement* CDcmElementSet::AddKnown(const CString& group, const CString& element)
+CDcmElement* CDcmElementSet::AddKnown(DWORD tag)
 {
-    if (group.IsEmpty() || element.IsEmpty() || CDcmRegistry::Global().LookUpTag(TagOfTexts(group, element)) == nullptr)
+    if (CDcmRegistry::Global().LookUpTag(tag) == nullptr)
     {
         return nullptr;
     }
-    Remove(group, element);
-    Add(new CDcmElement(group, element));
+    Remove(tag);
+    Add(new CDcmElement(tag));
     return GetAt(GetCount() - 1);
+}
+
+CDcmElement* CDcmElementSet::AddKnown(const CString& group, const CString& element)
+{
+    return group.IsEmpty() || element.IsEmpty() ? nullptr : AddKnown(TagOfTexts(group, element));
 }
 
 CDcmElement* CDcmElementSet::Insert(const CString& group, const CString& element, const CString& vr, const CString& vm)

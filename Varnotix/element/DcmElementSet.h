@@ -58,6 +58,7 @@ public:
     void CopyDeclared(const CDcmElementSet& other);
     /// Adds an empty element of a tag that the dictionary knows, in place of an element of that tag.
     /// @return the element; null, and nothing changed, for an empty text or an unknown tag.
+    CDcmElement* AddKnown(DWORD tag);
     CDcmElement* AddKnown(const CString& group, const CString& element);
     /// Enters a tag that the dictionary does not know as a private one, with VR and multiplicity, and adds it.
     /// @return the element; null, and nothing changed, when a text is empty or not a number, when the dictionary knows

@@ -234,9 +234,9 @@ class Anonymisation : public testing::Test
 protected:
     Anonymisation()
     {
-        for (const SIdentifyingTag& tag : kIdentifyingTags)
+        for (const DWORD tag : Varnotix::kIdentifyingTags)
         {
-            m_iod.ElementStore().AddKnown(tag.group, tag.element)->AddText("WHO");
+            m_iod.ElementStore().AddKnown(tag)->AddText("WHO");
         }
         m_iod.ElementStore().Add(MakeText(0x0008, 0x0060, "CT"));
         m_iod.ElementStore().Add(MakeSequence(0x0008, 0x1120, {MakeText(0x0010, 0x0010, "NESTED")}));
@@ -252,10 +252,10 @@ TEST_F(Anonymisation, ReplacesEveryElementThatIsThere)
     m_iod.ElementStore().Find(0x0008, 0x0050)->EmptyValue();
     m_iod.Anonymize55((*m_iod.ElementStore().Find(0x0008, 0x0060)->Texts())[0]); // A text of the object itself: "CT".
     EXPECT_EQ(m_iod.GetCount(), 33);
-    for (const SIdentifyingTag& tag : kIdentifyingTags)
+    for (const DWORD tag : Varnotix::kIdentifyingTags)
     {
-        const CDcmElement* element = m_iod.ElementStore().Find(tag.group, tag.element);
-        EXPECT_STREQ(element != nullptr ? element->JoinedText() : CString("CT"), "CT") << tag.group << tag.element;
+        const CDcmElement* element = m_iod.ElementStore().Find(tag);
+        EXPECT_STREQ(element != nullptr ? element->JoinedText() : CString("CT"), "CT") << std::hex << tag;
     }
     EXPECT_EQ(TextOf(m_iod.ElementStore(), 0x0010, 0x1000), "none");
     EXPECT_EQ(TextOf(*m_iod.ElementStore().Find(0x0008, 0x1120)->Items(), 0x0010, 0x0010), "NESTED");

@@ -3,7 +3,6 @@
 #include "object/Attributes.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <iterator>
 
 namespace
@@ -13,13 +12,6 @@ constexpr DWORD kIdentityRemoved = 0x00120062;
 constexpr DWORD kMethod = 0x00120063;
 constexpr DWORD kBurnedIn = 0x00280301;
 constexpr const char* kMethodText = "Varnotix: 32 attributes, also in items; private groups";
-
-DWORD TagOf(const SIdentifyingTag& tag)
-{
-    constexpr int kHexadecimal = 16;
-    return static_cast<DWORD>(std::strtoul(tag.group, nullptr, kHexadecimal) << 16U |
-                              std::strtoul(tag.element, nullptr, kHexadecimal));
-}
 
 bool IsPrivate(const CDcmElement& element)
 {
@@ -113,13 +105,7 @@ void SetText(CDcmElementSet& store, DWORD tag, const CString& text)
 
 bool IsIdentifying(DWORD tag)
 {
-    static const std::set<DWORD> known = []
-    {
-        std::set<DWORD> tags;
-        std::transform(std::begin(kIdentifyingTags), std::end(kIdentifyingTags), std::inserter(tags, tags.end()),
-                       TagOf);
-        return tags;
-    }();
+    static const std::set<DWORD> known(std::begin(Varnotix::kIdentifyingTags), std::end(Varnotix::kIdentifyingTags));
     return known.contains(tag);
 }
 
@@ -181,13 +167,15 @@ void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text)
         AtEveryDepth(store, RemoveIdentifying);
         return;
     }
-    CDcmAttributeModule replacement;
-    for (const SIdentifyingTag& tag : kIdentifyingTags)
+    CDcmElementSet replacement;
+    for (const DWORD tag : Varnotix::kIdentifyingTags)
     {
-        replacement.Insert(tag.group, tag.element);
-        replacement.SetValueField(tag.group, tag.element, text);
+        if (CDcmElement* element = replacement.AddKnown(tag))
+        {
+            element->AddText(text);
+        }
     }
-    AtEveryDepth(store, [&](CDcmElementSet& set) { set.UpdateValuesFrom(replacement.GetDcmElementSet()); });
+    AtEveryDepth(store, [&](CDcmElementSet& set) { set.UpdateValuesFrom(replacement); });
 }
 
 void RemovePrivateGroups(CDcmElementSet& store)
