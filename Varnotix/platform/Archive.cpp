@@ -6,12 +6,14 @@
 
 namespace
 {
+
 constexpr int kMinBuffer = 128;
 constexpr int kMaxBuffer = 1 << 26;
+
 } // namespace
 
 CArchive::CArchive(CFile* file, UINT mode, int bufferSize)
-    : m_pFile(file),
+    : m_file(file),
       m_loading((mode & load) != 0),
       m_bufferSize(static_cast<UINT>(std::clamp(bufferSize, kMinBuffer, kMaxBuffer)))
 {
@@ -25,13 +27,13 @@ CArchive::~CArchive()
     }
     catch (...)
     {
-        // A destructor has nobody to tell; who needs to know calls Close.
+        // A destructor cannot report failures; Close does.
     }
 }
 
 void CArchive::NeedLoading() const
 {
-    if (m_pFile == nullptr)
+    if (m_file == nullptr)
     {
         throw CArchiveException(CArchiveException::generic);
     }
@@ -43,7 +45,7 @@ void CArchive::NeedLoading() const
 
 void CArchive::NeedStoring() const
 {
-    if (m_pFile == nullptr)
+    if (m_file == nullptr)
     {
         throw CArchiveException(CArchiveException::generic);
     }
@@ -66,17 +68,17 @@ bool CArchive::Fill()
 {
     m_next = 0;
     m_filled = 0;
-    m_filled = m_pFile->Read(Buffer(), m_bufferSize);
+    m_filled = m_file->Read(Buffer(), m_bufferSize);
     return m_filled > 0;
 }
 
 void CArchive::WriteBuffered()
 {
-    // Emptied first: after a failed write nobody may try the same bytes again at another place.
+    // Emptied first: after a failed write the same bytes must not be written again at another place.
     const UINT count = std::exchange(m_filled, 0u);
     if (count > 0)
     {
-        m_pFile->Write(m_buffer.get(), count);
+        m_file->Write(m_buffer.get(), count);
     }
 }
 
@@ -91,7 +93,7 @@ UINT CArchive::Read(void* buffer, UINT count)
         {
             if (count - done >= m_bufferSize)
             {
-                return done + m_pFile->Read(out + done, count - done);
+                return done + m_file->Read(out + done, count - done);
             }
             if (!Fill())
             {
@@ -119,7 +121,7 @@ void CArchive::Write(const void* buffer, UINT count)
     }
     if (count >= m_bufferSize)
     {
-        m_pFile->Write(buffer, count);
+        m_file->Write(buffer, count);
         return;
     }
     std::memcpy(Buffer() + m_filled, buffer, count);
@@ -128,18 +130,18 @@ void CArchive::Write(const void* buffer, UINT count)
 
 void CArchive::Flush()
 {
-    if (m_pFile == nullptr)
+    if (m_file == nullptr)
     {
         throw CArchiveException(CArchiveException::generic);
     }
     if (!m_loading)
     {
         WriteBuffered();
-        m_pFile->Flush();
+        m_file->Flush();
     }
     else if (m_next < m_filled)
     {
-        m_pFile->Seek(-static_cast<long long>(m_filled - m_next), CFile::current);
+        m_file->Seek(-static_cast<long long>(m_filled - m_next), CFile::current);
     }
     m_next = 0;
     m_filled = 0;
@@ -147,7 +149,7 @@ void CArchive::Flush()
 
 void CArchive::Close()
 {
-    if (m_pFile != nullptr)
+    if (m_file != nullptr)
     {
         try
         {
@@ -155,10 +157,10 @@ void CArchive::Close()
         }
         catch (...)
         {
-            m_pFile = nullptr;
+            m_file = nullptr;
             throw;
         }
-        m_pFile = nullptr;
+        m_file = nullptr;
     }
 }
 

@@ -1,3 +1,4 @@
+/// A buffered, one-way stream of numbers, bytes and lines over a file.
 #pragma once
 
 #include "Varnotix/platform/File.h"
@@ -13,7 +14,7 @@ concept ArchiveInteger = std::integral<TYPE> && !std::same_as<TYPE, bool> && siz
 /// A buffered stream over a file, in one direction. The file must live as long as the archive; it is not owned.
 ///
 /// Contract: reading from a storing archive or writing into a loading one throws CArchiveException; failures of the
-/// file pass through as they are. The destructor writes what is left and swallows failures; Close reports them.
+/// file pass through as they are. The destructor writes what is left and ignores failures; Close reports them.
 class VARNOTIX_EXPORT CArchive
 {
 public:
@@ -33,7 +34,7 @@ public:
     bool IsLoading() const noexcept { return m_loading; }
     bool IsStoring() const noexcept { return !m_loading; }
     /// The file below; null after Close. Call Flush before using it directly.
-    CFile* GetFile() const noexcept { return m_pFile; }
+    CFile* GetFile() const noexcept { return m_file; }
 
     /// Reads up to `count` bytes; fewer only at the end.
     UINT Read(void* buffer, UINT count);
@@ -42,7 +43,7 @@ public:
     /// Storing: writes what is buffered. Loading: drops the buffer and moves the file's position back to the first byte
     /// that was not read yet.
     void Flush();
-    /// Flushes and lets go of the file, which stays open.
+    /// Flushes and releases the file, which stays open.
     void Close();
 
     /// Reads a line into `line`, without its end, which is LF or CR LF. False only when nothing is left; a last line
@@ -77,12 +78,12 @@ private:
     void PutInteger(std::uint32_t value, std::size_t bytes);
     std::uint32_t GetInteger(std::size_t bytes);
 
-    CFile* m_pFile;
+    CFile* m_file;
     bool m_loading;
     UINT m_bufferSize;
-    /// Made by the first use, since a reader that takes a memory file's own bytes never needs it.
+    /// Allocated on first use: a reader that takes a memory file's own bytes never needs it.
     std::unique_ptr<BYTE[]> m_buffer;
-    /// Loading: the bytes in [m_next, m_filled) are still to be read. Storing: those in [0, m_filled) to be written.
+    /// Loading: the bytes in [m_next, m_filled) are not yet read. Storing: those in [0, m_filled) are not yet written.
     UINT m_next = 0;
     UINT m_filled = 0;
 };

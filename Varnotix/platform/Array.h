@@ -1,3 +1,4 @@
+/// The growing array that all arrays of the interfaces derive from.
 #pragma once
 
 #include "Varnotix/platform/Exceptions.h"
@@ -15,11 +16,11 @@
 #include <utility>
 #include <vector>
 
-/// An array that grows. Elements lie side by side; adding at the end is linear over many additions.
+/// A growing array, contiguous in memory. Adding at the end takes amortised constant time.
 ///
 /// Contract:
 /// - New elements that SetSize and SetAtGrow make are zero (value-initialised).
-/// - A size below 0 or above 2^31-1, or memory that ran out, throws CMemoryException; the array then is unchanged.
+/// - A size below 0 or above 2^31-1, or a lack of memory, throws CMemoryException; the array is then unchanged.
 /// - GetAt, SetAt, ElementAt, InsertAt and RemoveAt throw std::out_of_range for an index outside. operator[] and
 ///   GetData are unchecked in release builds, for loops that already know the size.
 /// - Pointers and references to elements are valid until the size changes.
@@ -63,11 +64,11 @@ public:
     {
         Guard([&] { m_data.reserve(Checked(size)); });
     }
-    /// Empties the array and gives its memory back.
+    /// Empties the array and frees its memory.
     void RemoveAll() noexcept { std::vector<TYPE>().swap(m_data); }
-    /// The number of elements that there is room for.
+    /// The number of elements that fit without a new allocation.
     int GetCapacity() const noexcept { return static_cast<int>(std::min(m_data.capacity(), kMaxSize)); }
-    /// Gives back memory that the size does not need.
+    /// Frees memory that the size does not need.
     void FreeExtra()
     {
         Guard([&] { m_data.shrink_to_fit(); });
@@ -102,7 +103,7 @@ public:
             {
                 if (m_data.size() >= kMaxSize)
                 {
-                    ThrowMemoryException();
+                    Varnotix::ThrowMemoryException();
                 }
                 m_data.push_back(value);
             });
@@ -130,7 +131,7 @@ public:
                 const std::size_t added = Checked(count);
                 if (added > kMaxSize - m_data.size())
                 {
-                    ThrowMemoryException();
+                    Varnotix::ThrowMemoryException();
                 }
                 if (Holds(source))
                 {
@@ -164,7 +165,7 @@ public:
                 }
             });
     }
-    /// Inserts `count` copies of `value` before `index`. An index behind the end fills the gap with zero elements; one
+    /// Inserts `count` copies of `value` before `index`. An index after the end fills the gap with zero elements; one
     /// below 0 throws std::out_of_range.
     void InsertAt(int index, ARG_TYPE value, int count = 1)
     {
@@ -180,7 +181,7 @@ public:
                 const std::size_t start = std::max(place, m_data.size());
                 if (added.size() > kMaxSize - start)
                 {
-                    ThrowMemoryException();
+                    Varnotix::ThrowMemoryException();
                 }
                 Grow(start + added.size());
                 if (place > m_data.size())
@@ -200,7 +201,7 @@ public:
         }
         m_data.erase(m_data.begin() + index, m_data.begin() + index + count);
     }
-    /// As SetAt, but an index behind the end makes the array longer; the gap is zero.
+    /// As SetAt, but an index after the end makes the array longer; the gap is zero.
     void SetAtGrow(int index, ARG_TYPE value)
     {
         if (index < 0)
@@ -227,7 +228,7 @@ private:
     {
         if (size < 0)
         {
-            ThrowMemoryException();
+            Varnotix::ThrowMemoryException();
         }
         return static_cast<std::size_t>(size);
     }
@@ -259,11 +260,11 @@ private:
         }
         catch (const std::bad_alloc&)
         {
-            ThrowMemoryException();
+            Varnotix::ThrowMemoryException();
         }
         catch (const std::length_error&)
         {
-            ThrowMemoryException();
+            Varnotix::ThrowMemoryException();
         }
     }
 

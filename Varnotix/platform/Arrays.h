@@ -1,9 +1,10 @@
+/// The arrays that the interfaces name.
 #pragma once
 
 #include "Varnotix/platform/Array.h"
 
-// The arrays that the interfaces name. Each has its own run-time class, so that a CObject can be asked what it holds.
-// Copies, moves and comparison are those of CArray.
+// Each has its own run-time class, so that a CObject can be asked what it holds. Copies, moves and comparison are those
+// of CArray.
 
 /// Bytes.
 class VARNOTIX_EXPORT CByteArray : public CArray<BYTE, BYTE>

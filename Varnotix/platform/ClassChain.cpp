@@ -6,15 +6,16 @@
 
 namespace
 {
-// Records register themselves while static objects are constructed, in no order that can be relied on. The lists
-// are therefore ready before the first constructor runs.
+
+// Records register themselves while static objects are constructed, in an unspecified order. The lists are therefore
+// ready before the first constructor runs.
 constinit CRuntimeClass* libraryClasses = nullptr;
 constinit CRuntimeClass* hostClasses = nullptr;
 constinit int joinCount = 0;
 
-CRuntimeClass*& Head(ClassModule module)
+CRuntimeClass*& Head(EClassModule module)
 {
-    return module == ClassModule::Library ? libraryClasses : hostClasses;
+    return module == EClassModule::Library ? libraryClasses : hostClasses;
 }
 
 template <class ACTION>
@@ -32,9 +33,10 @@ void ForEachVisible(ACTION action)
         }
     }
 }
+
 } // namespace
 
-CRuntimeClassEntry::CRuntimeClassEntry(CRuntimeClass& record, ClassModule module) : m_record(record), m_module(module)
+CRuntimeClassEntry::CRuntimeClassEntry(CRuntimeClass& record, EClassModule module) : m_record(record), m_module(module)
 {
     record.m_pNextClass = Head(module);
     Head(module) = &record;
@@ -52,12 +54,12 @@ CRuntimeClassEntry::~CRuntimeClassEntry()
     }
 }
 
-void JoinLibraryClasses()
+void Varnotix::JoinLibraryClasses()
 {
     ++joinCount;
 }
 
-void LeaveLibraryClasses()
+void Varnotix::LeaveLibraryClasses()
 {
     --joinCount;
 }

@@ -1,5 +1,13 @@
+/// The library's part of the chain of run-time classes.
 #pragma once
 
-// The library's own classes enter and leave the chain that CRuntimeClass::FromName searches. Calls nest.
+namespace Varnotix
+{
+
+/// Adds the library's classes to those that CRuntimeClass::FromName searches. Calls nest.
 void JoinLibraryClasses();
+
+/// Undoes one call of JoinLibraryClasses.
 void LeaveLibraryClasses();
+
+} // namespace Varnotix

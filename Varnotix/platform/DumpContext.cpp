@@ -4,25 +4,27 @@
 
 namespace
 {
+
 constexpr std::string_view kNull = "(NULL)";
 
 /// Enough for every integer in any base used here and for every double.
 constexpr std::size_t kNumberSize = 40;
 
-// Not printf: its decimal point follows the locale, and a dump must read the same everywhere.
+// Not printf: its decimal point follows the locale, and a dump must be the same everywhere.
 template <class TYPE, class... BASE>
 std::string_view ToText(char (&buffer)[kNumberSize], TYPE value, BASE... base)
 {
     const std::to_chars_result result = std::to_chars(buffer, buffer + kNumberSize, value, base...);
     return std::string_view(buffer, static_cast<std::size_t>(result.ptr - buffer));
 }
+
 } // namespace
 
-CDumpContext::CDumpContext() : m_keeps(true), m_pStream(nullptr), m_pFile(nullptr) {}
+CDumpContext::CDumpContext() : m_keeps(true), m_stream(nullptr), m_file(nullptr) {}
 
-CDumpContext::CDumpContext(std::FILE* stream) : m_keeps(false), m_pStream(stream), m_pFile(nullptr) {}
+CDumpContext::CDumpContext(std::FILE* stream) : m_keeps(false), m_stream(stream), m_file(nullptr) {}
 
-CDumpContext::CDumpContext(CFile* file) : m_keeps(false), m_pStream(nullptr), m_pFile(file) {}
+CDumpContext::CDumpContext(CFile* file) : m_keeps(false), m_stream(nullptr), m_file(file) {}
 
 void CDumpContext::Put(std::string_view text)
 {
@@ -30,13 +32,13 @@ void CDumpContext::Put(std::string_view text)
     {
         m_text += text;
     }
-    else if (m_pStream != nullptr)
+    else if (m_stream != nullptr)
     {
-        std::fwrite(text.data(), 1, text.size(), m_pStream);
+        std::fwrite(text.data(), 1, text.size(), m_stream);
     }
-    else if (m_pFile != nullptr)
+    else if (m_file != nullptr)
     {
-        m_pFile->Write(text.data(), static_cast<UINT>(text.size()));
+        m_file->Write(text.data(), static_cast<UINT>(text.size()));
     }
 }
 
@@ -52,9 +54,9 @@ CDumpContext& CDumpContext::operator<<(const CString& text)
     return *this;
 }
 
-CDumpContext& CDumpContext::operator<<(char ch)
+CDumpContext& CDumpContext::operator<<(char character)
 {
-    Put(std::string_view(&ch, 1));
+    Put(std::string_view(&character, 1));
     return *this;
 }
 

@@ -1,3 +1,4 @@
+/// The target of diagnostic texts.
 #pragma once
 
 #include "Varnotix/platform/File.h"
@@ -5,7 +6,7 @@
 #include <concepts>
 #include <cstdio>
 
-/// Takes diagnostic text, and either keeps it or passes it on at once.
+/// A stream of diagnostic text, which either keeps the text or writes it at once.
 class VARNOTIX_EXPORT CDumpContext
 {
 public:
@@ -25,7 +26,7 @@ public:
     CDumpContext& operator<<(LPCTSTR text);
     /// The text up to its first zero byte.
     CDumpContext& operator<<(const CString& text);
-    CDumpContext& operator<<(char ch);
+    CDumpContext& operator<<(char character);
     CDumpContext& operator<<(double value);
     /// The address in hexadecimal.
     CDumpContext& operator<<(const void* address);
@@ -53,7 +54,7 @@ private:
     void Put(std::string_view text);
 
     bool m_keeps;
-    std::FILE* m_pStream;
-    CFile* m_pFile;
+    std::FILE* m_stream;
+    CFile* m_file;
     CString m_text;
 };

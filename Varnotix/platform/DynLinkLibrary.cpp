@@ -6,10 +6,10 @@ IMPLEMENT_DYNAMIC(CDynLinkLibrary, CObject)
 
 CDynLinkLibrary::CDynLinkLibrary()
 {
-    JoinLibraryClasses();
+    Varnotix::JoinLibraryClasses();
 }
 
 CDynLinkLibrary::~CDynLinkLibrary()
 {
-    LeaveLibraryClasses();
+    Varnotix::LeaveLibraryClasses();
 }

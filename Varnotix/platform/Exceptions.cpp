@@ -12,7 +12,7 @@ CMemoryException::~CMemoryException() = default;
 CFileException::~CFileException() = default;
 CArchiveException::~CArchiveException() = default;
 
-void ThrowMemoryException()
+void Varnotix::ThrowMemoryException()
 {
     throw CMemoryException();
 }
@@ -34,7 +34,7 @@ CFileException::CFileException(Cause cause, long osError, const CString& fileNam
 
 CString CFileException::GetErrorMessage() const
 {
-    // The texts are our own, so that a message reads the same on every system and in every language setting.
+    // The library has its own texts, so that a message reads the same on every system and in every language setting.
     CString reason;
     switch (m_cause)
     {

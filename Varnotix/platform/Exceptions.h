@@ -1,3 +1,4 @@
+/// The exceptions of files, archives and memory.
 #pragma once
 
 #include "Varnotix/platform/Object.h"
@@ -12,11 +13,11 @@ class VARNOTIX_EXPORT CException : public CObject
     CException(const CException&) = default;
     CException& operator=(const CException&) = default;
     ~CException() override;
-    /// One line for people, without a line end.
+    /// A one-line message for users, without a line end.
     virtual CString GetErrorMessage() const;
 };
 
-/// Memory ran out, or a size was asked for that no container can have.
+/// Memory ran out, or the requested size is larger than any container can be.
 class VARNOTIX_EXPORT CMemoryException : public CException
 {
     DECLARE_DYNAMIC(CMemoryException)
@@ -31,13 +32,13 @@ class VARNOTIX_EXPORT CMemoryException : public CException
 class VARNOTIX_EXPORT CFileException : public CException
 {
     DECLARE_DYNAMIC(CFileException)
-    /// Why it failed, as far as the system tells.
+    /// Why it failed, as far as the system reports it.
     enum Cause
     {
         none,
-        generic, ///< no other cause fits; m_lOsError tells
+        generic, ///< no other cause fits; see m_lOsError
         fileNotFound,
-        badPath, ///< the path leads through something that is no folder
+        badPath, ///< a part of the path is not a folder
         tooManyOpenFiles,
         accessDenied,
         invalidFile, ///< not a regular file, or not open
@@ -84,5 +85,10 @@ class VARNOTIX_EXPORT CArchiveException : public CException
     Cause m_cause; ///< One of Cause.
 };
 
-/// Throws CMemoryException. Out of line, so that the templates that call it stay small.
+namespace Varnotix
+{
+
+/// Throws CMemoryException. It is not inline, so that the templates that call it stay small.
 [[noreturn]] VARNOTIX_EXPORT void ThrowMemoryException();
+
+} // namespace Varnotix

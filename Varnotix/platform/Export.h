@@ -1,7 +1,7 @@
+/// Macros for exported names and checked format texts.
 #pragma once
 
-// Decides what the dynamic library shows to its host. VARNOTIX_BUILDING is defined only while the library itself
-// is compiled.
+// VARNOTIX_BUILDING is defined only while the library itself is compiled.
 #if defined(_WIN32)
 #if defined(VARNOTIX_BUILDING)
 #define VARNOTIX_EXPORT __declspec(dllexport)
@@ -12,7 +12,7 @@
 #define VARNOTIX_EXPORT __attribute__((visibility("default")))
 #endif
 
-// Lets the compiler check format texts. The Windows headers name the dialect that their own printf family speaks.
+// Lets the compiler check format texts. The Windows headers define the dialect of their own printf family.
 #if defined(__MINGW_PRINTF_FORMAT)
 #define VARNOTIX_PRINTF(text, first) __attribute__((format(__MINGW_PRINTF_FORMAT, text, first)))
 #elif defined(__GNUC__)

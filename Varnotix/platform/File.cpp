@@ -5,11 +5,14 @@
 
 #include <climits>
 
+using namespace Varnotix;
+
 IMPLEMENT_DYNAMIC(CFile, CObject)
 
 namespace
 {
-void Check(const OsFile::Failure& failure, const CString& path, const char* operation)
+
+void Check(const OsFile::SFailure& failure, const CString& path, const char* operation)
 {
     if (failure)
     {
@@ -17,16 +20,17 @@ void Check(const OsFile::Failure& failure, const CString& path, const char* oper
     }
 }
 
-OsFile::OpenMode ToMode(UINT flags)
+OsFile::SOpenMode ToMode(UINT flags)
 {
     const bool create = (flags & CFile::modeCreate) != 0;
-    OsFile::OpenMode mode = {};
+    OsFile::SOpenMode mode = {};
     mode.write = create || (flags & (CFile::modeWrite | CFile::modeReadWrite)) != 0;
     mode.read = (flags & CFile::modeReadWrite) != 0 || !mode.write;
     mode.create = create;
     mode.truncate = create && (flags & CFile::modeNoTruncate) == 0;
     return mode;
 }
+
 } // namespace
 
 CFile::CFile() : m_handle(OsFile::kClosed) {}
@@ -56,9 +60,9 @@ bool CFile::Open(LPCTSTR path, UINT flags, CFileException* error)
         m_handle = OsFile::kClosed;
         m_path.Empty();
     }
-    const OsFile::OpenMode mode = ToMode(flags);
+    const OsFile::SOpenMode mode = ToMode(flags);
     CString opened = path;
-    OsFile::Failure failure = OsFile::Open(opened, mode, m_handle);
+    OsFile::SFailure failure = OsFile::Open(opened, mode, m_handle);
     const bool missing = failure.cause == CFileException::fileNotFound || failure.cause == CFileException::badPath;
     if (missing && !mode.create)
     {
@@ -95,7 +99,7 @@ UINT CFile::Read(void* buffer, UINT count)
 {
     UINT done = 0;
     Check(IsOpen() ? OsFile::Read(m_handle, static_cast<BYTE*>(buffer), count, done)
-                   : OsFile::Failure{CFileException::invalidFile, 0},
+                   : OsFile::SFailure{CFileException::invalidFile, 0},
           m_path, "read");
     return done;
 }
@@ -103,14 +107,14 @@ UINT CFile::Read(void* buffer, UINT count)
 void CFile::Write(const void* buffer, UINT count)
 {
     Check(IsOpen() ? OsFile::Write(m_handle, static_cast<const BYTE*>(buffer), count)
-                   : OsFile::Failure{CFileException::invalidFile, 0},
+                   : OsFile::SFailure{CFileException::invalidFile, 0},
           m_path, "write");
 }
 
 ULONGLONG CFile::Seek(long long offset, UINT from)
 {
     ULONGLONG position = 0;
-    Check(IsOpen() ? OsFile::Seek(m_handle, offset, from, position) : OsFile::Failure{CFileException::invalidFile, 0},
+    Check(IsOpen() ? OsFile::Seek(m_handle, offset, from, position) : OsFile::SFailure{CFileException::invalidFile, 0},
           m_path, "seek in");
     return position;
 }
@@ -118,7 +122,7 @@ ULONGLONG CFile::Seek(long long offset, UINT from)
 ULONGLONG CFile::GetPosition() const
 {
     ULONGLONG position = 0;
-    Check(IsOpen() ? OsFile::Seek(m_handle, 0, current, position) : OsFile::Failure{CFileException::invalidFile, 0},
+    Check(IsOpen() ? OsFile::Seek(m_handle, 0, current, position) : OsFile::SFailure{CFileException::invalidFile, 0},
           m_path, "seek in");
     return position;
 }
@@ -126,7 +130,7 @@ ULONGLONG CFile::GetPosition() const
 ULONGLONG CFile::GetLength() const
 {
     ULONGLONG length = 0;
-    Check(IsOpen() ? OsFile::Length(m_handle, length) : OsFile::Failure{CFileException::invalidFile, 0}, m_path,
+    Check(IsOpen() ? OsFile::Length(m_handle, length) : OsFile::SFailure{CFileException::invalidFile, 0}, m_path,
           "measure");
     return length;
 }
@@ -134,8 +138,8 @@ ULONGLONG CFile::GetLength() const
 void CFile::SetLength(ULONGLONG length)
 {
     const bool fits = length <= static_cast<ULONGLONG>(LLONG_MAX);
-    Check(!IsOpen() ? OsFile::Failure{CFileException::invalidFile, 0}
-          : !fits   ? OsFile::Failure{CFileException::diskFull, 0}
+    Check(!IsOpen() ? OsFile::SFailure{CFileException::invalidFile, 0}
+          : !fits   ? OsFile::SFailure{CFileException::diskFull, 0}
                     : OsFile::SetLength(m_handle, length),
           m_path, "resize");
     if (GetPosition() > length)
@@ -150,7 +154,7 @@ void CFile::Close()
 {
     if (IsOpen())
     {
-        const OsFile::Failure failure = OsFile::Close(m_handle);
+        const OsFile::SFailure failure = OsFile::Close(m_handle);
         const CString path = m_path;
         m_handle = OsFile::kClosed;
         m_path.Empty();

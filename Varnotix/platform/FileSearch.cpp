@@ -2,6 +2,9 @@
 
 #include <cstdlib>
 
+namespace Varnotix
+{
+
 bool MatchesWildcard(const CString& pattern, const CString& name)
 {
     CString lowerPattern = pattern;
@@ -10,7 +13,7 @@ bool MatchesWildcard(const CString& pattern, const CString& name)
     lowerName.MakeLower();
     const std::string_view p = lowerPattern == "*.*" ? "*" : lowerPattern.CText();
     const std::string_view n = lowerName.CText();
-    // Only the last star needs to be tried again: what an earlier one took can only grow worse by taking more.
+    // Only the last star needs to be tried again: an earlier one cannot gain by matching more.
     std::size_t patternPlace = 0;
     std::size_t namePlace = 0;
     std::size_t star = std::string_view::npos;
@@ -44,3 +47,5 @@ CString EnvironmentVariable(LPCTSTR name)
 {
     return name == nullptr ? CString() : CString(std::getenv(name));
 }
+
+} // namespace Varnotix

@@ -1,8 +1,10 @@
+/// Paths and files found by name. Paths may be written with '\' or '/'.
 #pragma once
 
 #include "Varnotix/platform/Arrays.h"
 
-// Files found by name. Paths may be written with '\' or '/'.
+namespace Varnotix
+{
 
 /// The existing file or folder that `path` means without regard to case, with the names as the disk has them (on
 /// Windows as asked); empty when there is none. Where several names differ only in case, the one written as asked wins,
@@ -21,17 +23,18 @@ VARNOTIX_EXPORT bool MatchesWildcard(const CString& pattern, const CString& name
 /// True when `path`, as written, is a regular file.
 VARNOTIX_EXPORT bool FileExists(const CString& path);
 
-/// The current directory, without a separator at the end; empty when the system does not tell.
+/// The current directory, without a separator at the end; empty when the system does not report it.
 VARNOTIX_EXPORT CString CurrentDirectory();
 
-/// The folder that this library was loaded from, without a separator at the end; empty when the system does not tell.
+/// The folder that this library was loaded from, without a separator at the end; empty when the system does not report
+/// it.
 VARNOTIX_EXPORT CString LibraryDirectory();
 
 /// The value of an environment variable; empty when it is not set.
 VARNOTIX_EXPORT CString EnvironmentVariable(LPCTSTR name);
 
-/// `name` inside `folder`, with exactly one separator between. An empty folder gives the name alone, and an absolute
-/// name stands for itself.
+/// `name` inside `folder`, with exactly one separator between. An empty folder and an absolute name
+/// give the name as it is.
 VARNOTIX_EXPORT CString JoinPath(const CString& folder, const CString& name);
 
 /// Gives the file `from` the name `to` in one step, replacing what was there. False on failure; both are then as
@@ -40,3 +43,5 @@ VARNOTIX_EXPORT bool ReplaceFileByRename(const CString& from, const CString& to)
 
 /// Deletes a file; false when there was none or it cannot be deleted.
 VARNOTIX_EXPORT bool DeleteFileByPath(const CString& path);
+
+} // namespace Varnotix

@@ -14,17 +14,21 @@
 #include <unistd.h>
 #include <vector>
 
+namespace Varnotix
+{
+
 namespace
 {
-/// Its address lies in this library. A function would not do: in some hosts its address is a stub of the host's.
+
+/// Its address is inside this library. The address of a function may be that of a stub in the host.
 const char kInsideLibrary = 0;
 
-struct CloseFolder
+struct SCloseFolder
 {
     void operator()(DIR* folder) const { ::closedir(folder); }
 };
 
-struct FreeText
+struct SFreeText
 {
     void operator()(char* text) const { std::free(text); }
 };
@@ -44,7 +48,7 @@ bool IsDots(std::string_view name)
 std::vector<std::string> Names(const CString& folder, const CString& pattern)
 {
     std::vector<std::string> names;
-    const std::unique_ptr<DIR, CloseFolder> opened(::opendir(folder));
+    const std::unique_ptr<DIR, SCloseFolder> opened(::opendir(folder));
     if (opened != nullptr)
     {
         while (const dirent* entry = ::readdir(opened.get()))
@@ -71,7 +75,7 @@ std::string WithSlashes(const CString& path)
 
 CString RealFolder(const char* path)
 {
-    const std::unique_ptr<char, FreeText> real(::realpath(path, nullptr));
+    const std::unique_ptr<char, SFreeText> real(::realpath(path, nullptr));
     return CString(real.get());
 }
 
@@ -87,6 +91,7 @@ CString NameNoCase(const CString& folder, const CString& name)
     }
     return CString();
 }
+
 } // namespace
 
 CString FindPathNoCase(const CString& path)
@@ -181,5 +186,7 @@ bool DeleteFileByPath(const CString& path)
 {
     return ::unlink(path) == 0;
 }
+
+} // namespace Varnotix
 
 #endif

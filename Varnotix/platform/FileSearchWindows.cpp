@@ -9,15 +9,20 @@
 #endif
 #include <windows.h>
 
+namespace Varnotix
+{
+
 namespace
 {
-/// Its address lies in this library. A function would not do: in some hosts its address is a stub of the host's.
+
+/// Its address is inside this library. The address of a function may be that of a stub in the host.
 const char kInsideLibrary = 0;
 
-bool IsSeparator(char ch)
+bool IsSeparator(char character)
 {
-    return ch == '\\' || ch == '/';
+    return character == '\\' || character == '/';
 }
+
 } // namespace
 
 CString FindPathNoCase(const CString& path)
@@ -97,5 +102,7 @@ bool DeleteFileByPath(const CString& path)
 {
     return ::DeleteFileA(path) != 0;
 }
+
+} // namespace Varnotix
 
 #endif

@@ -1,3 +1,4 @@
+/// Lists of objects and of texts.
 #pragma once
 
 #include "Varnotix/platform/Arrays.h"

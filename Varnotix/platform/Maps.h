@@ -1,3 +1,4 @@
+/// Hash maps from texts and words to objects.
 #pragma once
 
 #include "Varnotix/platform/Exceptions.h"
@@ -15,8 +16,8 @@ struct CStringHash
 
 /// A hash map to objects, which it does not own.
 ///
-/// Contract: entries come in no particular order. A position stays good while its entry is in the map, whatever else is
-/// added or removed. A null position throws std::out_of_range. Memory that ran out throws std::bad_alloc.
+/// Contract: entries come in no particular order. A position stays valid while its entry is in the map, whatever else
+/// is added or removed. A null position throws std::out_of_range. Memory that ran out throws std::bad_alloc.
 template <class KEY, class ARG_KEY, class HASH>
 class CMapToOb : public CObject
 {
@@ -33,7 +34,7 @@ public:
     }
     /// Adds the entry, or replaces the value of the one that has this key.
     void SetAt(ARG_KEY key, CObject* value) { m_entries.insert_or_assign(key, value); }
-    /// True when the key is there, with its value in `value`. Otherwise `value` stays as it was.
+    /// True when the key is in the map; its value is then in `value`, which is otherwise unchanged.
     bool Lookup(ARG_KEY key, CObject*& value) const
     {
         const auto found = m_entries.find(key);
@@ -49,7 +50,7 @@ public:
     void RemoveAll() noexcept { m_entries.clear(); }
     /// A position to begin with; null when empty.
     POSITION GetStartPosition() const noexcept { return ToPosition(m_entries.begin()); }
-    /// Gives the entry at `position`, which moves on to another entry, or to null behind the last.
+    /// Gives the entry at `position`, which moves on to another entry, or to null after the last.
     void GetNextAssoc(POSITION& position, KEY& key, CObject*& value) const
     {
         if (position == nullptr)

@@ -7,11 +7,15 @@
 #include <functional>
 #include <limits>
 
+using namespace Varnotix;
+
 IMPLEMENT_DYNAMIC(CMemFile, CFile)
 
 namespace
 {
+
 constexpr ULONGLONG kMaxLength = INT_MAX;
+
 } // namespace
 
 CMemFile::CMemFile(UINT growBytes) : m_growBytes(growBytes) {}
@@ -30,24 +34,24 @@ void CMemFile::Attach(const BYTE* bytes, UINT count, UINT growBytes)
         ThrowMemoryException();
     }
     Detach();
-    m_pAttached = count == 0 ? nullptr : bytes;
-    m_attachedCount = m_pAttached == nullptr ? 0 : count;
+    m_attached = count == 0 ? nullptr : bytes;
+    m_attachedCount = m_attached == nullptr ? 0 : count;
     m_growBytes = growBytes;
 }
 
 void CMemFile::Detach() noexcept
 {
     m_own.RemoveAll();
-    m_pAttached = nullptr;
+    m_attached = nullptr;
     m_attachedCount = 0;
     m_position = 0;
 }
 
 void CMemFile::DetachTo(CByteArray& out)
 {
-    if (m_pAttached != nullptr)
+    if (m_attached != nullptr)
     {
-        out.Assign(m_pAttached, static_cast<int>(m_attachedCount));
+        out.Assign(m_attached, static_cast<int>(m_attachedCount));
     }
     else
     {
@@ -68,10 +72,10 @@ void CMemFile::Reserve(UINT count)
 
 void CMemFile::MakeOwn()
 {
-    if (m_pAttached != nullptr)
+    if (m_attached != nullptr)
     {
-        m_own.Assign(m_pAttached, static_cast<int>(m_attachedCount));
-        m_pAttached = nullptr;
+        m_own.Assign(m_attached, static_cast<int>(m_attachedCount));
+        m_attached = nullptr;
         m_attachedCount = 0;
     }
 }
@@ -116,7 +120,7 @@ void CMemFile::Write(const void* buffer, UINT count)
     const BYTE* source = static_cast<const BYTE*>(buffer);
     const ULONGLONG newPosition = m_position + count;
     MakeOwn();
-    // Growing moves the bytes, so a piece of the file itself has to be taken out of the way first.
+    // Growing moves the bytes, so a source inside the file is copied first.
     CByteArray piece;
     if (!std::less<>()(source, m_own.begin()) && std::less<>()(source, m_own.end()))
     {
@@ -157,7 +161,7 @@ ULONGLONG CMemFile::GetPosition() const
 
 ULONGLONG CMemFile::GetLength() const
 {
-    return m_pAttached != nullptr ? m_attachedCount : static_cast<ULONGLONG>(m_own.GetSize());
+    return m_attached != nullptr ? m_attachedCount : static_cast<ULONGLONG>(m_own.GetSize());
 }
 
 void CMemFile::SetLength(ULONGLONG length)
@@ -177,11 +181,11 @@ void CMemFile::Close()
 
 const BYTE* CMemFile::GetBufferPtr() const
 {
-    // Null would say that this is no memory file, so an empty one points at something.
+    // Null would mean that this is not a memory file, so an empty one returns some address.
     static constexpr BYTE kEmpty = 0;
-    if (m_pAttached != nullptr)
+    if (m_attached != nullptr)
     {
-        return m_pAttached;
+        return m_attached;
     }
     return m_own.GetData() != nullptr ? m_own.GetData() : &kEmpty;
 }

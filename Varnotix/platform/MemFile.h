@@ -1,3 +1,4 @@
+/// Files in memory.
 #pragma once
 
 #include "Varnotix/platform/Arrays.h"
@@ -5,8 +6,8 @@
 
 /// A file in memory. It is always open and has no path.
 ///
-/// Contract: many small writes cost no more than one large one, over all. A write behind the end fills the gap with
-/// zero. A length above 2^31-1 throws CMemoryException and leaves the file unchanged.
+/// Contract: the cost of writing is linear in the bytes written, however small the writes. A write after the end fills
+/// the gap with zero bytes. A length above 2^31-1 throws CMemoryException and leaves the file unchanged.
 class VARNOTIX_EXPORT CMemFile : public CFile
 {
     DECLARE_DYNAMIC(CMemFile)
@@ -19,9 +20,9 @@ class VARNOTIX_EXPORT CMemFile : public CFile
     /// Reads the caller's bytes in place, from position 0. They are not copied, not owned and never changed: the first
     /// write works on a copy. They must live as long as they are attached.
     void Attach(const BYTE* bytes, UINT count, UINT growBytes = 0);
-    /// Forgets the content; the file is empty then.
+    /// Drops the content and leaves the file empty.
     void Detach() noexcept;
-    /// Replaces `out` by the content and leaves the file empty. The file's own bytes are handed over without a copy.
+    /// Replaces `out` by the content and leaves the file empty. The file's own bytes are moved, not copied.
     void DetachTo(CByteArray& out);
     /// Makes room for `count` bytes.
     void Reserve(UINT count);
@@ -42,7 +43,7 @@ private:
     void GrowTo(ULONGLONG length);
 
     CByteArray m_own;
-    const BYTE* m_pAttached = nullptr;
+    const BYTE* m_attached = nullptr;
     UINT m_attachedCount = 0;
     UINT m_growBytes;
     ULONGLONG m_position = 0;

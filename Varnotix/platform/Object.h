@@ -1,3 +1,4 @@
+/// The root of the class library, and run-time class records.
 #pragma once
 
 #include "Varnotix/platform/Export.h"
@@ -22,7 +23,7 @@ public:
     CObject* (*m_pfnCreateObject)();
     /// The record of the base class; null only for CObject.
     CRuntimeClass* m_pBaseClass;
-    /// The next record of the same module. Kept by the class chain; nobody else touches it.
+    /// The next record of the same module. Maintained by the class chain only.
     CRuntimeClass* m_pNextClass;
 
     /// A new object of this class, owned by the caller; null when the class cannot be created dynamically.
@@ -41,31 +42,31 @@ public:
 };
 
 /// The module that a class record belongs to.
-enum class ClassModule
+enum class EClassModule
 {
-    Library, ///< found only after the library was joined to the chain
+    Library, ///< found only while a CDynLinkLibrary exists
     Host     ///< found at once
 };
 
 #if defined(VARNOTIX_BUILDING)
-#define VARNOTIX_CLASS_MODULE ClassModule::Library
+#define VARNOTIX_CLASS_MODULE EClassModule::Library
 #else
-#define VARNOTIX_CLASS_MODULE ClassModule::Host
+#define VARNOTIX_CLASS_MODULE EClassModule::Host
 #endif
 
-/// Enters a record in its module's list for as long as the entry lives. The lists are ready before any constructor
-/// runs, so entries may be made in any order of static initialisation. Used by the IMPLEMENT_ macros.
+/// Keeps a record in its module's list for the lifetime of the entry. The lists are ready before any constructor runs,
+/// so entries may be constructed in any order of static initialisation. Used by the IMPLEMENT_ macros.
 class VARNOTIX_EXPORT CRuntimeClassEntry
 {
 public:
-    CRuntimeClassEntry(CRuntimeClass& record, ClassModule module);
+    CRuntimeClassEntry(CRuntimeClass& record, EClassModule module);
     ~CRuntimeClassEntry();
     CRuntimeClassEntry(const CRuntimeClassEntry&) = delete;
     CRuntimeClassEntry& operator=(const CRuntimeClassEntry&) = delete;
 
 private:
     CRuntimeClass& m_record;
-    ClassModule m_module;
+    EClassModule m_module;
 };
 
 /// The root of the class library: run-time class, serialisation and diagnosis. The order of the virtual functions is
@@ -80,11 +81,11 @@ public:
     virtual CRuntimeClass* GetRuntimeClass() const;
     virtual ~CObject();
     /// Reads or writes the object. Does nothing here.
-    virtual void Serialize(CArchive& ar);
+    virtual void Serialize(CArchive& archive);
     /// Checks the object's own consistency. Does nothing here.
     virtual void AssertValid() const;
     /// Writes a diagnostic text: here the class name.
-    virtual void Dump(CDumpContext& dc) const;
+    virtual void Dump(CDumpContext& context) const;
 
     /// True when the object's class is `base` or derived from it. False for null.
     bool IsKindOf(const CRuntimeClass* base) const;

@@ -1,15 +1,16 @@
+/// The system's files by their handles. CFile adds the contract for hosts.
 #pragma once
 
 #include "Varnotix/platform/File.h"
 
-// The system's files by their handles. Inside the library only; CFile adds the contract.
-namespace OsFile
+namespace Varnotix::OsFile
 {
+
 /// The value of a handle that is not open, on every system.
 constexpr std::intptr_t kClosed = -1;
 
-/// What went wrong: nothing when the cause is none.
-struct Failure
+/// The outcome of a call; the cause none means success.
+struct SFailure
 {
     CFileException::Cause cause = CFileException::none;
     long error = 0;
@@ -17,7 +18,8 @@ struct Failure
     explicit operator bool() const noexcept { return cause != CFileException::none; }
 };
 
-struct OpenMode
+/// How to open a file.
+struct SOpenMode
 {
     bool read;
     bool write;
@@ -25,11 +27,12 @@ struct OpenMode
     bool truncate;
 };
 
-Failure Open(const char* path, const OpenMode& mode, std::intptr_t& handle);
-Failure Read(std::intptr_t handle, BYTE* buffer, UINT count, UINT& done);
-Failure Write(std::intptr_t handle, const BYTE* buffer, UINT count);
-Failure Seek(std::intptr_t handle, long long offset, UINT from, ULONGLONG& position);
-Failure Length(std::intptr_t handle, ULONGLONG& length);
-Failure SetLength(std::intptr_t handle, ULONGLONG length);
-Failure Close(std::intptr_t handle);
-} // namespace OsFile
+SFailure Open(const char* path, const SOpenMode& mode, std::intptr_t& handle);
+SFailure Read(std::intptr_t handle, BYTE* buffer, UINT count, UINT& done);
+SFailure Write(std::intptr_t handle, const BYTE* buffer, UINT count);
+SFailure Seek(std::intptr_t handle, long long offset, UINT from, ULONGLONG& position);
+SFailure Length(std::intptr_t handle, ULONGLONG& length);
+SFailure SetLength(std::intptr_t handle, ULONGLONG length);
+SFailure Close(std::intptr_t handle);
+
+} // namespace Varnotix::OsFile

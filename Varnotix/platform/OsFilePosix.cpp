@@ -8,12 +8,16 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace Varnotix
+{
+
 namespace
 {
+
 /// The most that one call is asked for: every system takes this much.
 constexpr UINT kMaxChunk = 1u << 30;
 
-OsFile::Failure FromErrno(int error)
+OsFile::SFailure FromErrno(int error)
 {
     CFileException::Cause cause = CFileException::generic;
     switch (error)
@@ -60,9 +64,10 @@ int ToFd(std::intptr_t handle)
 {
     return static_cast<int>(handle);
 }
+
 } // namespace
 
-OsFile::Failure OsFile::Open(const char* path, const OpenMode& mode, std::intptr_t& handle)
+OsFile::SFailure OsFile::Open(const char* path, const SOpenMode& mode, std::intptr_t& handle)
 {
     // Without O_NONBLOCK the opening of a pipe would wait for its other side.
     int flags = O_NONBLOCK | O_CLOEXEC | O_NOCTTY;
@@ -98,7 +103,7 @@ OsFile::Failure OsFile::Open(const char* path, const OpenMode& mode, std::intptr
     return {};
 }
 
-OsFile::Failure OsFile::Read(std::intptr_t handle, BYTE* buffer, UINT count, UINT& done)
+OsFile::SFailure OsFile::Read(std::intptr_t handle, BYTE* buffer, UINT count, UINT& done)
 {
     done = 0;
     while (done < count)
@@ -121,7 +126,7 @@ OsFile::Failure OsFile::Read(std::intptr_t handle, BYTE* buffer, UINT count, UIN
     return {};
 }
 
-OsFile::Failure OsFile::Write(std::intptr_t handle, const BYTE* buffer, UINT count)
+OsFile::SFailure OsFile::Write(std::intptr_t handle, const BYTE* buffer, UINT count)
 {
     UINT done = 0;
     while (done < count)
@@ -140,19 +145,19 @@ OsFile::Failure OsFile::Write(std::intptr_t handle, const BYTE* buffer, UINT cou
     return {};
 }
 
-OsFile::Failure OsFile::Seek(std::intptr_t handle, long long offset, UINT from, ULONGLONG& position)
+OsFile::SFailure OsFile::Seek(std::intptr_t handle, long long offset, UINT from, ULONGLONG& position)
 {
     const int whence = from == CFile::begin ? SEEK_SET : from == CFile::current ? SEEK_CUR : SEEK_END;
     const off_t place = ::lseek(ToFd(handle), static_cast<off_t>(offset), whence);
     if (place < 0)
     {
-        return errno == EINVAL ? Failure{CFileException::endOfFile, EINVAL} : FromErrno(errno);
+        return errno == EINVAL ? SFailure{CFileException::endOfFile, EINVAL} : FromErrno(errno);
     }
     position = static_cast<ULONGLONG>(place);
     return {};
 }
 
-OsFile::Failure OsFile::Length(std::intptr_t handle, ULONGLONG& length)
+OsFile::SFailure OsFile::Length(std::intptr_t handle, ULONGLONG& length)
 {
     struct stat status = {};
     if (::fstat(ToFd(handle), &status) != 0)
@@ -163,15 +168,17 @@ OsFile::Failure OsFile::Length(std::intptr_t handle, ULONGLONG& length)
     return {};
 }
 
-OsFile::Failure OsFile::SetLength(std::intptr_t handle, ULONGLONG length)
+OsFile::SFailure OsFile::SetLength(std::intptr_t handle, ULONGLONG length)
 {
-    return ::ftruncate(ToFd(handle), static_cast<off_t>(length)) == 0 ? Failure{} : FromErrno(errno);
+    return ::ftruncate(ToFd(handle), static_cast<off_t>(length)) == 0 ? SFailure{} : FromErrno(errno);
 }
 
-OsFile::Failure OsFile::Close(std::intptr_t handle)
+OsFile::SFailure OsFile::Close(std::intptr_t handle)
 {
     // After EINTR the descriptor is gone all the same; closing it again could hit a file of another thread.
-    return ::close(ToFd(handle)) == 0 || errno == EINTR ? Failure{} : FromErrno(errno);
+    return ::close(ToFd(handle)) == 0 || errno == EINTR ? SFailure{} : FromErrno(errno);
 }
+
+} // namespace Varnotix
 
 #endif

@@ -9,12 +9,16 @@
 #endif
 #include <windows.h>
 
+namespace Varnotix
+{
+
 namespace
 {
+
 /// The most that one call is asked for: network drives refuse larger pieces.
 constexpr UINT kMaxChunk = 1u << 24;
 
-OsFile::Failure FromSystem(DWORD error)
+OsFile::SFailure FromSystem(DWORD error)
 {
     CFileException::Cause cause = CFileException::generic;
     switch (error)
@@ -73,9 +77,10 @@ LARGE_INTEGER ToLarge(long long value)
     large.QuadPart = value;
     return large;
 }
+
 } // namespace
 
-OsFile::Failure OsFile::Open(const char* path, const OpenMode& mode, std::intptr_t& handle)
+OsFile::SFailure OsFile::Open(const char* path, const SOpenMode& mode, std::intptr_t& handle)
 {
     const DWORD access = (mode.read ? GENERIC_READ : 0) | (mode.write ? GENERIC_WRITE : 0);
     const DWORD disposition = mode.truncate ? CREATE_ALWAYS : mode.create ? OPEN_ALWAYS : OPEN_EXISTING;
@@ -86,7 +91,7 @@ OsFile::Failure OsFile::Open(const char* path, const OpenMode& mode, std::intptr
         const DWORD error = ::GetLastError();
         const DWORD attributes = ::GetFileAttributesA(path);
         const bool isFolder = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-        return isFolder ? Failure{CFileException::invalidFile, static_cast<long>(error)} : FromSystem(error);
+        return isFolder ? SFailure{CFileException::invalidFile, static_cast<long>(error)} : FromSystem(error);
     }
     if (mode.read && ::GetFileType(opened) != FILE_TYPE_DISK)
     {
@@ -97,7 +102,7 @@ OsFile::Failure OsFile::Open(const char* path, const OpenMode& mode, std::intptr
     return {};
 }
 
-OsFile::Failure OsFile::Read(std::intptr_t handle, BYTE* buffer, UINT count, UINT& done)
+OsFile::SFailure OsFile::Read(std::intptr_t handle, BYTE* buffer, UINT count, UINT& done)
 {
     done = 0;
     while (done < count)
@@ -116,7 +121,7 @@ OsFile::Failure OsFile::Read(std::intptr_t handle, BYTE* buffer, UINT count, UIN
     return {};
 }
 
-OsFile::Failure OsFile::Write(std::intptr_t handle, const BYTE* buffer, UINT count)
+OsFile::SFailure OsFile::Write(std::intptr_t handle, const BYTE* buffer, UINT count)
 {
     UINT done = 0;
     while (done < count)
@@ -135,7 +140,7 @@ OsFile::Failure OsFile::Write(std::intptr_t handle, const BYTE* buffer, UINT cou
     return {};
 }
 
-OsFile::Failure OsFile::Seek(std::intptr_t handle, long long offset, UINT from, ULONGLONG& position)
+OsFile::SFailure OsFile::Seek(std::intptr_t handle, long long offset, UINT from, ULONGLONG& position)
 {
     const DWORD method = from == CFile::begin ? FILE_BEGIN : from == CFile::current ? FILE_CURRENT : FILE_END;
     LARGE_INTEGER place;
@@ -147,7 +152,7 @@ OsFile::Failure OsFile::Seek(std::intptr_t handle, long long offset, UINT from, 
     return {};
 }
 
-OsFile::Failure OsFile::Length(std::intptr_t handle, ULONGLONG& length)
+OsFile::SFailure OsFile::Length(std::intptr_t handle, ULONGLONG& length)
 {
     LARGE_INTEGER size;
     if (!::GetFileSizeEx(ToHandle(handle), &size))
@@ -158,12 +163,12 @@ OsFile::Failure OsFile::Length(std::intptr_t handle, ULONGLONG& length)
     return {};
 }
 
-OsFile::Failure OsFile::SetLength(std::intptr_t handle, ULONGLONG length)
+OsFile::SFailure OsFile::SetLength(std::intptr_t handle, ULONGLONG length)
 {
     // The system cuts at the file's position, which belongs to the caller and is put back.
     ULONGLONG before = 0;
     ULONGLONG ignored = 0;
-    Failure failure = Seek(handle, 0, CFile::current, before);
+    SFailure failure = Seek(handle, 0, CFile::current, before);
     if (!failure)
     {
         failure = Seek(handle, static_cast<long long>(length), CFile::begin, ignored);
@@ -172,13 +177,15 @@ OsFile::Failure OsFile::SetLength(std::intptr_t handle, ULONGLONG length)
     {
         failure = FromSystem(::GetLastError());
     }
-    const Failure restored = Seek(handle, static_cast<long long>(before), CFile::begin, ignored);
+    const SFailure restored = Seek(handle, static_cast<long long>(before), CFile::begin, ignored);
     return failure ? failure : restored;
 }
 
-OsFile::Failure OsFile::Close(std::intptr_t handle)
+OsFile::SFailure OsFile::Close(std::intptr_t handle)
 {
-    return ::CloseHandle(ToHandle(handle)) ? Failure{} : FromSystem(::GetLastError());
+    return ::CloseHandle(ToHandle(handle)) ? SFailure{} : FromSystem(::GetLastError());
 }
+
+} // namespace Varnotix
 
 #endif

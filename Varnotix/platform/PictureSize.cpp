@@ -6,8 +6,12 @@
 
 #include <algorithm>
 
+namespace Varnotix
+{
+
 namespace
 {
+
 // Marker codes (ISO/IEC 10918-1, table B.1).
 constexpr BYTE kStartOfImage = 0xD8;
 constexpr BYTE kEndOfImage = 0xD9;
@@ -30,6 +34,7 @@ int Word(const BYTE* bytes)
 {
     return bytes[0] << 8 | bytes[1];
 }
+
 } // namespace
 
 bool ReadJpegSize(const BYTE* bytes, std::size_t count, int& width, int& height)
@@ -84,7 +89,7 @@ bool ReadJpegSize(const BYTE* bytes, std::size_t count, int& width, int& height)
 bool ReadPicture(const CString& path, CByteArray& bytes, WORD& width, WORD& height)
 {
     CFile file(path, CFile::modeRead);
-    // Two bytes tell most other files apart, so that a large one is not read for nothing.
+    // Two bytes identify most other files, so that a large one is not read in vain.
     BYTE start[2] = {};
     const bool begins = file.Read(start, 2) == 2 && start[0] == 0xFF && start[1] == kStartOfImage;
     const ULONGLONG length = file.GetLength();
@@ -114,3 +119,5 @@ int HimetricToPixels(int himetric, int dpi)
     const long long pixels = (static_cast<long long>(dpi) * himetric + 1270) / 2540;
     return static_cast<int>(std::clamp<long long>(pixels, INT_MIN, INT_MAX));
 }
+
+} // namespace Varnotix

@@ -59,7 +59,7 @@ CString::CString(const char* text, int length)
 {
 }
 
-CString::CString(char ch, int repeat) : m_text(Clamp(repeat), ch) {}
+CString::CString(char character, int repeat) : m_text(Clamp(repeat), character) {}
 
 CString::CString(std::string_view text) : m_text(Checked(text)) {}
 
@@ -69,9 +69,9 @@ CString& CString::operator=(const char* text)
     return *this;
 }
 
-CString& CString::operator=(char ch)
+CString& CString::operator=(char character)
 {
-    m_text.assign(1, ch);
+    m_text.assign(1, character);
     return *this;
 }
 
@@ -88,9 +88,9 @@ char CString::GetAt(int index) const
     return m_text[Inside(index, m_text.size())];
 }
 
-void CString::SetAt(int index, char ch)
+void CString::SetAt(int index, char character)
 {
-    m_text[Inside(index, m_text.size())] = ch;
+    m_text[Inside(index, m_text.size())] = character;
 }
 
 char CString::operator[](int index) const
@@ -109,9 +109,9 @@ CString& CString::operator+=(const char* text)
     return *this += FromC(text);
 }
 
-CString& CString::operator+=(char ch)
+CString& CString::operator+=(char character)
 {
-    return *this += std::string_view(&ch, 1);
+    return *this += std::string_view(&character, 1);
 }
 
 CString& CString::operator+=(std::string_view text)
@@ -163,7 +163,7 @@ void CString::TrimLeft()
 
 void CString::TrimRight()
 {
-    // npos + 1 is 0: a text of nothing but white space goes as a whole.
+    // npos + 1 is 0: nothing is left of white space only.
     m_text.erase(m_text.find_last_not_of(kWhiteSpace) + 1);
 }
 
@@ -173,9 +173,9 @@ void CString::Trim()
     TrimLeft();
 }
 
-int CString::Find(char ch, int start) const noexcept
+int CString::Find(char character, int start) const noexcept
 {
-    return ToIndex(m_text.find(ch, Clamp(start)));
+    return ToIndex(m_text.find(character, Clamp(start)));
 }
 
 int CString::Find(const char* text, int start) const noexcept
@@ -183,9 +183,9 @@ int CString::Find(const char* text, int start) const noexcept
     return text == nullptr ? -1 : ToIndex(m_text.find(text, Clamp(start)));
 }
 
-int CString::ReverseFind(char ch) const noexcept
+int CString::ReverseFind(char character) const noexcept
 {
-    return ToIndex(m_text.rfind(ch));
+    return ToIndex(m_text.rfind(character));
 }
 
 int CString::Compare(const char* text) const noexcept

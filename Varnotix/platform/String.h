@@ -1,3 +1,4 @@
+/// 8-bit text.
 #pragma once
 
 #include "Varnotix/platform/Export.h"
@@ -10,9 +11,9 @@
 /// 8-bit text with a length. It may hold zero bytes, but it compares as C text: up to the first zero byte. That is why
 /// a UI value padded with a zero byte still equals its UID.
 ///
-/// A text longer than 2^31-1 bytes throws CMemoryException, memory that ran out std::bad_alloc; the text then stays as
-/// it was. Case conversions know ASCII only and never ask the locale. White space is the blank and the characters 09H
-/// to 0DH.
+/// A text longer than 2^31-1 bytes throws CMemoryException, memory that ran out std::bad_alloc; the text then is
+/// unchanged. Case conversions know ASCII only and never ask the locale. White space is the blank and the characters
+/// 09H to 0DH.
 class VARNOTIX_EXPORT CString
 {
 public:
@@ -24,7 +25,7 @@ public:
     /// The first `length` bytes at `text`, zero bytes included. Null or a length below 1 gives an empty text.
     CString(const char* text, int length);
     /// `repeat` times the same character; empty for a count below 1.
-    explicit CString(char ch, int repeat = 1);
+    explicit CString(char character, int repeat = 1);
     /// The whole view, zero bytes included.
     explicit CString(std::string_view text);
     ~CString() = default;
@@ -32,7 +33,7 @@ public:
     CString& operator=(const CString& other) = default;
     CString& operator=(CString&& other) noexcept = default;
     CString& operator=(const char* text);
-    CString& operator=(char ch);
+    CString& operator=(char character);
 
     /// The text with a terminating zero; valid until the text is changed.
     operator const char*() const noexcept { return m_text.c_str(); }
@@ -52,13 +53,13 @@ public:
     /// The byte at `index`; throws std::out_of_range outside the text.
     char GetAt(int index) const;
     /// Replaces the byte at `index`; throws std::out_of_range outside the text.
-    void SetAt(int index, char ch);
+    void SetAt(int index, char character);
     /// The byte at `index`, unchecked in release builds. The index GetLength() gives the terminating zero.
     char operator[](int index) const;
 
     CString& operator+=(const CString& other);
     CString& operator+=(const char* text);
-    CString& operator+=(char ch);
+    CString& operator+=(char character);
     CString& operator+=(std::string_view text);
 
     /// The text from `first` on. A start outside the text is moved to its nearest end.
@@ -79,12 +80,12 @@ public:
     /// Removes white space at both ends.
     void Trim();
 
-    /// The index of the first `ch` at or after `start`, or -1.
-    int Find(char ch, int start = 0) const noexcept;
+    /// The index of the first `character` at or after `start`, or -1.
+    int Find(char character, int start = 0) const noexcept;
     /// The index of the first `text` at or after `start`, or -1. Null is never found.
     int Find(const char* text, int start = 0) const noexcept;
-    /// The index of the last `ch`, or -1.
-    int ReverseFind(char ch) const noexcept;
+    /// The index of the last `character`, or -1.
+    int ReverseFind(char character) const noexcept;
 
     /// Below, at or above zero as this text sorts before, with or after `text`, byte by byte. Null is the empty text.
     int Compare(const char* text) const noexcept;

@@ -1,3 +1,4 @@
+/// The integer types of the interfaces.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +24,6 @@ using LPCTSTR = const char*;
 static_assert(sizeof(DWORD) == 4, "DWORD must have 32 bits");
 static_assert(sizeof(int) >= 4, "sizes are held in int");
 
-struct PositionTag;
-/// A place in a list or map. Null means "no place". Its value has no meaning outside the container that gave it.
-using POSITION = PositionTag*;
+struct SPosition;
+/// A place in a list or map; null means no place. Its value has a meaning only for the container that returned it.
+using POSITION = SPosition*;

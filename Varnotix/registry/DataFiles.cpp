@@ -7,6 +7,8 @@
 
 #include <vector>
 
+using namespace Varnotix;
+
 namespace
 {
 

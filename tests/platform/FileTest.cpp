@@ -7,6 +7,8 @@
 #include <cstring>
 #include <filesystem>
 
+using namespace Varnotix;
+
 namespace
 {
 /// A folder of its own for each test, below the current one, and gone with the test.

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <vector>
 
+using namespace Varnotix;
+
 namespace
 {
 /// A header of 300 columns and 200 rows. The picture data segment holds a thumbnail's frame header of another size,

@@ -143,7 +143,7 @@ TEST_F(Build, NamesEachSourceThatIsNotInTheObject)
            "'x.jpg': missing, not a regular file, or unreadable; the first file that a pattern finds must be");
     Write("s.asl", kSmall + "#PIXEL_DATA_FILE=one.dcm\n#PIXEL_DATA_FILE=plain.dcm\n#PIXEL_DATA_FILE=two.dcm\n");
     Expect(20, "build s.asl -o out.dcm", "'one.dcm': missing", "'two.dcm': missing");
-    EXPECT_FALSE(FileExists("out.dcm"));
+    EXPECT_FALSE(std::filesystem::exists("out.dcm"));
 }
 
 TEST_F(Build, CompressedSourcesKeepTheirTransferSyntax)

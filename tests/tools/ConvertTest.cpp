@@ -125,7 +125,7 @@ TEST_F(Convert, CompressedPixelDataKeepsItsSyntaxOrIsRefused)
     {
         Expect(20, "convert -s " + word + " rle.dcm out.dcm",
                "rle.dcm: its pixel data is compressed (transfer syntax " + kRleUid + ")");
-        EXPECT_FALSE(FileExists("out.dcm"));
+        EXPECT_FALSE(std::filesystem::exists("out.dcm"));
     }
     EXPECT_EQ(Expect(0, "convert -s explicit rle.dcm out.dcm").err,
               "varnotix: rle.dcm: its pixel data is compressed, so the output keeps the transfer syntax " + kRleUid +

@@ -42,7 +42,7 @@ TEST_F(CommandLine, WhereNamesTheFilesThatWereLoaded)
     Write("dictionary.txt", "");
     Write("in.dcm", Part10(kExplicitUid, kPatient));
     Expect(20, "convert -s big in.dcm out.dcm", "there is no data dictionary", "set VARNOTIX_DATA to its folder");
-    EXPECT_FALSE(FileExists("out.dcm"));
+    EXPECT_FALSE(std::filesystem::exists("out.dcm"));
     EXPECT_TRUE(Holds(Expect(0, "where").out, "dictionary.txt, 0 rows"));
 }
 

@@ -1,3 +1,4 @@
+#include "Varnotix/platform/FileSearch.h"
 #include "commands/Commands.h"
 #include "console/Progress.h"
 #include "files/Input.h"
@@ -189,7 +190,7 @@ int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
     {
         progress.Step(i);
         const CString& input = files[i];
-        const CString path = intoFolder ? JoinPath(output, FileNameOf(input)) : output;
+        const CString path = intoFolder ? Varnotix::JoinPath(output, FileNameOf(input)) : output;
         int result = STATUS_UNWRITTEN;
         if (!taken.insert(std::string(path.CText())).second)
         {

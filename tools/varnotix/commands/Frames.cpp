@@ -1,3 +1,4 @@
+#include "Varnotix/platform/FileSearch.h"
 #include "commands/Commands.h"
 #include "console/Progress.h"
 #include "files/Input.h"
@@ -166,7 +167,7 @@ bool CFrameWriter::WriteOne(const CFrameSource& source, std::size_t index) const
 
 void CFrameWriter::Save(const CString& fileName, const void* bytes, std::size_t size) const
 {
-    const CString path = JoinPath(m_folder, fileName);
+    const CString path = Varnotix::JoinPath(m_folder, fileName);
     COutputFile target(path);
     target.File().Write(bytes, static_cast<UINT>(size));
     target.Commit();

@@ -1,3 +1,4 @@
+#include "Varnotix/platform/FileSearch.h"
 #include "commands/Commands.h"
 #include "console/StandardStreams.h"
 
@@ -12,21 +13,21 @@ CString TableLine(const char* name, const CString& path, int rows)
     }
     CString count;
     count.Format(", %d rows\n", rows);
-    return CString(name) + ": " + JoinPath(CurrentDirectory(), path) + count;
+    return CString(name) + ": " + Varnotix::JoinPath(Varnotix::CurrentDirectory(), path) + count;
 }
 
 CString Places()
 {
-    const CString configured = EnvironmentVariable("VARNOTIX_DATA");
-    const CString library = LibraryDirectory();
+    const CString configured = Varnotix::EnvironmentVariable("VARNOTIX_DATA");
+    const CString library = Varnotix::LibraryDirectory();
     CString text = "looked for, in this order, in\n";
-    text += "  the current directory: " + CurrentDirectory() + "\n";
+    text += "  the current directory: " + Varnotix::CurrentDirectory() + "\n";
     text += "  VARNOTIX_DATA: " + (configured.IsEmpty() ? CString("not set") : configured) + "\n";
     if (!library.IsEmpty())
     {
         text += "  the library's folder: " + library + "\n";
-        text += "  the share folder: " + JoinPath(library, "../share/varnotix") + "\n";
-        text += "  the share folder: " + JoinPath(library, "../../share/varnotix") + "\n";
+        text += "  the share folder: " + Varnotix::JoinPath(library, "../share/varnotix") + "\n";
+        text += "  the share folder: " + Varnotix::JoinPath(library, "../../share/varnotix") + "\n";
     }
     return text;
 }

@@ -1,5 +1,7 @@
 #include "files/OutputFile.h"
 
+#include "Varnotix/platform/FileSearch.h"
+
 #include <filesystem>
 #include <random>
 #include <string>
@@ -72,7 +74,7 @@ COutputFile::~COutputFile()
     m_file.reset();
     if (!m_temporary.IsEmpty())
     {
-        DeleteFileByPath(m_temporary);
+        Varnotix::DeleteFileByPath(m_temporary);
     }
 }
 
@@ -83,7 +85,7 @@ void COutputFile::OpenTemporary()
     do
     {
         name = folder + ".varnotix-" + RandomName() + ".tmp";
-    } while (FileExists(name));
+    } while (Varnotix::FileExists(name));
     try
     {
         m_file = std::make_unique<CFile>(name, CFile::modeCreate | CFile::modeReadWrite);
@@ -128,7 +130,7 @@ void COutputFile::Replace()
             fs::permissions(fs::path{std::string(m_temporary.CText())}, old.permissions(), error);
         }
     }
-    if (!ReplaceFileByRename(m_temporary, m_path))
+    if (!Varnotix::ReplaceFileByRename(m_temporary, m_path))
     {
         throw CWriteFailure("cannot write '" + std::string(m_shown.CText()) +
                             "': the existing file cannot be replaced");

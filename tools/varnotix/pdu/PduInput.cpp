@@ -41,7 +41,7 @@ void ReadAll(const CString& path, CByteArray& bytes)
     CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
     if (file.GetLength() > INT_MAX)
     {
-        ThrowMemoryException();
+        Varnotix::ThrowMemoryException();
     }
     bytes.SetSize(static_cast<int>(file.GetLength()));
     bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
