@@ -11,7 +11,7 @@ class VARNOTIX_EXPORT CDcmMetaFileInformation : public CDcmModule
     // clang-format off
     DCM_MODULE(CDcmMetaFileInformation)
     DCM_INITIALIZE_MODULE()
-    DCM_VALUE(MetaVersion,               "0002", "0001", CByteArray&, CByteArray&, CBytesAccess)
+    DCM_VALUE(MetaVersion,               "0002", "0001", CByteArray&, CByteArray&, CByteArray)
     DCM_TEXT (MediaClassUID,             "0002", "0002")
     DCM_TEXT (MediaInstanceUID,          "0002", "0003")
     DCM_TEXT (TransferSyntaxUID,         "0002", "0010")
@@ -19,6 +19,6 @@ class VARNOTIX_EXPORT CDcmMetaFileInformation : public CDcmModule
     DCM_TEXT (ImplementationVersionName, "0002", "0013")
     DCM_TEXT (SourceApplicationEntity,   "0002", "0016")
     DCM_TEXT (PrivateCreatorUID,         "0002", "0100")
-    DCM_VALUE(PrivateInformation,        "0002", "0102", const CByteArray&, const CByteArray&, CBytesAccess)
+    DCM_VALUE(PrivateInformation,        "0002", "0102", const CByteArray&, const CByteArray&, CByteArray)
     // clang-format on
 };

@@ -3,6 +3,28 @@
 namespace
 {
 
+/// The element's getter and setter of a kind of value.
+template <class ARRAY, ARRAY* (CDcmElement::*GETTER)(), auto SETTER>
+struct SMembers
+{
+    static ARRAY* Get(CDcmElement& element) { return (element.*GETTER)(); }
+    static void Set(CDcmElement& element, const auto& value) { (element.*SETTER)(value); }
+};
+
+// clang-format off
+template <class VALUE> struct SMembersOf;
+template <> struct SMembersOf<CString>      : SMembers<CStringArray, &CDcmElement::Texts, &CDcmElement::AddText> {};
+template <> struct SMembersOf<CStringArray> : SMembers<CStringArray, &CDcmElement::Texts, &CDcmElement::SetTexts> {};
+template <> struct SMembersOf<WORD>         : SMembers<CWordArray, &CDcmElement::Words, &CDcmElement::AddWord> {};
+template <> struct SMembersOf<CWordArray>   : SMembers<CWordArray, &CDcmElement::Words, &CDcmElement::SetWords> {};
+template <> struct SMembersOf<DWORD>        : SMembers<CUIntArray, &CDcmElement::Integers, &CDcmElement::AddInteger> {};
+template <> struct SMembersOf<CUIntArray>   : SMembers<CUIntArray, &CDcmElement::Integers, &CDcmElement::SetIntegers> {};
+template <> struct SMembersOf<double>       : SMembers<CDoubleArray, &CDcmElement::Doubles, &CDcmElement::AddDouble> {};
+template <> struct SMembersOf<CDoubleArray> : SMembers<CDoubleArray, &CDcmElement::Doubles, &CDcmElement::SetDoubles> {};
+template <> struct SMembersOf<CFloatArray>  : SMembers<CFloatArray, &CDcmElement::Floats, &CDcmElement::SetFloats> {};
+template <> struct SMembersOf<CByteArray>   : SMembers<CByteArray, &CDcmElement::Bytes, &CDcmElement::SetBytes> {};
+// clang-format on
+
 /// The library-wide empty value of a type. A caller may have written to it against the contract, so each use begins
 /// with an empty one.
 template <class VALUE>
@@ -13,146 +35,61 @@ VALUE& EmptyValue()
     return value;
 }
 
-/// The array of an element, chosen by one of the element's getters, or the empty one.
-template <class ARRAY>
-ARRAY& ArrayOf(CDcmElementSet& set, int position, ARRAY* (CDcmElement::*values)())
+} // namespace
+
+template <class VALUE>
+typename TAttributeAccess<VALUE>::CReference TAttributeAccess<VALUE>::Get(CDcmElementSet& set, int position)
 {
     CDcmElement* element = set.FindDeclared(position);
-    ARRAY* array = element != nullptr ? (element->*values)() : nullptr;
-    return array != nullptr ? *array : EmptyValue<ARRAY>();
-}
-
-/// The first value of an element's array, or the empty one.
-template <class VALUE, class ARRAY>
-const VALUE& FirstOf(CDcmElementSet& set, int position, ARRAY* (CDcmElement::*values)())
-{
-    ARRAY& array = ArrayOf(set, position, values);
-    if (array.IsEmpty())
+    auto* values = element != nullptr ? SMembersOf<VALUE>::Get(*element) : nullptr;
+    if (values == nullptr)
     {
         return EmptyValue<VALUE>();
     }
-    // The array's type may be another name of VALUE: on the 32-bit target DWORD is long and UINT is not.
-    static_assert(sizeof(VALUE) == sizeof(*array.GetData()));
-    return reinterpret_cast<const VALUE&>(*array.GetData());
+    if constexpr (std::is_same_v<VALUE, CString>)
+    {
+        if (values->IsEmpty())
+        {
+            values->Add(CString());
+        }
+        return (*values)[0];
+    }
+    else if constexpr (std::is_arithmetic_v<VALUE>)
+    {
+        // The array's type may be another name of VALUE: on the 32-bit target DWORD is long and UINT is not.
+        static_assert(sizeof(VALUE) == sizeof(*values->GetData()));
+        return values->IsEmpty() ? EmptyValue<VALUE>() : reinterpret_cast<const VALUE&>(*values->GetData());
+    }
+    else
+    {
+        return *values;
+    }
 }
 
 template <class VALUE>
-void SetValue(CDcmElementSet& set, int position, bool (CDcmElement::*setter)(VALUE), VALUE value)
+void TAttributeAccess<VALUE>::Set(CDcmElementSet& set, int position, const VALUE& value)
 {
     if (CDcmElement* element = set.FindDeclared(position))
     {
-        (element->*setter)(value);
+        if constexpr (std::is_same_v<VALUE, CString>)
+        {
+            // The text may be the element's own, which a longer list of texts would move.
+            SMembersOf<VALUE>::Set(*element, CString(value));
+        }
+        else
+        {
+            SMembersOf<VALUE>::Set(*element, value);
+        }
     }
 }
 
-} // namespace
-
-CString& CTextAccess::Get(CDcmElementSet& set, int position)
-{
-    CDcmElement* element = set.FindDeclared(position);
-    CStringArray* texts = element != nullptr ? element->Texts() : nullptr;
-    if (texts == nullptr)
-    {
-        return EmptyValue<CString>();
-    }
-    if (texts->IsEmpty())
-    {
-        texts->Add(CString());
-    }
-    return (*texts)[0];
-}
-
-void CTextAccess::Set(CDcmElementSet& set, int position, const CString& value)
-{
-    SetValue<const CString&>(set, position, &CDcmElement::AddText, CString(value));
-}
-
-CStringArray& CTextListAccess::Get(CDcmElementSet& set, int position)
-{
-    return ArrayOf(set, position, static_cast<CStringArray* (CDcmElement::*)()>(&CDcmElement::Texts));
-}
-
-void CTextListAccess::Set(CDcmElementSet& set, int position, const CStringArray& value)
-{
-    SetValue<const CStringArray&>(set, position, &CDcmElement::SetTexts, value);
-}
-
-const WORD& CWordAccess::Get(CDcmElementSet& set, int position)
-{
-    return FirstOf<WORD>(set, position, static_cast<CWordArray* (CDcmElement::*)()>(&CDcmElement::Words));
-}
-
-void CWordAccess::Set(CDcmElementSet& set, int position, WORD value)
-{
-    SetValue(set, position, &CDcmElement::AddWord, value);
-}
-
-CWordArray& CWordListAccess::Get(CDcmElementSet& set, int position)
-{
-    return ArrayOf(set, position, static_cast<CWordArray* (CDcmElement::*)()>(&CDcmElement::Words));
-}
-
-void CWordListAccess::Set(CDcmElementSet& set, int position, const CWordArray& value)
-{
-    SetValue<const CWordArray&>(set, position, &CDcmElement::SetWords, value);
-}
-
-const DWORD& CIntegerAccess::Get(CDcmElementSet& set, int position)
-{
-    return FirstOf<DWORD>(set, position, static_cast<CUIntArray* (CDcmElement::*)()>(&CDcmElement::Integers));
-}
-
-void CIntegerAccess::Set(CDcmElementSet& set, int position, DWORD value)
-{
-    SetValue(set, position, &CDcmElement::AddInteger, value);
-}
-
-CUIntArray& CIntegerListAccess::Get(CDcmElementSet& set, int position)
-{
-    return ArrayOf(set, position, static_cast<CUIntArray* (CDcmElement::*)()>(&CDcmElement::Integers));
-}
-
-void CIntegerListAccess::Set(CDcmElementSet& set, int position, const CUIntArray& value)
-{
-    SetValue<const CUIntArray&>(set, position, &CDcmElement::SetIntegers, value);
-}
-
-const double& CDoubleAccess::Get(CDcmElementSet& set, int position)
-{
-    return FirstOf<double>(set, position, static_cast<CDoubleArray* (CDcmElement::*)()>(&CDcmElement::Doubles));
-}
-
-void CDoubleAccess::Set(CDcmElementSet& set, int position, double value)
-{
-    SetValue(set, position, &CDcmElement::AddDouble, value);
-}
-
-CDoubleArray& CDoubleListAccess::Get(CDcmElementSet& set, int position)
-{
-    return ArrayOf(set, position, static_cast<CDoubleArray* (CDcmElement::*)()>(&CDcmElement::Doubles));
-}
-
-void CDoubleListAccess::Set(CDcmElementSet& set, int position, const CDoubleArray& value)
-{
-    SetValue<const CDoubleArray&>(set, position, &CDcmElement::SetDoubles, value);
-}
-
-CFloatArray& CFloatListAccess::Get(CDcmElementSet& set, int position)
-{
-    return ArrayOf(set, position, static_cast<CFloatArray* (CDcmElement::*)()>(&CDcmElement::Floats));
-}
-
-void CFloatListAccess::Set(CDcmElementSet& set, int position, const CFloatArray& value)
-{
-    SetValue<const CFloatArray&>(set, position, &CDcmElement::SetFloats, value);
-}
-
-CByteArray& CBytesAccess::Get(CDcmElementSet& set, int position)
-{
-    return ArrayOf(set, position, static_cast<CByteArray* (CDcmElement::*)()>(&CDcmElement::Bytes));
-}
-
-void CBytesAccess::Set(CDcmElementSet& set, int position, const CByteArray& value)
-{
-    SetValue<const CByteArray&>(set, position, &CDcmElement::SetBytes, value);
-}
+template struct VARNOTIX_EXPORT TAttributeAccess<CString>;
+template struct VARNOTIX_EXPORT TAttributeAccess<CStringArray>;
+template struct VARNOTIX_EXPORT TAttributeAccess<WORD>;
+template struct VARNOTIX_EXPORT TAttributeAccess<CWordArray>;
+template struct VARNOTIX_EXPORT TAttributeAccess<DWORD>;
+template struct VARNOTIX_EXPORT TAttributeAccess<CUIntArray>;
+template struct VARNOTIX_EXPORT TAttributeAccess<double>;
+template struct VARNOTIX_EXPORT TAttributeAccess<CDoubleArray>;
+template struct VARNOTIX_EXPORT TAttributeAccess<CFloatArray>;
+template struct VARNOTIX_EXPORT TAttributeAccess<CByteArray>;

@@ -128,6 +128,11 @@ void CDcmAttributeSet::EmptyAll()
     }
 }
 
+std::vector<SAttributeRow> CDcmAttributeSet::AttributeRows() const
+{
+    return {};
+}
+
 void CDcmAttributeSet::DestroySet()
 {
     m_elements.DestroyContents();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/modules/AttributeRow.h"
 
 /// A set of attributes: one element set with the library's copy disciplines and its export as text.
 ///
@@ -45,6 +46,9 @@ public:
     int GetCountAll() const { return m_elements.GetCountAll(); }
     CDcmElementSet& GetDcmElementSet() { return m_elements; }
     const CDcmElementSet& GetDcmElementSet() const { return m_elements; }
+
+    /// The rows that made the class, in their order: accessors and tags. None for a class without rows.
+    virtual std::vector<SAttributeRow> AttributeRows() const;
 
     /// Appends the set as text: class name, counts, and a line an element.
     void Export(CStringArray& lines) const;

@@ -1,22 +1,48 @@
-/// What the rows of a module or sequence class (see AttributeRows.h) make of an object: its elements, the binding of
-/// sequences to members, and the place of each row's element.
+/// What the rows of a module or sequence class (see AttributeRows.h) make of an object: its elements and the binding of
+/// sequences to members.
 #pragma once
 
 #include "Varnotix/element/ElementShape.h"
+#include "Varnotix/modules/AttributeRow.h"
 
-#include <algorithm>
 #include <list>
 #include <map>
 #include <string>
 #include <utility>
+#include <vector>
 
-/// Lines that a class may span from its first macro to its last row.
-inline constexpr int kMaxRowLines = 160;
-
-/// Names a row by its line, so that overloads tell rows apart.
-template <int LINE>
-struct SRowLine
+/// The number of a row within its class, from 0, as a type: each row is an overload for its number.
+template <int NUMBER>
+struct SRowNumber
 {
+};
+
+/// The shapes of a class or of those of its objects that were constructed for the same tags: one, but for private
+/// tags, which the dictionary learns with time. Objects refer to the shape that they were made with.
+class VARNOTIX_EXPORT CClassShapes
+{
+public:
+    CClassShapes();
+    ~CClassShapes();
+    CClassShapes(const CClassShapes&) = delete;
+    CClassShapes& operator=(const CClassShapes&) = delete;
+
+    /// The shape for new objects; null when none is current.
+    const CElementShape* Current() const
+    {
+        for (const CElementShape& shape : m_shapes)
+        {
+            if (shape.IsCurrent())
+            {
+                return &shape;
+            }
+        }
+        return nullptr;
+    }
+    const CElementShape& Add(const std::vector<SAttributeRow>& rows);
+
+private:
+    std::list<CElementShape> m_shapes;
 };
 
 /// Walks the rows of a class in their order. Friend of every class made of rows.
@@ -27,7 +53,7 @@ struct SRowWalker
     static void Declare(CLASS& object)
     {
         object.GetDcmElementSet().TakeShape(ShapeOf(object));
-        Bind(object, std::make_integer_sequence<int, kMaxRowLines>());
+        Bind(object, std::make_integer_sequence<int, kSequences<CLASS>>());
     }
 
     /// What a copy constructor does. A copy of an object without elements has none, where an assignment keeps them.
@@ -48,125 +74,93 @@ struct SRowWalker
         macro.IncludeIn(object);
     }
 
-    /// Declares the attributes of a macro.
-    template <class MACRO>
-    static void DeclareMacro(CElementShape& shape, MACRO& macro)
-    {
-        const CDcmElementSet& set = macro.GetDcmElementSet();
-        for (int i = 0; i < set.DeclaredCount(); ++i)
-        {
-            shape.Declare(set.DeclaredTag(i));
-        }
-    }
-
-    /// The place of the row at a line among the declared-tag texts (0, 2, 4, ...).
+    /// The rows of a class as data.
     template <class CLASS>
-    static int PositionOf(int line)
+    static std::vector<SAttributeRow> Rows(const CLASS& object)
     {
-        static constexpr auto kPositions = Positions<CLASS>(std::make_integer_sequence<int, kMaxRowLines>());
-        return kPositions.byLine[line - CLASS::kDcmFirstLine];
+        return RowsOf(object, std::make_integer_sequence<int, kAttributes<CLASS>>(),
+                      std::make_integer_sequence<int, kSequences<CLASS>>());
     }
 
 private:
-    struct SPositions
+    template <class CLASS, int NUMBER>
+    static constexpr bool kIsAttribute = requires(const CLASS& object)
     {
-        short byLine[kMaxRowLines];
+        object.DcmAttribute(SRowNumber<NUMBER>());
+    };
+    template <class CLASS, int NUMBER>
+    static constexpr bool kIsSequence = requires(const CLASS& object)
+    {
+        object.DcmSequence(SRowNumber<NUMBER>());
     };
 
-    template <class CLASS, int LINE>
-    static constexpr bool kDeclares = requires(CLASS& object, CElementShape& shape)
+    template <class CLASS, int NUMBER = 0>
+    static constexpr int CountAttributes()
     {
-        object.DcmDeclareRow(SRowLine<LINE>(), shape);
-    };
-    template <class CLASS, int LINE>
-    static constexpr bool kBinds = requires(CLASS& object)
+        if constexpr (kIsAttribute<CLASS, NUMBER>)
+        {
+            return CountAttributes<CLASS, NUMBER + 1>();
+        }
+        else
+        {
+            return NUMBER;
+        }
+    }
+    template <class CLASS, int NUMBER>
+    static constexpr int CountRows()
     {
-        object.DcmBindRow(SRowLine<LINE>());
-    };
-
-    template <class CLASS, int... OFFSETS>
-    static constexpr SPositions Positions(std::integer_sequence<int, OFFSETS...>)
-    {
-        SPositions positions{};
-        short next = 0;
-        ((positions.byLine[OFFSETS] = next,
-          next = static_cast<short>(next + (kDeclares<CLASS, CLASS::kDcmFirstLine + OFFSETS> ? 2 : 0))),
-         ...);
-        return positions;
+        if constexpr (kIsSequence<CLASS, NUMBER>)
+        {
+            return CountRows<CLASS, NUMBER + 1>();
+        }
+        else
+        {
+            static_assert(!kIsAttribute<CLASS, NUMBER>, "rows of attributes come before those of sequences and macros");
+            static_assert(!kIsAttribute<CLASS, NUMBER + 1> && !kIsSequence<CLASS, NUMBER + 1>,
+                          "something between the rows uses __COUNTER__");
+            return NUMBER;
+        }
     }
 
-    /// The shapes of a class or of those of its objects that were constructed for the same tags: one, but for private
-    /// tags, which the dictionary learns with time. Objects refer to the shape that they were made with.
-    using CShapes = std::list<CElementShape>;
+    template <class CLASS>
+    static constexpr int kAttributes = CountAttributes<CLASS>();
+    /// Sequences and macros.
+    template <class CLASS>
+    static constexpr int kSequences = CountRows<CLASS, kAttributes<CLASS>>() - kAttributes<CLASS>;
+
+    template <class CLASS, int... ATTRIBUTES, int... SEQUENCES>
+    static std::vector<SAttributeRow> RowsOf(const CLASS& object, std::integer_sequence<int, ATTRIBUTES...>,
+                                             std::integer_sequence<int, SEQUENCES...>)
+    {
+        return {object.DcmAttribute(SRowNumber<ATTRIBUTES>())...,
+                object.DcmSequence(SRowNumber<kAttributes<CLASS> + SEQUENCES>())...};
+    }
+
+    template <class CLASS, int... SEQUENCES>
+    static void Bind(CLASS& object, std::integer_sequence<int, SEQUENCES...>)
+    {
+        (object.DcmBind(SRowNumber<kAttributes<CLASS> + SEQUENCES>()), ...);
+    }
 
     template <class CLASS>
-    static const CElementShape& ShapeOf(CLASS& object)
+    static const CElementShape& ShapeOf(const CLASS& object)
     {
         if constexpr (requires { object.DcmVariant(); })
         {
-            static std::map<std::string, CShapes> shapes;
+            static std::map<std::string, CClassShapes> shapes;
             return CurrentOf(shapes[object.DcmVariant()], object);
         }
         else
         {
-            static CShapes shapes;
+            static CClassShapes shapes;
             return CurrentOf(shapes, object);
         }
     }
 
     template <class CLASS>
-    static const CElementShape& CurrentOf(CShapes& shapes, CLASS& object)
+    static const CElementShape& CurrentOf(CClassShapes& shapes, const CLASS& object)
     {
-        const auto current =
-            std::find_if(shapes.begin(), shapes.end(), [](const CElementShape& shape) { return shape.IsCurrent(); });
-        return current != shapes.end() ? *current : shapes.emplace_back(MakeShape(object));
-    }
-
-    template <class CLASS>
-    static CElementShape MakeShape(CLASS& object)
-    {
-        CElementShape shape;
-        FillShape(object, shape, std::make_integer_sequence<int, kMaxRowLines>());
-        return shape;
-    }
-
-    template <int LINE, class CLASS>
-    static void DeclareLine(CLASS& object, CElementShape& shape)
-    {
-        if constexpr (kDeclares<CLASS, LINE>)
-        {
-            object.DcmDeclareRow(SRowLine<LINE>(), shape);
-        }
-    }
-
-    template <int LINE, class CLASS>
-    static void AddLine(CLASS& object, CElementShape& shape)
-    {
-        if constexpr (kBinds<CLASS, LINE>)
-        {
-            object.DcmAddRow(SRowLine<LINE>(), shape);
-        }
-    }
-
-    template <int LINE, class CLASS>
-    static void BindLine(CLASS& object)
-    {
-        if constexpr (kBinds<CLASS, LINE>)
-        {
-            object.DcmBindRow(SRowLine<LINE>());
-        }
-    }
-
-    template <class CLASS, int... OFFSETS>
-    static void FillShape(CLASS& object, CElementShape& shape, std::integer_sequence<int, OFFSETS...>)
-    {
-        (DeclareLine<CLASS::kDcmFirstLine + OFFSETS>(object, shape), ...);
-        (AddLine<CLASS::kDcmFirstLine + OFFSETS>(object, shape), ...);
-    }
-
-    template <class CLASS, int... OFFSETS>
-    static void Bind(CLASS& object, std::integer_sequence<int, OFFSETS...>)
-    {
-        (BindLine<CLASS::kDcmFirstLine + OFFSETS>(object), ...);
+        const CElementShape* current = shapes.Current();
+        return current != nullptr ? *current : shapes.Add(Rows(object));
     }
 };

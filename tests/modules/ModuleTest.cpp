@@ -23,8 +23,8 @@ class COuterSequence : public CDcmSequence
     // clang-format off
     DCM_SEQUENCE_CLASS(COuterSequence)
     DCM_INITIALIZE_SEQUENCE()
-    DCM_SEQUENCE(Inner, CInnerSequence, "0008", "1140")
     DCM_TEXT(Label, "0008", "0104")
+    DCM_SEQUENCE(Inner, CInnerSequence, "0008", "1140")
     // clang-format on
 };
 
@@ -35,12 +35,12 @@ class CRowsModule : public CDcmModule
     DCM_MODULE(CRowsModule)
     DCM_INITIALIZE_MODULE()
     DCM_TEXT            (Comments,     "0010", "4000")
-    DCM_SEQUENCE        (Outer, COuterSequence, "0008", "1120")
     DCM_US              (Rows,         "0028", "0010")
     DCM_US_LIST         (Shutter,      "0018", "1624")
     DCM_BYTES           (Version,      "0002", "0001")
     DCM_TEXT            (NumericText,  "0028", "0011")
     DCM_US              (TextualWord,  "0010", "0020")
+    DCM_SEQUENCE        (Outer, COuterSequence, "0008", "1120")
     // clang-format on
 
 public:

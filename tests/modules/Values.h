@@ -1,7 +1,7 @@
 // Short ways to write and compare the values of modules in tests.
 #pragma once
 
-#include "Varnotix/modules/DcmAttributeSet.h"
+#include "Varnotix/iod/DcmIOD.h"
 
 #include <string>
 
@@ -19,6 +19,26 @@ ARRAY ArrayOf(std::initializer_list<VALUE> values)
 inline CWordArray Words(std::initializer_list<WORD> values)
 {
     return ArrayOf<CWordArray>(values);
+}
+
+inline CStringArray Texts(std::initializer_list<CString> values)
+{
+    return ArrayOf<CStringArray>(values);
+}
+
+/// The module as a stream brings its values back.
+template <class MODULE>
+MODULE ReadBack(MODULE& module)
+{
+    CDcmIOD written;
+    written << module;
+    CByteArray bytes;
+    written.ExportFileFormat(bytes);
+    CDcmIOD again;
+    again.Import(bytes);
+    MODULE read;
+    again >> read;
+    return read;
 }
 
 inline void AddNumbers(std::string& text, const auto* values)
