@@ -1,7 +1,18 @@
 # What the targets of this project have in common.
 
-# The warning set that every target of the project compiles under.
+# The warning set and the language mode that every target of the project compiles under.
 function(varnotix_warnings target)
+    if(MSVC)
+        # 4251 and 4275 want standard templates in exported classes to be exported too: host and library share one C++
+        # runtime. The functions that the C runtime calls unsafe are those of the standard.
+        target_compile_options(${target} PRIVATE
+            /W4 /permissive- /Zc:preprocessor /Zc:__cplusplus /EHsc /utf-8 /wd4251 /wd4275)
+        target_compile_definitions(${target} PRIVATE _CRT_SECURE_NO_WARNINGS NOMINMAX)
+        if(VARNOTIX_WERROR)
+            target_compile_options(${target} PRIVATE /WX)
+        endif()
+        return()
+    endif()
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wconversion -Wshadow)
     if(VARNOTIX_WERROR)
         target_compile_options(${target} PRIVATE -Werror)
@@ -57,7 +68,7 @@ function(varnotix_test folder)
     varnotix_executable(${target} ${sources})
     # What is under test is the optimised library; optimising the tests too would double the time to build them, and
     # with the sanitizers the compiler then warns of the standard library's own regular expressions.
-    target_compile_options(${target} PRIVATE -O0)
+    target_compile_options(${target} PRIVATE $<IF:$<BOOL:${MSVC}>,/Od,-O0>)
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/support)
     target_link_libraries(${target} PRIVATE GTest::gtest GTest::gtest_main)
     foreach(program varnotix ${VARNOTIX_EXAMPLE_TARGETS})

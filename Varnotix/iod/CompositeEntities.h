@@ -141,6 +141,10 @@ template <class BASE, class... ENTITIES>
 class TCompositeIod : public BASE
 {
 public:
+    /// Concrete classes copy by AssignEntities.
+    TCompositeIod(const TCompositeIod&) = delete;
+    TCompositeIod& operator=(const TCompositeIod&) = delete;
+
     /// The object's entity of a class. For a class that the object lacks it does not compile.
     template <class ENTITY>
     ENTITY& Entity()
