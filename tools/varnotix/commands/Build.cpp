@@ -28,8 +28,6 @@ struct SBuildOptions
     bool force = false;          // Also when lines or sources are lost.
 };
 
-constexpr DWORD kPixelData = 0x7FE00010;
-
 /// Builds one object.
 class CBuilder
 {
@@ -125,11 +123,11 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
     for (const SScriptLine& line : tree.Lines())
     {
         // The line of pixel data in a printed object; the frames come from the source file that the document names.
-        if (hasPixels && line.tag == kPixelData)
+        if (hasPixels && line.tag == Varnotix::Tag::kPixelData)
         {
             replaced.insert(line.line);
         }
-        if (line.tag >> 16U < kFirstGroup)
+        if (Varnotix::Tag::Group(line.tag) < kFirstGroup)
         {
             faults.push_back({line.line, kNoPlaceInFile});
         }

@@ -28,26 +28,19 @@ struct SFramesOptions
     bool asPictures = false;
 };
 
-// Rows of the UID table.
-constexpr int kFirstJpeg = 5;
-constexpr int kFirstJpegLs = 9;
-constexpr int kFirstJpeg2000 = 11;
-constexpr int kFirstMpeg = 15;
-constexpr int kFirstHighThroughput = 24;
-constexpr int kRle = 27;
-
-const char* ExtensionOf(int syntaxRow)
+const char* ExtensionOf(int uidRow)
 {
-    if (syntaxRow >= kFirstJpeg && syntaxRow < kFirstJpegLs)
+    using namespace Varnotix;
+    if (uidRow >= UID_JPEG_BASELINE && uidRow <= UID_JPEG_LOSSLESS_FIRST_ORDER)
     {
         return "jpg";
     }
-    if (syntaxRow >= kFirstJpegLs && syntaxRow < kFirstJpeg2000)
+    if (uidRow == UID_JPEG_LS_LOSSLESS || uidRow == UID_JPEG_LS_NEAR_LOSSLESS)
     {
         return "jls";
     }
-    const bool isJpeg2000 = syntaxRow >= kFirstJpeg2000 && syntaxRow < kFirstMpeg;
-    return isJpeg2000 || (syntaxRow >= kFirstHighThroughput && syntaxRow < kRle) ? "j2k" : "bin";
+    const bool isJpeg2000 = uidRow >= UID_JPEG_2000_LOSSLESS && uidRow <= UID_JPEG_2000_PART2;
+    return isJpeg2000 || (uidRow >= UID_HTJ2K_LOSSLESS && uidRow <= UID_HTJ2K) ? "j2k" : "bin";
 }
 
 /// Writes the frames of one object.
@@ -86,7 +79,7 @@ int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
     m_header = ReadImageHeader(object);
     const SObjectForm form = FormOf(object);
     const int row = CDcmRegistry::Global().UidEnum(form.transferSyntax);
-    m_isRle = form.compressed && row == kRle;
+    m_isRle = form.compressed && row == Varnotix::UID_RLE;
     m_extension = asPictures ? "png" : ExtensionOf(form.compressed ? row : 0);
     const CFrameSource source(*stored, m_header, form.compressed, m_name, m_report);
     if (m_isRle)

@@ -9,6 +9,8 @@
 #include <memory>
 #include <set>
 
+namespace Tag = Varnotix::Tag;
+
 namespace
 {
 
@@ -46,12 +48,12 @@ const SObjectKind& KindOf(const CString& word)
 /// The values that a new script contains.
 std::map<DWORD, CString> FirstValues(const SObjectKind& kind)
 {
-    return {{0x00080016, CString(kind.sopClasses.front())},
-            {0x00080018, NewUid()},
-            {0x00080060, kind.modality},
-            {0x0020000D, NewUid()},
-            {0x0020000E, NewUid()},
-            {0x00200052, NewUid()}};
+    return {{Tag::kSopClassUid, CString(kind.sopClasses.front())},
+            {Tag::kSopInstanceUid, NewUid()},
+            {Tag::kModality, kind.modality},
+            {Tag::kStudyInstanceUid, NewUid()},
+            {Tag::kSeriesInstanceUid, NewUid()},
+            {Tag::kFrameOfReferenceUid, NewUid()}};
 }
 
 /// The attribute's line without values.
@@ -143,7 +145,7 @@ void CScriptMaker::AddModule(const CDcmModule& module)
         CString names;
         for (const DWORD tag : needs->values)
         {
-            const CDcmElement attribute(static_cast<int>(tag >> 16U), static_cast<int>(tag & 0xFFFFU));
+            const CDcmElement attribute(tag);
             names += (names.IsEmpty() ? CString() : CString(", ")) + attribute.Name();
         }
         AddLine(";   needs values: " + names);
@@ -164,7 +166,7 @@ void CScriptMaker::AddModule(const CDcmModule& module)
             // A later edition of the standard than the class's requires it.
             if (!m_done.contains(tag))
             {
-                AddAttribute(CDcmElement(static_cast<int>(tag >> 16U), static_cast<int>(tag & 0xFFFFU)));
+                AddAttribute(CDcmElement(tag));
             }
         }
     }

@@ -43,14 +43,14 @@ void CReport::Detail(const CString& text) const
 CString TagName(DWORD tag)
 {
     CString text;
-    text.Format("(%04X,%04X)", static_cast<unsigned>(tag >> 16U), static_cast<unsigned>(tag & 0xFFFFU));
+    text.Format("(%04X,%04X)", static_cast<unsigned>(Varnotix::Tag::Group(tag)),
+                static_cast<unsigned>(Varnotix::Tag::Element(tag)));
     return text;
 }
 
 CString TagAndName(DWORD tag)
 {
-    const CDcmEntry* entry =
-        CDcmRegistry::Global().LookUpTag(static_cast<int>(tag >> 16U), static_cast<int>(tag & 0xFFFFU));
+    const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(tag);
     return entry == nullptr || entry->name.IsEmpty() ? TagName(tag) : TagName(tag) + " " + entry->name;
 }
 

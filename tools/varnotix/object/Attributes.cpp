@@ -28,14 +28,9 @@ std::optional<NUMBER> Scan(CString text)
 
 } // namespace
 
-const CDcmElement* FindTag(const CDcmElementSet& set, DWORD tag)
-{
-    return set.Find(static_cast<int>(tag >> 16U), static_cast<int>(tag & 0xFFFFU));
-}
-
 CString TextOf(const CDcmElementSet& set, DWORD tag)
 {
-    const CDcmElement* found = FindTag(set, tag);
+    const CDcmElement* found = set.Find(tag);
     CString text = found != nullptr ? CString(found->JoinedText().CText()) : CString();
     text.Trim();
     return text;
@@ -43,7 +38,7 @@ CString TextOf(const CDcmElementSet& set, DWORD tag)
 
 std::optional<int> WordOf(const CDcmElementSet& set, DWORD tag)
 {
-    const CDcmElement* found = FindTag(set, tag);
+    const CDcmElement* found = set.Find(tag);
     const CWordArray* words = found != nullptr ? found->Words() : nullptr;
     if (words == nullptr || words->IsEmpty())
     {
@@ -61,4 +56,22 @@ std::optional<double> DecimalNumber(const CString& text)
 {
     const std::optional<double> number = Scan<double>(text);
     return number.has_value() && std::isfinite(*number) ? number : std::nullopt;
+}
+
+void SetText(CDcmElementSet& set, DWORD tag, std::string_view value, char padding)
+{
+    CByteArray bytes;
+    bytes.Assign(reinterpret_cast<const BYTE*>(value.data()), static_cast<int>(value.size()));
+    if (bytes.GetSize() % 2 == 1)
+    {
+        bytes.Add(static_cast<BYTE>(padding));
+    }
+    if (CDcmElement* present = set.Find(tag))
+    {
+        present->SetRawBytes(bytes);
+    }
+    else
+    {
+        set.Add(new CDcmElement(Varnotix::Tag::Group(tag), Varnotix::Tag::Element(tag), bytes));
+    }
 }

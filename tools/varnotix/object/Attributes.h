@@ -4,12 +4,15 @@
 #include "Varnotix/Varnotix.h"
 
 #include <optional>
-
-/// The first element of a tag at the top level of a set, or null.
-const CDcmElement* FindTag(const CDcmElementSet& set, DWORD tag);
+#include <string_view>
 
 /// The texts of an attribute joined by backslashes, without blanks around; empty when there are none.
 CString TextOf(const CDcmElementSet& set, DWORD tag);
+
+/// Sets the raw bytes of an attribute, which is added when it is missing. Raw bytes, because a rewrite is compared by
+/// them.
+/// @param padding follows a value of odd length.
+void SetText(CDcmElementSet& set, DWORD tag, std::string_view value, char padding);
 
 /// The first number of a US attribute.
 std::optional<int> WordOf(const CDcmElementSet& set, DWORD tag);

@@ -3,16 +3,9 @@
 #include "object/Attributes.h"
 #include "object/ObjectKinds.h"
 
-namespace
-{
-
-constexpr DWORD kSopClass = 0x00080016;
-
-} // namespace
-
 std::unique_ptr<CDcmIOD> MakeTypedObject(const CDcmIOD& object)
 {
-    CObject* made = ClassOfSopClass(TextOf(object.ElementStore(), kSopClass))->CreateObject();
+    CObject* made = ClassOfSopClass(TextOf(object.ElementStore(), Varnotix::Tag::kSopClassUid))->CreateObject();
     std::unique_ptr<CDcmIOD> typed(static_cast<CDcmIOD*>(made));
     *typed = object;
     return typed;

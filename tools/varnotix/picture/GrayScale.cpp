@@ -34,7 +34,7 @@ CString NoNumber(DWORD tag, const CString& text)
 
 CString CGrayScale::Read(const CDcmElementSet& store, const CString& name, const CReport& report)
 {
-    if (FindTag(store, kModalityLut) != nullptr)
+    if (store.Find(kModalityLut) != nullptr)
     {
         report.Say(name + ": drawn without its " + TagAndName(kModalityLut));
     }
@@ -48,11 +48,11 @@ CString CGrayScale::Read(const CDcmElementSet& store, const CString& name, const
     {
         report.Say(name + ": " + noWindow + ": drawn over the range of its values");
     }
-    else if (!m_hasWindow && FindTag(store, kVoiLut) != nullptr)
+    else if (!m_hasWindow && store.Find(kVoiLut) != nullptr)
     {
         report.Say(name + ": drawn over the range of its values, without its " + TagAndName(kVoiLut));
     }
-    else if (!m_hasWindow && (FindTag(store, kSharedGroups) != nullptr || FindTag(store, kFrameGroups) != nullptr))
+    else if (!m_hasWindow && (store.Find(kSharedGroups) != nullptr || store.Find(kFrameGroups) != nullptr))
     {
         report.Say(name + ": drawn over the range of its values; windows of functional groups are not applied");
     }

@@ -2,20 +2,22 @@
 
 #include "object/Attributes.h"
 
+namespace Tag = Varnotix::Tag;
+
 SImageHeader ReadImageHeader(const CDcmIOD& object)
 {
     const CDcmElementSet& store = object.ElementStore();
     SImageHeader header;
-    header.samples = WordOf(store, 0x00280002).value_or(0);
-    header.rows = WordOf(store, 0x00280010).value_or(0);
-    header.columns = WordOf(store, 0x00280011).value_or(0);
-    header.allocated = WordOf(store, 0x00280100).value_or(0);
-    header.stored = WordOf(store, 0x00280101).value_or(header.allocated);
-    header.highBit = WordOf(store, 0x00280102).value_or(header.stored - 1);
-    header.isSigned = WordOf(store, 0x00280103).value_or(0) == 1;
-    header.byPlane = WordOf(store, 0x00280006).value_or(0) == 1;
-    header.framesText = TextOf(store, 0x00280008);
-    header.photometric = TextOf(store, 0x00280004);
+    header.samples = WordOf(store, Tag::kSamplesPerPixel).value_or(0);
+    header.rows = WordOf(store, Tag::kRows).value_or(0);
+    header.columns = WordOf(store, Tag::kColumns).value_or(0);
+    header.allocated = WordOf(store, Tag::kBitsAllocated).value_or(0);
+    header.stored = WordOf(store, Tag::kBitsStored).value_or(header.allocated);
+    header.highBit = WordOf(store, Tag::kHighBit).value_or(header.stored - 1);
+    header.isSigned = WordOf(store, Tag::kPixelRepresentation).value_or(0) == 1;
+    header.byPlane = WordOf(store, Tag::kPlanarConfiguration).value_or(0) == 1;
+    header.framesText = TextOf(store, Tag::kNumberOfFrames);
+    header.photometric = TextOf(store, Tag::kPhotometricInterpretation);
     header.photometricNumber = CDcmRegistry::Global().PhotoMetricEnum(header.photometric);
     if (header.photometricNumber != PHOTOMETRIC_UNKNOWN)
     {

@@ -20,7 +20,7 @@ CString CPalette::ReadTable(const CDcmElementSet& store, int channel, bool isSig
     constexpr std::int64_t kMostEntries = 65536;
     const DWORD descriptorTag = kRedDescriptor + static_cast<DWORD>(channel);
     const DWORD dataTag = kRedData + static_cast<DWORD>(channel);
-    const CDcmElement* descriptor = FindTag(store, descriptorTag);
+    const CDcmElement* descriptor = store.Find(descriptorTag);
     const CWordArray* words = descriptor != nullptr ? descriptor->Words() : nullptr;
     if (words == nullptr || words->GetSize() < kDescriptorWords)
     {
@@ -35,12 +35,12 @@ CString CPalette::ReadTable(const CDcmElementSet& store, int channel, bool isSig
     }
     table.entries = (*words)[0] == 0 ? kMostEntries : (*words)[0];
     table.first = isSigned ? static_cast<std::int16_t>((*words)[1]) : (*words)[1];
-    const CDcmElement* data = FindTag(store, dataTag);
+    const CDcmElement* data = store.Find(dataTag);
     if (data == nullptr)
     {
         const DWORD segmentedTag = kRedSegmented + static_cast<DWORD>(channel);
-        return FindTag(store, segmentedTag) != nullptr ? TagAndName(segmentedTag) + " is not supported"
-                                                       : TagAndName(dataTag) + " is missing";
+        return store.Find(segmentedTag) != nullptr ? TagAndName(segmentedTag) + " is not supported"
+                                                   : TagAndName(dataTag) + " is missing";
     }
     table.data = data->RawBytes();
     const std::uint64_t size = table.data.Size();

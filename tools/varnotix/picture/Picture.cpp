@@ -10,7 +10,6 @@
 namespace
 {
 
-constexpr DWORD kPixelPadding = 0x00280120;
 constexpr int kBlack = 0;
 constexpr int kWhite = 255;
 
@@ -35,7 +34,7 @@ CPainter::CPainter(const CDcmElementSet& store, const SImageHeader& header, cons
     if (m_refusal.IsEmpty() && isGray)
     {
         m_refusal = m_gray.Read(store, name, report);
-        if (const std::optional<int> padding = WordOf(store, kPixelPadding))
+        if (const std::optional<int> padding = WordOf(store, Varnotix::Tag::kPixelPaddingValue))
         {
             m_padding = header.isSigned ? static_cast<std::int16_t>(*padding) : *padding;
         }

@@ -1,12 +1,18 @@
 #include "rewrite/FileMeta.h"
 
+#include "object/Attributes.h"
+
 #include <string_view>
 #include <utility>
+
+namespace Tag = Varnotix::Tag;
 
 namespace
 {
 
-constexpr int kMetaGroup = 0x0002;
+// What the library has no names for.
+constexpr DWORD kImplementationClassTag = 0x00020012;
+constexpr DWORD kImplementationVersionTag = 0x00020013;
 
 // The UUID was made for this program (PS3.5 Annex B.2).
 constexpr const char* kImplementationClass = "2.25.284450905997484935616895374592928984362";
@@ -29,61 +35,30 @@ bool HasPixelData(const CDcmElementSet& set, bool divided)
     return false;
 }
 
-/// Rows 1 to 4 of the UID table: transfer syntaxes of uncompressed pixel data. A deflated object is inflated by the
-/// read.
 bool IsUncompressed(const CString& uid)
 {
-    constexpr int kLastUncompressedRow = 4;
-    const int row = CDcmRegistry::Global().UidEnum(uid);
-    return row >= SYNTAX_IMPLICIT_LITTLE && row <= kLastUncompressedRow;
+    return Varnotix::IsNative(CDcmRegistry::Global().UidEnum(uid));
 }
 
-CString TextOf(const CDcmElementSet& set, int group, int element)
+CString Place(const CString& input, DWORD tag)
 {
-    const CDcmElement* found = set.Find(group, element);
-    CString text = found != nullptr ? CString(std::string_view(found->JoinedText().CText())) : CString();
-    text.Trim();
-    return text;
+    return input + ": " + TagAndName(tag);
 }
 
-/// Sets raw bytes, because a rewrite is compared by raw bytes.
-void SetMeta(CDcmElementSet& store, int element, std::string_view value, char padding)
-{
-    CByteArray bytes;
-    bytes.Assign(reinterpret_cast<const BYTE*>(value.data()), static_cast<int>(value.size()));
-    if (bytes.GetSize() % 2 == 1)
-    {
-        bytes.Add(static_cast<BYTE>(padding));
-    }
-    if (CDcmElement* present = store.Find(kMetaGroup, element))
-    {
-        present->SetRawBytes(bytes);
-    }
-    else
-    {
-        store.Add(new CDcmElement(kMetaGroup, element, bytes));
-    }
-}
-
-CString MetaPlace(const CString& input, int element)
-{
-    return input + ": " + TagAndName((static_cast<DWORD>(kMetaGroup) << 16U) | static_cast<DWORD>(element));
-}
-
-void AddText(CDcmElementSet& store, const CString& input, int element, const CString& text, char padding,
+void AddText(CDcmElementSet& store, const CString& input, DWORD tag, const CString& text, char padding,
              const CReport& report)
 {
-    if (!TextOf(store, kMetaGroup, element).IsEmpty())
+    if (!TextOf(store, tag).IsEmpty())
     {
         return;
     }
     if (text.IsEmpty())
     {
-        report.Say(MetaPlace(input, element) + ": missing, because the data set does not name it");
+        report.Say(Place(input, tag) + ": missing, because the data set does not name it");
         return;
     }
-    SetMeta(store, element, text.View(), padding);
-    report.Detail(MetaPlace(input, element) + ": added as " + text);
+    SetText(store, tag, text.View(), padding);
+    report.Detail(Place(input, tag) + ": added as " + text);
 }
 
 } // namespace
@@ -93,10 +68,10 @@ SObjectForm FormOf(const CDcmIOD& object)
     const CDcmElementSet& store = object.ElementStore();
     SObjectForm form;
     form.syntax = object.IodSyntax();
-    form.transferSyntax = TextOf(store, kMetaGroup, 0x0010);
+    form.transferSyntax = TextOf(store, Tag::kTransferSyntaxUid);
     for (int i = 0; i < store.GetCount() && !form.hasMeta; ++i)
     {
-        form.hasMeta = store.GetAt(i)->HasGroup(kMetaGroup);
+        form.hasMeta = store.GetAt(i)->HasGroup(Tag::kMetaGroup);
     }
     const bool namesCompression = !form.transferSyntax.IsEmpty() && !IsUncompressed(form.transferSyntax);
     form.compressed = HasPixelData(store, true) || (namesCompression && HasPixelData(store, false));
@@ -138,47 +113,48 @@ CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& 
 void CompleteFileMeta(CDcmIOD& object, const CString& input, const CReport& report)
 {
     CDcmElementSet& store = object.ElementStore();
-    const CDcmElement* version = store.Find(kMetaGroup, 0x0001);
+    const CDcmElement* version = store.Find(Tag::kFileMetaInformationVersion);
     if (version == nullptr || version->IsEmptyValue())
     {
-        SetMeta(store, 0x0001, std::string_view("\0\1", 2), '\0');
-        report.Detail(MetaPlace(input, 0x0001) + ": added as 00 01");
+        SetText(store, Tag::kFileMetaInformationVersion, std::string_view("\0\1", 2), '\0');
+        report.Detail(Place(input, Tag::kFileMetaInformationVersion) + ": added as 00 01");
     }
-    AddText(store, input, 0x0002, TextOf(store, 0x0008, 0x0016), '\0', report);
-    AddText(store, input, 0x0003, TextOf(store, 0x0008, 0x0018), '\0', report);
-    AddText(store, input, 0x0012, kImplementationClass, '\0', report);
-    AddText(store, input, 0x0013, kImplementationVersion, ' ', report);
+    AddText(store, input, Tag::kMediaStorageSopClassUid, TextOf(store, Tag::kSopClassUid), '\0', report);
+    AddText(store, input, Tag::kMediaStorageSopInstanceUid, TextOf(store, Tag::kSopInstanceUid), '\0', report);
+    AddText(store, input, kImplementationClassTag, kImplementationClass, '\0', report);
+    AddText(store, input, kImplementationVersionTag, kImplementationVersion, ' ', report);
 }
 
 void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& input, const CReport& report)
 {
     CDcmElementSet& store = object.ElementStore();
-    const CString present = TextOf(store, kMetaGroup, 0x0010);
+    const CString present = TextOf(store, Tag::kTransferSyntaxUid);
     if (uid == present || (uid.IsEmpty() && IsUncompressed(present)))
     {
         return;
     }
     if (!present.IsEmpty())
     {
-        report.Say(MetaPlace(input, 0x0010) + ": " + present + " replaced by that of the pixel data");
+        report.Say(Place(input, Tag::kTransferSyntaxUid) + ": " + present + " replaced by that of the pixel data");
     }
-    store.Remove(kMetaGroup, 0x0010);
+    store.Remove(Tag::kTransferSyntaxUid);
     if (!uid.IsEmpty())
     {
-        SetMeta(store, 0x0010, uid.View(), '\0');
+        SetText(store, Tag::kTransferSyntaxUid, uid.View(), '\0');
     }
 }
 
 void ReportMetaMismatch(const CDcmIOD& object, const CString& input, const CReport& report)
 {
     const CDcmElementSet& store = object.ElementStore();
-    for (const auto& [meta, element] : {std::pair(0x0002, 0x0016), std::pair(0x0003, 0x0018)})
+    for (const auto& [meta, tag] : {std::pair(Tag::kMediaStorageSopClassUid, Tag::kSopClassUid),
+                                    std::pair(Tag::kMediaStorageSopInstanceUid, Tag::kSopInstanceUid)})
     {
-        const CString inMeta = TextOf(store, kMetaGroup, meta);
-        const CString inData = TextOf(store, 0x0008, element);
+        const CString inMeta = TextOf(store, meta);
+        const CString inData = TextOf(store, tag);
         if (!inMeta.IsEmpty() && !inData.IsEmpty() && inMeta != inData)
         {
-            report.Say(MetaPlace(input, meta) + ": differs from the data set: " + inMeta + ", " + inData);
+            report.Say(Place(input, meta) + ": differs from the data set: " + inMeta + ", " + inData);
         }
     }
 }
@@ -193,16 +169,16 @@ void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input,
     }
     if (form.transferSyntax != uid)
     {
-        SetMeta(store, 0x0010, uid.View(), '\0');
-        report.Detail(MetaPlace(input, 0x0010) + ": " + (form.transferSyntax.IsEmpty() ? "added as " : "changed to ") +
-                      uid);
+        SetText(store, Tag::kTransferSyntaxUid, uid.View(), '\0');
+        report.Detail(Place(input, Tag::kTransferSyntaxUid) + ": " +
+                      (form.transferSyntax.IsEmpty() ? "added as " : "changed to ") + uid);
     }
 }
 
 void SetPixelDataVr(CDcmElementSet& set, const CString& input, const CReport& report)
 {
     constexpr WORD kBitsOfByte = 8;
-    const CDcmElement* allocated = set.Find(0x0028, 0x0100);
+    const CDcmElement* allocated = set.Find(Tag::kBitsAllocated);
     const CWordArray* bits = allocated != nullptr ? allocated->Words() : nullptr;
     const bool hasWords = bits != nullptr && !bits->IsEmpty() && (*bits)[0] > kBitsOfByte;
     for (int i = 0; i < set.GetCount(); ++i)

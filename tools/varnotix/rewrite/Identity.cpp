@@ -5,17 +5,16 @@
 #include <algorithm>
 #include <iterator>
 
+namespace Tag = Varnotix::Tag;
+
 namespace
 {
 
-constexpr DWORD kIdentityRemoved = 0x00120062;
-constexpr DWORD kMethod = 0x00120063;
-constexpr DWORD kBurnedIn = 0x00280301;
 constexpr const char* kMethodText = "Varnotix: 32 attributes, also in items; private groups";
 
 bool IsPrivate(const CDcmElement& element)
 {
-    return element.Group() % 2 == 1;
+    return Tag::IsPrivate(element.Tag());
 }
 
 void GatherUncovered(const CDcmElementSet& set, const CString& path, SUncovered& found)
@@ -81,26 +80,6 @@ void AtEveryDepth(CDcmElementSet& set, const CHANGE& change)
     }
 }
 
-void SetText(CDcmElementSet& store, DWORD tag, const CString& text)
-{
-    CByteArray bytes;
-    bytes.Assign(reinterpret_cast<const BYTE*>(text.View().data()), text.GetLength());
-    if (bytes.GetSize() % 2 == 1)
-    {
-        bytes.Add(' ');
-    }
-    const int group = static_cast<int>(tag >> 16U);
-    const int element = static_cast<int>(tag & 0xFFFFU);
-    if (CDcmElement* present = store.Find(group, element))
-    {
-        present->SetRawBytes(bytes);
-    }
-    else
-    {
-        store.Add(new CDcmElement(group, element, bytes));
-    }
-}
-
 } // namespace
 
 bool IsIdentifying(DWORD tag)
@@ -113,7 +92,7 @@ SUncovered FindUncovered(const CDcmElementSet& store)
 {
     SUncovered found;
     GatherUncovered(store, CString(), found);
-    found.isBurnedIn = TextOf(store, kBurnedIn) == "YES";
+    found.isBurnedIn = TextOf(store, Tag::kBurnedInAnnotation) == "YES";
     return found;
 }
 
@@ -147,7 +126,7 @@ void ReportUncovered(const CDcmElementSet& written, bool deep, const CString& na
     }
     if (found.isBurnedIn)
     {
-        parts.push_back(TagAndName(0x00280301) + " is YES: its pixels may identify the patient");
+        parts.push_back(TagAndName(Tag::kBurnedInAnnotation) + " is YES: its pixels may identify the patient");
     }
     CString text;
     for (const CString& part : parts)
@@ -185,11 +164,12 @@ void RemovePrivateGroups(CDcmElementSet& store)
 
 void SetIdentityRemoved(CDcmElementSet& store)
 {
-    SetText(store, kIdentityRemoved, "YES");
-    const CString methods = TextOf(store, kMethod);
+    SetText(store, Tag::kPatientIdentityRemoved, "YES", ' ');
+    const CString methods = TextOf(store, Tag::kDeidentificationMethod);
     if (methods.Find(kMethodText) < 0)
     {
-        SetText(store, kMethod, (methods.IsEmpty() ? CString() : methods + "\\") + kMethodText);
+        const CString all = (methods.IsEmpty() ? CString() : methods + "\\") + kMethodText;
+        SetText(store, Tag::kDeidentificationMethod, all.View(), ' ');
     }
 }
 

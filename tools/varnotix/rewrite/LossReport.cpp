@@ -54,8 +54,7 @@ void CLossReport::AddReadNotes(const CDcmIOD& object)
 {
     for (const SReadNote& note : object.ReadNotes())
     {
-        const CDcmEntry* entry =
-            CDcmRegistry::Global().LookUpTag(static_cast<int>(note.tag >> 16U), static_cast<int>(note.tag & 0xFFFFU));
+        const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(note.tag);
         const CString kept(entry != nullptr ? VrText(static_cast<int>(entry->vr)) : "");
         const CString where = TagAndName(note.tag) + Number(" at offset %lu", note.offset);
         switch (note.note)

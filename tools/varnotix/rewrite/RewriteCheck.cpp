@@ -198,7 +198,8 @@ void CComparison::CompareElements(const SSnapshot& before, SSnapshot& after, con
 
 void CComparison::CompareVr(const SSnapshot& before, const SSnapshot& after, const CString& place)
 {
-    if (m_rewrite.targetSyntax != SYNTAX_IMPLICIT_LITTLE || (before.tag >> 16U) == 0x0002)
+    if (m_rewrite.targetSyntax != SYNTAX_IMPLICIT_LITTLE ||
+        Varnotix::Tag::Group(before.tag) == Varnotix::Tag::kMetaGroup)
     {
         if (before.vr != after.vr)
         {
@@ -208,9 +209,9 @@ void CComparison::CompareVr(const SSnapshot& before, const SSnapshot& after, con
         return;
     }
     // Private creators have one VR by the standard; that of other private elements is known from the input only.
-    constexpr DWORD kFirstPrivateData = 0x0100;
+    constexpr int kFirstPrivateData = 0x0100;
     if (m_rewrite.sourceSyntax != SYNTAX_IMPLICIT_LITTLE && before.IsPrivate() &&
-        (before.tag & 0xFFFFU) >= kFirstPrivateData)
+        Varnotix::Tag::Element(before.tag) >= kFirstPrivateData)
     {
         m_losses.Add(ELoss::PrivateVrNotStated, place,
                      CString("VR ") + VrText(before.vr) + " is not stated in implicit VR");

@@ -14,8 +14,8 @@ struct SSnapshot
     const CDcmFrameList* frames = nullptr; ///< The element's own; it must outlive the snapshot.
     std::vector<SSnapshot> items;          ///< As read: the elements of all items in one list.
 
-    bool IsGroupLength() const { return (tag & 0xFFFFU) == 0; }
-    bool IsPrivate() const { return (tag >> 16U) % 2 == 1; }
+    bool IsGroupLength() const { return Varnotix::Tag::IsGroupLength(tag); }
+    bool IsPrivate() const { return Varnotix::Tag::IsPrivate(tag); }
 };
 
 /// The elements of a set in the order in which a write puts them: sorted by tag at every level, equal tags as they are.

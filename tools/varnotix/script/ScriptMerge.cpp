@@ -7,9 +7,6 @@
 namespace
 {
 
-constexpr DWORD kTransferSyntax = 0x00020010;
-constexpr DWORD kPixelData = 0x7FE00010;
-
 // A longer value of bytes is printed as its length.
 constexpr std::size_t kLongestPrintedBytes = 5000;
 
@@ -238,19 +235,19 @@ bool CScriptMerge::MayApply(const SScriptLine& line)
 /// Why a line must not be applied, beyond what its reader notes; empty when it may.
 CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
 {
-    if (line.tag >> 16U < kFirstGroup)
+    if (Varnotix::Tag::Group(line.tag) < kFirstGroup)
     {
         return kNoPlaceInFile;
     }
-    if ((line.tag & 0xFFFFU) == 0)
+    if (Varnotix::Tag::IsGroupLength(line.tag))
     {
         return "the write computes group lengths; remove the line";
     }
-    if (line.tag == kTransferSyntax)
+    if (line.tag == Varnotix::Tag::kTransferSyntaxUid)
     {
         return "the transfer syntax is not changed here; use 'varnotix convert'";
     }
-    if (line.tag == kPixelData)
+    if (line.tag == Varnotix::Tag::kPixelData)
     {
         return "pixel data cannot be read from text; remove the line";
     }
@@ -267,7 +264,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
     {
         return "there is text outside the value list; a text with brackets cannot be read back";
     }
-    const CDcmElement unread(static_cast<int>(line.tag >> 16U), static_cast<int>(line.tag & 0xFFFFU));
+    const CDcmElement unread(line.tag);
     const CDcmElement& shape = element != nullptr ? *element : unread;
     const EVrKind kind = VrKind(shape.Vr());
     const int count = CountValues(line.parts.values);

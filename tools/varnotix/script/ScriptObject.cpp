@@ -9,9 +9,6 @@
 namespace
 {
 
-// The row of the UID table with the syntax of pictures: JPEG baseline.
-constexpr int kPictureSyntax = 5;
-
 bool IsPicture(const CString& name)
 {
     return name.Right(4).CompareNoCase(".jpg") == 0;
@@ -113,7 +110,7 @@ CString CSourceReport::UidOf(const SScriptSource& source) const
 {
     if (IsPicture(source.name))
     {
-        return CDcmRegistry::Global().UidString(kPictureSyntax);
+        return CDcmRegistry::Global().UidString(Varnotix::UID_JPEG_BASELINE);
     }
     CDcmIOD file;
     const SObjectForm form = ReadObject(source.name, file, m_report) ? FormOf(file) : SObjectForm();

@@ -7,7 +7,7 @@
 #include <vector>
 
 /// Group 0002, the file meta information, is the first of a file.
-inline constexpr DWORD kFirstGroup = 2;
+inline constexpr int kFirstGroup = 2;
 inline constexpr const char* kNoPlaceInFile = "groups below 0002 have no place in a file";
 
 /// One element line, with the lines of its item.
