@@ -11,6 +11,7 @@ using namespace Varnotix;
 
 bool CFragmentReader::ReadItem(CSharedBytes& bytes, bool& isDelimiter)
 {
+    m_faultOffset = m_cursor.Position();
     const BYTE* header = m_cursor.Take(kItemHeaderSize);
     if (header == nullptr)
     {

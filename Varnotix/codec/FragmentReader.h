@@ -19,6 +19,8 @@ public:
     ///         fragments before that place are kept.
     bool Read();
     EParseFault Fault() const { return m_fault; }
+    /// Stream offset of the item that could not be read.
+    std::size_t FaultOffset() const { return m_faultOffset; }
 
     /// Makes frames of the fragments: by the offset table if it points to fragments, otherwise all are one frame where
     /// the object has only one, and one each where it has more.
@@ -32,6 +34,7 @@ private:
     CStreamCursor& m_cursor;
     bool m_bigEndian;
     EParseFault m_fault = PARSE_CUT_OFF;
+    std::size_t m_faultOffset = 0;
     CSharedBytes m_offsetTable;
     std::vector<CSharedBytes> m_fragments;
 };

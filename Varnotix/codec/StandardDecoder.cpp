@@ -375,7 +375,7 @@ void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)
     }
     if (header.vr == VR_SQ && !isPixelData)
     {
-        if (header.length == 0 || BeginsWithItem(level.syntax))
+        if (header.length == 0 || BeginsWithItem(header.length, level.syntax))
         {
             ReadSequence(header, level);
             return;
@@ -450,17 +450,17 @@ void CStandardDecoder::ReadFragments(const SHeader& header, SLevel& level)
     element.Frames()->SetReadForm(CDcmFrameList::FORM_ENCAPSULATED);
     if (!whole)
     {
-        Stop(reader.Fault(), header.tag, m_cursor.Position());
+        Stop(reader.Fault(), header.tag, reader.FaultOffset());
     }
 }
 
 /// True when an item or a delimiter comes next.
-bool CStandardDecoder::BeginsWithItem(int syntax) const
+bool CStandardDecoder::BeginsWithItem(DWORD length, int syntax) const
 {
     const BYTE* header = m_cursor.Peek(kItemHeaderSize);
-    if (header == nullptr)
+    if (length < kItemHeaderSize || header == nullptr)
     {
-        return true; // Cut off; the items say so.
+        return length >= kItemHeaderSize; // Cut off; reading the items finds that.
     }
     const DWORD tag = TagAt(header, syntax);
     return tag == Tag::kItem || tag == Tag::kSequenceDelimitationItem;

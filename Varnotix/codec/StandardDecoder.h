@@ -68,7 +68,7 @@ private:
     void ReadSequence(const SHeader& header, SLevel& level);
     void ReadItems(SLevel& level, CDcmElementSet& items, std::size_t end, bool isDelimited, int syntax);
     DWORD ItemLength(const BYTE* header, int syntax) const;
-    bool BeginsWithItem(int syntax) const;
+    bool BeginsWithItem(DWORD length, int syntax) const;
     CDcmElement& AddElement(const SHeader& header, SLevel& level);
     void Note(EReadNote note, DWORD tag, std::size_t offset, DWORD count = 0);
     [[noreturn]] void Stop(EParseFault fault, DWORD tag, std::size_t offset);

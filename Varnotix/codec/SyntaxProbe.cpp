@@ -10,11 +10,16 @@ namespace
 
 constexpr int kMostElements = 16;
 
-bool IsKnown(DWORD tag)
+/// How far a tag speaks for a syntax: tags of the standard most, unknown ones not at all.
+int WeightOf(DWORD tag)
 {
+    if (CDcmRegistry::Global().LookUpPublicTag(tag) != nullptr)
+    {
+        return 2;
+    }
     const bool isPrivate = (tag >> 16U) % 2 == 1;
     const bool isGroupLength = (tag & 0xFFFFU) == 0;
-    return isPrivate || isGroupLength || CDcmRegistry::Global().LookUpPublicTag(tag) != nullptr;
+    return isPrivate || isGroupLength ? 1 : 0;
 }
 
 /// The size of header and value; 0 where the header does not fit the syntax. A value of undefined length ends the look.
@@ -25,7 +30,7 @@ std::size_t ElementSize(const BYTE* data, std::size_t size, int syntax, DWORD ta
     DWORD length = 0;
     if (syntax == SYNTAX_IMPLICIT_LITTLE)
     {
-        if (!IsKnown(tag))
+        if (WeightOf(tag) == 0)
         {
             return 0;
         }
@@ -59,14 +64,18 @@ std::size_t ElementSize(const BYTE* data, std::size_t size, int syntax, DWORD ta
     return length <= size - header ? header + length : 0;
 }
 
-} // namespace
+struct SFit
+{
+    int elements = 0;
+    int weight = 0;
+};
 
-int ElementsThatFit(const BYTE* data, std::size_t size, int syntax)
+SFit FitOf(const BYTE* data, std::size_t size, int syntax)
 {
     const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
+    SFit fit;
     DWORD last = 0;
-    int count = 0;
-    while (count < kMostElements && size >= kItemHeaderSize)
+    while (fit.elements < kMostElements && size >= kItemHeaderSize)
     {
         const DWORD tag = (static_cast<DWORD>(Word(data, bigEndian)) << 16U) | Word(data + 2, bigEndian);
         const std::size_t element = tag < last ? 0 : ElementSize(data, size, syntax, tag);
@@ -74,12 +83,20 @@ int ElementsThatFit(const BYTE* data, std::size_t size, int syntax)
         {
             break;
         }
-        ++count;
+        ++fit.elements;
+        fit.weight += WeightOf(tag);
         last = tag;
         data += element;
         size -= element;
     }
-    return count;
+    return fit;
+}
+
+} // namespace
+
+int ElementsThatFit(const BYTE* data, std::size_t size, int syntax)
+{
+    return FitOf(data, size, syntax).elements;
 }
 
 int ProbeSyntax(const BYTE* data, std::size_t size)
@@ -88,11 +105,11 @@ int ProbeSyntax(const BYTE* data, std::size_t size)
     int most = 0;
     for (const int syntax : {SYNTAX_EXPLICIT_LITTLE, SYNTAX_IMPLICIT_LITTLE, SYNTAX_EXPLICIT_BIG})
     {
-        const int count = ElementsThatFit(data, size, syntax);
-        if (count > most)
+        const int weight = FitOf(data, size, syntax).weight;
+        if (weight > most)
         {
             best = syntax;
-            most = count;
+            most = weight;
         }
     }
     return best;

@@ -10,5 +10,5 @@
 /// @return 0 where not even the first one does.
 int ElementsThatFit(const BYTE* data, std::size_t size, int syntax);
 
-/// The syntax that most elements fit; SYNTAX_UNKNOWN when none fits the first one.
+/// The syntax that the first elements speak for most, tags of the standard above all; SYNTAX_UNKNOWN when none fits.
 int ProbeSyntax(const BYTE* data, std::size_t size);
