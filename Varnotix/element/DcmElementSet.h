@@ -133,6 +133,9 @@ public:
     void ReplaceItems(const CDcmElementSet& items);
     /// Each element here takes the value of the first element of its tag in the other set, if there is one.
     void UpdateValuesFrom(const CDcmElementSet& other);
+    /// As UpdateValuesFrom, with the elements of one item of the other set. Nothing happens when both share a body.
+    /// @param item 1 to the other's ItemCount(); any other number gives no values.
+    void UpdateValuesFromItem(const CDcmElementSet& other, int item);
     /// Adds copies of the other's elements whose tags are not here, before this set's own elements; the others update
     /// the values here. The body is replaced. Callers sort afterwards.
     void Merge(const CDcmElementSet& other);

@@ -105,6 +105,21 @@ void CDcmElementSet::UpdateValuesFrom(const CDcmElementSet& other)
     }
 }
 
+void CDcmElementSet::UpdateValuesFromItem(const CDcmElementSet& other, int item)
+{
+    if (SharesBodyWith(other))
+    {
+        return;
+    }
+    for (CObject* object : Body().list)
+    {
+        if (const CDcmElement* source = other.Elements().FindInItem(ElementOf(object).Tag(), item))
+        {
+            ElementOf(object) = *source;
+        }
+    }
+}
+
 void CDcmElementSet::Merge(const CDcmElementSet& other)
 {
     if (SharesBodyWith(other))

@@ -85,12 +85,7 @@ void CDcmElementSet::DeclaredTags(CStringArray& texts) const
 CDcmElement* CDcmElementSet::FindDeclared(int position) const
 {
     const int index = position / 2;
-    if (position < 0 || index >= DeclaredCount())
-    {
-        return nullptr;
-    }
-    const CElementBody& body = Elements();
-    return body.keepsItems ? body.FindInItem(DeclaredTag(index), 1) : body.Find(DeclaredTag(index));
+    return position >= 0 && index < DeclaredCount() ? Elements().FindShown(DeclaredTag(index)) : nullptr;
 }
 
 void CDcmElementSet::BindSequence(const CString& group, const CString& element, CDcmElementSet& member)

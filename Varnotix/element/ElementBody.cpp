@@ -89,6 +89,11 @@ CDcmElement* CElementBody::FindInItem(DWORD tag, int item) const
     return found == list.end() ? nullptr : static_cast<CDcmElement*>(*found);
 }
 
+CDcmElement* CElementBody::FindShown(DWORD tag) const
+{
+    return keepsItems ? FindInItem(tag, 1) : Find(tag);
+}
+
 void CElementBody::CopyItemForms(const CElementBody& other)
 {
     itemForms = other.itemForms;
@@ -310,7 +315,8 @@ void CElementBody::AddMissing(const MAKE& make)
         {
             all.Add(*next++);
         }
-        if (m_sorted ? next != list.end() && TagOf(*next) == element.tag : Find(element.tag) != nullptr)
+        const bool isInOrder = m_sorted && !keepsItems;
+        if (isInOrder ? next != list.end() && TagOf(*next) == element.tag : FindShown(element.tag) != nullptr)
         {
             continue;
         }

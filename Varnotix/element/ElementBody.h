@@ -90,6 +90,9 @@ public:
     /// The first element of the tag in an item; those without an item count to item 1.
     CDcmElement* FindInItem(DWORD tag, int item) const;
 
+    /// The element of the tag that accessors show: of the first item, or the first one of all where items are not kept.
+    CDcmElement* FindShown(DWORD tag) const;
+
     /// Takes over what is known of the other body's items, but for the elements.
     void CopyItemForms(const CElementBody& other);
 
@@ -138,7 +141,7 @@ private:
     template <class MAKE>
     void AddMissing(const MAKE& make);
     /// The element that shows a member, if it is in the list.
-    CDcmElement* FindMember(std::size_t member) const { return Find(m_shape->Sequences()[member]); }
+    CDcmElement* FindMember(std::size_t member) const { return FindShown(m_shape->Sequences()[member]); }
     CDcmElement* FindFrom(DWORD tag, int& start) const;
     int IndexOf(const CDcmElement* element) const;
     int LowerBound(DWORD tag) const;

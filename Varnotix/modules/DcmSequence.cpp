@@ -32,6 +32,15 @@ void CDcmSequence::EmptySequence()
     EmptyAll();
 }
 
+void CDcmSequence::TakeItem(const CDcmElementSet& items, int item)
+{
+    if (!GetDcmElementSet().SharesBodyWith(items))
+    {
+        EmptyAll();
+        GetDcmElementSet().UpdateValuesFromItem(items, item);
+    }
+}
+
 void CDcmSequence::InitializeSequence() {}
 
 void CDcmSequence::CopySequence(CDcmSequence& other)

@@ -13,7 +13,8 @@ class VARNOTIX_EXPORT CSequencePrivate : public CObject
 ///
 /// A module's member sequence shares its elements with the module's SQ element: what is written through one is seen
 /// through the other, also after the module was read, copied or assigned. The elements of all items of a sequence are
-/// gathered in one set; an accessor shows the first of its tag.
+/// gathered in one set. After a read by the standard stream rules an accessor shows the first item, and TakeItem fills an
+/// object of its own from any other; after a read by the classic ones it shows the first element of its tag.
 class VARNOTIX_EXPORT CDcmSequence : public CDcmAttributeSet
 {
     DECLARE_DYNCREATE(CDcmSequence)
@@ -35,6 +36,12 @@ public:
 
     /// Empties every value; elements and declared tags stay.
     void EmptySequence();
+
+    /// Takes the values of one item of a sequence, and empties those that the item lacks. For an object of its own: the
+    /// member of a module keeps to the first item, and nothing happens for the very set that this sequence shows.
+    /// @param items the items of a sequence element (CDcmElement::Items).
+    /// @param item counted from 1; any other number than those of items gives no values.
+    void TakeItem(const CDcmElementSet& items, int item);
 
 protected:
     CSequencePrivate& SequencePrivate() { return m_private; }
