@@ -269,8 +269,8 @@ void CStandardEncoder::WriteHeader(const SStep& step, COutputBuffer& out)
     const DWORD size = HeaderSize(step);
     const DWORD length = step.step == EStep::GroupLength ? kGroupLengthSize : step.length;
     BYTE* header = out.Room(size);
-    PutWord(header, step.tag >> 16U, bigEndian);
-    PutWord(header + 2, step.tag & 0xFFFFU, bigEndian);
+    PutWord(header, static_cast<DWORD>(Varnotix::Tag::Group(step.tag)), bigEndian);
+    PutWord(header + 2, static_cast<DWORD>(Varnotix::Tag::Element(step.tag)), bigEndian);
     if (step.syntax == SYNTAX_IMPLICIT_LITTLE)
     {
         PutDoubleWord(header + 4, length, bigEndian);

@@ -17,8 +17,8 @@ int WeightOf(DWORD tag)
     {
         return 2;
     }
-    const bool isPrivate = (tag >> 16U) % 2 == 1;
-    const bool isGroupLength = (tag & 0xFFFFU) == 0;
+    const bool isPrivate = Varnotix::Tag::IsPrivate(tag);
+    const bool isGroupLength = Varnotix::Tag::IsGroupLength(tag);
     return isPrivate || isGroupLength ? 1 : 0;
 }
 

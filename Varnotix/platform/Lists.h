@@ -202,7 +202,7 @@ private:
         catch (const std::bad_alloc&) // Goes on below.
         {
         }
-        ThrowMemoryException();
+        Varnotix::ThrowMemoryException();
     }
     TYPE Take(POSITION position)
     {

@@ -120,7 +120,7 @@ TEST(Items, OfSequencesMadeByAccessorsAreOne)
     code.CodeMeaning("Chest");
     store.GetAt(0)->SetItems(code.GetDcmElementSet());
     store.GetAt(0)->PruneEmptyItems();
-    EXPECT_EQ(Written(object), HexText(Stream("0800 1822 'SQ' 0000 30000000 FEFF 00E0 28000000"
+    EXPECT_EQ(Written(object), HexText(Stream("0800 1822 'SQ' 0000 32000000 FEFF 00E0 2A000000"
                                               " 0800 0001 'SH' 0800 'T-D3000 ' 0800 0201 'SH' 0400 'SRT '"
                                               " 0800 0401 'LO' 0600 'Chest '"
                                               "2800 0001 'US' 0200 0800"
