@@ -5,6 +5,7 @@
 # The standard headers are those of MinGW-w64, so this does not replace a build by Visual C++; their windows.h is for
 # g++ only, so the sources that need it are left to the preset windows.
 set -uo pipefail
+shopt -s extglob
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$top" || exit 1
 
@@ -28,9 +29,6 @@ if [ $# -eq 1 ]; then
     check "$1"
     exit
 fi
-if [ $# -eq 0 ]; then
-    shopt -s extglob
-    set -- Varnotix/*/!(*Windows).cpp examples/read_patient/read_patient.cpp
-fi
+[ $# -gt 0 ] || set -- Varnotix/*/!(*Windows).cpp examples/read_patient/read_patient.cpp
 printf '%s\n' "$@" | xargs -P "$(nproc)" -n 1 "${BASH_SOURCE[0]}" || die "see above"
 printf '%d sources hold under the Visual C++ ABI\n' $#
