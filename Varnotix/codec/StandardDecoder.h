@@ -3,10 +3,10 @@
 
 #include "Varnotix/codec/ReadResult.h"
 #include "Varnotix/codec/StreamCursor.h"
+#include "Varnotix/codec/VrChoices.h"
 #include "Varnotix/element/DcmElementSet.h"
 
 #include <cstdint>
-#include <vector>
 
 class CDcmEntry;
 
@@ -38,7 +38,7 @@ private:
         int depth = 0;
         int item = 1; // Number of the item, also where there are none.
         std::uint32_t lastTag = 0;
-        int scope = -1; // In m_scopes, when something there refers to it.
+        int number = -1; // In m_choices, when something there depends on it.
     };
 
     struct SHeader
@@ -72,24 +72,10 @@ private:
     CDcmElement& AddElement(const SHeader& header, SLevel& level);
     void Note(EReadNote note, DWORD tag, std::size_t offset, DWORD count = 0);
     [[noreturn]] void Stop(EParseFault fault, DWORD tag, std::size_t offset);
-    int ScopeOf(SLevel& level);
-    void ResolveChoices();
+    int NumberOf(SLevel& level);
 
     CStreamCursor& m_cursor;
     CByteChunks m_smallValues;
     SReadResult m_result;
-
-    /// Pixel Representation (0028,0103) of the data sets that hold it or an element whose VR depends on it.
-    struct SScope
-    {
-        int around;
-        int pixelRepresentation;
-    };
-    struct SChoice
-    {
-        CDcmElement* element;
-        int scope;
-    };
-    std::vector<SScope> m_scopes;
-    std::vector<SChoice> m_choices;
+    CVrChoices m_choices;
 };

@@ -1,9 +1,10 @@
 #include "Varnotix/codec/StandardEncoder.h"
 
-#include "Varnotix/codec/ExplicitVr.h"
+#include "Varnotix/codec/ElementHeader.h"
 #include "Varnotix/codec/FrameWriter.h"
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/registry/DcmRegistry.h"
 
 #include <algorithm>
 
@@ -15,14 +16,16 @@ namespace
 constexpr DWORD kLongestShortValue = 0xFFFE; // The longest even length of 16 bits.
 constexpr DWORD kGroupLengthSize = 4;
 
-bool IsBigEndian(int syntax)
-{
-    return syntax == SYNTAX_EXPLICIT_BIG;
-}
-
 bool HasLongHeader(int vr, const CDcmElement* element)
 {
     return HasLongForm(vr) || (element != nullptr && element->LaterVr() != Varnotix::ELaterVr::None);
+}
+
+/// Readers of implicit VR know other sequences by their undefined length only.
+bool IsListedSequence(DWORD tag)
+{
+    const CDcmEntry* entry = CDcmRegistry::Global().LookUpPublicTag(tag);
+    return entry != nullptr && static_cast<int>(entry->vr) == VR_SQ;
 }
 
 DWORD Padded(std::size_t size)
@@ -185,11 +188,8 @@ std::uint64_t CStandardEncoder::PlanFrames(const CDcmElement& element, const SDa
 std::uint64_t CStandardEncoder::PlanSequence(const CDcmElement& element, const SDataSet& dataSet)
 {
     const bool isUnknown = element.Form() == CDcmElement::FORM_UNKNOWN && dataSet.syntax != SYNTAX_IMPLICIT_LITTLE;
-    // Readers of implicit VR know a sequence that no dictionary lists by its undefined length only.
-    const bool isUnlisted =
-        element.Entry() == nullptr || static_cast<int>(element.Entry()->vr) != VR_SQ || element.Group() % 2 == 1;
-    const bool isUndefined =
-        element.Form() != CDcmElement::FORM_DEFINED || (isUnlisted && dataSet.syntax == SYNTAX_IMPLICIT_LITTLE);
+    const bool isUndefined = element.Form() != CDcmElement::FORM_DEFINED ||
+                             (dataSet.syntax == SYNTAX_IMPLICIT_LITTLE && !IsListedSequence(element.Tag()));
     const std::size_t place = m_steps.size();
     m_steps.push_back({&element, element.Tag(), kUndefinedLength, EStep::Sequence, static_cast<BYTE>(dataSet.syntax),
                        static_cast<BYTE>(isUnknown ? VR_UN : VR_SQ), false});

@@ -1,7 +1,7 @@
 #include "Varnotix/codec/SyntaxProbe.h"
 
 #include "Varnotix/codec/ByteOrder.h"
-#include "Varnotix/codec/ExplicitVr.h"
+#include "Varnotix/codec/ElementHeader.h"
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/registry/DcmRegistry.h"
 

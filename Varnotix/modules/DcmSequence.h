@@ -13,8 +13,8 @@ class VARNOTIX_EXPORT CSequencePrivate : public CObject
 ///
 /// A module's member sequence shares its elements with the module's SQ element: what is written through one is seen
 /// through the other, also after the module was read, copied or assigned. The elements of all items of a sequence are
-/// gathered in one set. After a read by the standard stream rules an accessor shows the first item, and TakeItem fills an
-/// object of its own from any other; after a read by the classic ones it shows the first element of its tag.
+/// gathered in one set. After a read by the standard stream rules an accessor shows the first item, and TakeItem fills
+/// an object of its own from any other; after a read by the classic ones it shows the first element of its tag.
 class VARNOTIX_EXPORT CDcmSequence : public CDcmAttributeSet
 {
     DECLARE_DYNCREATE(CDcmSequence)

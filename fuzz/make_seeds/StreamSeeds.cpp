@@ -1,6 +1,7 @@
 // Streams in each syntax and layout, with each kind of value.
 
 #include "Seeds.h"
+#include "StandardStreams.h"
 #include "StreamBytes.h"
 
 namespace
@@ -96,4 +97,9 @@ void MakeStreamSeeds()
                                      Stream("0900 0000 'UL' 0400 00000000 0900 0000 'UL' 0400 01000000"));
     put("odd_lengths", Stream("0800 5000 'SH' 0100 'A' 0800 1600 'UI' 0300 '1.2' 2800 1000 'US' 0300 010002"));
     put("bytes_left", kText + kEnd + Stream("0102"));
+    int number = 0;
+    for (const SConformingStream& stream : kConformingStreams)
+    {
+        PutSeed("standard", "conforming_" + std::to_string(++number), Zeroed(stream.bytes));
+    }
 }

@@ -57,7 +57,8 @@ TEST_F(Convert, WordsOfAnImplicitObjectAreSwappedForBigEndian)
     const std::string icon = LittleEndian(0x0506, 2);
     Write("in.dcm", Part10(kImplicitUid, depth + Implicit(0x00880200, Item(depth + Implicit(0x7FE00010, icon))) +
                                              Implicit(0x7FE00010, pixels)));
-    Expect(0, "convert -v -s big in.dcm out.dcm", "in.dcm: (7FE0,0010) Pixel Data: VR OW, because it has 16 bits per sample");
+    Expect(0, "convert -v -s big in.dcm out.dcm",
+           "in.dcm: (7FE0,0010) Pixel Data: VR OW, because it has 16 bits per sample");
     const std::string written = Read("out.dcm");
     EXPECT_TRUE(written.ends_with(BigEndianWords(0x7FE00010, "OW", pixels)));
     EXPECT_TRUE(Holds(written, BigEndianWords(0x7FE00010, "OW", icon)));

@@ -1,8 +1,10 @@
-/// The VR field of explicit headers (PS3.5 section 7.1.2), for the standard stream rules.
+/// Parts of element headers (PS3.5 section 7.1.2), for the standard stream rules.
 #pragma once
 
 #include "Varnotix/codec/ByteOrder.h"
+#include "Varnotix/element/DcmElement.h"
 #include "Varnotix/registry/LaterVr.h"
+#include "Varnotix/registry/Tag.h"
 
 inline constexpr std::size_t kLongHeaderSize = 12; ///< Tag, VR, two reserved bytes, 32-bit length.
 inline constexpr std::size_t kShortHeaderSize = 8; ///< Tag, VR, 16-bit length; or tag and 32-bit length.
@@ -38,6 +40,19 @@ inline SExplicitVr ExplicitVrOf(const BYTE* letters)
         }
     }
     return {VR_UN, ELaterVr::None, false, true};
+}
+
+/// True for the syntax in which numbers are big endian (see ESyntax).
+inline bool IsBigEndian(int syntax)
+{
+    return syntax == SYNTAX_EXPLICIT_BIG;
+}
+
+/// The tag at the beginning of a header.
+inline DWORD TagAt(const BYTE* header, int syntax)
+{
+    const bool bigEndian = IsBigEndian(syntax);
+    return Varnotix::Tag::Make(Word(header, bigEndian), Word(header + 2, bigEndian));
 }
 
 /// Width in bytes of the numbers that a big endian stream holds in reverse, for a VR and the later VR beside it.
