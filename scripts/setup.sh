@@ -6,13 +6,13 @@ set -euo pipefail
 
 [ $# -gt 0 ] || set -- release asan installed windows clang bench coverage fuzz hostile style reference
 
-packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev)
+packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev zlib1g-dev)
 for stage in "$@"; do
     case $stage in
-        release | asan) packages+=(libgtest-dev dcmtk libgdcm-tools) ;;
+        release | asan) packages+=(libgtest-dev dcmtk libgdcm-tools dicom3tools python3-pydicom) ;;
         installed) packages+=(libgtest-dev pkgconf dpkg-dev file) ;;
         clang) packages+=(libgtest-dev clang) ;;
-        windows) packages+=(g++-mingw-w64-i686-posix googletest debootstrap util-linux) ;;
+        windows) packages+=(g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest debootstrap util-linux) ;;
         fuzz) packages+=(clang libclang-rt-dev) ;;
         hostile) packages+=(time) ;;
         bench) packages+=(libbenchmark-dev libdcmtk-dev libgdcm-dev) ;;

@@ -85,7 +85,7 @@ TEST_F(Anonymize, ABatchGoesOnAfterAnInputThatIsNotReadable)
     Write("one.dcm", Part10(kExplicitUid, kName));
     std::filesystem::create_directory("other");
     Write("other/one.dcm", Part10(kExplicitUid, kName));
-    Expect(40, "anonymize missing.dcm bad.dcm one.dcm other/one.dcm -o made/here", "bad.dcm: not readable as DICOM",
+    Expect(40, "anonymize missing.dcm bad.dcm one.dcm other/one.dcm -o made/here", "bad.dcm: not DICOM: it begins with",
            "another input of the same name", "3 of 4 inputs were not anonymised");
     EXPECT_TRUE(Holds(Read("made/here/one.dcm"), "ANONYMOUS"));
     Expect(20, "anonymize bad.dcm one.dcm -o made");

@@ -118,9 +118,9 @@ TEST_F(Apply, ReplacesAddsAndEmpties)
                    "#SEQUENCE_BEGIN\n"
                    "   0008,1155,UI,1,Referenced SOP Instance UID,[1.7,]\n"
                    "#SEQUENCE_END\n");
-    Expect(20, "apply s.asl in.dcm -o out.dcm");
+    Expect(20, "apply --classic s.asl in.dcm -o out.dcm");
     Write("s.asl", Replaced(Read("s.asl"), "0028,0106,SS,1,,[]\n", ""));
-    Expect(0, "apply -v s.asl in.dcm -o out.dcm", "s.asl:3: (0010,0020) Patient ID is changed",
+    Expect(0, "apply --classic -v s.asl in.dcm -o out.dcm", "s.asl:3: (0010,0020) Patient ID is changed",
            "in.dcm: 5 values changed, 2 attributes added");
     EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY\\AXIAL"),
                       Explicit(0x00091001, "OB", "\x01\xC8"), Explicit(0x00100020, "LO", ""),

@@ -57,33 +57,39 @@ TEST_F(Convert, WordsOfAnImplicitObjectAreSwappedForBigEndian)
     const std::string icon = LittleEndian(0x0506, 2);
     Write("in.dcm", Part10(kImplicitUid, depth + Implicit(0x00880200, Item(depth + Implicit(0x7FE00010, icon))) +
                                              Implicit(0x7FE00010, pixels)));
-    Expect(0, "convert -v -s big in.dcm out.dcm",
+    Expect(0, "convert --classic -v -s big in.dcm out.dcm",
            "in.dcm: (7FE0,0010) Pixel Data: VR OW, because it has 16 bits per sample");
     const std::string written = Read("out.dcm");
     EXPECT_TRUE(written.ends_with(BigEndianWords(0x7FE00010, "OW", pixels)));
     EXPECT_TRUE(Holds(written, BigEndianWords(0x7FE00010, "OW", icon)));
-    Expect(0, "convert -q -s explicit in.dcm explicit.dcm");
+    Expect(0, "convert --classic -q -s explicit in.dcm explicit.dcm");
     EXPECT_TRUE(Read("explicit.dcm").ends_with(Explicit(0x7FE00010, "OW", pixels)));
+
+    Expect(0, "convert -q -s big in.dcm standard.dcm");
+    EXPECT_TRUE(HoldsInOrder(Read("standard.dcm"), BigEndianWords(0x7FE00010, "OW", icon),
+                             BigEndianWords(0x7FE00010, "OW", pixels)));
 
     // Bytes stay bytes.
     Write("in.dcm", Part10(kImplicitUid, Implicit(0x00280100, LittleEndian(8, 2)) + Implicit(0x7FE00010, "\1\2\3\4")));
-    Expect(0, "convert -q -s big in.dcm out.dcm");
+    Expect(0, "convert --classic -q -s big in.dcm out.dcm");
     EXPECT_TRUE(Read("out.dcm").ends_with(std::string("OB\0\0\0\0\0\4\1\2\3\4", 12)));
 }
 
-TEST_F(Convert, ABareDataSetBecomesAFileThatNamesItself)
+TEST_F(Convert, ABareDataSetStaysOneOrBecomesAFileThatNamesItself)
 {
     Write("bare.dcm", kDataSet);
-    Expect(0, "convert -v -s explicit bare.dcm out.dcm", "bare.dcm: (0002,0002) ",
+    EXPECT_EQ(Expect(0, "convert -s explicit bare.dcm out.dcm").err, "");
+    EXPECT_EQ(Read("out.dcm"), kDataSet);
+    Expect(0, "convert -v -s implicit bare.dcm out.dcm", "bare.dcm: (0002,0002) ",
            ": added as 1.2.840.10008.5.1.4.1.1.4\n");
     EXPECT_EQ(Read("out.dcm").substr(128, 4), "DICM");
     EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00020001, "OB", std::string("\0\1", 2))));
     EXPECT_EQ(TextsOf("out.dcm", {0x00020002, 0x00020003, 0x00020010, 0x00020013}),
-              "[1.2.840.10008.5.1.4.1.1.4][1.2.3.4][" + kExplicitUid + "][VARNOTIX_0_1]");
+              "[1.2.840.10008.5.1.4.1.1.4][1.2.3.4][" + kImplicitUid + "][VARNOTIX_0_1]");
     EXPECT_TRUE(TextsOf("out.dcm", {0x00020012}).starts_with("[2.25."));
 
     Write("anonymous.dcm", Explicit(0x00100010, "PN", "Doe^Jane"));
-    Expect(0, "convert -s explicit anonymous.dcm out.dcm", "(0002,0003)",
+    Expect(0, "convert -s implicit anonymous.dcm out.dcm", "(0002,0003)",
            "missing, because the data set does not name it");
 }
 
@@ -105,9 +111,11 @@ TEST_F(Convert, AFailureKeepsTheOldOutputAndLeavesNothingElse)
 
     // What 32-bit lengths of implicit VR can tell, the 16 bits of explicit VR cannot.
     Write("long.dcm", Part10(kImplicitUid, Implicit(0x00081140, Item(Implicit(0x00081150, std::string(70000, '1'))))));
-    Expect(40, "convert -s explicit long.dcm out.dcm",
+    Expect(0, "convert -v -s explicit long.dcm kept.dcm",
+           "(0008,1150) Referenced SOP Class UID: VR UI is written as UN, because 70000 bytes are too long for it");
+    Expect(40, "convert --classic -s explicit long.dcm out.dcm",
            "long.dcm: (0008,1140)>(0008,1150) Referenced SOP Class UID: a value of 70000 bytes is too long for VR UI");
-    Expect(0, "convert -s implicit long.dcm kept.dcm");
+    Expect(0, "convert --classic -s implicit long.dcm kept.dcm");
 
     Write("in.dcm", Part10(kExplicitUid, kDataSet));
     EXPECT_EQ(Expect(40, "convert -s big in.dcm no-folder/out.dcm").err,
@@ -134,5 +142,5 @@ TEST_F(Convert, CompressedPixelDataKeepsItsSyntaxOrIsRefused)
     EXPECT_EQ(Read("out.dcm"), Read("rle.dcm"));
 
     Write("bare.dcm", kRleDataSet);
-    Expect(20, "convert -s explicit bare.dcm other.dcm", "does not name its transfer syntax");
+    Expect(20, "convert -s big bare.dcm other.dcm", "does not name its transfer syntax");
 }

@@ -17,7 +17,7 @@ const std::string kCutShort = kPatient.substr(0, kPatient.size() - 1);
 TEST_F(CommandLine, WrongUsageIsStatusOneWithAComplaintOnStandardError)
 {
     for (const char* arguments :
-         {"", "dump", "modules", "convert in.dcm out.dcm", "convert -s other in.dcm out.dcm", "dump -q -v in.dcm"})
+         {"", "dump", "modules", "convert in.dcm", "convert -s other in.dcm out.dcm", "dump -q -v in.dcm"})
     {
         EXPECT_EQ(Expect(1, arguments, "varnotix: ").out, "") << arguments;
     }
@@ -64,21 +64,36 @@ TEST_F(Dump, GoesOnBehindABadInputAndEndsWithTheWorstStatus)
     EXPECT_EQ(Expect(20, "dump -q missing.dcm good.dcm").err, missing);
 }
 
-TEST_F(Dump, TellsWhatEachTrialOfAnUnreadableStreamMet)
+TEST_F(Dump, ReportsWhyAStreamCannotBeReadToItsEnd)
 {
     const std::string cutShort = Part10(kExplicitUid, kCutShort);
     Write("short.dcm", cutShort);
-    const SRun run = Expect(20, "dump short.dcm");
+    const std::string cutOff =
+        "cut off at byte " + std::to_string(cutShort.size()) + " inside (0010,0020) Patient ID\n";
+    const SRun run = Expect(20, "--classic dump -v short.dcm");
     EXPECT_EQ(run.out, "");
-    EXPECT_EQ(run.err, "varnotix: short.dcm: not readable as DICOM\n"
-                       "  explicit VR big endian: fault 2 at offset 138: "
-                       "a tag that the dictionary lacks, or an unknown VR\n"
-                       "  explicit VR little endian: fault 5 at offset " +
+    EXPECT_EQ(run.err, "varnotix: short.dcm: " + cutOff +
+                           "  explicit VR big endian: fault 2 at offset 138: "
+                           "a tag that the dictionary lacks, or an unknown VR\n"
+                           "  explicit VR little endian: fault 5 at offset " +
                            std::to_string(cutShort.size()) + ": the stream ends inside a value\n");
     Write("empty.dcm", "");
     Write("bare.dcm", std::string(128, '\0') + "DICM");
-    Expect(20, "dump empty.dcm bare.dcm", "varnotix: empty.dcm: not readable as DICOM\n  explicit",
-           "bare.dcm: ", "it has no elements");
+    Write("other.dcm", "PK\3\4 and what follows");
+    for (const std::string rules : {"", "--classic "})
+    {
+        Expect(20, rules + "dump empty.dcm bare.dcm other.dcm", "empty.dcm: not DICOM: it is empty\n",
+               "bare.dcm: it has no elements\n", "other.dcm: not DICOM: it begins with 'PK'\n");
+    }
+    // What is whole is shown, but not written.
+    for (const char* arguments : {"dump short.dcm", "modules short.dcm"})
+    {
+        const SRun part = Expect(20, arguments);
+        EXPECT_EQ(part.err, "varnotix: short.dcm: " + cutOff);
+        EXPECT_TRUE(Holds(part.out, "Doe^Jane"));
+    }
+    Expect(20, "convert short.dcm out.dcm", cutOff);
+    EXPECT_FALSE(std::filesystem::exists("out.dcm"));
 }
 
 TEST_F(Dump, AFullDeviceIsAnOutputThatCannotBeWritten)

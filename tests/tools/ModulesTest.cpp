@@ -26,13 +26,14 @@ TEST_F(Modules, AttributesAreInTheirModuleAndEntity)
     EXPECT_TRUE(HoldsInOrder(
         text, "object CCTImageIOD\n", "entity File\n", "  module CDcmMetaFileInformation\n", "\nentity Patient\n",
         "  module CDcmPatientModule\n", "    Patient's Name (0010,0010) PN: Doe^Jane\n", "entity Study\n",
-        "\n    Referenced Study Sequence (0008,1110) SQ:", "\n      Referenced SOP Class UID (0008,1150) UI: 1.2.3\n",
-        "entity Image\n", "  module CDcmSOPCommonModule\n",
-        "    SOP Class UID (0008,0016) UI: 1.2.840.10008.5.1.4.1.1.2\n", "  module CDcmCTImageModule\n",
-        "    KVP (0018,0060) DS: 120\n", "attributes that no module declares\n", "(0009,1001) LO: secret\n"));
+        "\n    Referenced Study Sequence (0008,1110) SQ:",
+        "\n      item 1\n        Referenced SOP Class UID (0008,1150) UI: 1.2.3\n", "entity Image\n",
+        "  module CDcmSOPCommonModule\n", "    SOP Class UID (0008,0016) UI: 1.2.840.10008.5.1.4.1.1.2\n",
+        "  module CDcmCTImageModule\n", "    KVP (0018,0060) DS: 120\n", "attributes that no module declares\n",
+        "(0009,1001) LO: secret\n"));
     EXPECT_EQ(text.find("absent"), std::string::npos);
     EXPECT_TRUE(Holds(ModulesOf(kCt + kReference, "--gaps"),
-                      "\n      Referenced SOP Instance UID (0008,1155) UI: absent\n",
+                      "\n        Referenced SOP Instance UID (0008,1155) UI: absent\n",
                       "\n    Patient's Name (0010,0010) PN: absent\n",
                       "\n    SOP Class UID (0008,0016) UI: 1.2.840.10008.5.1.4.1.1.2\n"));
 }

@@ -65,7 +65,7 @@ int CAnonymizer::Write(CDcmIOD& object, const CString& output)
     Apply(object);
     SetFileMeta(object, form, m_name, uid, m_report);
     object.IodSyntax(CDcmRegistry::Global().UidString(form.syntax));
-    std::vector<SSnapshot> before = TakeSnapshot(object.ElementStore());
+    std::vector<SSnapshot> before = TakeSnapshot(object);
     ExpectTexts(before, true);
 
     COutputFile target(output);

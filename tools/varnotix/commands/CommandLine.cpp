@@ -2,13 +2,17 @@
 
 #include "Varnotix/Version.h"
 #include "console/StandardStreams.h"
+#include "files/Input.h"
 
 #include <CLI/CLI.hpp>
 
+#include <map>
 #include <sstream>
 
 namespace
 {
+
+constexpr const char* kClassic = "Read and write by the class library's own rules instead of DICOM's";
 
 /// Help and version are data; complaints about the command line are not.
 int PrintParseResult(const CLI::App& app, const CLI::ParseError& result)
@@ -85,12 +89,15 @@ void CVerb::Syntax(int& syntax, const char* help, ENeed need)
 {
     const auto take = [&syntax](const std::string& word)
     {
-        const int explicitSyntax = word == "big" ? SYNTAX_EXPLICIT_BIG : SYNTAX_EXPLICIT_LITTLE;
-        syntax = word == "implicit" ? SYNTAX_IMPLICIT_LITTLE : explicitSyntax;
+        static const std::map<std::string, int> kSyntaxes = {{"implicit", SYNTAX_IMPLICIT_LITTLE},
+                                                             {"explicit", SYNTAX_EXPLICIT_LITTLE},
+                                                             {"big", SYNTAX_EXPLICIT_BIG},
+                                                             {"deflated", kSyntaxDeflated}};
+        syntax = kSyntaxes.at(word);
     };
     m_verb.add_option_function<std::string>("-s,--syntax", take, help)
         ->required(need == ENeed::Required)
-        ->check(CLI::IsMember({"implicit", "explicit", "big"}));
+        ->check(CLI::IsMember({"implicit", "explicit", "big", "deflated"}));
 }
 
 void CVerb::Flag(const char* name, bool& value, const char* help)
@@ -106,13 +113,21 @@ void CVerb::MessageFlags()
 
 void CVerb::Action(const std::function<int(const CReport&)>& action)
 {
-    m_verb.callback([&line = m_line, action] { line.m_status = action(CReport(line.m_quiet, line.m_verbose)); });
+    m_verb.add_flag("--classic", m_line.m_classic, kClassic);
+    m_verb.callback(
+        [&line = m_line, action]
+        {
+            ChooseStreamRules(line.m_classic ? STREAM_RULES_CLASSIC : STREAM_RULES_STANDARD);
+            line.m_status = action(CReport(line.m_quiet, line.m_verbose));
+        });
 }
 
 CCommandLine::CCommandLine(const char* summary, const char* footer)
     : m_app(std::make_unique<CLI::App>(summary, "varnotix"))
 {
     m_app->set_version_flag("--version", std::string("varnotix ") + VARNOTIX_VERSION);
+    // The verbs have the flag as well, so that it may come before or after them.
+    m_app->add_flag("--classic", m_classic, kClassic);
     m_app->require_subcommand(1);
     m_app->footer(footer);
 }

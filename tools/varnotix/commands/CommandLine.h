@@ -41,13 +41,13 @@ public:
     void Texts(const char* name, std::vector<CString>& values, const char* help);
     /// One of the words.
     void Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help);
-    /// The option "--syntax" and its words. The value is one of ESyntax.
+    /// The option "--syntax" and its words. The value is one of ESyntax, or kSyntaxDeflated.
     void Syntax(int& syntax, const char* help, ENeed need);
     void Flag(const char* name, bool& value, const char* help);
     /// Adds "--quiet" and "--verbose", for verbs that print messages besides errors.
     void MessageFlags();
 
-    /// Sets what the verb does.
+    /// Sets what the verb does, and adds "--classic".
     /// @param action returns an exit status (see EStatus). Exceptions pass through CCommandLine::Run.
     void Action(const std::function<int(const CReport&)>& action);
 
@@ -80,5 +80,6 @@ private:
     std::unique_ptr<CLI::App> m_app;
     bool m_quiet = false;
     bool m_verbose = false;
+    bool m_classic = false;
     int m_status = STATUS_DONE;
 };

@@ -6,19 +6,19 @@ namespace
 {
 
 constexpr const char* kFooter =
-    "IN is a file with or without preamble and file meta information; OUT always gets both, and its Transfer Syntax\n"
-    "UID (0002,0010) is set. OUT appears when it is complete; IN and OUT may be the same file.\n"
-    "Compressed pixel data is not decompressed: 'explicit' keeps its transfer syntax, the others refuse it.\n"
-    "In big endian, item lengths have a byte order specific to this library, which other readers may not know.\n"
-    "A rewrite regroups the items of sequences, one item per element, drops values of VR UN and empty values in\n"
-    "lists, and recomputes group lengths. Standard error gets a summary of what OUT no longer holds as IN did,\n"
-    "or one line per element with -v.";
+    "OUT holds what IN holds. Without --syntax it has the same bytes, unless IN breaks the standard. A data set\n"
+    "without preamble and file meta information gets both when its syntax changes. OUT appears when it is complete;\n"
+    "IN and OUT may be the same file. Compressed pixel data is not decompressed: 'explicit' keeps its transfer\n"
+    "syntax, the others refuse it. Standard error gets a summary of what OUT does not hold as IN did: VRs that\n"
+    "implicit VR does not state, faults of IN that are mended. With -v it is one line per element.\n"
+    "With --classic, items are regrouped, one per element, and values of VR UN and empty values in lists are lost.";
 
 struct SConvertOptions
 {
-    int syntax = SYNTAX_UNKNOWN; // One of ESyntax.
+    int syntax = SYNTAX_UNKNOWN; // One of ESyntax, or kSyntaxDeflated; unknown: that of the input.
     CString input;
     CString output;
+    bool force = false; // Also what other readers would refuse.
 };
 
 int ConvertOne(const SConvertOptions& options, const CReport& report)
@@ -30,18 +30,32 @@ int ConvertOne(const SConvertOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     const SObjectForm form = FormOf(object);
-    const CString uid = UidToWrite(form, name, options.syntax, report);
-    if (uid.IsEmpty())
+    const bool keepsSyntax = options.syntax == SYNTAX_UNKNOWN;
+    const int syntax = keepsSyntax ? form.syntax : options.syntax;
+    STarget target{CString(),    syntax, options.output, options.input, form.isBare && syntax == form.syntax,
+                   options.force};
+    if (!target.staysBare)
     {
-        return STATUS_UNREADABLE;
+        target.uid = keepsSyntax ? UidToKeep(form, name, report) : UidToWrite(form, name, syntax, report);
+        if (target.uid.IsEmpty())
+        {
+            return STATUS_UNREADABLE;
+        }
+        const CString mismatch = PixelDataMismatch(object.ElementStore(), target.uid);
+        if (!mismatch.IsEmpty() && !options.force)
+        {
+            report.Error(name + ": " + mismatch + "; other readers would refuse the output, which --force writes");
+            return STATUS_UNWRITTEN;
+        }
     }
     CLossReport losses;
     losses.AddReadNotes(object);
-    if (form.syntax == SYNTAX_IMPLICIT_LITTLE && options.syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
+    if (object.StreamRules() == STREAM_RULES_CLASSIC && form.syntax == SYNTAX_IMPLICIT_LITTLE &&
+        syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
     {
         SetPixelDataVr(object.ElementStore(), name, report);
     }
-    Rewrite(object, form, {uid, options.syntax, options.output}, name, losses, report);
+    Rewrite(object, form, target, name, losses, report);
     return STATUS_DONE;
 }
 
@@ -61,11 +75,12 @@ void AddConvert(CCommandLine& line)
     const auto options = std::make_shared<SConvertOptions>();
     CVerb verb = line.AddVerb("convert", "Rewrite a file in another transfer syntax", kFooter);
     verb.Syntax(options->syntax,
-                "The syntax to write: implicit or explicit VR little endian, "
-                "or explicit VR big endian",
-                CVerb::ENeed::Required);
+                "The syntax to write: implicit, explicit or deflated explicit VR little endian, or explicit VR "
+                "big endian; without it, that of IN",
+                CVerb::ENeed::Optional);
     verb.Text("IN", options->input, "File to read; '-' is standard input");
     verb.Text("OUT", options->output, "File to write; '-' is standard output");
+    verb.Flag("--force", options->force, "Write an OUT that other readers would refuse");
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return Convert(*options, report); });
 }

@@ -18,7 +18,8 @@ constexpr const char* kSourceLine = "#SOURCE_FILE=";
 int DumpOne(const CString& path, const CReport& report)
 {
     CDcmIOD object;
-    if (!ReadObject(path, object, report))
+    SReadStop stop;
+    if (!ReadObjectPart(path, object, stop, report))
     {
         return STATUS_UNREADABLE;
     }
@@ -32,12 +33,12 @@ int DumpOne(const CString& path, const CReport& report)
         if (line == kSourceLine)
         {
             // The typed object was made from the one that was read, and has no path of its own.
-            WriteStandardOutput(object.PathName().View());
+            WriteStandardOutput(path == "-" ? std::string_view() : path.View());
         }
         WriteStandardOutput("\n");
     }
     FlushStandardOutput();
-    return STATUS_DONE;
+    return ReportStop(path, stop, report);
 }
 
 int Dump(const std::vector<CString>& files, const CReport& report)

@@ -9,6 +9,7 @@
 #include "rewrite/CheckedWrite.h"
 #include "rewrite/FileMeta.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace
@@ -179,14 +180,18 @@ int Frames(const SFramesOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     CDcmIOD object;
-    if (!ReadObject(options.input, object, report))
+    SReadStop stop;
+    if (!ReadObjectPart(options.input, object, stop, report))
     {
         return STATUS_UNREADABLE;
     }
     return ReportWriteFailures(
         options.folder, report,
-        [&] {
-            return CFrameWriter(ShownName(options.input), options.folder, report).WriteAll(object, options.asPictures);
+        [&]
+        {
+            const int status =
+                CFrameWriter(ShownName(options.input), options.folder, report).WriteAll(object, options.asPictures);
+            return std::max(status, ReportStop(options.input, stop, report));
         });
 }
 

@@ -6,6 +6,7 @@
 #include "object/ValueText.h"
 #include "rewrite/CheckedWrite.h"
 
+#include <algorithm>
 #include <set>
 
 namespace
@@ -14,7 +15,7 @@ namespace
 constexpr const char* kFooter =
     "The modules are those of the object that the SOP Class UID names: CT, MR, CR, nuclear medicine, ultrasound,\n"
     "secondary capture or patient information. In any other object all attributes appear under 'attributes that no\n"
-    "module declares'. The elements of all items of a sequence appear in one list, as a read gathers them.";
+    "module declares'. With --classic, the elements of all items of a sequence appear in one list.";
 
 struct SModulesOptions
 {
@@ -34,6 +35,7 @@ private:
     void PrintModule(const CDcmModule& module);
     void PrintRest();
     void PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const;
+    void PrintItem(const CDcmElementSet& items, int item, const CDcmElementSet* declared, int depth) const;
     static void PrintGap(const CDcmElement& attribute, int depth);
     static void PrintLine(const CString& text, int depth);
 
@@ -122,16 +124,38 @@ void CModulePrinter::PrintAttribute(const CDcmElement& element, const CDcmElemen
         return;
     }
     const CDcmElementSet* declaredItems = declared != nullptr ? declared->Items() : nullptr;
-    for (int i = 0; i < items->GetCount(); ++i)
+    if (m_object.StreamRules() == STREAM_RULES_CLASSIC)
     {
-        const CDcmElement& item = *items->GetAt(i);
-        PrintAttribute(item, declaredItems != nullptr ? declaredItems->Find(item) : nullptr, depth + 1);
+        PrintItem(*items, 0, declaredItems, depth + 1);
+        return;
     }
-    for (int i = 0; m_withGaps && declaredItems != nullptr && i < declaredItems->GetCount(); ++i)
+    for (int item = 1; item <= items->ItemCount(); ++item)
     {
-        if (items->Find(*declaredItems->GetAt(i)) == nullptr)
+        CString title;
+        title.Format("item %d", item);
+        PrintLine(title, depth + 1);
+        PrintItem(*items, item, declaredItems, depth + 2);
+    }
+}
+
+/// @param item 0 for the elements of all items.
+void CModulePrinter::PrintItem(const CDcmElementSet& items, int item, const CDcmElementSet* declared, int depth) const
+{
+    std::set<DWORD> present;
+    for (int i = 0; i < items.GetCount(); ++i)
+    {
+        const CDcmElement& element = *items.GetAt(i);
+        if (item == 0 || std::max(element.Item(), 1) == item)
         {
-            PrintGap(*declaredItems->GetAt(i), depth + 1);
+            present.insert(element.Tag());
+            PrintAttribute(element, declared != nullptr ? declared->Find(element) : nullptr, depth);
+        }
+    }
+    for (int i = 0; m_withGaps && declared != nullptr && i < declared->GetCount(); ++i)
+    {
+        if (!present.contains(declared->GetAt(i)->Tag()))
+        {
+            PrintGap(*declared->GetAt(i), depth);
         }
     }
 }
@@ -155,7 +179,8 @@ int Modules(const SModulesOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     CDcmIOD object;
-    if (!ReadObject(options.input, object, report))
+    SReadStop stop;
+    if (!ReadObjectPart(options.input, object, stop, report))
     {
         return STATUS_UNREADABLE;
     }
@@ -165,7 +190,7 @@ int Modules(const SModulesOptions& options, const CReport& report)
                                    const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
                                    CModulePrinter(*typed, options.withGaps).Print();
                                    FlushStandardOutput();
-                                   return STATUS_DONE;
+                                   return ReportStop(options.input, stop, report);
                                });
 }
 

@@ -62,6 +62,8 @@ const char* SyntaxName(int syntax)
         return "implicit VR little endian";
     case SYNTAX_EXPLICIT_LITTLE:
         return "explicit VR little endian";
+    case kSyntaxDeflated:
+        return "deflated explicit VR little endian";
     case SYNTAX_EXPLICIT_BIG:
         return "explicit VR big endian";
     default:

@@ -41,5 +41,8 @@ CString TagName(DWORD tag);
 /// TagName and the name that the dictionary gives the tag.
 CString TagAndName(DWORD tag);
 
+/// Deflated explicit VR little endian among the codes of ESyntax: its row in the UID table.
+constexpr int kSyntaxDeflated = Varnotix::UID_DEFLATED_LITTLE;
+
 /// The name of a syntax (see ESyntax), for messages.
 const char* SyntaxName(int syntax);

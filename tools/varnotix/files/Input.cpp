@@ -1,11 +1,14 @@
 #include "files/Input.h"
 
 #include "console/StandardStreams.h"
+#include "files/Deflate.h"
 
 #include <new>
 
 namespace
 {
+
+EStreamRules g_rules = STREAM_RULES_STANDARD;
 
 void Load(CFile& file, const std::function<void(CArchive&)>& take)
 {
@@ -30,19 +33,75 @@ void ReadInput(const CString& path, const std::function<void(CArchive&)>& take)
     Load(file, take);
 }
 
-void ReportAttempts(const CString& name, const CDcmIOD& object, const CReport& report)
+CByteArray BytesOf(CFile& file)
 {
-    report.Error(name + ": not readable as DICOM");
-    if (object.ReadTrials().empty())
+    CByteArray bytes;
+    bytes.SetSize(static_cast<int>(file.GetLength()));
+    file.Seek(0, CFile::begin);
+    bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
+    return bytes;
+}
+
+bool IsDeflated(const CDcmIOD& object)
+{
+    return object.ReadStopped() && object.ReadTrials().back().fault == PARSE_DEFLATED;
+}
+
+/// Reads an object again whose data set the first read found deflated.
+/// @param left receives how many bytes follow the deflated ones.
+void ReadDeflated(CFile& file, CDcmIOD& object, SReadStop& stop, std::size_t& left)
+{
+    const CByteArray bytes = BytesOf(file);
+    const std::size_t start = object.ReadTrials().back().offset;
+    CMemFile whole;
+    whole.Write(bytes.GetData(), static_cast<UINT>(start));
+    const CString fault =
+        Inflate(bytes.GetData() + start, static_cast<std::size_t>(bytes.GetSize()) - start, whole, left);
+    whole.Seek(0, CFile::begin);
+    Load(whole, [&object](CArchive& archive) { object.Serialize(archive); });
+    stop = StopOf(object, whole);
+    if (!fault.IsEmpty() || IsDeflated(object))
     {
-        report.ErrorLine("it has no elements");
+        stop.reason = fault.IsEmpty() ? CString("its deflated data set does not hold elements") : fault;
     }
-    for (const SReadTrial& trial : object.ReadTrials())
+}
+
+/// The classic rules say little about what is wrong with a stream; the standard ones mostly see the cause.
+SReadStop ClassicStop(const CDcmIOD& object, CArchive& archive)
+{
+    CDcmIOD other;
+    other.StreamRules(STREAM_RULES_STANDARD);
+    CDcmParser::Rewind(archive);
+    other.Serialize(archive);
+    SReadStop stop = StopOf(other, *archive.GetFile());
+    if (stop.IsEmpty() && other.GetCount() > 0 && !object.ReadTrials().empty())
     {
-        CString line;
-        line.Format("%s: fault %d at offset %lu: %s", SyntaxName(trial.syntax), trial.fault,
-                    static_cast<unsigned long>(trial.offset), ParseFaultText(trial.fault));
-        report.ErrorLine(line);
+        stop.reason = CString("the classic rules cannot read it: ") + ParseFaultText(object.ReadTrials().back().fault);
+    }
+    stop.trials = object.ReadTrials();
+    return stop;
+}
+
+void Read(CArchive& archive, CDcmIOD& object, SReadStop& stop, std::size_t& left)
+{
+    object.StreamRules(ChosenStreamRules());
+    if (ChosenStreamRules() == STREAM_RULES_CLASSIC)
+    {
+        // Private tags that an earlier input defined must not decide how this one is read.
+        CDcmRegistry::Global().ForgetPrivateEntries();
+        object.Serialize(archive);
+        stop = object.GetCount() == 0 ? ClassicStop(object, archive) : SReadStop();
+        return;
+    }
+    object.Serialize(archive);
+    object.FileFormat(HasPrefix(*archive.GetFile()));
+    if (IsDeflated(object))
+    {
+        ReadDeflated(*archive.GetFile(), object, stop, left);
+    }
+    else
+    {
+        stop = StopOf(object, *archive.GetFile());
     }
 }
 
@@ -55,6 +114,16 @@ void ReportMissingFile(const CReport& report, const char* what, const char* name
 }
 
 } // namespace
+
+void ChooseStreamRules(EStreamRules rules)
+{
+    g_rules = rules;
+}
+
+EStreamRules ChosenStreamRules()
+{
+    return g_rules;
+}
 
 bool HasDataFiles(const CReport& report, bool needsUids)
 {
@@ -98,11 +167,12 @@ bool ReportReadFailures(const CString& path, const CReport& report, const std::f
     return false;
 }
 
-bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
+bool ReadObjectPart(const CString& path, CDcmIOD& object, SReadStop& stop, const CReport& report)
 {
+    std::size_t left = 0;
     const auto read = [&]
     {
-        ReadInput(path, [&](CArchive& archive) { object.Serialize(archive); });
+        ReadInput(path, [&](CArchive& archive) { Read(archive, object, stop, left); });
         return true;
     };
     if (!ReportReadFailures(path, report, read))
@@ -111,10 +181,41 @@ bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
     }
     if (object.GetCount() == 0)
     {
-        ReportAttempts(ShownName(path), object, report);
+        stop.reason = stop.IsEmpty() ? CString("it has no elements") : stop.reason;
+        ReportStop(path, stop, report);
         return false;
     }
+    if (left > 1) // One byte makes the number even.
+    {
+        CString text;
+        text.Format(": %lu bytes after its deflated data set are left out", static_cast<unsigned long>(left));
+        report.Say(ShownName(path) + text);
+    }
     return true;
+}
+
+bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
+{
+    SReadStop stop;
+    return ReadObjectPart(path, object, stop, report) && ReportStop(path, stop, report) == STATUS_DONE;
+}
+
+int ReportStop(const CString& path, const SReadStop& stop, const CReport& report)
+{
+    if (stop.IsEmpty())
+    {
+        return STATUS_DONE;
+    }
+    report.Error(ShownName(path) + ": " + stop.reason);
+    for (std::size_t i = 0; report.IsVerbose() && i < stop.trials.size(); ++i)
+    {
+        const SReadTrial& trial = stop.trials[i];
+        CString line;
+        line.Format("%s: fault %d at offset %lu: %s", SyntaxName(trial.syntax), trial.fault,
+                    static_cast<unsigned long>(trial.offset), ParseFaultText(trial.fault));
+        report.ErrorLine(line);
+    }
+    return STATUS_UNREADABLE;
 }
 
 bool ReadScript(const CString& path, CStringArray& lines, const CReport& report)

@@ -1,9 +1,13 @@
 /// Reading objects and scripts, with the reasons when they cannot be read.
 #pragma once
 
-#include "console/Report.h"
+#include "files/ReadStop.h"
 
 #include <functional>
+
+/// Chooses the rules by which this run reads and writes streams; the standard ones at first.
+void ChooseStreamRules(EStreamRules rules);
+EStreamRules ChosenStreamRules();
 
 /// Checks that the data dictionary is loaded, without which no stream can be read; reports how to fix it otherwise.
 /// @param needsUids the UID table is needed too: the output names its transfer syntax.
@@ -16,9 +20,18 @@ CString ShownName(const CString& path);
 /// @return what the action returns; false after a failure.
 bool ReportReadFailures(const CString& path, const CReport& report, const std::function<bool()>& read);
 
-/// Reads the object in a file, or on standard input for "-".
-/// @return false, after a message with the reason, when there is no readable object.
+/// Reads the object in a file, or on standard input for "-", by the chosen rules. Deflated data sets are inflated.
+/// @return false, after a message with the reason, when the object cannot be read to its end.
 bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report);
+
+/// As ReadObject, for verbs that show an object as far as it can be read.
+/// @param stop receives why the read stopped; show it after the object.
+/// @return false, after a message with the reason, when nothing of the object can be read.
+bool ReadObjectPart(const CString& path, CDcmIOD& object, SReadStop& stop, const CReport& report);
+
+/// Reports why the read of an input stopped.
+/// @return the status: STATUS_UNREADABLE, or STATUS_DONE when it was read to its end.
+int ReportStop(const CString& path, const SReadStop& stop, const CReport& report);
 
 /// Reads the lines of a script, on standard input for "-", without the byte order mark that some editors put first.
 /// @return false, after a message with the reason, when it cannot be read.

@@ -18,16 +18,23 @@ constexpr DWORD kImplementationVersionTag = 0x00020013;
 constexpr const char* kImplementationClass = "2.25.284450905997484935616895374592928984362";
 constexpr const char* kImplementationVersion = "VARNOTIX_0_1";
 
-bool HasPixelData(const CDcmElementSet& set, bool divided)
+/// @param isNamed whether the transfer syntax is one of compressed pixel data.
+/// @param isByCount whether several frames that were not read as native are compressed, whatever the syntax says.
+bool HasCompressedFrames(const CDcmElementSet& set, bool isNamed, bool isByCount)
 {
     for (int i = 0; i < set.GetCount(); ++i)
     {
         const CDcmElement& element = *set.GetAt(i);
-        if (element.Frames() != nullptr && element.Frames()->GetCount() >= (divided ? 2 : 1))
+        if (const CDcmFrameList* frames = element.Frames())
         {
-            return true;
+            const CDcmFrameList::EForm form = frames->ReadForm();
+            const bool isGuessed = (isNamed && frames->GetCount() > 0) || (isByCount && frames->GetCount() > 1);
+            if (form == CDcmFrameList::FORM_ENCAPSULATED || (form == CDcmFrameList::FORM_UNKNOWN && isGuessed))
+            {
+                return true;
+            }
         }
-        if (element.Items() != nullptr && HasPixelData(*element.Items(), divided))
+        if (element.Items() != nullptr && HasCompressedFrames(*element.Items(), isNamed, isByCount))
         {
             return true;
         }
@@ -43,6 +50,19 @@ bool IsUncompressed(const CString& uid)
 CString Place(const CString& input, DWORD tag)
 {
     return input + ": " + TagAndName(tag);
+}
+
+bool IsDirectory(const CDcmElementSet& store)
+{
+    constexpr int kDirectoryGroup = 0x0004;
+    for (int i = 0; i < store.GetCount(); ++i)
+    {
+        if (store.GetAt(i)->HasGroup(kDirectoryGroup))
+        {
+            return true;
+        }
+    }
+    return TextOf(store, Tag::kMediaStorageSopClassUid) == "1.2.840.10008.1.3.10";
 }
 
 void AddText(CDcmElementSet& store, const CString& input, DWORD tag, const CString& text, char padding,
@@ -74,7 +94,10 @@ SObjectForm FormOf(const CDcmIOD& object)
         form.hasMeta = store.GetAt(i)->HasGroup(Tag::kMetaGroup);
     }
     const bool namesCompression = !form.transferSyntax.IsEmpty() && !IsUncompressed(form.transferSyntax);
-    form.compressed = HasPixelData(store, true) || (namesCompression && HasPixelData(store, false));
+    const bool isClassic = object.StreamRules() == STREAM_RULES_CLASSIC;
+    form.compressed = HasCompressedFrames(store, namesCompression, isClassic);
+    form.isBare = !isClassic && !object.FileFormat();
+    form.isDirectory = IsDirectory(store);
     return form;
 }
 
@@ -93,7 +116,7 @@ CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, co
     if (syntax != SYNTAX_EXPLICIT_LITTLE || form.syntax != SYNTAX_EXPLICIT_LITTLE)
     {
         report.Error(input + ": its pixel data is compressed (transfer syntax " + form.transferSyntax +
-                     "), which can only be written in its own syntax: use --syntax explicit");
+                     "), which can only be written in its own syntax: use --syntax explicit, or none");
         return CString();
     }
     report.Say(input + ": its pixel data is compressed, so the output keeps the transfer syntax " +
@@ -103,7 +126,8 @@ CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, co
 
 CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& report)
 {
-    if (form.compressed && SyntaxOfUid(form.transferSyntax) == form.syntax)
+    const int named = SyntaxOfUid(form.transferSyntax);
+    if (!form.transferSyntax.IsEmpty() && (named == form.syntax || named == SYNTAX_UNKNOWN))
     {
         return form.transferSyntax;
     }
@@ -163,9 +187,14 @@ void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input,
                  const CReport& report)
 {
     CDcmElementSet& store = object.ElementStore();
+    object.FileFormat(true);
     if (!form.hasMeta)
     {
         CompleteFileMeta(object, input, report);
+    }
+    else if (store.Find(Tag::kFileMetaInformationGroupLength) == nullptr)
+    {
+        report.Detail(Place(input, Tag::kFileMetaInformationGroupLength) + ": added");
     }
     if (form.transferSyntax != uid)
     {
@@ -173,6 +202,24 @@ void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input,
         report.Detail(Place(input, Tag::kTransferSyntaxUid) + ": " +
                       (form.transferSyntax.IsEmpty() ? "added as " : "changed to ") + uid);
     }
+}
+
+CString PixelDataMismatch(const CDcmElementSet& store, const CString& uid)
+{
+    using Varnotix::EPixelForm;
+    const CDcmElement* element = store.Find(Tag::kPixelData);
+    const CDcmFrameList* frames = element != nullptr ? element->Frames() : nullptr;
+    const EPixelForm named = Varnotix::PixelFormOfUid(uid);
+    const CDcmFrameList::EForm form = frames != nullptr ? frames->ReadForm() : CDcmFrameList::FORM_UNKNOWN;
+    if (form == CDcmFrameList::FORM_ENCAPSULATED && named == EPixelForm::Native)
+    {
+        return "its pixel data is encapsulated, but transfer syntax " + uid + " is one of native pixel data";
+    }
+    if (form == CDcmFrameList::FORM_NATIVE && named == EPixelForm::Encapsulated)
+    {
+        return "its pixel data is native, but transfer syntax " + uid + " is one of encapsulated pixel data";
+    }
+    return CString();
 }
 
 void SetPixelDataVr(CDcmElementSet& set, const CString& input, const CReport& report)

@@ -6,10 +6,12 @@
 /// How an object was encoded, taken before anything is changed.
 struct SObjectForm
 {
-    int syntax = 0;          ///< The syntax it was read in (see ESyntax).
-    CString transferSyntax;  ///< Its Transfer Syntax UID (0002,0010) without padding; empty when there is none.
-    bool hasMeta = false;    ///< There are elements of group 0002.
-    bool compressed = false; ///< Its pixel data is compressed, or divided as compressed pixel data is.
+    int syntax = 0;           ///< The syntax it was read in (see ESyntax).
+    CString transferSyntax;   ///< Its Transfer Syntax UID (0002,0010) without padding; empty when there is none.
+    bool hasMeta = false;     ///< There are elements of group 0002.
+    bool compressed = false;  ///< Its pixel data is compressed, or divided as compressed pixel data is.
+    bool isBare = false;      ///< It was read without preamble and "DICM", by the standard stream rules.
+    bool isDirectory = false; ///< It is a DICOMDIR (PS3.10 section 8), whose records name each other by file offsets.
 };
 
 SObjectForm FormOf(const CDcmIOD& object);
@@ -18,7 +20,7 @@ SObjectForm FormOf(const CDcmIOD& object);
 /// @return empty when the object cannot be written in the wanted syntax; a message gave the reason.
 CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, const CReport& report);
 
-/// As UidToWrite for the syntax that the object was read in: compressed pixel data that is not touched keeps its own.
+/// As UidToWrite for the syntax that the object was read in. A UID that fits it, or that is not known, stays.
 CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& report);
 
 /// Adds what the file meta information lacks, except the transfer syntax; reports each with -v.
@@ -31,9 +33,13 @@ void DeclareTransferSyntax(CDcmIOD& object, const CString& uid, const CString& i
 /// Warns when the file meta information names another SOP class or instance than the data set.
 void ReportMetaMismatch(const CDcmIOD& object, const CString& input, const CReport& report);
 
-/// Sets (0002,0010), and the rest of the file meta information for an object that has none; reports each with -v.
+/// Makes the object one with preamble, sets (0002,0010), and the rest of the file meta information for an object that
+/// has none; reports each with -v.
 void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input, const CString& uid,
                  const CReport& report);
+
+/// Why other readers would not find the pixel data of the object under a Transfer Syntax UID; empty when they would.
+CString PixelDataMismatch(const CDcmElementSet& store, const CString& uid);
 
 /// Sets the VR of pixel data of more than eight bits to OW. Implicit streams do not state it, and with the dictionary's
 /// OB its samples would keep the byte order of the input in a big endian output.

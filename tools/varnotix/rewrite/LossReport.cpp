@@ -21,12 +21,13 @@ constexpr SLossText kLossTexts[] = {
     {"1 value changed", "%d values changed"},
     {"1 element lost", "%d elements lost"},
     {"1 VR changed", "%d VRs changed"},
-    {"1 private VR not stated", "%d private VRs not stated"},
+    {"1 VR not stated", "%d VRs not stated"},
     {"1 group length removed", "%d group lengths removed"},
     {"1 group length remade", "%d group lengths remade"},
     {"1 offset table changed", "%d offset tables changed"},
     {"1 compressed frame without item headers", "%d compressed frames without item headers"},
     {"1 sequence that other readers may not read", "%d sequences that other readers may not read"},
+    {"1 fault of the input mended", "%d faults of the input mended"},
 };
 static_assert(std::size(kLossTexts) == static_cast<std::size_t>(ELoss::Count));
 
@@ -80,8 +81,45 @@ void CLossReport::AddReadNotes(const CDcmIOD& object)
                 Counted(note.count, "byte") + " lost after the last element");
             break;
         default:
+            AddMended(note, where);
             break;
         }
+    }
+}
+
+void CLossReport::AddMended(const SReadNote& note, const CString& where)
+{
+    switch (note.note)
+    {
+    case READ_OTHER_SYNTAX:
+        Add(ELoss::InputMended, where, CString("the data set is in ") + SyntaxName(static_cast<int>(note.count)));
+        break;
+    case READ_UNKNOWN_VR:
+        Add(ELoss::InputMended, where, "an unknown VR is written as UN");
+        break;
+    case READ_HEADER_WITHOUT_VR:
+        Add(ELoss::InputMended, where, "it had no VR");
+        break;
+    case READ_BEYOND_ITEM:
+        Add(ELoss::InputMended, where, "it reached " + Counted(note.count, "byte") + " beyond the item around it");
+        break;
+    case READ_STRAY_DELIMITER:
+        Add(ELoss::InputMended, where, "a delimiter was missing, or one too many");
+        break;
+    case READ_ODD_LENGTH:
+        Add(ELoss::InputMended, where, "its odd length of " + Counted(note.count, "byte") + " is made even");
+        break;
+    case READ_OUT_OF_ORDER:
+        Add(ELoss::InputMended, where, "it is moved to its place in the order of tags");
+        break;
+    case READ_NO_ITEMS:
+        Add(ELoss::InputMended, where, "it did not hold items, and is written with VR UN");
+        break;
+    case READ_META_LENGTH:
+        Add(ELoss::InputMended, where, "its wrong value is corrected");
+        break;
+    default:
+        break;
     }
 }
 

@@ -17,12 +17,13 @@ enum class ELoss
     ValueChanged,
     ElementLost,
     VrChanged,
-    PrivateVrNotStated,
+    VrNotStated,
     GroupLengthRemoved,
     GroupLengthRemade,
     OffsetTableChanged,
     FramesNotFramed,
     ItemLengthsSwapped,
+    InputMended,
     Count
 };
 
@@ -49,6 +50,7 @@ private:
         CString text;
     };
 
+    void AddMended(const SReadNote& note, const CString& where);
     CString Summary() const;
 
     std::vector<SLoss> m_losses;

@@ -1,16 +1,54 @@
 #include "rewrite/Rewrite.h"
 
+#include "files/Input.h"
+
+#include <algorithm>
+
+namespace
+{
+
+CByteArray BytesOf(CFile& file)
+{
+    CByteArray bytes;
+    bytes.SetSize(static_cast<int>(file.GetLength()));
+    file.Seek(0, CFile::begin);
+    file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
+    return bytes;
+}
+
+/// Records of a DICOMDIR name each other by their offsets in the file, which a change moves.
+void RefuseChangedDirectory(const CString& source, const CString& input, CFile& written)
+{
+    CFile file;
+    if (source.IsEmpty() || source == "-" || !file.Open(source, CFile::modeRead | CFile::shareDenyWrite) ||
+        !(BytesOf(file) == BytesOf(written)))
+    {
+        throw CWriteFailure(std::string(input.View()) +
+                            ": it is a DICOMDIR, and is not rewritten because the file offsets in it would be wrong");
+    }
+}
+
+} // namespace
+
 void Rewrite(CDcmIOD& object, const SObjectForm& form, const STarget& target, const CString& input, CLossReport& losses,
              const CReport& report)
 {
-    SetFileMeta(object, form, input, target.uid, report);
+    const int syntax = target.syntax == kSyntaxDeflated ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : target.syntax;
+    if (!target.staysBare)
+    {
+        SetFileMeta(object, form, input, target.uid, report);
+    }
     // An unknown UID in the object leaves the syntax to this one.
-    object.IodSyntax(CDcmRegistry::Global().UidString(target.syntax));
+    object.IodSyntax(CDcmRegistry::Global().UidString(syntax));
 
     COutputFile file(target.output);
     CDcmIOD written;
-    WriteChecked(object, TakeSnapshot(object.ElementStore()), input, {form.syntax, target.syntax, form.compressed},
-                 file.File(), losses, written);
+    WriteChecked(object, TakeSnapshot(object), input, {form.syntax, syntax, form.compressed}, file.File(), losses,
+                 written);
+    if (form.isDirectory && !target.isForced)
+    {
+        RefuseChangedDirectory(target.source, input, file.File());
+    }
     file.Commit();
     losses.Print(input, report);
 }

@@ -7,12 +7,16 @@
 /// How and where to write.
 struct STarget
 {
-    CString uid;    ///< The Transfer Syntax UID to write.
-    int syntax = 0; ///< How elements are encoded in it (see ESyntax).
-    CString output; ///< A path, or "-" for standard output.
+    CString uid;            ///< The Transfer Syntax UID to write.
+    int syntax = 0;         ///< How elements are encoded in it (see ESyntax).
+    CString output;         ///< A path, or "-" for standard output.
+    CString source = {};    ///< The path of the input that a DICOMDIR must stay equal to; empty when it was changed.
+    bool staysBare = false; ///< Neither preamble nor file meta information is added.
+    bool isForced = false;  ///< Also a DICOMDIR whose offsets would be wrong.
 };
 
-/// Sets the file meta information, writes the object and reports what was lost. Throws as WriteChecked.
+/// Sets the file meta information, writes the object and reports what was lost. Throws as
+/// WriteChecked, and for a DICOMDIR that would change.
 /// @param form the object's, taken before anything was changed.
 void Rewrite(CDcmIOD& object, const SObjectForm& form, const STarget& target, const CString& input, CLossReport& losses,
              const CReport& report);

@@ -1,57 +1,13 @@
 #include "rewrite/RewriteCheck.h"
 
-#include <algorithm>
-#include <cstring>
+#include "rewrite/SameValue.h"
+
 #include <iterator>
 
 namespace
 {
 
 constexpr DWORD kLongestShortValue = 0xFFFF;
-
-/// The joined bytes of all frames are equal, however they are divided.
-bool SameFrameBytes(const CDcmFrameList& left, const CDcmFrameList& right)
-{
-    if (left.TotalSize() != right.TotalSize())
-    {
-        return false;
-    }
-    int rightFrame = 0;
-    std::size_t rightPlace = 0;
-    for (int i = 0; i < left.GetCount(); ++i)
-    {
-        const CDcmFrame& frame = *left.GetFrame(i);
-        for (std::size_t place = 0; place < frame.Size();)
-        {
-            const CDcmFrame& other = *right.GetFrame(rightFrame);
-            const std::size_t piece = std::min(frame.Size() - place, other.Size() - rightPlace);
-            if (piece > 0 && std::memcmp(frame.Data() + place, other.Data() + rightPlace, piece) != 0)
-            {
-                return false;
-            }
-            place += piece;
-            rightPlace += piece;
-            if (rightPlace == other.Size())
-            {
-                ++rightFrame;
-                rightPlace = 0;
-            }
-        }
-    }
-    return true;
-}
-
-/// A value may gain one byte, which makes its length even.
-bool SameButPadding(const CSharedBytes& before, const CSharedBytes& after)
-{
-    if (before.SameBytes(after))
-    {
-        return true;
-    }
-    return after.Size() == before.Size() + 1 && before.Size() % 2 == 1 &&
-           std::equal(before.Data(), before.Data() + before.Size(), after.Data()) &&
-           (after.Data()[before.Size()] == ' ' || after.Data()[before.Size()] == 0);
-}
 
 /// The text without empty values between, before and after backslashes.
 CSharedBytes WithoutEmptyValues(const CSharedBytes& text)
@@ -70,13 +26,6 @@ CSharedBytes WithoutEmptyValues(const CSharedBytes& text)
         }
     }
     return CSharedBytes::Copy(reinterpret_cast<const BYTE*>(kept.data()), kept.size());
-}
-
-CString Sizes(const char* format, std::size_t first, std::size_t second = 0)
-{
-    CString text;
-    text.Format(format, static_cast<unsigned long long>(first), static_cast<unsigned long long>(second));
-    return text;
 }
 
 /// How many elements of the tag at a place follow each other from there on.
@@ -213,8 +162,7 @@ void CComparison::CompareVr(const SSnapshot& before, const SSnapshot& after, con
     if (m_rewrite.sourceSyntax != SYNTAX_IMPLICIT_LITTLE && before.IsPrivate() &&
         Varnotix::Tag::Element(before.tag) >= kFirstPrivateData)
     {
-        m_losses.Add(ELoss::PrivateVrNotStated, place,
-                     CString("VR ") + VrText(before.vr) + " is not stated in implicit VR");
+        m_losses.Add(ELoss::VrNotStated, place, CString("VR ") + VrText(before.vr) + " is not stated in implicit VR");
     }
 }
 
@@ -241,7 +189,7 @@ void CComparison::CompareFrames(const CDcmFrameList& before, const CDcmFrameList
 
 void CComparison::CompareValues(const SSnapshot& before, const SSnapshot& after, const CString& place)
 {
-    if (SameButPadding(before.raw, after.raw))
+    if (SameButPadding(before.raw.Text(), after.raw.Text()))
     {
         return;
     }
@@ -253,7 +201,8 @@ void CComparison::CompareValues(const SSnapshot& before, const SSnapshot& after,
     {
         m_losses.Add(ELoss::UnValueLost, place, Sizes("value of %llu bytes lost", before.raw.Size()));
     }
-    else if (VrKind(before.vr) == EVrKind::Text && SameButPadding(WithoutEmptyValues(before.raw), after.raw))
+    else if (VrKind(before.vr) == EVrKind::Text &&
+             SameButPadding(WithoutEmptyValues(before.raw).Text(), after.raw.Text()))
     {
         m_losses.Add(ELoss::EmptyValuesDropped, place, "empty values are dropped");
     }

@@ -1,4 +1,4 @@
-/// Compares a written object with its input.
+/// Compares an object that was written by the classic stream rules with its input.
 #pragma once
 
 #include "rewrite/LossReport.h"

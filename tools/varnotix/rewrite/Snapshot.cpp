@@ -2,7 +2,19 @@
 
 #include <algorithm>
 
-std::vector<SSnapshot> TakeSnapshot(const CDcmElementSet& set)
+namespace
+{
+
+/// The value as a write has it, without a copy where it is what was read.
+CSharedBytes ValueOf(const CDcmElement& element)
+{
+    const CValueBytes value = element.ValueBytes();
+    return value.Data() == element.RawBytes().Data() && value.Size() == element.RawBytes().Size()
+               ? element.RawBytes()
+               : CSharedBytes::Copy(value.Data(), value.Size());
+}
+
+std::vector<SSnapshot> SnapshotOf(const CDcmElementSet& set, bool isClassic, int itemCount)
 {
     std::vector<SSnapshot> taken;
     taken.reserve(static_cast<std::size_t>(set.GetCount()));
@@ -11,15 +23,25 @@ std::vector<SSnapshot> TakeSnapshot(const CDcmElementSet& set)
         const CDcmElement& element = *set.GetAt(i);
         SSnapshot& snapshot = taken.emplace_back();
         snapshot.tag = element.Tag();
+        snapshot.item = isClassic || itemCount == 0 ? 0 : std::clamp(element.Item(), 1, itemCount);
         snapshot.vr = element.Vr();
-        snapshot.raw = element.RawBytes();
+        snapshot.letters = element.VrLetters();
+        snapshot.raw = isClassic ? element.RawBytes() : ValueOf(element);
         snapshot.frames = element.Frames();
         if (element.Items() != nullptr)
         {
-            snapshot.items = TakeSnapshot(*element.Items());
+            snapshot.itemCount = element.Items()->ItemCount();
+            snapshot.items = SnapshotOf(*element.Items(), isClassic, snapshot.itemCount);
         }
     }
     std::stable_sort(taken.begin(), taken.end(),
-                     [](const SSnapshot& left, const SSnapshot& right) { return left.tag < right.tag; });
+                     [](const SSnapshot& left, const SSnapshot& right) { return left.Place() < right.Place(); });
     return taken;
+}
+
+} // namespace
+
+std::vector<SSnapshot> TakeSnapshot(const CDcmIOD& object)
+{
+    return SnapshotOf(object.ElementStore(), object.StreamRules() == STREAM_RULES_CLASSIC, 0);
 }
