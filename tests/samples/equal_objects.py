@@ -1,8 +1,10 @@
 #!/usr/bin/env python3
-"""equal_objects.py A B: compares two DICOM files as pydicom reads them, group lengths and group 0002 apart.
+"""equal_objects.py <PAIRS: compares DICOM files as pydicom reads them, group lengths and group 0002 apart.
 
-Prints each difference by its path and exits with 1 if there is one: elements, items, VRs, values and the bytes of
-pixel data, fragment by fragment.
+PAIRS are paths, one a line: a file, and one that must hold the same object. Prints each difference by its path and
+exits with 1 if there is one: elements, items, VRs, values and the bytes of pixel data, fragment by fragment. What
+implicit VR does not state is not compared where only one file of a pair is in it: the VRs of Pixel Data, and private
+elements but for their presence.
 """
 import sys
 import warnings
@@ -42,7 +44,7 @@ def plain(element, little):
     return str(value).rstrip("\0 ")
 
 
-def differences(left, right, littles, path=""):
+def differences(left, right, littles, stated, path=""):
     tags = sorted(set(left.keys()) | set(right.keys()))
     for tag in tags:
         if tag.element == 0:
@@ -52,13 +54,15 @@ def differences(left, right, littles, path=""):
             yield f"{here}: only in the {'first' if tag in left else 'second'}"
             continue
         a, b = left[tag], right[tag]
-        if a.VR != b.VR:
+        if tag.is_private and not stated:
+            continue
+        if a.VR != b.VR and (stated or tag != 0x7FE00010):
             yield f"{here}: VR {a.VR} and {b.VR}"
         if a.VR == "SQ" and b.VR == "SQ":
             if len(a.value) != len(b.value):
                 yield f"{here}: {len(a.value)} and {len(b.value)} items"
             for number, (x, y) in enumerate(zip(a.value, b.value), 1):
-                yield from differences(x, y, littles, f"{here}[{number}].")
+                yield from differences(x, y, littles, stated, f"{here}[{number}].")
             continue
         values = plain(a, littles[0]), plain(b, littles[1])
         if values[0] != values[1]:
@@ -66,12 +70,16 @@ def differences(left, right, littles, path=""):
 
 
 def main():
-    # A file whose meta information names no transfer syntax, or that has none, is read as far as pydicom can.
-    left, right = (pydicom.dcmread(name, force=True) for name in sys.argv[1:3])
-    littles = left.is_little_endian is not False, right.is_little_endian is not False
-    found = list(differences(left, right, littles))
-    print("\n".join(found))
-    return 1 if found else 0
+    status = 0
+    names = sys.stdin.read().splitlines()
+    for pair in zip(names[0::2], names[1::2]):
+        # A file whose meta information names no transfer syntax, or that has none, is read as far as pydicom can.
+        left, right = (pydicom.dcmread(name, force=True) for name in pair)
+        littles = left.is_little_endian is not False, right.is_little_endian is not False
+        for difference in differences(left, right, littles, left.is_implicit_VR == right.is_implicit_VR):
+            print(f"{pair[1]}: {difference}")
+            status = 1
+    return status
 
 
 if __name__ == "__main__":
