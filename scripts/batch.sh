@@ -8,10 +8,12 @@
 #
 # INPUT is a folder, or a list with one path a line. VERB is 'convert' or 'anonymize', with its options but without -o.
 # Outputs lie in OUT as the inputs lie in INPUT. STATE is a folder that remembers the chunks; a second run does what the
-# first one did not. The exit statuses are those of 'varnotix': 0, 1 wrong usage, 20 input, 40 output.
+# first one did not. The exit statuses are those of 'varnotix': 0, 1 wrong usage, 10 identifying
+# values may be left, 20 input, 40 output.
 set -uo pipefail
 
 usage=1
+left=10
 unwritten=40
 
 die()
@@ -78,7 +80,7 @@ rewrite_together()
 {
     [ "$verb" = anonymize ] && [ $# -gt 1 ] || return
     target_of "$1"
-    mkdir -p "${target%/*}" && tool anonymize "${options[@]}" -o "${target%/*}/" -- "$@"
+    mkdir -p "${target%/*}" && tool anonymize "${options[@]}" -o "${target%/*}/" -- "$@" || [ $? -eq $left ]
 }
 
 # rewrite FILE...: inputs of one folder; 'worst' and the list of failures on descriptor 3 tell what went wrong.
@@ -91,10 +93,17 @@ rewrite()
         [ ! -e "$target" ] || continue
         rewrite_one "$file"
         status=$?
+        [ $status -ne $left ] || status=0 # The output is there, and the log says what it holds.
         [ $status -eq 0 ] || printf '%d %s\n' $status "$file" >&3
         [ $status -le $worst ] || worst=$status
         [ $status -ne $usage ] || break # Of one command line, the others would say the same.
     done
+}
+
+# has_left LOG...: some output may hold identifying values.
+has_left()
+{
+    grep -qs ': not covered: ' "$@"
 }
 
 # check_call STATE OUT VERB
@@ -125,18 +134,19 @@ do_chunk()
             group+=("$file")
         done <"$state/todo/$number"
         rewrite "${group[@]}"
-    } 3>"$state/failed/$number.new" 2>"$state/log/$number"
+    } 3>"$state/failed/$number.new" 2>>"$state/log/$number"
     mv "$state/failed/$number.new" "$state/failed/$number"
     if [ $worst -eq 0 ]; then
         rm "$state/failed/$number"
         : >"$state/done/$number"
+        ! has_left "$state/log/$number" || worst=$left
     fi
     return $worst
 }
 
 finish()
 {
-    local state=$1 number left=0 worst=0 status line
+    local state=$1 number undone=0 worst=0 status line
     [ -d "$state/todo" ] || die "'$state' is no state of a batch"
     for number in "$state"/todo/*; do
         number=${number##*/}
@@ -147,13 +157,14 @@ finish()
                 [ "$status" -le $worst ] || worst=$status
             done <"$state/failed/$number"
         elif [ ! -e "$state/done/$number" ]; then
-            left=$((left + 1))
+            undone=$((undone + 1))
         fi
     done
-    if [ $left -gt 0 ]; then
-        printf 'batch.sh: %d chunks are not done\n' $left >&2
+    if [ $undone -gt 0 ]; then
+        printf 'batch.sh: %d chunks are not done\n' $undone >&2
         [ $worst -ge $unwritten ] || worst=$unwritten
     fi
+    [ $worst -ne 0 ] || ! has_left "$state"/log/* || worst=$left
     return $worst
 }
 

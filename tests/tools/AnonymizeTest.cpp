@@ -18,10 +18,10 @@ class Anonymize : public ToolTest
 {
 protected:
     /// The messages.
-    static std::string AnonymizeOne(const std::string& file, const std::string& arguments = "")
+    static std::string AnonymizeOne(const std::string& file, const std::string& arguments = "", int status = 0)
     {
         Write("in.dcm", file);
-        return Expect(0, "anonymize in.dcm -o out.dcm " + arguments).err;
+        return Expect(status, "anonymize in.dcm -o out.dcm " + arguments).err;
     }
 };
 
@@ -29,9 +29,14 @@ protected:
 
 TEST_F(Anonymize, TheTextReplacesWhatIsThereAndAddsNothing)
 {
-    EXPECT_EQ(AnonymizeOne(Part10(kExplicitUid, kModality + kName + kBirthDate)), "");
-    EXPECT_EQ(TextsOf("out.dcm", {0x00100010, 0x00100030, 0x00100020, 0x00120062, 0x00080060}),
-              "[ANONYMOUS][ANONYMOUS]--[MR]");
+    const std::string file = Part10(kExplicitUid, kModality + kName + kBirthDate);
+    for (const std::string rules : {"", "--classic"})
+    {
+        EXPECT_EQ(AnonymizeOne(file, rules), "");
+        const std::string date = rules.empty() ? "[]" : "[ANONYMOUS]"; // The text is not a date.
+        EXPECT_EQ(TextsOf("out.dcm", {0x00100010, 0x00100030, 0x00100020, 0x00120062, 0x00080060}),
+                  "[ANONYMOUS]" + date + "--[MR]");
+    }
 }
 
 TEST_F(Anonymize, AnEmptyTextRemovesEveryElementOfATag)
@@ -48,11 +53,11 @@ TEST_F(Anonymize, AnEmptyTextRemovesEveryElementOfATag)
 TEST_F(Anonymize, WhatStaysIsReported)
 {
     const std::string burnedIn = Explicit(0x00280301, "CS", "YES ");
-    EXPECT_TRUE(Holds(AnonymizeOne(Part10(kExplicitUid, kTalkative + burnedIn)),
+    EXPECT_TRUE(Holds(AnonymizeOne(Part10(kExplicitUid, kTalkative + burnedIn), "-q", 10),
                       "2 identifying attributes in sequence items; private groups 0009; (0028,0301)"));
-    EXPECT_TRUE(Holds(AnonymizeOne(Part10(kExplicitUid, kTalkative), "-v --text X7"),
-                      "(0040,0275)>(0008,1120)>(0010,0010) Patient's Name",
-                      "(0010,0030) Patient's Birth Date: replaced, though the text is not a value of VR DA"));
+    EXPECT_TRUE(Holds(AnonymizeOne(Part10(kExplicitUid, kTalkative), "-v --text X7", 10),
+                      "(0010,0030) Patient's Birth Date: emptied",
+                      "(0040,0275)>(0008,1120)>(0010,0010) Patient's Name"));
     EXPECT_EQ(TextsOf("out.dcm", {0x00100010}), "[X7]");
 }
 
@@ -68,6 +73,14 @@ TEST_F(Anonymize, DeepLeavesNoTraceInItemsAndPrivateGroups)
         }
         EXPECT_EQ(TextsOf("out.dcm", {0x00120062, 0x00080060}), "[YES][MR]");
     }
+}
+
+TEST_F(Anonymize, DeepKeepsItemsThatLoseAllTheirAttributes)
+{
+    const std::string uid = Explicit(0x00081155, "UI", PaddedUid("1.2"));
+    AnonymizeOne(Part10(kExplicitUid, Explicit(0x00081140, "SQ", Item(kName) + Item(uid + kName) + Item(""))),
+                 "--deep --text \"\"");
+    EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00081140, "SQ", Item("") + Item(uid) + Item(""))));
 }
 
 TEST_F(Anonymize, ThePreambleHoldsNoCopyOfABareDataSet)

@@ -27,7 +27,7 @@ protected:
         Write("in/a b/one.dcm", Named("Doe^Two "));
         Write("in/a b/-two.dcm", Named("Doe^Four"));
         Write("in/a b/bad.dcm", "this is no DICOM object at all");
-        Write("in/c/one.dcm", Named("Doe^Five"));
+        Write("in/c/one.dcm", Part10(kExplicitUid, Explicit(0x00091001, "LO", "private ")));
     }
 };
 
@@ -46,10 +46,10 @@ TEST_F(BatchTest, DoesAFolderAndThenWhatFailed)
 
     Write("in/a b/bad.dcm", Named("Doe^Bad "));
     Write("out/one.dcm", "is not written again");
-    EXPECT_EQ(Batch(0, command), "");
+    EXPECT_EQ(Batch(10, command), "");
     EXPECT_NE(Read("out/a b/bad.dcm"), "");
     EXPECT_EQ(Read("out/one.dcm"), "is not written again");
-    Batch(0, "finish state");
+    Batch(10, "finish state");
 }
 
 TEST_F(BatchTest, DoesTheChunksOfAListOneByOne)

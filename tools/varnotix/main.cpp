@@ -8,7 +8,8 @@ namespace
 
 constexpr const char* kFooter =
     "Data goes to standard output, everything else to standard error.\n"
-    "Exit status: 0 done, 1 wrong usage, 20 an input could not be read, 40 an output could not be written.\n"
+    "Exit status: 0 done, 1 wrong usage, 10 done but identifying values may be left, 20 an input could not be read,\n"
+    "40 an output could not be written.\n"
     "The data dictionary is looked for in the current directory, in the folder that VARNOTIX_DATA names,\n"
     "beside the library and in the share folder.";
 

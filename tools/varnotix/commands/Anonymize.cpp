@@ -15,10 +15,11 @@ namespace
 
 constexpr const char* kFooter =
     "32 attributes take the text: names, identifiers and descriptions of patient, physicians, institution and\n"
-    "device. Those that are missing are not added. UIDs, dates of the study and what the pixels show stay: this is\n"
-    "not a de-identification profile of PS3.15. Standard error reports what an object holds that is not covered:\n"
-    "the same attributes in sequence items, private groups, burned-in annotation. --deep covers the first two. The\n"
-    "preamble of the file is cleared.";
+    "device. Birth date, birth time, age, size and weight are emptied. Those that are missing are not added. UIDs,\n"
+    "dates of the study and what the pixels show stay: this is not a de-identification profile of PS3.15. Standard\n"
+    "error reports what an object holds that is not covered, also with -q: the same attributes in sequence items,\n"
+    "private groups, burned-in annotation. The exit status is then 10. --deep covers the first two. The preamble of\n"
+    "the file is cleared.";
 
 struct SAnonymizeOptions
 {
@@ -43,7 +44,7 @@ public:
 
 private:
     void Apply(CDcmIOD& object) const;
-    void ReportReplaced(const CDcmElementSet& store) const;
+    void ReportReplaced(const CDcmIOD& object) const;
     void ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const;
     void ClearPreamble(CFile& file) const;
 
@@ -55,6 +56,12 @@ private:
 int CAnonymizer::Write(CDcmIOD& object, const CString& output)
 {
     const SObjectForm form = FormOf(object);
+    if (form.isDirectory)
+    {
+        m_report.Error(m_name +
+                       ": it is a DICOMDIR, and is not anonymised because the file offsets in it would be wrong");
+        return STATUS_UNREADABLE;
+    }
     const CString uid = UidToKeep(form, m_name, m_report);
     if (uid.IsEmpty())
     {
@@ -66,7 +73,10 @@ int CAnonymizer::Write(CDcmIOD& object, const CString& output)
     SetFileMeta(object, form, m_name, uid, m_report);
     object.IodSyntax(CDcmRegistry::Global().UidString(form.syntax));
     std::vector<SSnapshot> before = TakeSnapshot(object);
-    ExpectTexts(before, true);
+    if (object.StreamRules() == STREAM_RULES_CLASSIC)
+    {
+        ExpectTexts(before, true);
+    }
 
     COutputFile target(output);
     CDcmIOD written;
@@ -80,26 +90,27 @@ int CAnonymizer::Write(CDcmIOD& object, const CString& output)
     ClearPreamble(target.File());
     target.Commit();
     losses.Print(m_name, m_report);
-    ReportUncovered(written.ElementStore(), m_wanted.deep, m_name, m_report);
-    return STATUS_DONE;
+    return ReportUncovered(written.ElementStore(), m_wanted.deep, m_name, m_report);
 }
 
 /// The object has no modules, so a write cannot restore an old value from them.
 void CAnonymizer::Apply(CDcmIOD& object) const
 {
-    CDcmElementSet& store = object.ElementStore();
-    ReportReplaced(store);
-    object.Anonymize55(m_wanted.text);
+    ReportReplaced(object);
     if (m_wanted.deep)
     {
-        RemovePrivateGroups(store);
-        AnonymizeEveryDepth(store, m_wanted.text);
-        SetIdentityRemoved(store);
+        RemovePrivateGroups(object);
+    }
+    AnonymizeIdentity(object, m_wanted.text, m_wanted.deep);
+    if (m_wanted.deep)
+    {
+        SetIdentityRemoved(object.ElementStore());
     }
 }
 
-void CAnonymizer::ReportReplaced(const CDcmElementSet& store) const
+void CAnonymizer::ReportReplaced(const CDcmIOD& object) const
 {
+    const CDcmElementSet& store = object.ElementStore();
     const bool isNumber = !m_wanted.text.IsEmpty() && m_wanted.text.View()[0] >= '0' && m_wanted.text.View()[0] <= '9';
     for (int i = 0; i < store.GetCount(); ++i)
     {
@@ -108,9 +119,13 @@ void CAnonymizer::ReportReplaced(const CDcmElementSet& store) const
         {
             continue;
         }
+        const bool isValue = TakesAnyText(element);
         CString what(m_wanted.text.IsEmpty() ? ": removed" : ": replaced");
-        if (!m_wanted.text.IsEmpty() && !isNumber &&
-            (element.HasVr(VR_DA) || element.HasVr(VR_TM) || element.HasVr(VR_AS) || element.HasVr(VR_DS)))
+        if (!m_wanted.text.IsEmpty() && !isValue && object.StreamRules() == STREAM_RULES_STANDARD)
+        {
+            what = ": emptied";
+        }
+        else if (!m_wanted.text.IsEmpty() && !isValue && !isNumber)
         {
             what += ", though the text is not a value of VR " + element.VrName();
         }
@@ -118,7 +133,7 @@ void CAnonymizer::ReportReplaced(const CDcmElementSet& store) const
     }
 }
 
-/// Anonymised attributes hold texts; their raw bytes are encoded by the write.
+/// By the classic rules anonymised attributes hold texts; their raw bytes are encoded by the write.
 void CAnonymizer::ExpectTexts(std::vector<SSnapshot>& level, bool isReached) const
 {
     for (SSnapshot& snapshot : level)
@@ -132,7 +147,8 @@ void CAnonymizer::ExpectTexts(std::vector<SSnapshot>& level, bool isReached) con
     }
 }
 
-/// A preamble may hold identifying text. For an input without one, the read takes the first bytes of its data set.
+/// A preamble may hold identifying text. For an input without one, a read by the classic rules takes the first bytes of
+/// its data set.
 void CAnonymizer::ClearPreamble(CFile& file) const
 {
     BYTE preamble[kPreambleSize] = {};
@@ -208,7 +224,7 @@ int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
                                                    : STATUS_UNREADABLE;
                                     });
         }
-        failed += result == STATUS_DONE ? 0 : 1;
+        failed += result == STATUS_DONE || result == STATUS_LEFT ? 0 : 1;
         status = std::max(status, result);
     }
     if (failed > 0 && files.size() > 1)

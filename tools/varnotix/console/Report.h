@@ -8,6 +8,7 @@ enum EStatus : int
 {
     STATUS_DONE = 0,
     STATUS_USAGE = 1,       ///< The command line is wrong.
+    STATUS_LEFT = 10,       ///< Done, but identifying values may be left in an output.
     STATUS_UNREADABLE = 20, ///< An input could not be read, or cannot be turned into the requested output.
     STATUS_UNWRITTEN = 40   ///< An output could not be written.
 };

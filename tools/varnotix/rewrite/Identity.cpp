@@ -58,10 +58,39 @@ void RemoveIdentifying(CDcmElementSet& set)
     RemoveWhere(set, [](const CDcmElement& element) { return IsIdentifying(element.Tag()); });
 }
 
-/// Changes a set and the items in it, at every depth. A sequence that loses all its attributes goes too: a read would
-/// take the element after an empty sequence for one of its items.
+/// Replaces the value, or empties it where the text cannot be a value of the element's VR.
+void ReplaceValue(CDcmElement& element, const CString& text)
+{
+    if (CDcmElementSet* items = element.Items())
+    {
+        items->RemoveAll();
+        return;
+    }
+    CDcmElement replaced(element.Group(), element.Element(), element.Vr());
+    replaced.SetLaterVr(element.LaterVr());
+    if (TakesAnyText(element))
+    {
+        replaced.AddText(text);
+    }
+    element = replaced;
+}
+
+void ReplaceIdentifying(CDcmElementSet& set, const CString& text)
+{
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        if (IsIdentifying(set.GetAt(i)->Tag()))
+        {
+            ReplaceValue(*set.GetAt(i), text);
+        }
+    }
+}
+
+/// Changes a set and the items in it, at every depth.
+/// @param dropsEmpty a sequence that loses all its attributes goes too: a read by the classic rules would take the
+///        element after an empty sequence for one of its items.
 template <class CHANGE>
-void AtEveryDepth(CDcmElementSet& set, const CHANGE& change)
+void AtEveryDepth(CDcmElementSet& set, bool dropsEmpty, const CHANGE& change)
 {
     change(set);
     for (int i = set.GetCount() - 1; i >= 0; --i)
@@ -72,8 +101,8 @@ void AtEveryDepth(CDcmElementSet& set, const CHANGE& change)
         {
             continue;
         }
-        AtEveryDepth(*items, change);
-        if (items->IsEmpty())
+        AtEveryDepth(*items, dropsEmpty, change);
+        if (dropsEmpty && items->IsEmpty())
         {
             set.Remove(element);
         }
@@ -96,7 +125,7 @@ SUncovered FindUncovered(const CDcmElementSet& store)
     return found;
 }
 
-void ReportUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report)
+int ReportUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report)
 {
     const SUncovered found = FindUncovered(written);
     std::vector<CString> parts;
@@ -133,17 +162,50 @@ void ReportUncovered(const CDcmElementSet& written, bool deep, const CString& na
     {
         text += (text.IsEmpty() ? "" : "; ") + part;
     }
-    if (!text.IsEmpty())
-    {
-        report.Say(name + ": not covered: " + text);
-    }
-}
-
-void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text)
-{
     if (text.IsEmpty())
     {
-        AtEveryDepth(store, RemoveIdentifying);
+        return STATUS_DONE;
+    }
+    report.Error(name + ": not covered: " + text);
+    return STATUS_LEFT;
+}
+
+bool TakesAnyText(const CDcmElement& element)
+{
+    constexpr int kVrs[] = {VR_AE, VR_CS, VR_LO, VR_LT, VR_PN, VR_SH, VR_ST, VR_UT};
+    return std::any_of(std::begin(kVrs), std::end(kVrs), [&](int vr) { return element.HasVr(vr); });
+}
+
+void AnonymizeIdentity(CDcmIOD& object, const CString& text, bool deep)
+{
+    CDcmElementSet& store = object.ElementStore();
+    const bool isClassic = object.StreamRules() == STREAM_RULES_CLASSIC;
+    const auto change = [&](CDcmElementSet& set)
+    {
+        if (text.IsEmpty())
+        {
+            RemoveIdentifying(set);
+        }
+        else
+        {
+            ReplaceIdentifying(set, text);
+        }
+    };
+    if (isClassic)
+    {
+        object.Anonymize55(text);
+    }
+    if (deep && (!isClassic || text.IsEmpty()))
+    {
+        AtEveryDepth(store, isClassic, change);
+        return;
+    }
+    if (!isClassic)
+    {
+        change(store);
+    }
+    if (!deep)
+    {
         return;
     }
     CDcmElementSet replacement;
@@ -154,12 +216,13 @@ void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text)
             element->AddText(text);
         }
     }
-    AtEveryDepth(store, [&](CDcmElementSet& set) { set.UpdateValuesFrom(replacement); });
+    AtEveryDepth(store, true, [&](CDcmElementSet& set) { set.UpdateValuesFrom(replacement); });
 }
 
-void RemovePrivateGroups(CDcmElementSet& store)
+void RemovePrivateGroups(CDcmIOD& object)
 {
-    AtEveryDepth(store, [](CDcmElementSet& set) { RemoveWhere(set, IsPrivate); });
+    AtEveryDepth(object.ElementStore(), object.StreamRules() == STREAM_RULES_CLASSIC,
+                 [](CDcmElementSet& set) { RemoveWhere(set, IsPrivate); });
 }
 
 void SetIdentityRemoved(CDcmElementSet& store)

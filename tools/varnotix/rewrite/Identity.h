@@ -19,15 +19,22 @@ struct SUncovered
 
 SUncovered FindUncovered(const CDcmElementSet& store);
 
-/// Reports what anonymisation did not reach in an object that is to be written.
+/// Reports what anonymisation did not reach in an object that is to be written, also when only errors are shown.
 /// @param deep sequence items were anonymised too.
-void ReportUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report);
+/// @return STATUS_LEFT when there is anything, otherwise STATUS_DONE.
+int ReportUncovered(const CDcmElementSet& written, bool deep, const CString& name, const CReport& report);
 
-/// Writes the text into the identifying attributes at every depth, or removes them for an empty text.
-void AnonymizeEveryDepth(CDcmElementSet& store, const CString& text);
+/// True for VRs of which any text is a value; dates, times, ages and numbers are not.
+bool TakesAnyText(const CDcmElement& element);
+
+/// Writes the text into the identifying attributes, or removes them for an empty text. An attribute of a VR of which
+/// the text cannot be a value is emptied; by the classic stream rules, it takes the text, too (see
+/// CDcmIOD::Anonymize55).
+/// @param deep at every depth. By the classic rules a sequence that loses all its attributes goes.
+void AnonymizeIdentity(CDcmIOD& object, const CString& text, bool deep);
 
 /// Removes every element of odd groups, at every depth.
-void RemovePrivateGroups(CDcmElementSet& store);
+void RemovePrivateGroups(CDcmIOD& object);
 
 /// Patient Identity Removed and the method (PS3.3 C.7.1.1).
 void SetIdentityRemoved(CDcmElementSet& store);

@@ -30,13 +30,6 @@ bool IsNumberFrom(int lowest, int highest, const CString& text)
     return error == std::errc() && end == digits.data() + digits.size() && number >= lowest && number <= highest;
 }
 
-/// True for VRs of which any text is a value.
-bool TakesAnyText(const CDcmElement& element)
-{
-    constexpr int kVrs[] = {VR_AE, VR_CS, VR_LO, VR_LT, VR_PN, VR_SH, VR_ST, VR_UT};
-    return std::any_of(std::begin(kVrs), std::end(kVrs), [&](int vr) { return element.HasVr(vr); });
-}
-
 void Anonymize(CDcmElement& element, const CString& text)
 {
     if (CDcmElementSet* items = element.Items())
