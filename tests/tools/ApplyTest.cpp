@@ -84,6 +84,48 @@ TEST_F(Apply, ChangesOneValueOfASampleAndNoOtherByte)
     }
 }
 
+TEST_F(Apply, AnUneditedTextChangesNoSample)
+{
+    const char* folder = std::getenv("VARNOTIX_SAMPLES");
+    if (folder == nullptr || *folder == '\0')
+    {
+        GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder";
+    }
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+    {
+        const std::string sample = "\"" + entry.path().string() + "\"";
+        if (entry.path().extension() == ".dcm" && Run("convert -q " + sample + " converted.dcm").status == 0)
+        {
+            Write("s.asl", Run("dump " + sample).out);
+            Expect(0, "apply s.asl " + sample + " -o applied.dcm", "0 values changed, 0 attributes added\n");
+            EXPECT_TRUE(Read("applied.dcm") == Read("converted.dcm")) << sample;
+        }
+    }
+}
+
+TEST_F(Apply, EditsAndAddsItems)
+{
+    const auto item = [](const std::string& uid) { return Item(Explicit(0x00081155, "UI", PaddedUid(uid))); };
+    const auto file = [](const std::string& items)
+    { return Part10(kExplicitUid, Explicit(0x00081140, "SQ", items) + Explicit(0x00100010, "PN", "Doe^Jane")); };
+    Write("in.dcm", file(item("1.1") + item("") + item("1.1")));
+    const auto apply = [](const std::string& lines)
+    {
+        Write("s.asl", "0008,1140,SQ,1,,[]\n#SEQUENCE_BEGIN\n" + lines + "#SEQUENCE_END\n");
+        return Run("apply s.asl in.dcm -o out.dcm");
+    };
+    EXPECT_TRUE(Holds(apply("#ITEM=2\n0008,1155,UI,1,,[1.2,]\n#ITEM=4\n#ITEM=5\n0008,1155,UI,1,,[1.5,]\n").err,
+                      "1 value changed, 1 attribute added, 2 items added"));
+    EXPECT_EQ(Read("out.dcm"), file(item("1.1") + item("1.2") + item("1.1") + Item("") + item("1.5")));
+
+    // Whatever may be meant for another item is refused.
+    for (const char* lines : {"0008,1155,UI,1,,[1.2,]\n", "0008,1150,UI,1,,[1.2,]\n", "#ITEM=5\n", "#ITEM=2\n#ITEM=1\n",
+                              "0008,1155,UI,1,,[1.1,]\n#ITEM=2\n"})
+    {
+        EXPECT_EQ(apply(lines).status, 20) << lines;
+    }
+}
+
 TEST_F(Apply, LeavesAloneWhatTextDoesNotCarry)
 {
     Write("in.dcm", Part10(kExplicitUid, AwkwardDataSet()));
@@ -93,7 +135,7 @@ TEST_F(Apply, LeavesAloneWhatTextDoesNotCarry)
     Expect(0, "apply s.asl in.dcm -o same.dcm", "0 values changed, 0 attributes added");
     EXPECT_EQ(Read("same.dcm"), Read("expected.dcm"));
 
-    // Of gathered items the place tells which value is meant. The script may come with other line ends, and in parts.
+    // The script may come with other line ends, and in parts.
     WriteScript("in.dcm", "[1.2,]", "[1.9,]");
     std::string script = "\xEF\xBB\xBF" + Read("s.asl");
     script =
@@ -106,26 +148,28 @@ TEST_F(Apply, LeavesAloneWhatTextDoesNotCarry)
 
 TEST_F(Apply, ReplacesAddsAndEmpties)
 {
-    Write("in.dcm", Part10(kExplicitUid, AwkwardDataSet()));
-    Write("s.asl", "0008,0008,CS,-1,Image Type,[ORIGINAL,PRIMARY,AXIAL,]\n"
+    const auto longCode = [](const std::string& text)
+    { return Tag(0x00080119) + "UC" + LittleEndian(0, 2) + LittleEndian(text.size(), 4) + text; };
+    Write("in.dcm", Part10(kExplicitUid, AwkwardDataSet() + longCode("old ")));
+    Write("s.asl", "0008,0119,UT,1,Long Code Value,[new,]\n0008,0008,CS,-1,Image Type,[ORIGINAL,PRIMARY,AXIAL,]\n"
                    "0009,1001,OB,1,Private Data Element,[1,200,]\n"
                    "0010,0020,LO,1,Patient ID,[]\n"
                    "0010,4000,LT,1,Patient Comments,[short,]\n"
-                   "0028,0106,SS,1,,[]\n"
-                   "0028,0106,US,1,,[-3,]\n"
+                   "0028,0106,US,1,,[]\n"
+                   "0028,0106,SS,1,,[-3,]\n"
                    "0018,1010,LO,1,Secondary Capture Device ID,[new,]\n"
                    "0008,2112,SQ,1,Source Image Sequence,[1]\n"
                    "#SEQUENCE_BEGIN\n"
                    "   0008,1155,UI,1,Referenced SOP Instance UID,[1.7,]\n"
                    "#SEQUENCE_END\n");
-    Expect(20, "apply --classic s.asl in.dcm -o out.dcm");
-    Write("s.asl", Replaced(Read("s.asl"), "0028,0106,SS,1,,[]\n", ""));
-    Expect(0, "apply --classic -v s.asl in.dcm -o out.dcm", "s.asl:3: (0010,0020) Patient ID is changed",
-           "in.dcm: 5 values changed, 2 attributes added");
-    EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY\\AXIAL"),
+    Expect(20, "apply s.asl in.dcm -o out.dcm");
+    Write("s.asl", Replaced(Read("s.asl"), "0028,0106,US,1,,[]\n", ""));
+    Expect(0, "apply -v s.asl in.dcm -o out.dcm", "s.asl:4: (0010,0020) Patient ID is changed",
+           "in.dcm: 6 values changed, 2 attributes added");
+    EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY\\AXIAL"), longCode("new "),
                       Explicit(0x00091001, "OB", "\x01\xC8"), Explicit(0x00100020, "LO", ""),
-                      Explicit(0x00104000, "LT", "short "), Us(0x00280106, 0xFFFD), Explicit(0x00181010, "LO", "new "),
-                      Explicit(0x00081155, "UI", PaddedUid("1.7"))));
+                      Explicit(0x00104000, "LT", "short "), Explicit(0x00280106, "SS", LittleEndian(0xFFFD, 2)),
+                      Explicit(0x00181010, "LO", "new "), Explicit(0x00081155, "UI", PaddedUid("1.7"))));
 }
 
 TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
@@ -153,7 +197,8 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
         {"7fe0,0010,OW,1,Pixel Data,[", "7fe0,0010,OW,1,Pixel Data,[x", "pixel data cannot be read from text"},
         {"0010,0010,", "0010,0010,PN,1,,[A,]\n0010,0010,", "already has this tag"},
         {"   0008,1155,UI,1,Referenced SOP Instance UID,[1.1,]\n",
-         "   0008,1155,UI,1,,[1.8,]\n   0008,1155,UI,1,,[1.9,]\n", "unclear which one changed"},
+         "   0008,1155,UI,1,,[1.8,]\n   0008,1155,UI,1,,[1.9,]\n", "already has this tag"},
+        {"   #ITEM=1\n", "", "its number is not that of the next item"},
         {"0010,0010,", "0010,000Z,", "does not begin with a tag"},
         {"0010,0010,", "0010,9999,", "the dictionary does not know"},
         {"#SEQUENCE_BEGIN", "", "no #SEQUENCE_BEGIN follows"},
@@ -162,7 +207,6 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
         {"0010,0010,PN,1,Patient's Name,[Doe^Jane,]", "0010,0010,SQ,1,,[1]\n#SEQUENCE_BEGIN\n#SEQUENCE_END",
          "its VR is PN, and that cannot be changed"},
         {"0010,0010,", "0001,0010,LO,1,,[A,]\n0010,0010,", "groups below 0002"},
-        {"0010,0010,", "0008,1110,SQ,1,,[]\n#SEQUENCE_BEGIN\n#SEQUENCE_END\n0010,0010,", "an empty sequence"},
     };
     const std::string dump = Run("dump in.dcm").out;
     for (const auto& edit : edits)
@@ -175,6 +219,8 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
     Expect(20, "apply s.asl in.dcm -o out.dcm",
            "s.asl:1: ", "s.asl:3: ", "s.asl:5: the sequence that begins here has no #SEQUENCE_END",
            "nothing is written, because 3 lines cannot be applied");
+    Write("s.asl", "0008,1110,SQ,1,,[]\n#SEQUENCE_BEGIN\n#SEQUENCE_END\n");
+    Expect(20, "apply --classic s.asl in.dcm -o out.dcm", "an empty sequence");
     Expect(20, "apply missing.asl in.dcm -o out.dcm");
     Expect(20, "apply in.dcm s.asl -o out.dcm");
     Expect(1, "apply - - -o out.dcm <in.dcm");

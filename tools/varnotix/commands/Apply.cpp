@@ -9,8 +9,9 @@ namespace
 constexpr const char* kFooter =
     "'varnotix dump FILE >SCRIPT', change values, 'varnotix apply SCRIPT FILE -o OUT'. Only lines that differ from\n"
     "what FILE itself prints are applied; all else is kept, including what the text does not carry. A line for an\n"
-    "attribute that FILE lacks adds it; '[]' empties a value; a missing line changes nothing. Nothing is written\n"
-    "when a line cannot be applied. OUT keeps the transfer syntax of FILE; OUT and FILE may be the same file.";
+    "attribute that FILE lacks adds it, and so does '#ITEM=3' with an item that a sequence lacks; '[]' empties a\n"
+    "value; a missing line changes nothing. Nothing is written when a line cannot be applied. OUT keeps the transfer "
+    "syntax of FILE; OUT and FILE may be the same file.";
 
 struct SApplyOptions
 {
@@ -36,8 +37,10 @@ void ReportChanges(const CScriptMerge& merge, const CString& script, const CStri
                       (change.isNew ? " is added" : " is changed"));
     }
     const int changed = static_cast<int>(merge.Changes().size()) - added;
-    report.Say(input + ": " + Counted(changed, "%d value changed", "%d values changed") + ", " +
-               Counted(added, "%d attribute added", "%d attributes added"));
+    report.Say(
+        input + ": " + Counted(changed, "%d value changed", "%d values changed") + ", " +
+        Counted(added, "%d attribute added", "%d attributes added") +
+        (merge.AddedItems() == 0 ? CString() : ", " + Counted(merge.AddedItems(), "%d item added", "%d items added")));
 }
 
 int ApplyOne(const SApplyOptions& options, const CReport& report)
@@ -51,14 +54,18 @@ int ApplyOne(const SApplyOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     const SObjectForm form = FormOf(object);
-    const CString uid = UidToKeep(form, name, report);
-    if (uid.IsEmpty())
+    STarget target{CString(), form.syntax, options.output, options.input, form.isBare};
+    if (!target.staysBare)
     {
-        return STATUS_UNREADABLE;
+        target.uid = UidToKeep(form, name, report);
+        if (target.uid.IsEmpty())
+        {
+            return STATUS_UNREADABLE;
+        }
     }
     CLossReport losses;
     losses.AddReadNotes(object);
-    const CScriptMerge merge(lines, object.ElementStore());
+    const CScriptMerge merge(lines, object);
     for (const int command : merge.Commands())
     {
         report.Say(ScriptPlace(scriptName, command) + ": commands have no effect on an existing object");
@@ -70,7 +77,7 @@ int ApplyOne(const SApplyOptions& options, const CReport& report)
                      Counted(faults, "%d line cannot be applied", "%d lines cannot be applied"));
         return STATUS_UNREADABLE;
     }
-    Rewrite(object, form, {uid, form.syntax, options.output}, name, losses, report);
+    Rewrite(object, form, target, name, losses, report);
     ReportMetaMismatch(object, name, report);
     ReportChanges(merge, scriptName, name, report);
     return STATUS_DONE;

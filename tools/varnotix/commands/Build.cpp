@@ -36,6 +36,7 @@ public:
         : m_name(name), m_lines(lines), m_wanted(options), m_report(report)
     {
         CDcmAttributeModule read;
+        m_script.StreamRules(ChosenStreamRules());
         m_script.Run(lines, read);
     }
 
@@ -63,6 +64,7 @@ int CBuilder::Write()
         return STATUS_USAGE;
     }
     CDcmCompositeIOD object;
+    object.StreamRules(ChosenStreamRules());
     const bool hasArguments = CheckCommandArguments(m_script, m_name, m_report);
     const bool hasSources = BuildObject(m_script, m_lines, object, m_name, m_report);
     const bool isWhole = CheckLines(object) && hasArguments && hasSources;
@@ -73,13 +75,14 @@ int CBuilder::Write()
         return STATUS_UNREADABLE;
     }
     ApplyGroupCommands(m_script, object.ElementStore(), m_name, m_report);
-    RemoveEmptySequences(object.ElementStore(), CString());
+    if (object.StreamRules() == STREAM_RULES_CLASSIC)
+    {
+        RemoveEmptySequences(object.ElementStore(), CString());
+    }
     CompleteFileMeta(object, m_name, m_report);
     EncodeRawValues(object.ElementStore());
-    if (!m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty())
-    {
-        ReportUncovered(object.ElementStore(), false, m_name, m_report);
-    }
+    const bool anonymizes = !m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty();
+    const int status = anonymizes ? ReportUncovered(object.ElementStore(), false, m_name, m_report) : STATUS_DONE;
 
     SObjectForm form = FormOf(object);
     form.syntax = SYNTAX_EXPLICIT_LITTLE; // Lines of a script carry their VRs.
@@ -96,7 +99,7 @@ int CBuilder::Write()
     ReportMetaMismatch(object, m_name, m_report);
     CLossReport losses;
     Rewrite(object, form, {uid, syntax, output}, m_name, losses, m_report);
-    return STATUS_DONE;
+    return status;
 }
 
 /// Paths in scripts may have the separators of another system.
@@ -117,10 +120,10 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
 {
     const CDcmElement* pixels = object.ElementStore().Find(Varnotix::Tag::kPixelData);
     const bool hasPixels = pixels != nullptr && !pixels->IsEmptyValue();
-    const CScriptTree tree(m_lines, CDcmElementSet());
+    const CScriptTree tree(m_lines, CDcmElementSet(), m_script.StreamRules());
     std::set<int> replaced;
     std::vector<SScriptFault> faults;
-    for (const SScriptLine& line : tree.Lines())
+    for (const SScriptLine& line : tree.Root().inner)
     {
         // The line of pixel data in a printed object; the frames come from the source file that the document names.
         if (hasPixels && line.tag == Varnotix::Tag::kPixelData)
@@ -146,7 +149,7 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
     return ReportFaults(m_name, faults, m_report) == 0;
 }
 
-/// A reader takes the element after an empty sequence for one of its items.
+/// By the classic rules a reader takes the element after an empty sequence for one of its items.
 void CBuilder::RemoveEmptySequences(CDcmElementSet& set, const CString& path) const
 {
     for (int i = set.GetCount() - 1; i >= 0; --i)

@@ -121,7 +121,7 @@ void CScriptMaker::AddHead()
     AddLine("; Then build the object: varnotix build SCRIPT -o OUT.dcm");
     AddLine("; A line that begins with ';' is a comment. The open lines are the attributes of types 1 and 2 in the");
     AddLine("; modules that such an object must have (PS3.3); type 2 may stay empty. Open others where you need them,");
-    AddLine("; and the sequences that you give values: an empty sequence is not written.");
+    AddLine("; and the sequences that you give values. A line #ITEM=2 in a sequence begins its second item.");
     AddLine(";");
     AddLine("; Pixel data comes from files; open one of these commands:");
     AddLine(";#SOURCE_FILE=object.dcm");
@@ -190,7 +190,7 @@ void CScriptMaker::AddAttribute(const CDcmElement& attribute)
     AddItems(attribute, 0);
 }
 
-/// Items are commented out: a sequence without values is not written.
+/// Items are commented out: most sequences are optional.
 void CScriptMaker::AddItems(const CDcmElement& sequence, int depth)
 {
     const CDcmElementSet* items = sequence.Items();

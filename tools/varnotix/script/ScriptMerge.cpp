@@ -48,11 +48,11 @@ bool HasComma(const CDcmElement& element)
            std::any_of(texts->begin(), texts->end(), [](const CString& text) { return text.Find(',') >= 0; });
 }
 
-/// True when the lines of an item, and of the items in it, are all the object's own. Some may be missing.
+/// True when the lines of a sequence, and of those in it, are all the object's own. Some may be missing.
 bool IsUnchanged(const SScriptLine& line)
 {
     return line.element != nullptr && (line.isUnchanged || (line.isSequence && line.element->HasVr(VR_SQ))) &&
-           std::all_of(line.item.begin(), line.item.end(), IsUnchanged);
+           std::all_of(line.inner.begin(), line.inner.end(), IsUnchanged);
 }
 
 CString Number(const char* format, int number)
@@ -64,29 +64,30 @@ CString Number(const char* format, int number)
 
 } // namespace
 
-CScriptMerge::CScriptMerge(const CStringArray& lines, CDcmElementSet& store) : m_lines(lines)
+CScriptMerge::CScriptMerge(const CStringArray& lines, CDcmIOD& object) : m_lines(lines), m_rules(object.StreamRules())
 {
-    const CScriptTree tree(lines, store);
+    const CScriptTree tree(lines, object.ElementStore(), m_rules);
     m_faults = tree.Faults();
     m_commands = tree.Commands();
-    MergeLevel(tree.Lines(), store);
+    MergeLevel(tree.Root(), object.ElementStore());
 }
 
-void CScriptMerge::MergeLevel(const std::vector<SScriptLine>& level, CDcmElementSet& set)
+/// @param around the line of the sequence.
+void CScriptMerge::MergeLevel(const SScriptLine& around, CDcmElementSet& set)
 {
-    std::map<DWORD, std::vector<CDcmElement*>> elements = ElementsByTag(set);
-    std::map<DWORD, std::vector<const SScriptLine*>> lines;
-    for (const SScriptLine& line : level)
+    CElementPlaces elements = ElementPlaces(set, around.items > 0);
+    std::map<std::pair<int, DWORD>, std::vector<const SScriptLine*>> lines;
+    for (const SScriptLine& line : around.inner)
     {
-        lines[line.tag].push_back(&line);
+        lines[{line.item, line.tag}].push_back(&line);
     }
-    for (const auto& [tag, ofTag] : lines)
+    for (const auto& [place, ofPlace] : lines)
     {
-        MergeTag(ofTag, elements[tag], set);
+        MergeTag(ofPlace, elements[place], set);
     }
 }
 
-/// Items are gathered in one set, so a tag may occur several times and is identified by its place only.
+/// Where items are not marked, a tag may occur several times and is identified by its place only.
 void CScriptMerge::MergeTag(const std::vector<const SScriptLine*>& lines, const std::vector<CDcmElement*>& elements,
                             CDcmElementSet& set)
 {
@@ -138,13 +139,22 @@ void CScriptMerge::MergeLine(const SScriptLine& line)
         }
         return;
     }
+    MergeItems(line);
+}
+
+void CScriptMerge::MergeItems(const SScriptLine& line)
+{
     if (line.element->Items() == nullptr)
     {
         line.element->SetItems(CDcmElementSet());
     }
     if (CDcmElementSet* items = line.element->Items())
     {
-        MergeLevel(line.item, *items);
+        for (; items->ItemCount() < line.items; ++m_addedItems)
+        {
+            items->BeginItem();
+        }
+        MergeLevel(line, *items);
     }
 }
 
@@ -163,6 +173,7 @@ void CScriptMerge::Change(const SScriptLine& line)
         return;
     }
     CDcmElement changed(element.Group(), element.Element(), element.Vr());
+    changed.SetLaterVr(element.LaterVr());
     if (!IsClear(line))
     {
         CDcmAttributeModule module;
@@ -185,6 +196,12 @@ void CScriptMerge::Change(const SScriptLine& line)
 
 void CScriptMerge::Add(const SScriptLine& line, CDcmElementSet& set)
 {
+    if (m_rules == STREAM_RULES_STANDARD && line.item == 0 && set.ItemCount() > 1)
+    {
+        AddFault(line.line, Number("the sequence has %d items: put #ITEM= and a number before the lines of each",
+                                   set.ItemCount()));
+        return;
+    }
     if (!MayApply(line))
     {
         return;
@@ -193,12 +210,13 @@ void CScriptMerge::Add(const SScriptLine& line, CDcmElementSet& set)
     if (Read(line, module))
     {
         EncodeRawValues(module.GetDcmElementSet());
+        set.SelectItem(line.item);
         set.Add(new CDcmElement(*module.GetDcmElementSet().GetAt(0)));
         m_changes.push_back({line.line, line.tag, true});
     }
 }
 
-/// Reads the line, with its item, as a script of its own.
+/// Reads the line, with those of its sequence, as a script of its own.
 bool CScriptMerge::Read(const SScriptLine& line, CDcmAttributeModule& module)
 {
     CStringArray own;
@@ -207,6 +225,7 @@ bool CScriptMerge::Read(const SScriptLine& line, CDcmAttributeModule& module)
         own.Add(m_lines[i]);
     }
     CDcmAttributeScript reader;
+    reader.StreamRules(m_rules);
     reader.Run(own, module);
     const std::size_t before = m_faults.size();
     for (const SScriptNote& note : reader.Notes())
@@ -219,7 +238,7 @@ bool CScriptMerge::Read(const SScriptLine& line, CDcmAttributeModule& module)
     return m_faults.size() == before && module.GetCount() == 1;
 }
 
-/// Adds the faults of a line and of its item.
+/// Adds the faults of a line and of those in its sequence.
 bool CScriptMerge::MayApply(const SScriptLine& line)
 {
     const CString reason = ReasonAgainst(line);
@@ -227,13 +246,13 @@ bool CScriptMerge::MayApply(const SScriptLine& line)
     {
         AddFault(line.line, reason);
     }
-    return std::count_if(line.item.begin(), line.item.end(),
+    return std::count_if(line.inner.begin(), line.inner.end(),
                          [&](const SScriptLine& part) { return !MayApply(part); }) == 0 &&
            reason.IsEmpty();
 }
 
 /// Why a line must not be applied, beyond what its reader notes; empty when it may.
-CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
+CString CScriptMerge::ReasonAgainst(const SScriptLine& line) const
 {
     if (Varnotix::Tag::Group(line.tag) < kFirstGroup)
     {
@@ -268,7 +287,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line)
     const CDcmElement& shape = element != nullptr ? *element : unread;
     const EVrKind kind = VrKind(shape.Vr());
     const int count = CountValues(line.parts.values);
-    if (kind == EVrKind::Items && element == nullptr && line.item.empty())
+    if (m_rules == STREAM_RULES_CLASSIC && kind == EVrKind::Items && element == nullptr && line.inner.empty())
     {
         return "what follows an empty sequence is read as a part of it; give it an item with an attribute";
     }

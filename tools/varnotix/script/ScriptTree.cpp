@@ -3,14 +3,31 @@
 #include <algorithm>
 #include <optional>
 
-std::map<DWORD, std::vector<CDcmElement*>> ElementsByTag(const CDcmElementSet& set)
+namespace
 {
-    std::map<DWORD, std::vector<CDcmElement*>> found;
+
+/// The elements of a set as ElementPlaces gives them, the next one of each place at the end.
+CElementPlaces Unmatched(const CDcmElementSet* set, bool byItem)
+{
+    CElementPlaces places = set != nullptr ? ElementPlaces(*set, byItem) : CElementPlaces();
+    for (auto& [place, elements] : places)
+    {
+        std::reverse(elements.begin(), elements.end());
+    }
+    return places;
+}
+
+} // namespace
+
+CElementPlaces ElementPlaces(const CDcmElementSet& set, bool byItem)
+{
+    CElementPlaces found;
     for (int i = 0; i < set.GetCount(); ++i)
     {
-        if (set.GetAt(i)->HasEntry())
+        CDcmElement* element = set.GetAt(i);
+        if (element->HasEntry())
         {
-            found[set.GetAt(i)->Tag()].push_back(set.GetAt(i));
+            found[{byItem ? std::max(element->Item(), 1) : 0, element->Tag()}].push_back(element);
         }
     }
     return found;
@@ -43,24 +60,18 @@ bool IsOwnLine(const CStringArray& lines, int index, const CDcmElement& element,
     }
 }
 
-CScriptTree::CScriptTree(const CStringArray& lines, const CDcmElementSet& store) : m_lines(lines), m_reader(lines)
+CScriptTree::CScriptTree(const CStringArray& lines, const CDcmElementSet& store, EStreamRules rules)
+    : m_lines(lines), m_reader(lines), m_rules(rules)
 {
-    ReadLevel(&store, m_tree);
+    ReadLevel(&store, m_root);
 }
 
 /// Reads up to the end of the innermost sequence, or of the script.
 /// @param set the object's elements there; null when it has none.
-void CScriptTree::ReadLevel(const CDcmElementSet* set, std::vector<SScriptLine>& level)
+/// @param around the line of the sequence.
+void CScriptTree::ReadLevel(const CDcmElementSet* set, SScriptLine& around)
 {
-    std::map<DWORD, std::vector<CDcmElement*>> unmatched;
-    if (set != nullptr)
-    {
-        unmatched = ElementsByTag(*set);
-    }
-    for (auto& [tag, elements] : unmatched)
-    {
-        std::reverse(elements.begin(), elements.end()); // They are taken from the end.
-    }
+    CElementPlaces unmatched = Unmatched(set, false);
     SScriptLine skipped;
     SScriptLine* last = &skipped;
     while (const std::optional<SAslEvent> event = m_reader.Next())
@@ -68,10 +79,10 @@ void CScriptTree::ReadLevel(const CDcmElementSet* set, std::vector<SScriptLine>&
         switch (event->kind)
         {
         case EAslEvent::Element:
-            last = AddLine(*event, unmatched, level) ? &level.back() : &skipped;
+            last = AddLine(*event, unmatched, around) ? &around.inner.back() : &skipped;
             break;
         case EAslEvent::SequenceBegin:
-            ReadLevel(last->element != nullptr ? last->element->Items() : nullptr, last->item);
+            ReadLevel(last->element != nullptr ? last->element->Items() : nullptr, *last);
             last->end = m_reader.Line();
             break;
         case EAslEvent::SequenceEnd:
@@ -92,20 +103,57 @@ void CScriptTree::ReadLevel(const CDcmElementSet* set, std::vector<SScriptLine>&
             AddFault(event->line, ScriptNoteText(SCRIPT_TOO_DEEP));
             break;
         case EAslEvent::Command:
-            // A printed object names its own file.
-            if (!Varnotix::EqualNoCase(event->command.keyword, "SOURCE_FILE"))
-            {
-                m_commands.push_back(event->line);
-            }
+            ReadCommand(*event, set, unmatched, around);
             break;
         }
     }
 }
 
+void CScriptTree::ReadCommand(const SAslEvent& event, const CDcmElementSet* set, CElementPlaces& unmatched,
+                              SScriptLine& around)
+{
+    const std::optional<int> item = m_rules == STREAM_RULES_STANDARD ? AslItemNumber(event.command) : std::nullopt;
+    if (item)
+    {
+        if (&around == &m_root || !BeginItem(*item, set, unmatched, around))
+        {
+            AddFault(event.line, ScriptNoteText(SCRIPT_BAD_ITEM));
+        }
+    }
+    // A printed object names its own file.
+    else if (!Varnotix::EqualNoCase(event.command.keyword, "SOURCE_FILE"))
+    {
+        m_commands.push_back(event.line);
+    }
+}
+
+/// Items that the object has may be left out; new ones follow them without a gap.
+/// @return false for an item that cannot come here.
+bool CScriptTree::BeginItem(int item, const CDcmElementSet* set, CElementPlaces& unmatched, SScriptLine& around) const
+{
+    const int present = set != nullptr ? set->ItemCount() : 0;
+    const bool isFirst = around.items == 0;
+    // Lines before the first mark are item 1, unless they could be those of any item.
+    const int last = isFirst && !around.inner.empty() ? 1 : around.items;
+    if (item <= last || item > std::max(present, last) + 1 || (isFirst && last == 1 && present > 1))
+    {
+        return false;
+    }
+    if (isFirst)
+    {
+        for (SScriptLine& line : around.inner)
+        {
+            line.item = 1;
+        }
+        unmatched = Unmatched(set, true);
+    }
+    around.items = item;
+    return true;
+}
+
 /// Adds an element line to its level, with the object's next element of the tag.
 /// @return false for a line without a tag.
-bool CScriptTree::AddLine(const SAslEvent& event, std::map<DWORD, std::vector<CDcmElement*>>& unmatched,
-                          std::vector<SScriptLine>& level)
+bool CScriptTree::AddLine(const SAslEvent& event, CElementPlaces& unmatched, SScriptLine& around)
 {
     if (event.isSequence && !event.isOpened)
     {
@@ -122,8 +170,9 @@ bool CScriptTree::AddLine(const SAslEvent& event, std::map<DWORD, std::vector<CD
     line.line = event.line;
     line.tag = *tag;
     line.parts = event.element;
+    line.item = around.items;
     line.isSequence = event.isSequence;
-    if (std::vector<CDcmElement*>& elements = unmatched[line.tag]; !elements.empty())
+    if (std::vector<CDcmElement*>& elements = unmatched[{line.item, line.tag}]; !elements.empty())
     {
         line.element = elements.back();
         elements.pop_back();
@@ -135,6 +184,6 @@ bool CScriptTree::AddLine(const SAslEvent& event, std::map<DWORD, std::vector<CD
         }
     }
     line.end = m_reader.Line();
-    level.push_back(std::move(line));
+    around.inner.push_back(std::move(line));
     return true;
 }

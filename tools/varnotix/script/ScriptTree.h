@@ -10,7 +10,7 @@
 inline constexpr int kFirstGroup = 2;
 inline constexpr const char* kNoPlaceInFile = "groups below 0002 have no place in a file";
 
-/// One element line, with the lines of its item.
+/// One element line, with the lines of its sequence.
 struct SScriptLine
 {
     int line = 0; ///< Index of its first line.
@@ -18,13 +18,19 @@ struct SScriptLine
     DWORD tag = 0;
     SAslElement parts{};            ///< Views into the script's lines.
     CDcmElement* element = nullptr; ///< The object's element of the same tag and place; null when it has none.
+    int item = 0;                   ///< Number of the item that it belongs to; 0 where the script marks no items.
     bool isSequence = false;        ///< The VR field is SQ.
     bool isUnchanged = false;       ///< The line is the one that the object itself prints for that element.
-    std::vector<SScriptLine> item;  ///< For a sequence.
+    int items = 0;                  ///< For a sequence: the highest item that the script marks; 0 for none.
+    std::vector<SScriptLine> inner; ///< For a sequence.
 };
 
-/// The elements of each tag in a set, in their order. Those that print no line are left out.
-std::map<DWORD, std::vector<CDcmElement*>> ElementsByTag(const CDcmElementSet& set);
+/// The elements of each item and tag in a set, in their order.
+using CElementPlaces = std::map<std::pair<int, DWORD>, std::vector<CDcmElement*>>;
+
+/// Those that print no line are left out.
+/// @param byItem whether items are told apart; otherwise all elements are in item 0.
+CElementPlaces ElementPlaces(const CDcmElementSet& set, bool byItem);
 
 /// True when the line, with those after it, is what the object prints for the element.
 /// @param count set to the number of lines: a text may hold line breaks.
@@ -35,23 +41,27 @@ class CScriptTree
 {
 public:
     /// @param lines must outlive the tree.
-    CScriptTree(const CStringArray& lines, const CDcmElementSet& store);
+    /// @param rules by the standard ones, "#ITEM=2" marks the lines of an item.
+    CScriptTree(const CStringArray& lines, const CDcmElementSet& store, EStreamRules rules);
 
-    const std::vector<SScriptLine>& Lines() const { return m_tree; }
+    /// A line around all lines.
+    const SScriptLine& Root() const { return m_root; }
     /// Lines that break the structure of the script.
     const std::vector<SScriptFault>& Faults() const { return m_faults; }
     /// Indices of command lines that a document of an object does not hold.
     const std::vector<int>& Commands() const { return m_commands; }
 
 private:
-    void ReadLevel(const CDcmElementSet* set, std::vector<SScriptLine>& level);
-    bool AddLine(const SAslEvent& event, std::map<DWORD, std::vector<CDcmElement*>>& unmatched,
-                 std::vector<SScriptLine>& level);
+    void ReadLevel(const CDcmElementSet* set, SScriptLine& around);
+    bool AddLine(const SAslEvent& event, CElementPlaces& unmatched, SScriptLine& around);
+    void ReadCommand(const SAslEvent& event, const CDcmElementSet* set, CElementPlaces& unmatched, SScriptLine& around);
+    bool BeginItem(int item, const CDcmElementSet* set, CElementPlaces& unmatched, SScriptLine& around) const;
     void AddFault(int line, const CString& what) { m_faults.push_back({line, what}); }
 
     const CStringArray& m_lines;
     CAslReader m_reader;
-    std::vector<SScriptLine> m_tree;
+    EStreamRules m_rules;
+    SScriptLine m_root;
     std::vector<SScriptFault> m_faults;
     std::vector<int> m_commands;
 };
