@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace
@@ -72,6 +73,23 @@ CString Tamed(std::string_view text)
     return CString(tamed);
 }
 
+/// @return the object that the lines make.
+std::unique_ptr<CDcmCompositeIOD> Made(const CStringArray& lines, EStreamRules rules)
+{
+    auto object = std::make_unique<CDcmCompositeIOD>();
+    object->StreamRules(rules);
+    try
+    {
+        object->CreateFromASL(lines);
+    }
+    catch (const CFileException&)
+    {
+        // A file that the script names cannot be opened; what was made so far stays usable.
+    }
+    AskForValues(object->ElementStore());
+    return object;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -86,16 +104,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
 
-    CDcmCompositeIOD object;
-    try
-    {
-        object.CreateFromASL(lines);
-    }
-    catch (const CFileException&)
-    {
-        // A file that the script names cannot be opened; what was made so far stays usable.
-    }
-    AskForValues(object.ElementStore());
-    PromiseRoundTrip(object, kSyntaxUids[1]);
+    PromiseRoundTrip(*Made(lines, STREAM_RULES_CLASSIC), kSyntaxUids[1]);
+    CStringArray text;
+    CByteArray bytes;
+    const std::unique_ptr<CDcmCompositeIOD> standard = Made(lines, STREAM_RULES_STANDARD);
+    standard->CDcmIOD::Export(text);
+    standard->ExportFileFormat(bytes);
     return 0;
 }

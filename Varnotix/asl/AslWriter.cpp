@@ -162,6 +162,7 @@ void AppendItems(const CDcmElementSet& set, int depth, CStringArray& lines)
 {
     const int count = set.ItemCount();
     std::vector<std::pair<int, const CDcmElement*>> elements;
+    elements.reserve(static_cast<std::size_t>(set.GetCount()));
     for (int i = 0; i < set.GetCount(); ++i)
     {
         elements.emplace_back(std::clamp(set.GetAt(i)->Item(), 1, count), set.GetAt(i));

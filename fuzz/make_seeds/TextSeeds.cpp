@@ -68,5 +68,8 @@ void MakeTextSeeds()
     script("missing", "#SOURCE_FILE=missing.jpg\n");
     script("folders", file + "folder\n" + file + ".\n" + folder + "folder\n#TARGET_FILE=out.dcm\n");
     script("separator_as_value", "0020,0020,CS,2,Patient Orientation,[A,\\,]\n");
+    script("items", "0008,1140,SQ,1,,[]\n#SEQUENCE_BEGIN\n0008,1155,UI,1,,[1.1,]\n#ITEM=2\n0040,a170,SQ,1,,[]\n"
+                    "#SEQUENCE_BEGIN\n#ITEM=1\n#ITEM=2\n0008,0100,SH,1,,[A,]\n#SEQUENCE_END\n#ITEM=3\n#ITEM=9\n"
+                    "#ITEM=-1\n#SEQUENCE_END\n#ITEM=1\n");
     script("merged", "#REMOVE_EMPTY_ALL=1\n#ANONYMIZE_55=1,none\n#REMOVE_GROUP=0010\n#REMOVE_EMPTY_GROUP=0008\n");
 }
