@@ -114,7 +114,11 @@ std::uint64_t CStandardEncoder::PlanDataSet(const Elements& elements, const SDat
         {
             size += PlanElement(*elements[i], part);
         }
-        if (writesLength)
+        if (isMeta && size == 0)
+        {
+            m_steps.pop_back(); // A host took the file meta information out; only its length was left.
+        }
+        else if (writesLength)
         {
             m_steps[lengthStep].length = static_cast<DWORD>(size);
             total += kShortHeaderSize + kGroupLengthSize;

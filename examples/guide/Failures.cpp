@@ -5,7 +5,7 @@ namespace
 
 void TellWhatTheReadMet(const CDcmIOD& object)
 {
-    if (object.GetCount() == 0)
+    if (object.GetCount() == 0 || object.ReadStopped())
     {
         for (const SReadTrial& trial : object.ReadTrials())
         {

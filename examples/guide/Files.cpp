@@ -1,10 +1,18 @@
 #include "Guide.h"
 
+#include <stdexcept>
+
+/// Throws for an object that is empty or not whole: nothing must be made of it, least of all the file it came from.
 void ReadFile(const char* path, CDcmIOD& object)
 {
     CFile file(path, CFile::modeRead);
     CArchive archive(&file, CArchive::load);
+    object.StreamRules(STREAM_RULES_STANDARD);
     object.Serialize(archive);
+    if (object.GetCount() == 0 || object.ReadStopped())
+    {
+        throw std::runtime_error(std::string(path) + " cannot be read whole");
+    }
 }
 
 void WriteFile(const char* path, CDcmIOD& object)
@@ -19,6 +27,7 @@ void WriteFile(const char* path, CDcmIOD& object)
 void Making()
 {
     CCTImageIOD ct;
+    ct.StreamRules(STREAM_RULES_STANDARD); // What DICOM says, instead of the library's own rules; see below.
 
     CDcmMetaFileInformation& meta = ct.MetaFileInformation();
     meta.MediaClassUID("1.2.840.10008.5.1.4.1.1.2");

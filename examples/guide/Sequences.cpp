@@ -28,18 +28,21 @@ void Sequences()
     std::cout << code.CodeValue().CText() << ": " << code.CodeMeaning().CText() << '\n';
 
     CDcmElement sequence(0x0008, 0x1032); // Procedure Code Sequence
+    CDcmElementSet& items = *sequence.Items();
     for (const char* value : {"CTHEAD", "CTNECK"})
     {
         auto* const made = new CDcmElement(0x0008, 0x0100);
         made->AddText(value);
-        sequence.Items()->Add(made); // The set owns it.
+        items.BeginItem();
+        items.Add(made); // The set owns it.
     }
-    int codes = 0;
-    for (int i = 0; i < sequence.Items()->GetCount(); ++i)
+
+    CDcmCodeSequenceMacroEx one; // Of its own, bound to no module.
+    for (int item = 1; item <= items.ItemCount(); ++item)
     {
-        codes += sequence.Items()->GetAt(i)->HasTag(0x0008, 0x0100) ? 1 : 0;
+        one.TakeItem(items, item);
+        std::cout << "item " << item << ": " << one.CodeValue().CText() << '\n';
     }
-    std::cout << codes << " codes\n";
 
     CDcmElementSet part;
     part.Add(new CDcmElement(sequence));

@@ -30,3 +30,8 @@ catch (const CException& failure)
     std::cerr << failure.GetErrorMessage().CText() << '\n';
     return 20;
 }
+catch (const std::exception& failure)
+{
+    std::cerr << failure.what() << '\n';
+    return 20;
+}
