@@ -144,3 +144,41 @@ TEST_F(Convert, CompressedPixelDataKeepsItsSyntaxOrIsRefused)
     Write("bare.dcm", kRleDataSet);
     Expect(20, "convert -s big bare.dcm other.dcm", "does not name its transfer syntax");
 }
+
+TEST_F(Convert, DeflatesAndInflatesAndStopsWhereTheDataDo)
+{
+    Write("in.dcm", Part10(kExplicitUid, kDataSet + std::string(3, '\0')));
+    Expect(0, "convert -s deflated in.dcm deflated.dcm", "bytes after the last element lost");
+    const std::string deflated = Read("deflated.dcm");
+    EXPECT_EQ(deflated.size() % 2, 0U);
+    EXPECT_EQ(deflated.find("Doe"), std::string::npos);
+    EXPECT_EQ(Expect(0, "convert deflated.dcm same.dcm").err, "");
+    EXPECT_EQ(Read("same.dcm"), deflated);
+    Expect(0, "convert -s explicit deflated.dcm out.dcm");
+    EXPECT_TRUE(Read("out.dcm").ends_with(kDataSet));
+
+    Write("short.dcm", deflated.substr(0, deflated.size() - 10));
+    EXPECT_TRUE(Holds(Expect(20, "dump short.dcm", "short.dcm: its deflated data set is cut off").out, "1.2.840"));
+    Write("bad.dcm", Part10("1.2.840.10008.1.2.1.99", std::string(40, '\xFF')));
+    Expect(20, "convert bad.dcm out.dcm", "its deflated data set is damaged at its byte");
+    Expect(20, "convert --classic deflated.dcm out.dcm", "is deflated, which the classic rules do not inflate");
+}
+
+TEST_F(Convert, WhatOtherReadersWouldRefuseNeedsForce)
+{
+    Write("native.dcm", Part10(kRleUid, kDataSet));
+    Expect(40, "convert native.dcm out.dcm", "its pixel data is native, but transfer syntax " + kRleUid);
+    Write("divided.dcm", Part10(kExplicitUid, kRleDataSet));
+    Expect(40, "convert divided.dcm out.dcm", "its pixel data is encapsulated, but transfer syntax " + kExplicitUid);
+
+    const std::string records = Explicit(0x00041200, "UL", LittleEndian(400, 4));
+    Write("DICOMDIR", Part10(kExplicitUid, records));
+    Expect(40, "convert -s implicit DICOMDIR out.dcm", "the file offsets in it would be wrong");
+    Expect(0, "convert DICOMDIR same.dcm");
+    EXPECT_EQ(Read("same.dcm"), Read("DICOMDIR"));
+    EXPECT_FALSE(std::filesystem::exists("out.dcm"));
+    for (const char* name : {"native.dcm", "divided.dcm", "-s implicit DICOMDIR"})
+    {
+        Expect(0, std::string("convert --force ") + name + " out.dcm");
+    }
+}

@@ -96,6 +96,19 @@ TEST_F(Dump, ReportsWhyAStreamCannotBeReadToItsEnd)
     EXPECT_FALSE(std::filesystem::exists("out.dcm"));
 }
 
+TEST_F(Dump, ReadsInABatchAsAlone)
+{
+    Write("one.dcm", Part10(kExplicitUid, Explicit(0x00091001, "LO", "text")));
+    Write("two.dcm", Part10(kExplicitUid, Explicit(0x00091001, "US", "\1\2")));
+    for (const std::string rules : {"", "--classic "})
+    {
+        const std::string one = Expect(0, rules + "dump one.dcm").out;
+        const std::string two = Expect(0, rules + "dump two.dcm").out;
+        EXPECT_EQ(Expect(0, rules + "dump one.dcm two.dcm").out, one + two);
+        EXPECT_TRUE(Holds(two, ",US,"));
+    }
+}
+
 TEST_F(Dump, AFullDeviceIsAnOutputThatCannotBeWritten)
 {
     if (!std::filesystem::exists("/dev/full"))

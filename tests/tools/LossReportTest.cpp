@@ -67,3 +67,19 @@ TEST_F(LossReport, ValuesAndVrsThatOthersWillSeeOtherwiseAreToldOf)
     Expect(0, "--classic convert -s explicit in.dcm out.dcm",
            "1 offset table changed, 1 compressed frame without item headers");
 }
+
+TEST_F(LossReport, FaultsOfTheInputThatAreMendedAreNamed)
+{
+    // An odd length, unknown letters for a VR, a wrong group length, and a tag that comes too late.
+    const std::string broken = Explicit(0x00100000, "UL", LittleEndian(99, 4)) + Explicit(0x00100010, "PN", "Doe") +
+                               Explicit(0x00100020, "ZZ", "P1") + kTwoInOneItem;
+    Write("in.dcm", Part10(kExplicitUid, broken));
+    Expect(0, "convert in.dcm out.dcm", "written with changes: 1 group length remade, 3 faults of the input mended");
+    Expect(0, "convert -v in.dcm out.dcm", "(0010,0000)", "its odd length of 3 bytes is made even",
+           "an unknown VR is written as UN", "(0008,1140) Referenced Image Sequence at offset ",
+           "it is moved to its place in the order of tags");
+    EXPECT_TRUE(HoldsInOrder(Read("out.dcm"), kTwoInOneItem, Explicit(0x00100010, "PN", "Doe "),
+                             Explicit(0x00100020, "UN", "P1")));
+    EXPECT_EQ(Expect(0, "convert out.dcm again.dcm").err, "");
+    EXPECT_EQ(Read("again.dcm"), Read("out.dcm"));
+}

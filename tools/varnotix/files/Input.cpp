@@ -33,15 +33,6 @@ void ReadInput(const CString& path, const std::function<void(CArchive&)>& take)
     Load(file, take);
 }
 
-CByteArray BytesOf(CFile& file)
-{
-    CByteArray bytes;
-    bytes.SetSize(static_cast<int>(file.GetLength()));
-    file.Seek(0, CFile::begin);
-    bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
-    return bytes;
-}
-
 bool IsDeflated(const CDcmIOD& object)
 {
     return object.ReadStopped() && object.ReadTrials().back().fault == PARSE_DEFLATED;
@@ -139,6 +130,15 @@ bool HasDataFiles(const CReport& report, bool needsUids)
         return false;
     }
     return true;
+}
+
+CByteArray BytesOf(CFile& file)
+{
+    CByteArray bytes;
+    bytes.SetSize(static_cast<int>(file.GetLength()));
+    file.Seek(0, CFile::begin);
+    bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
+    return bytes;
 }
 
 CString ShownName(const CString& path)

@@ -13,6 +13,9 @@ EStreamRules ChosenStreamRules();
 /// @param needsUids the UID table is needed too: the output names its transfer syntax.
 bool HasDataFiles(const CReport& report, bool needsUids);
 
+/// All bytes of a file, from its beginning.
+CByteArray BytesOf(CFile& file);
+
 /// The file name as messages show it.
 CString ShownName(const CString& path);
 

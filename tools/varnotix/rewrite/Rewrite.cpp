@@ -7,15 +7,6 @@
 namespace
 {
 
-CByteArray BytesOf(CFile& file)
-{
-    CByteArray bytes;
-    bytes.SetSize(static_cast<int>(file.GetLength()));
-    file.Seek(0, CFile::begin);
-    file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
-    return bytes;
-}
-
 /// Records of a DICOMDIR name each other by their offsets in the file, which a change moves.
 void RefuseChangedDirectory(const CString& source, const CString& input, CFile& written)
 {
