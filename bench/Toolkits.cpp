@@ -7,7 +7,11 @@ namespace
 class CVarnotixObject : public CReadObject
 {
 public:
-    explicit CVarnotixObject(const CByteArray& bytes) { m_iod.Import(bytes); }
+    CVarnotixObject(const CByteArray& bytes, EStreamRules rules)
+    {
+        m_iod.StreamRules(rules);
+        m_iod.Import(bytes);
+    }
 
     bool IsEmpty() const { return m_iod.GetCount() == 0; }
 
@@ -26,18 +30,20 @@ public:
 private:
     CDcmIOD m_iod;
 };
-} // namespace
 
-std::unique_ptr<CReadObject> ReadWithVarnotix(const SStream& stream)
+template <EStreamRules RULES>
+std::unique_ptr<CReadObject> Read(const SStream& stream)
 {
-    auto object = std::make_unique<CVarnotixObject>(*stream.array);
+    auto object = std::make_unique<CVarnotixObject>(*stream.array, RULES);
     return object->IsEmpty() ? nullptr : std::move(object);
 }
+} // namespace
 
 const std::vector<SToolkit>& Toolkits()
 {
     static const std::vector<SToolkit> toolkits{
-        {"varnotix", ReadWithVarnotix},
+        {"varnotix", Read<STREAM_RULES_CLASSIC>},
+        {"standard", Read<STREAM_RULES_STANDARD>},
 #ifdef VARNOTIX_HAVE_DCMTK
         {"dcmtk", ReadWithDcmtk},
 #endif

@@ -35,9 +35,8 @@ struct SToolkit
     std::unique_ptr<CReadObject> (*read)(const SStream& stream);
 };
 
-std::unique_ptr<CReadObject> ReadWithVarnotix(const SStream& stream);
 std::unique_ptr<CReadObject> ReadWithDcmtk(const SStream& stream);
 std::unique_ptr<CReadObject> ReadWithGdcm(const SStream& stream);
 
-/// Those of the build: this library first.
+/// Those of the build: this library first, by its classic and then by the standard stream rules.
 const std::vector<SToolkit>& Toolkits();
