@@ -52,7 +52,8 @@ void ReadStandardInput(CByteArray& bytes)
 
 void WriteStandardOutput(std::string_view text)
 {
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
+    // An empty text may have no address, which the function must not be given.
+    if (!text.empty() && std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
     {
         ThrowOutputFailure(errno);
     }
