@@ -10,11 +10,13 @@ namespace Varnotix
 /// The blank and the characters 09H to 0DH.
 inline constexpr std::string_view kWhiteSpace = " \t\n\v\f\r";
 
+/// The lower-case form of an ASCII letter; any other character as it is.
 constexpr char Lower(char character)
 {
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
 }
 
+/// The upper-case form of an ASCII letter; any other character as it is.
 constexpr char Upper(char character)
 {
     return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;

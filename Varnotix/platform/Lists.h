@@ -34,11 +34,11 @@ public:
     class CIterator
     {
     public:
-        using iterator_category = std::forward_iterator_tag;
-        using value_type = TYPE;
-        using difference_type = std::ptrdiff_t;
-        using pointer = const TYPE*;
-        using reference = const TYPE&;
+        using iterator_category = std::forward_iterator_tag; ///< As std::iterator_traits asks.
+        using value_type = TYPE;                             ///< What an entry holds.
+        using difference_type = std::ptrdiff_t;              ///< As std::iterator_traits asks.
+        using pointer = const TYPE*;                         ///< Entries cannot be changed through it.
+        using reference = const TYPE&;                       ///< Entries cannot be changed through it.
 
         CIterator() = default;
         explicit CIterator(const SEntry* entry) : m_entry(entry) {}
