@@ -9,6 +9,7 @@ try
     CFile file(count > 1 ? arguments[1] : "phantom.dcm", CFile::modeRead);
     CArchive archive(&file, CArchive::load);
     CDcmIOD object;
+    object.StreamRules(STREAM_RULES_STANDARD);
     object.Serialize(archive);
 
     CDcmPatientModule patient;
