@@ -27,7 +27,8 @@ struct SStandardRead
         for (const SReadNote& note : parser.Notes())
         {
             CString one;
-            one.Format("%s%d:%08x@%u", text.empty() ? "" : " ", note.note, note.tag, note.offset);
+            one.Format("%s%d:%08x@%u", text.empty() ? "" : " ", note.note, static_cast<unsigned>(note.tag),
+                       static_cast<unsigned>(note.offset));
             text += one.View();
         }
         return text;
