@@ -121,7 +121,9 @@ void CStandardDecoder::ReadMeta(SLevel& level)
     std::size_t named = 0;
     while (const BYTE* header = m_cursor.Peek(kItemHeaderSize))
     {
-        if (Word(header, false) != Tag::kMetaGroup)
+        // In big endian a data set may begin with group 0200, which looks like group 0002.
+        const bool goesBack = m_cursor.Position() == named && TagAt(header, level.syntax) <= level.lastTag;
+        if (Word(header, false) != Tag::kMetaGroup || goesBack)
         {
             break;
         }
