@@ -42,6 +42,13 @@ bool HasSequences(const CDcmElementSet& set)
 void PromiseFixedPoint(const CDcmIOD& object, const char* uid)
 {
     CDcmIOD first(InSyntax(object, uid));
+    for (int i = 0; i < first.GetCount(); ++i)
+    {
+        if (first.ElementStore().GetAt(i)->Group() == 0x0200)
+        {
+            return; // In big endian it looks like group 0002.
+        }
+    }
     CByteArray written;
     first.ExportFileFormat(written);
     CDcmIOD second = ReadByStandard(written);
