@@ -17,8 +17,8 @@ CByteArray ObjectBytes()
     return Part10(Stream("0200 0000 'UL' 0400 1C000000 0200 1000 'UI' 1400 '1.2.840.10008.1.2.1' 00"
                          "0800 6000 'CS' 0200 'CT'"
                          "0800 4011 'SQ' 0000 FFFFFFFF"
-                         "FEFF 00E0 00000000 0800 5011 'UI' 0400 '1.2' 00 0800 5511 'UI' 0400 '1.3' 00"
-                         "4000 70A1 'SQ' 0000 FFFFFFFF FEFF 00E0 00000000 0800 0001 'SH' 0200 'AB' FEFF DDE0 00000000"
+                         "FEFF 00E0 3E000000 0800 5011 'UI' 0400 '1.2' 00 0800 5511 'UI' 0400 '1.3' 00"
+                         "4000 70A1 'SQ' 0000 FFFFFFFF FEFF 00E0 0A000000 0800 0001 'SH' 0200 'AB' FEFF DDE0 00000000"
                          "FEFF DDE0 00000000"
                          "0D00 0110 'LO' 0200 'ab'"
                          "1000 1000 'PN' 0400 'A^B '"
@@ -66,6 +66,13 @@ void LookAt(CDcmIOD& object)
 
 } // namespace
 
+/// A plain object under the standard stream rules.
+class CStandardObject : public CDcmIOD
+{
+public:
+    CStandardObject() { StreamRules(STREAM_RULES_STANDARD); }
+};
+
 template <class IOD>
 class StarvedObject : public Starved
 {
@@ -82,8 +89,9 @@ protected:
     }
 };
 
-// A plain object, and the one with modules that has the fewest: each request for memory is a round.
-using ObjectKinds = testing::Types<CDcmIOD, CDcmCompositeIE>;
+// A plain object by both stream rules, and the one with modules that has the fewest: each request for memory is a
+// round.
+using ObjectKinds = testing::Types<CDcmIOD, CStandardObject, CDcmCompositeIE>;
 TYPED_TEST_SUITE(StarvedObject, ObjectKinds);
 
 TYPED_TEST(StarvedObject, ReadsAgainAfterARead)
