@@ -38,16 +38,31 @@ bool HasSequences(const CDcmElementSet& set)
     return false;
 }
 
+/// What keeps a second reading from giving the same object: group 0200, which looks like group 0002 in big endian, and
+/// VR UN under the tag of a sequence, which implicit VR gives its VR back.
+bool CanReadOtherwise(const CDcmElementSet& set)
+{
+    for (int i = 0; i < set.GetCount(); ++i)
+    {
+        const CDcmElement& element = *set.GetAt(i);
+        const CDcmEntry* entry = CDcmRegistry::Global().LookUpPublicTag(element.Tag());
+        const bool isHidden = element.HasVr(VR_UN) && entry != nullptr && entry->vr == VR_SQ;
+        const CDcmElementSet* items = element.Items();
+        if (element.Group() == 0x0200 || isHidden || (items != nullptr && CanReadOtherwise(*items)))
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
 /// What an object is written as is read as the same object: it is written as the same bytes again.
 void PromiseFixedPoint(const CDcmIOD& object, const char* uid)
 {
     CDcmIOD first(InSyntax(object, uid));
-    for (int i = 0; i < first.GetCount(); ++i)
+    if (CanReadOtherwise(first.ElementStore()))
     {
-        if (first.ElementStore().GetAt(i)->Group() == 0x0200)
-        {
-            return; // In big endian it looks like group 0002.
-        }
+        return;
     }
     CByteArray written;
     first.ExportFileFormat(written);
