@@ -44,7 +44,7 @@ bool CFrameWriter::FitsFragments(const CByteArray& table) const
             {
                 ++entry;
             }
-            offset += fragment + kItemHeaderSize;
+            offset += kItemHeaderSize + Padded(fragment);
         }
     }
     return entry == entries;
@@ -79,13 +79,13 @@ CByteArray CFrameWriter::OffsetTable() const
 
 void CFrameWriter::WriteNative(COutputBuffer& out) const
 {
-    const bool swapped = m_bigEndian && m_hasWords;
+    const bool swapped = m_bigEndian && m_swapWidth > 1;
     for (int i = 0; i < m_frames.GetCount(); ++i)
     {
         const CDcmFrame& frame = *m_frames.GetFrame(i);
         if (swapped)
         {
-            PutSwapped(frame.Data(), frame.Size(), 2, out);
+            PutSwapped(frame.Data(), frame.Size(), m_swapWidth, out);
         }
         else
         {

@@ -15,9 +15,9 @@ class CDcmFrameList;
 class CFrameWriter
 {
 public:
-    /// @param hasWords whether native frames consist of 16-bit words, which big endian streams hold in reverse.
-    CFrameWriter(const CDcmFrameList& frames, bool isEncapsulated, bool bigEndian, bool hasWords)
-        : m_frames(frames), m_isEncapsulated(isEncapsulated), m_bigEndian(bigEndian), m_hasWords(hasWords)
+    /// @param swapWidth width in bytes of the numbers of native frames, which big endian streams hold in reverse.
+    CFrameWriter(const CDcmFrameList& frames, bool isEncapsulated, bool bigEndian, std::size_t swapWidth)
+        : m_frames(frames), m_isEncapsulated(isEncapsulated), m_bigEndian(bigEndian), m_swapWidth(swapWidth)
     {
     }
 
@@ -34,5 +34,5 @@ private:
     const CDcmFrameList& m_frames;
     bool m_isEncapsulated;
     bool m_bigEndian;
-    bool m_hasWords;
+    std::size_t m_swapWidth;
 };

@@ -316,8 +316,13 @@ void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
     {
         Note(READ_ODD_LENGTH, header.tag, header.position, length);
     }
+    CDcmFrameList* frames = element.Frames();
     if (length == 0)
     {
+        if (frames != nullptr)
+        {
+            frames->SetReadForm(CDcmFrameList::FORM_NATIVE);
+        }
         return;
     }
     const std::size_t width = IsBigEndian(level.syntax) ? SwapWidthOf(header.vr, header.laterVr) : 1;
@@ -332,13 +337,17 @@ void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
     {
         value = length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
     }
-    if (CDcmFrameList* frames = element.Frames())
+    if (frames != nullptr)
     {
         frames->AddFrame(value);
         frames->SetReadForm(CDcmFrameList::FORM_NATIVE);
         return;
     }
     element.SetRawBytes(std::move(value));
+    if (header.tag == Tag::kNumberOfFrames && level.numberOfFrames == nullptr)
+    {
+        level.numberOfFrames = &element;
+    }
     if (header.tag == Tag::kPixelRepresentation && length >= 2)
     {
         m_choices.SetPixelRepresentation(NumberOf(level), Word(element.RawBytes().Data(), false));
@@ -353,7 +362,7 @@ void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
 void CStandardDecoder::ReadFragments(const SHeader& header, SLevel& level)
 {
     CDcmElement& element = AddElement(header, level);
-    const CDcmElement* count = level.elements.FindInItem(level.item, 0x0028, 0x0008);
+    const CDcmElement* count = level.numberOfFrames; // A search in a set of many items would take long.
     CFragmentReader reader(m_cursor, IsBigEndian(level.syntax));
     const bool whole = reader.Read();
     reader.FillFrames(*element.Frames(), count != nullptr ? count->JoinedText() : CString());

@@ -36,9 +36,9 @@ private:
         bool isDelimited; // Ended by an item delimiter.
         int syntax;
         int depth = 0;
-        int item = 1; // Number of the item, also where there are none.
         std::uint32_t lastTag = 0;
-        int number = -1; // In m_choices, when something there depends on it.
+        int number = -1;                             // In m_choices, when something there depends on it.
+        const CDcmElement* numberOfFrames = nullptr; // The first one that has a value.
     };
 
     struct SHeader
@@ -58,7 +58,7 @@ private:
     int FindSyntax(const CDcmElementSet& set);
     void DecodeLevel(SLevel& level);
     bool ReadDelimiter(SLevel& level, DWORD tag);
-    bool IsPadding() const;
+    bool IsPadding();
     SHeader ReadHeader(SLevel& level);
     void ReadExplicit(SHeader& header, SLevel& level);
     void ReadImplicit(SHeader& header, SLevel& level);
@@ -75,6 +75,7 @@ private:
     int NumberOf(SLevel& level);
 
     CStreamCursor& m_cursor;
+    std::size_t m_knownByte = 0; // Where IsPadding last found a byte that is not zero.
     CByteChunks m_smallValues;
     SReadResult m_result;
     CVrChoices m_choices;

@@ -177,7 +177,8 @@ std::uint64_t CStandardEncoder::PlanFrames(const CDcmElement& element, const SDa
         // PS3.5 sections A.2 and A.4: encapsulated frames are OB, and so are native ones of 8 bits or less.
         vr = encapsulated ? VR_OB : dataSet.bitsAllocated > 8 ? static_cast<int>(VR_OW) : vr;
     }
-    const CFrameWriter frames(*element.Frames(), encapsulated, IsBigEndian(dataSet.syntax), vr == VR_OW);
+    const CFrameWriter frames(*element.Frames(), encapsulated, IsBigEndian(dataSet.syntax),
+                              SwapWidthOf(vr, element.LaterVr()));
     const std::uint64_t size = frames.Size();
     const SStep step{&element,
                      element.Tag(),
@@ -333,7 +334,9 @@ void CStandardEncoder::Write(COutputBuffer& out) const
             break;
         case EStep::Frames:
             WriteHeader(step, out);
-            CFrameWriter(*step.element->Frames(), step.isEncapsulated, bigEndian, step.vr == VR_OW).Write(out);
+            CFrameWriter(*step.element->Frames(), step.isEncapsulated, bigEndian,
+                         SwapWidthOf(step.vr, step.element->LaterVr()))
+                .Write(out);
             break;
         case EStep::Value:
             WriteHeader(step, out);

@@ -89,10 +89,17 @@ bool CStandardDecoder::ReadDelimiter(SLevel& level, DWORD tag)
 }
 
 /// True when nothing but zeros follow: files are padded to the sizes of blocks.
-bool CStandardDecoder::IsPadding() const
+bool CStandardDecoder::IsPadding()
 {
-    const BYTE* rest = m_cursor.Peek(0);
-    return std::all_of(rest, rest + m_cursor.Left(), [](BYTE byte) { return byte == 0; });
+    // Each run of zeros is searched once, however many headers of zeros it holds.
+    if (m_knownByte <= m_cursor.Position())
+    {
+        const BYTE* rest = m_cursor.Peek(0);
+        const BYTE* end = rest + m_cursor.Left();
+        m_knownByte = m_cursor.Position() +
+                      static_cast<std::size_t>(std::find_if(rest, end, [](BYTE byte) { return byte != 0; }) - rest);
+    }
+    return m_knownByte == m_cursor.Length();
 }
 
 /// True when an item or a delimiter comes next.
@@ -173,7 +180,6 @@ void CStandardDecoder::ReadItems(SLevel& level, CDcmElementSet& items, std::size
         }
         SLevel item{items, &level, itemEnd, isUndefined, syntax};
         item.depth = level.depth + 1;
-        item.item = items.ItemCount();
         DecodeLevel(item);
         if (isCut)
         {
