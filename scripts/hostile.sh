@@ -42,7 +42,9 @@ make_input()
             texts => sub { long_form(0x0040, 0xA160, "UT", $count) . ("\\" x $count) },
             nested => sub { many(many($open, 64) . $text . many($close, 64), $count) },
             too_deep => sub { $open x $count },
-            items => sub { $open . (tag(0xFFFE, 0xE00D) . pack("V", 0) . $fragment . $text) x $count . $close },
+            items => sub { $open . (tag(0xFFFE, 0xE00D) . pack("V", 0) . tag(0xFFFE, 0xE000) . pack("V", 0xFFFFFFFF)
+                . $text) x $count . $close },
+            empty_items => sub { long_form(0x0008, 0x1140, "SQ", 8 * $count) . $fragment x $count },
             length => sub { long_form(0x0040, 0xA160, "UT", 0xFFFFFFF0) . ("x" x $count) },
             fragments => sub { $pixels . $fragment x ($count + 1) . $end },
             offsets => sub { $pixels . tag(0xFFFE, 0xE000) . pack("V", 4 * $count) . "\0" x (4 * $count) . $fragment x $count . $end },
@@ -92,10 +94,11 @@ printf '|\n|---|---|---|---|---|---|\n'
 try elements 500000 'elements without a value' varnotix dump INPUT
 try private 500000 'private tags, each a new one' varnotix dump INPUT
 try texts 4000000 'empty texts in one value' varnotix dump INPUT
-try nested 1000 'sequences of 64 levels, one behind the other' varnotix dump INPUT
+try nested 1000 'sequences of 64 levels, one after the other' varnotix dump INPUT
 try too_deep 500000 'levels in one sequence' varnotix dump INPUT
 try items 200000 'items of one sequence' varnotix dump INPUT
-try length 4000000 'bytes behind a length of 4 GiB' varnotix dump INPUT
+try empty_items 1000000 'empty items of one sequence' varnotix convert INPUT converted.dcm
+try length 4000000 'bytes after a length of 4 GiB' varnotix dump INPUT
 try fragments 500000 'fragments of pixel data' varnotix dump INPUT
 try offsets 500000 'entries of an offset table' varnotix dump INPUT
 try rle 10000 'rows and columns of a frame of 128 bytes' varnotix frames --png -o pictures INPUT
@@ -104,6 +107,6 @@ try contexts 500000 'presentation contexts in one PDU' varnotix pdu INPUT
 try script_lines 200000 'lines of a script, each with a new private tag' varnotix build INPUT -o built.dcm
 try script_values 4000000 'empty values in one line of a script' varnotix build INPUT -o built.dcm
 try script_text 4000000 'characters in one value of a script' varnotix build INPUT -o built.dcm
-try script_nested 1000 'sequences of 64 levels in a script, one behind the other' varnotix build INPUT -o built.dcm
+try script_nested 1000 'sequences of 64 levels in a script, one after the other' varnotix build INPUT -o built.dcm
 try script_deep 500000 'levels in one sequence of a script' varnotix build INPUT -o built.dcm
 try script_lines 200000 'lines to apply, each with a new private tag' varnotix apply INPUT base.dcm -o applied.dcm
