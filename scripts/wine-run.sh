@@ -56,5 +56,19 @@ for argument in "$@"; do
     arguments+=("$argument")
 done
 
-exec "${isolated[@]}" "${BASH_SOURCE[0]}" --isolated "${#folders[@]}" "${folders[@]}" \
-    "$(pwd -P)" wine "${arguments[@]}"
+run()
+{
+    "${isolated[@]}" "${BASH_SOURCE[0]}" --isolated "${#folders[@]}" "${folders[@]}" \
+        "$(pwd -P)" wine "${arguments[@]}"
+}
+
+status=0
+run || status=$?
+# Signal 11 is a crash of Wine itself, seen once in eighty runs while a process ended: faults of a Windows program end it
+# with another status.
+if [ "$status" -eq 139 ]; then
+    echo "wine-run.sh: Wine crashed; running the program once more" >&2
+    status=0
+    run || status=$?
+fi
+exit "$status"
