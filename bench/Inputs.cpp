@@ -68,7 +68,7 @@ void AddPublicElements(CStreamMaker& stream, int group, int count)
     for (int element = 1; element < 0x9000; ++element)
     {
         const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(group, element);
-        const std::string vr = entry != nullptr ? VrText(static_cast<int>(entry->vr)) : "";
+        const std::string vr = entry != nullptr ? Varnotix::VrText(static_cast<int>(entry->vr)) : "";
         if (!ValueFor(vr, 0).empty())
         {
             elements.push_back({element, vr});

@@ -61,7 +61,7 @@ CString Tamed(std::string_view text)
     {
         return CString(text);
     }
-    const SAslCommand command = SplitAslCommand(line);
+    const Varnotix::SAslCommand command = Varnotix::SplitAslCommand(line);
     if (!IsOneOf(command.keyword, {"SOURCE_FILE", "PIXEL_DATA_FILE", "PIXEL_DATA_DIR"}))
     {
         return CString(text);

@@ -21,6 +21,10 @@ trap 'rm -f "$exported"' EXIT
 nm --dynamic --defined-only "$library" | cut -d ' ' -f 3- | c++filt | LC_ALL=C sort -u >"$exported"
 [ -s "$exported" ] || die "$library exports nothing"
 
+# The functions that hosts call by name are in the namespace; a global one can meet a host's own.
+global=$(grep -E '^[A-Za-z_]+(\(|$)' "$exported" | grep -vxF 'InitDicomDLL()' || true)
+[ -z "$global" ] || die "exported outside the namespace Varnotix: $global"
+
 if $renew; then
     cp "$exported" "$list"
     printf '%s: %d names\n' "$list" "$(wc -l <"$list")"

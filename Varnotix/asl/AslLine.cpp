@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
-using namespace Varnotix;
+namespace Varnotix
+{
 
 namespace
 {
@@ -74,3 +75,5 @@ bool NextAslValue(std::string_view& values, std::string_view& text)
     text = TakeField(values);
     return true;
 }
+
+} // namespace Varnotix

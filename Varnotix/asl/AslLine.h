@@ -7,6 +7,9 @@
 #include <optional>
 #include <string_view>
 
+namespace Varnotix
+{
+
 /// A line that begins with "#".
 struct SAslCommand
 {
@@ -42,3 +45,5 @@ VARNOTIX_EXPORT SAslElement SplitAslElement(std::string_view line);
 /// Takes the next text from a value list. A comma ends each text; after the last one it may be missing.
 /// @return false at the end of the list; the text is then left alone.
 VARNOTIX_EXPORT bool NextAslValue(std::string_view& values, std::string_view& text);
+
+} // namespace Varnotix

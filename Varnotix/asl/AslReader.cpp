@@ -5,7 +5,8 @@
 #include <algorithm>
 #include <utility>
 
-using namespace Varnotix;
+namespace Varnotix
+{
 
 namespace
 {
@@ -137,3 +138,5 @@ SAslEvent CAslReader::OpenSequence(int line)
     m_begins.push_back(line);
     return {EAslEvent::SequenceBegin, line};
 }
+
+} // namespace Varnotix

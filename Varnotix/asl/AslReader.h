@@ -7,6 +7,9 @@
 #include <optional>
 #include <vector>
 
+namespace Varnotix
+{
+
 /// What the structure reader meets.
 enum class EAslEvent
 {
@@ -67,3 +70,5 @@ private:
     bool m_isAfterSequence = false;
     bool m_isEnded = false;
 };
+
+} // namespace Varnotix

@@ -7,6 +7,9 @@
 #include <bit>
 #include <cstdint>
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -206,3 +209,5 @@ void StoreAslValues(CDcmElement& element, std::string_view values, CScriptNotes&
         break;
     }
 }
+
+} // namespace Varnotix

@@ -10,6 +10,9 @@
 #include <utility>
 #include <vector>
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -251,3 +254,5 @@ void WriteAslFile(const CString& path, const CStringArray& lines)
         // The contract is silent; callers can check the file.
     }
 }
+
+} // namespace Varnotix

@@ -3,6 +3,9 @@
 
 #include "Varnotix/element/DcmElementSet.h"
 
+namespace Varnotix
+{
+
 /// The line of one element: group,element,VR,multiplicity,name,[values]. Each value is followed by a comma; nothing is
 /// escaped. Texts are taken up to their first zero byte. The line is empty for an element that the dictionary does not
 /// know.
@@ -16,3 +19,5 @@ VARNOTIX_EXPORT void AslLines(const CDcmElementSet& set, CStringArray& lines);
 /// Creates or truncates a file and writes the lines, each followed by a line feed. A file that cannot be created or
 /// written is not reported; it may be missing or cut short.
 VARNOTIX_EXPORT void WriteAslFile(const CString& path, const CStringArray& lines);
+
+} // namespace Varnotix

@@ -7,7 +7,8 @@
 #include <cstdint>
 #include <limits>
 
-using namespace Varnotix;
+namespace Varnotix
+{
 
 namespace
 {
@@ -139,3 +140,5 @@ SScanned<float> ScanFloat(std::string_view text)
     scanned.value = minus ? -value : value;
     return scanned;
 }
+
+} // namespace Varnotix

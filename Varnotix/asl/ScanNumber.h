@@ -6,6 +6,9 @@
 
 #include <string_view>
 
+namespace Varnotix
+{
+
 /// The result of a scan. White space before the number is skipped; what follows it is ignored.
 template <class NUMBER>
 struct SScanned
@@ -22,3 +25,5 @@ SScanned<DWORD> ScanUnsigned(std::string_view text);
 SScanned<int> ScanInteger(std::string_view text);
 /// "%f": decimal numbers, "inf" and "nan".
 SScanned<float> ScanFloat(std::string_view text);
+
+} // namespace Varnotix

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-const char* ScriptNoteText(EScriptNote kind)
+const char* Varnotix::ScriptNoteText(EScriptNote kind)
 {
     static constexpr const char* kTexts[] = {
         "the command is unknown and has no effect",

@@ -28,8 +28,13 @@ enum EScriptNote : int
     SCRIPT_BAD_ITEM = 17          ///< "#ITEM" outside a sequence, or not of the next item; it has no effect.
 };
 
+namespace Varnotix
+{
+
 /// The kind in words, for a host that reports it.
 VARNOTIX_EXPORT const char* ScriptNoteText(EScriptNote kind);
+
+} // namespace Varnotix
 
 /// One note.
 struct SScriptNote

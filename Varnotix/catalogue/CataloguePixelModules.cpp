@@ -9,8 +9,8 @@
 #include "Varnotix/catalogue/ReferencedOverLaySequence.h"
 #include "Varnotix/catalogue/RepeatingGroups.h"
 
-const char* const kDefaultCurveGroup = "5000";
-const char* const kDefaultOverlayGroup = "6000";
+const char* const Varnotix::kDefaultCurveGroup = "5000";
+const char* const Varnotix::kDefaultOverlayGroup = "6000";
 
 IMPLEMENT_DCM_REPEATING_CLASS(CDcmCurveModule, CDcmModule, InitializeModule)
 IMPLEMENT_DCM_CLASS(CDcmMultiFrameModule, CDcmModule)

@@ -9,7 +9,7 @@
 class VARNOTIX_EXPORT CDcmCurveModule : public CDcmModule
 {
     // clang-format off
-    DCM_REPEATING_MODULE(CDcmCurveModule, kDefaultCurveGroup)
+    DCM_REPEATING_MODULE(CDcmCurveModule, Varnotix::kDefaultCurveGroup)
     DCM_US              (CurveDimensions,         DCM_GROUP, "0005")
     DCM_US              (NumberOfPoints,          DCM_GROUP, "0010")
     DCM_TEXT            (TypeOfData,              DCM_GROUP, "0020")

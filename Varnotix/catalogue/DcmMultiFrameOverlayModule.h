@@ -8,7 +8,7 @@
 class VARNOTIX_EXPORT CDcmMultiFrameOverlayModule : public CDcmModule
 {
     // clang-format off
-    DCM_REPEATING_MODULE(CDcmMultiFrameOverlayModule, kDefaultOverlayGroup)
+    DCM_REPEATING_MODULE(CDcmMultiFrameOverlayModule, Varnotix::kDefaultOverlayGroup)
     DCM_TEXT(NumberFramesOverlay, DCM_GROUP, "0015")
     DCM_US  (ImageFrameOrigin,    DCM_GROUP, "0051")
     // clang-format on

@@ -8,7 +8,7 @@
 class VARNOTIX_EXPORT CDcmOverLayPlaneModule : public CDcmModule
 {
     // clang-format off
-    DCM_REPEATING_MODULE(CDcmOverLayPlaneModule, kDefaultOverlayGroup)
+    DCM_REPEATING_MODULE(CDcmOverLayPlaneModule, Varnotix::kDefaultOverlayGroup)
     DCM_US     (OverlayRows,          DCM_GROUP, "0010")
     DCM_US     (OverlayColumns,       DCM_GROUP, "0011")
     DCM_TEXT   (OverlayType,          DCM_GROUP, "0040")

@@ -8,7 +8,7 @@
 class VARNOTIX_EXPORT CReferencedOverLaySequence : public CDcmSequence
 {
     // clang-format off
-    DCM_REPEATING_SEQUENCE(CReferencedOverLaySequence, kDefaultCurveGroup)
+    DCM_REPEATING_SEQUENCE(CReferencedOverLaySequence, Varnotix::kDefaultCurveGroup)
     DCM_DECLARED("0008",    "1150")
     DCM_DECLARED("0008",    "1155")
     DCM_DECLARED(DCM_GROUP, "2610")

@@ -5,6 +5,9 @@
 
 #include <algorithm>
 
+namespace Varnotix
+{
+
 inline WORD Word(const BYTE* bytes, bool bigEndian)
 {
     return bigEndian ? static_cast<WORD>((bytes[0] << 8) | bytes[1]) : static_cast<WORD>(bytes[0] | (bytes[1] << 8));
@@ -57,3 +60,5 @@ inline void CopySwapped(const BYTE* from, std::size_t size, std::size_t width, B
     }
     std::copy(from + whole, from + size, to + whole);
 }
+
+} // namespace Varnotix

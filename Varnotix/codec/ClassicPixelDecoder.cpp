@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace Varnotix;
+
 namespace
 {
 

@@ -71,7 +71,7 @@ void CDcmParser::Reset(int)
 
 void CDcmParser::SetOutputSyntax(const CString& uid)
 {
-    m_outputSyntax = SyntaxOfUid(uid);
+    m_outputSyntax = Varnotix::SyntaxOfUid(uid);
     m_outputForm = Varnotix::PixelFormOfUid(uid);
 }
 

@@ -7,6 +7,8 @@
 #include "Varnotix/element/DcmFrameList.h"
 #include "Varnotix/element/TypedValue.h"
 
+using namespace Varnotix;
+
 namespace
 {
 

@@ -6,6 +6,9 @@
 #include "Varnotix/registry/LaterVr.h"
 #include "Varnotix/registry/Tag.h"
 
+namespace Varnotix
+{
+
 inline constexpr std::size_t kLongHeaderSize = 12; ///< Tag, VR, two reserved bytes, 32-bit length.
 inline constexpr std::size_t kShortHeaderSize = 8; ///< Tag, VR, 16-bit length; or tag and 32-bit length.
 
@@ -13,7 +16,7 @@ inline constexpr std::size_t kShortHeaderSize = 8; ///< Tag, VR, 16-bit length; 
 struct SExplicitVr
 {
     int code; ///< VR_UN where the letters are unknown.
-    Varnotix::ELaterVr laterVr;
+    ELaterVr laterVr;
     bool isKnown;     ///< One of the VRs of the standard.
     bool hasLongForm; ///< Also for unknown letters: VRs to come will have it (PS3.5 section 6.2).
 };
@@ -25,7 +28,6 @@ inline bool IsVrLetter(BYTE byte)
 
 inline SExplicitVr ExplicitVrOf(const BYTE* letters)
 {
-    using Varnotix::ELaterVr;
     if (IsVrLetter(letters[0]) && IsVrLetter(letters[1]))
     {
         const int code = VrCodeOfBytes(letters[0], letters[1]);
@@ -33,10 +35,10 @@ inline SExplicitVr ExplicitVrOf(const BYTE* letters)
         {
             return {code, ELaterVr::None, true, HasLongForm(code)};
         }
-        const ELaterVr later = Varnotix::LaterVrOfBytes(letters[0], letters[1]);
+        const ELaterVr later = LaterVrOfBytes(letters[0], letters[1]);
         if (later != ELaterVr::None)
         {
-            return {Varnotix::CarrierVr(later), later, true, true};
+            return {CarrierVr(later), later, true, true};
         }
     }
     return {VR_UN, ELaterVr::None, false, true};
@@ -52,11 +54,13 @@ inline bool IsBigEndian(int syntax)
 inline DWORD TagAt(const BYTE* header, int syntax)
 {
     const bool bigEndian = IsBigEndian(syntax);
-    return Varnotix::Tag::Make(Word(header, bigEndian), Word(header + 2, bigEndian));
+    return Tag::Make(Word(header, bigEndian), Word(header + 2, bigEndian));
 }
 
 /// Width in bytes of the numbers that a big endian stream holds in reverse, for a VR and the later VR beside it.
-inline std::size_t SwapWidthOf(int vr, Varnotix::ELaterVr laterVr)
+inline std::size_t SwapWidthOf(int vr, ELaterVr laterVr)
 {
-    return laterVr != Varnotix::ELaterVr::None ? Varnotix::SwapWidth(laterVr) : SwapWidth(vr);
+    return laterVr != ELaterVr::None ? SwapWidth(laterVr) : SwapWidth(vr);
 }
+
+} // namespace Varnotix

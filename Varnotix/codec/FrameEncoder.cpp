@@ -4,6 +4,8 @@
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/element/DcmFrameList.h"
 
+using namespace Varnotix;
+
 CFrameEncoder::CFrameEncoder(const CDcmFrameList& frames, int vr, int syntax)
     : m_frames(frames), m_bigEndian(syntax == SYNTAX_EXPLICIT_BIG), m_swapped(m_bigEndian && vr == VR_OW)
 {

@@ -3,6 +3,8 @@
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/element/DcmFrameList.h"
 
+using namespace Varnotix;
+
 namespace
 {
 

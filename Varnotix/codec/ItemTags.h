@@ -5,6 +5,9 @@
 #include "Varnotix/codec/OutputBuffer.h"
 #include "Varnotix/registry/Tag.h"
 
+namespace Varnotix
+{
+
 inline constexpr DWORD kUndefinedLength = 0xFFFFFFFFU;
 
 /// Tag and 32-bit length.
@@ -25,7 +28,9 @@ inline void PutSwapped(const BYTE* bytes, std::size_t size, std::size_t width, C
 inline void PutItemTag(COutputBuffer& out, DWORD tag, bool bigEndian, DWORD length)
 {
     BYTE* header = out.Room(kItemHeaderSize);
-    PutWord(header, static_cast<DWORD>(Varnotix::Tag::Group(tag)), bigEndian);
-    PutWord(header + 2, static_cast<DWORD>(Varnotix::Tag::Element(tag)), bigEndian);
+    PutWord(header, static_cast<DWORD>(Tag::Group(tag)), bigEndian);
+    PutWord(header + 2, static_cast<DWORD>(Tag::Element(tag)), bigEndian);
     PutDoubleWord(header + 4, length, bigEndian);
 }
+
+} // namespace Varnotix

@@ -2,7 +2,7 @@
 
 IMPLEMENT_DYNAMIC(CParseException, CException)
 
-const char* ParseFaultText(int fault)
+const char* Varnotix::ParseFaultText(int fault)
 {
     static constexpr const char* kTexts[] = {
         "a value length is larger than the whole stream",

@@ -33,8 +33,13 @@ enum EParseFault : int
     PARSE_UNDEFINED_LENGTH = 19 ///< A value of undefined length that is neither a sequence nor Pixel Data.
 };
 
+namespace Varnotix
+{
+
 /// The fault in words, for a host that reports it.
 VARNOTIX_EXPORT const char* ParseFaultText(int fault);
+
+} // namespace Varnotix
 
 /// Thrown inside the stream decoder and caught by its read loop; it never reaches a caller of the library. The code
 /// alone carries the meaning.

@@ -5,6 +5,9 @@
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -17,8 +20,8 @@ int WeightOf(DWORD tag)
     {
         return 2;
     }
-    const bool isPrivate = Varnotix::Tag::IsPrivate(tag);
-    const bool isGroupLength = Varnotix::Tag::IsGroupLength(tag);
+    const bool isPrivate = Tag::IsPrivate(tag);
+    const bool isGroupLength = Tag::IsGroupLength(tag);
     return isPrivate || isGroupLength ? 1 : 0;
 }
 
@@ -114,3 +117,5 @@ int ProbeSyntax(const BYTE* data, std::size_t size)
     }
     return best;
 }
+
+} // namespace Varnotix

@@ -5,6 +5,9 @@
 
 #include <cstddef>
 
+namespace Varnotix
+{
+
 /// How many elements from the beginning make sense in a syntax (see ESyntax): a VR or a tag that the standard has,
 /// ascending tags, lengths inside the data set. At most 16 are looked at.
 /// @return 0 where not even the first one does.
@@ -12,3 +15,5 @@ int ElementsThatFit(const BYTE* data, std::size_t size, int syntax);
 
 /// The syntax that the first elements speak for most, tags of the standard above all; SYNTAX_UNKNOWN when none fits.
 int ProbeSyntax(const BYTE* data, std::size_t size);
+
+} // namespace Varnotix

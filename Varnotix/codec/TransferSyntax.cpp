@@ -3,6 +3,9 @@
 #include "Varnotix/registry/DcmRegistry.h"
 #include "Varnotix/registry/UidRow.h"
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -20,12 +23,8 @@ int SyntaxOfUid(const CString& uid)
     {
         return row;
     }
-    return row == Varnotix::UID_DEFLATED_LITTLE || Varnotix::IsEncapsulated(row) ? SYNTAX_EXPLICIT_LITTLE
-                                                                                 : SYNTAX_UNKNOWN;
+    return row == UID_DEFLATED_LITTLE || IsEncapsulated(row) ? SYNTAX_EXPLICIT_LITTLE : SYNTAX_UNKNOWN;
 }
-
-namespace Varnotix
-{
 
 EPixelForm PixelFormOfUid(const CString& uid)
 {

@@ -94,7 +94,7 @@ public:
     /// Four lower-case hexadecimal digits.
     CString GroupText() const;
     CString ElementText() const;
-    CString VrName() const { return CString(VrText(m_vr)); }
+    CString VrName() const { return CString(Varnotix::VrText(m_vr)); }
     /// The attribute's name in the dictionary; empty without entry.
     CString Name() const { return m_entry != nullptr ? m_entry->name : CString(); }
 
@@ -265,7 +265,7 @@ private:
     CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcmElementSet> items);
 
     void CreateOwned();
-    bool TakesValue(EVrKind kind) const { return m_entry != nullptr && VrKind(m_vr) == kind; }
+    bool TakesValue(EVrKind kind) const { return m_entry != nullptr && Varnotix::VrKind(m_vr) == kind; }
     bool HoldsFrames() const;
     void BuildValue() const;
     void DropValues();

@@ -45,7 +45,7 @@ CValueBytes NumberBytes(const ARRAY& numbers, std::string_view raw)
 
 CValueBytes CDcmElement::ValueBytes() const
 {
-    const EVrKind kind = VrKind(m_vr);
+    const EVrKind kind = Varnotix::VrKind(m_vr);
     if (m_valueFromRaw || kind == EVrKind::RawOnly)
     {
         return CValueBytes(m_raw.Text());

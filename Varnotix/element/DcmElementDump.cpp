@@ -28,7 +28,7 @@ void CDcmElement::Dump(CDumpContext& context) const
 {
     context << "[" << GroupText() << "][" << ElementText() << "][" << Vm() << "][" << VrName() << "][" << Name() << "]";
     context << "[vfl=" << EncodedValueSize() << "]";
-    switch (VrKind(m_vr))
+    switch (Varnotix::VrKind(m_vr))
     {
     case EVrKind::Text:
         context << "[sz=" << (Texts() != nullptr ? Texts()->GetSize() : 0) << "][\"" << JoinedText() << "\"]\n";

@@ -81,7 +81,7 @@ void CDcmElement::BuildValue() const
 
 void CDcmElement::BuildFrom(const CSharedBytes& raw) const
 {
-    switch (VrKind(m_vr))
+    switch (Varnotix::VrKind(m_vr))
     {
     case EVrKind::Text:
     {
@@ -146,7 +146,7 @@ CStringArray* CDcmElement::Texts()
 
 CWordArray* CDcmElement::Words()
 {
-    if (VrKind(m_vr) == EVrKind::OtherWords)
+    if (Varnotix::VrKind(m_vr) == EVrKind::OtherWords)
     {
         return m_frames ? nullptr : ValuesOf<CWordArray>(EVrKind::OtherWords);
     }
@@ -204,7 +204,7 @@ CString CDcmElement::JoinedText() const
 
 bool CDcmElement::IsEmptyValue() const
 {
-    const EVrKind kind = VrKind(m_vr);
+    const EVrKind kind = Varnotix::VrKind(m_vr);
     if (m_entry == nullptr || kind == EVrKind::RawOnly)
     {
         return false;

@@ -16,13 +16,13 @@ namespace
 
 bool IsOne(const CString& text)
 {
-    return ScanInteger(text.CText()).value == 1;
+    return Varnotix::ScanInteger(text.CText()).value == 1;
 }
 
 /// A size that the script gives, without its sign, or the one that was seen.
 WORD SizeOr(const CString& text, WORD seen)
 {
-    const SScanned<int> scanned = ScanInteger(text.CText());
+    const auto scanned = Varnotix::ScanInteger(text.CText());
     const unsigned size = static_cast<unsigned>(scanned.value);
     return scanned.found ? static_cast<WORD>(scanned.value < 0 ? 0U - size : size) : seen;
 }
@@ -32,14 +32,14 @@ void TakeSourceFile(const CString& path, CDcmIOD& object, SScriptSource& source)
 {
     CDcmCompositeIOD file;
     file.StreamRules(object.StreamRules());
-    ReadObject(path, file);
+    Varnotix::ReadObject(path, file);
     CDcmImagePixelModule pixel;
     CDcmMultiFrameModule multiFrame;
     file >> pixel;
     file >> multiFrame;
     object << pixel;
     object << multiFrame;
-    const CDcmFrameList* frames = FramesOf(pixel);
+    const CDcmFrameList* frames = Varnotix::FramesOf(pixel);
     source.frames = frames != nullptr ? frames->GetCount() : 0;
     source.state = file.GetCount() == 0 ? SCRIPT_SOURCE_NO_OBJECT
                    : source.frames == 0 ? SCRIPT_SOURCE_NO_FRAMES

@@ -28,7 +28,7 @@ void WriteToMemory(CByteArray& bytes, const WRITE& write)
 
 void CDcmIOD::IodSyntax(const CString& uid)
 {
-    const int syntax = SyntaxOfUid(uid);
+    const int syntax = Varnotix::SyntaxOfUid(uid);
     if (syntax != SYNTAX_UNKNOWN)
     {
         m_requestedSyntax = syntax;

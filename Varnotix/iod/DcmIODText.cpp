@@ -65,7 +65,7 @@ void CDcmIOD::Export(CStringArray& lines) const
     lines.Add(CountLine("COUNT", GetCount()));
     lines.Add(CountLine("COUNT_ALL", GetCountAll()));
     lines.Add("#ATTRIBUTE_SET_BEGIN");
-    AslLines(*m_store, lines);
+    Varnotix::AslLines(*m_store, lines);
     lines.Add("#ATTRIBUTE_SET_END");
 }
 
@@ -74,7 +74,7 @@ void CDcmIOD::Export(const CString& path) const
     CStringArray lines;
     Export(lines);
     lines.Add(CString());
-    WriteAslFile(path, lines);
+    Varnotix::WriteAslFile(path, lines);
 }
 
 void CDcmIOD::ImportFromASL(const CString& path)

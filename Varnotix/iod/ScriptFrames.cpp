@@ -49,7 +49,7 @@ bool FindSources(const CString& pattern, CStringArray& names)
 
 } // namespace
 
-const char* ScriptSourceText(EScriptSource state)
+const char* Varnotix::ScriptSourceText(EScriptSource state)
 {
     static constexpr const char* kTexts[] = {
         "taken",
@@ -66,14 +66,14 @@ const char* ScriptSourceText(EScriptSource state)
     return state >= 0 && state < static_cast<int>(std::size(kTexts)) ? kTexts[state] : "";
 }
 
-void ReadObject(const CString& path, CDcmCompositeIOD& object)
+void Varnotix::ReadObject(const CString& path, CDcmCompositeIOD& object)
 {
     CFile file(path, CFile::modeRead);
     CArchive archive(&file, CArchive::load, 4096);
     object.Serialize(archive);
 }
 
-const CDcmFrameList* FramesOf(const CDcmImagePixelModule& pixel)
+const CDcmFrameList* Varnotix::FramesOf(const CDcmImagePixelModule& pixel)
 {
     const CDcmElement* data = pixel.GetDcmElementSet().Find(Tag::kPixelData);
     return data != nullptr ? data->Frames() : nullptr;

@@ -11,11 +11,16 @@ class CDcmAttributeScript;
 class CDcmCompositeIOD;
 class CDcmImagePixelModule;
 
+namespace Varnotix
+{
+
 /// Reads a DICOM file; throws CFileException when it cannot be opened.
 void ReadObject(const CString& path, CDcmCompositeIOD& object);
 
 /// The frames that a module holds, or null.
 const CDcmFrameList* FramesOf(const CDcmImagePixelModule& pixel);
+
+} // namespace Varnotix
 
 /// Gathers frames from the pictures and DICOM files that a script names or finds by pattern.
 class CScriptFrames

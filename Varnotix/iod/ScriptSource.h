@@ -18,8 +18,13 @@ enum EScriptSource : int
     SCRIPT_SOURCE_PASSED_OVER = 9   ///< The script names a source file too, which takes precedence.
 };
 
+namespace Varnotix
+{
+
 /// The state in words, for a host that reports it.
 VARNOTIX_EXPORT const char* ScriptSourceText(EScriptSource state);
+
+} // namespace Varnotix
 
 /// One file.
 struct SScriptSource

@@ -183,12 +183,12 @@ void CDcmAttributeSet::Export(CStringArray& lines) const
     lines.Add(header);
     header.Format("#count_all=%d", GetCountAll());
     lines.Add(header);
-    AslLines(m_elements, lines);
+    Varnotix::AslLines(m_elements, lines);
 }
 
 void CDcmAttributeSet::Export(const CString& path) const
 {
     CStringArray lines;
     Export(lines);
-    WriteAslFile(path, lines);
+    Varnotix::WriteAslFile(path, lines);
 }

@@ -14,7 +14,7 @@ CDcmElement* PixelData(const CDcmElementSet& set)
     return set.Find(Varnotix::Tag::kPixelData);
 }
 
-SRleImage RleImage(CDcmImagePixelModule& module)
+Varnotix::SRleImage RleImage(CDcmImagePixelModule& module)
 {
     return {module.Rows(), module.Columns(), module.BitsAllocated(),
             CDcmRegistry::Global().PhotoMetricEnum(module.PhotoMetricInterpretation())};
@@ -73,10 +73,10 @@ void CDcmImagePixelModule::SetPixelData(const CWordArray& words)
 
 void CDcmImagePixelModule::DcmRleDecode(const CByteArray& rle, CByteArray& pixels)
 {
-    Code([&] { RleDecode(RleImage(*this), rle, pixels); });
+    Code([&] { Varnotix::RleDecode(RleImage(*this), rle, pixels); });
 }
 
 void CDcmImagePixelModule::DcmRleEncode(CByteArray& data)
 {
-    Code([&] { RleEncode(RleImage(*this), data); });
+    Code([&] { Varnotix::RleEncode(RleImage(*this), data); });
 }

@@ -5,6 +5,9 @@
 #include <cstdint>
 #include <cstring>
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -276,3 +279,5 @@ std::vector<BYTE> EncodePackBits(std::span<const BYTE> input)
     }
     return encoder.Result();
 }
+
+} // namespace Varnotix

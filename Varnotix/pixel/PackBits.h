@@ -7,6 +7,9 @@
 #include <span>
 #include <vector>
 
+namespace Varnotix
+{
+
 /// Decodes a segment into every stride-th byte of the output, which the caller has zeroed.
 /// @param input the segment and all that follows it: literal bytes are taken without regard to the segment's end, but
 ///        never from outside the input.
@@ -20,3 +23,5 @@ bool DecodePackBits(std::span<const BYTE> input, std::size_t segmentSize, BYTE* 
 /// start of its output. The result has the length of all that was produced, but only what lies in the room is kept:
 /// input that does not shrink gives a damaged result.
 std::vector<BYTE> EncodePackBits(std::span<const BYTE> input);
+
+} // namespace Varnotix

@@ -9,6 +9,9 @@
 #include <array>
 #include <cstdint>
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -168,3 +171,5 @@ void RleEncode(const SRleImage& image, CByteArray& data)
     }
     data.Swap(encoded);
 }
+
+} // namespace Varnotix

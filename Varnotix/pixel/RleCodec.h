@@ -3,6 +3,9 @@
 
 #include "Varnotix/platform/Arrays.h"
 
+namespace Varnotix
+{
+
 /// What the codec needs to know of an image.
 struct SRleImage
 {
@@ -31,3 +34,5 @@ void RleDecode(const SRleImage& image, const CByteArray& rle, CByteArray& pixels
 /// The encoder's room for a segment is the size of the segment's input. Input that does not shrink overwrites the
 /// start of its own output, and the result is damaged: pass only data that compresses.
 void RleEncode(const SRleImage& image, CByteArray& data);
+
+} // namespace Varnotix

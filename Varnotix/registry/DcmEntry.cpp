@@ -9,8 +9,8 @@ CDcmEntry::CDcmEntry(int vrCode, int valueMultiplicity, const CString& attribute
 }
 
 CDcmType::CDcmType(int vr)
-    : text(VrRow(vr).description),
-      maxLength(VrRow(vr).maxLength),
+    : text(Varnotix::VrRow(vr).description),
+      maxLength(Varnotix::VrRow(vr).maxLength),
       // AS shares code 0 with AE: clients have stored these codes.
       code(vr == VR_AS ? 0U : static_cast<DWORD>(vr))
 {

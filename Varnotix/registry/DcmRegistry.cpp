@@ -98,7 +98,7 @@ const CDcmEntry& PrivateEntry(int vr, int multiplicity)
 
 const CDcmEntry* AddTo(CEntryTable& table, int group, int element, const CString& vr, int multiplicity)
 {
-    const int vrCode = VrCode(vr.CText());
+    const int vrCode = Varnotix::VrCode(vr.CText());
     return table.Add(CEntryTable::KeyOfTag(group, element),
                      PrivateEntry(vrCode == VR_UNKNOWN ? VR_OB : vrCode, multiplicity));
 }
@@ -106,7 +106,7 @@ const CDcmEntry* AddTo(CEntryTable& table, int group, int element, const CString
 /// Multiplicity of a tag that no dictionary lists: any number of values where the VR can hold several.
 int UnlistedMultiplicity(int vr)
 {
-    switch (VrKind(vr))
+    switch (Varnotix::VrKind(vr))
     {
     case EVrKind::Text:
         return vr == VR_LT || vr == VR_ST || vr == VR_UT ? 1 : -1;

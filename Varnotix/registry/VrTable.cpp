@@ -4,6 +4,9 @@
 
 #include <array>
 
+namespace Varnotix
+{
+
 namespace
 {
 
@@ -103,10 +106,12 @@ int VrCode(std::string_view text)
         {"usss", VR_US}, {"csob", VR_OB}, {"usssow", VR_OW}, {"obow", VR_OB}, {"none", VR_NONE}};
     for (const SSpelling& spelling : kSpellings)
     {
-        if (Varnotix::EqualNoCase(text, spelling.text))
+        if (EqualNoCase(text, spelling.text))
         {
             return spelling.vr;
         }
     }
     return VR_UNKNOWN;
 }
+
+} // namespace Varnotix

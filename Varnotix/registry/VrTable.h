@@ -61,6 +61,9 @@ enum class EVrKind : BYTE
     RawOnly     ///< No typed value: UN and the codes without a name.
 };
 
+namespace Varnotix
+{
+
 /// One row of the VR type table.
 struct VARNOTIX_EXPORT SVrRow
 {
@@ -105,3 +108,5 @@ inline bool HasLongForm(int vr)
 {
     return vr == VR_OB || vr == VR_OF || vr == VR_OW || vr == VR_SQ || vr == VR_UN || vr == VR_UT;
 }
+
+} // namespace Varnotix

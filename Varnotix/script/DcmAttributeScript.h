@@ -5,10 +5,14 @@
 #include "Varnotix/codec/StreamRules.h"
 #include "Varnotix/modules/DcmAttributeModule.h"
 
-class CAslReader;
 class CScriptItems;
+
+namespace Varnotix
+{
+class CAslReader;
 struct SAslCommand;
 struct SAslEvent;
+} // namespace Varnotix
 
 /// Reads a script's lines: element lines go into a module, command lines are recorded.
 ///
@@ -63,11 +67,12 @@ public:
     const CStringArray& AnonymizeGroups() const { return m_anonymizeGroups; }
 
 private:
-    void ReadSet(CAslReader& reader, CDcmAttributeModule& module, CScriptItems* items, int depth);
-    CDcmElement* ReadElement(const SAslEvent& event, CDcmAttributeModule& module);
-    void ReadSequence(CAslReader& reader, int begin, CDcmElement* element, int depth);
-    CDcmAttributeModule& ReadCommand(const SAslEvent& event, CDcmAttributeModule& module, CScriptItems* items);
-    bool Record(const SAslCommand& command);
+    void ReadSet(Varnotix::CAslReader& reader, CDcmAttributeModule& module, CScriptItems* items, int depth);
+    CDcmElement* ReadElement(const Varnotix::SAslEvent& event, CDcmAttributeModule& module);
+    void ReadSequence(Varnotix::CAslReader& reader, int begin, CDcmElement* element, int depth);
+    CDcmAttributeModule& ReadCommand(const Varnotix::SAslEvent& event, CDcmAttributeModule& module,
+                                     CScriptItems* items);
+    bool Record(const Varnotix::SAslCommand& command);
 
     EStreamRules m_streamRules = STREAM_RULES_CLASSIC;
     CString m_sourceFile;

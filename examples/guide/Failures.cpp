@@ -9,8 +9,8 @@ void TellWhatTheReadMet(const CDcmIOD& object)
     {
         for (const SReadTrial& trial : object.ReadTrials())
         {
-            std::cout << "syntax " << trial.syntax << ", byte " << trial.offset << ": " << ParseFaultText(trial.fault)
-                      << '\n';
+            std::cout << "syntax " << trial.syntax << ", byte " << trial.offset << ": "
+                      << Varnotix::ParseFaultText(trial.fault) << '\n';
         }
     }
     for (const SReadNote& note : object.ReadNotes())

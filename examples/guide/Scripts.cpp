@@ -7,12 +7,12 @@ void TellWhatTheScriptMet(const CDcmCompositeIOD& object)
 {
     for (const SScriptNote& note : object.ScriptNotes())
     {
-        std::cout << "line " << note.line + 1 << ": " << ScriptNoteText(note.kind) << '\n';
+        std::cout << "line " << note.line + 1 << ": " << Varnotix::ScriptNoteText(note.kind) << '\n';
     }
     for (const SScriptSource& source : object.ScriptSources())
     {
-        std::cout << source.name.CText() << ": " << ScriptSourceText(source.state) << "; frames: " << source.frames
-                  << '\n';
+        std::cout << source.name.CText() << ": " << Varnotix::ScriptSourceText(source.state)
+                  << "; frames: " << source.frames << '\n';
     }
 }
 

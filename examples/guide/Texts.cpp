@@ -20,6 +20,6 @@ void Texts()
     std::cout << again.GetCount() << " of " << object.GetCount() << " elements\n";
     for (const SScriptNote& note : again.ScriptNotes())
     {
-        std::cout << "line " << note.line + 1 << ": " << ScriptNoteText(note.kind) << '\n';
+        std::cout << "line " << note.line + 1 << ": " << Varnotix::ScriptNoteText(note.kind) << '\n';
     }
 }

@@ -13,7 +13,7 @@ using Texts = std::vector<std::string>;
 
 std::string LineOf(const CDcmElement& element)
 {
-    return std::string(AslElementLine(element).View());
+    return std::string(Varnotix::AslElementLine(element).View());
 }
 
 std::string LineOf(int group, int element, const CByteArray& value)

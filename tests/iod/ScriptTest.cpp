@@ -58,7 +58,7 @@ States Create(CDcmCompositeIOD& object, const Texts& script)
     States states;
     for (const SScriptSource& source : object.ScriptSources())
     {
-        EXPECT_STRNE(ScriptSourceText(source.state), "");
+        EXPECT_STRNE(Varnotix::ScriptSourceText(source.state), "");
         states.push_back(source.state);
     }
     return states;

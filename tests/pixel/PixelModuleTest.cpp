@@ -20,7 +20,7 @@ std::string FramesOf(CDcmImagePixelModule& module)
 {
     CObList list;
     module.GetPixelData(list);
-    std::string text = VrText(PixelData(module).Vr());
+    std::string text = Varnotix::VrText(PixelData(module).Vr());
     int number = 0;
     for (CObject* array : list)
     {

@@ -16,15 +16,15 @@ TEST(InitDicomDll, LetsClassesBeFoundByNameFromThenOn)
 
 TEST(VrTable, CodesTextsSpellingsAndLimitsAreFixed)
 {
-    EXPECT_STREQ(VrText(0), "AE");
-    EXPECT_STREQ(VrText(18), "SQ");
-    EXPECT_STREQ(VrText(VR_NONE), "NONE");
+    EXPECT_STREQ(Varnotix::VrText(0), "AE");
+    EXPECT_STREQ(Varnotix::VrText(18), "SQ");
+    EXPECT_STREQ(Varnotix::VrText(VR_NONE), "NONE");
     for (const int code : {-1, 27, 29, 1000})
     {
-        EXPECT_STREQ(VrText(code), "");
+        EXPECT_STREQ(Varnotix::VrText(code), "");
     }
-    EXPECT_EQ(VrRow(VR_LT).maxLength, 10240U);
-    EXPECT_EQ(VrRow(VR_UT).maxLength, 4294967294U);
+    EXPECT_EQ(Varnotix::VrRow(VR_LT).maxLength, 10240U);
+    EXPECT_EQ(Varnotix::VrRow(VR_UT).maxLength, 4294967294U);
     EXPECT_EQ(CDcmType(VR_AT).code, 2U);
     // Spellings of VRs that depend on the context have one code each.
     const std::pair<const char*, int> codes[] = {
@@ -33,7 +33,7 @@ TEST(VrTable, CodesTextsSpellingsAndLimitsAreFixed)
         {"PNX", VR_UNKNOWN}, {"usow", VR_UNKNOWN}, {"\x10N", VR_UNKNOWN}, {"0B", VR_UNKNOWN}};
     for (const auto& [text, code] : codes)
     {
-        EXPECT_EQ(VrCode(text), code) << text;
+        EXPECT_EQ(Varnotix::VrCode(text), code) << text;
     }
 }
 

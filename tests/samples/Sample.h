@@ -87,7 +87,7 @@ inline void AddLines(const CDcmElementSet& set, const std::string& path, Lines& 
         }
         // Long values as their hash, which shows any difference as well.
         const std::string value = ShowValue(element);
-        lines[place] = std::string(VrText(element.Vr())) + " " +
+        lines[place] = std::string(Varnotix::VrText(element.Vr())) + " " +
                        (value.size() < 100 ? value : std::to_string(std::hash<std::string>()(value)));
         if (const CDcmElementSet* items = element.Items())
         {

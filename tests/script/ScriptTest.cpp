@@ -30,7 +30,7 @@ struct SRead
         for (const SScriptNote& note : script.Notes())
         {
             notes.push_back(std::to_string(note.line) + ":" + std::to_string(note.kind));
-            EXPECT_STRNE(ScriptNoteText(note.kind), "");
+            EXPECT_STRNE(Varnotix::ScriptNoteText(note.kind), "");
         }
     }
 
@@ -38,7 +38,7 @@ struct SRead
     Texts Elements()
     {
         CStringArray lines;
-        AslLines(module.GetDcmElementSet(), lines);
+        Varnotix::AslLines(module.GetDcmElementSet(), lines);
         return Lines(lines);
     }
 

@@ -108,7 +108,7 @@ inline std::string Show(const CDcmElementSet& set)
         const CDcmElementSet* items = element.Items();
         const std::string value = items != nullptr ? "{" + Show(*items) + "}" : ShowValue(element);
         text += (i > 0 ? "; " : "") + std::string(element.GroupText()) + std::string(element.ElementText()) + " " +
-                VrText(element.Vr()) + (value.empty() ? "" : " " + value);
+                Varnotix::VrText(element.Vr()) + (value.empty() ? "" : " " + value);
     }
     return text;
 }

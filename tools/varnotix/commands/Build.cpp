@@ -139,11 +139,11 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
     {
         if (note.kind == SCRIPT_OTHER_VR)
         {
-            m_report.Detail(ScriptPlace(m_name, note.line) + ": " + ScriptNoteText(note.kind));
+            m_report.Detail(ScriptPlace(m_name, note.line) + ": " + Varnotix::ScriptNoteText(note.kind));
         }
         else if (note.kind != SCRIPT_NOT_IMPORTED || !replaced.contains(note.line))
         {
-            faults.push_back({note.line, ScriptNoteText(note.kind)});
+            faults.push_back({note.line, Varnotix::ScriptNoteText(note.kind)});
         }
     }
     return ReportFaults(m_name, faults, m_report) == 0;
@@ -178,7 +178,7 @@ int CBuilder::Syntax(const SObjectForm& form) const
     {
         return m_wanted.syntax;
     }
-    const int named = form.compressed ? SYNTAX_UNKNOWN : SyntaxOfUid(form.transferSyntax);
+    const int named = form.compressed ? SYNTAX_UNKNOWN : Varnotix::SyntaxOfUid(form.transferSyntax);
     return named == SYNTAX_UNKNOWN ? SYNTAX_EXPLICIT_LITTLE : named;
 }
 

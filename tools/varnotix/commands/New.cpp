@@ -61,7 +61,7 @@ CString EmptyLine(const CDcmElement& attribute)
 {
     CString line;
     line.Format("%04x,%04x,%s,%d,", static_cast<unsigned>(attribute.Group()),
-                static_cast<unsigned>(attribute.Element()), VrText(attribute.Vr()), attribute.Vm());
+                static_cast<unsigned>(attribute.Element()), Varnotix::VrText(attribute.Vr()), attribute.Vm());
     return line + attribute.Name() + ",[]";
 }
 

@@ -67,7 +67,8 @@ SReadStop ClassicStop(const CDcmIOD& object, CArchive& archive)
     SReadStop stop = StopOf(other, *archive.GetFile());
     if (stop.IsEmpty() && other.GetCount() > 0 && !object.ReadTrials().empty())
     {
-        stop.reason = CString("the classic rules cannot read it: ") + ParseFaultText(object.ReadTrials().back().fault);
+        stop.reason =
+            CString("the classic rules cannot read it: ") + Varnotix::ParseFaultText(object.ReadTrials().back().fault);
     }
     stop.trials = object.ReadTrials();
     return stop;
@@ -212,7 +213,7 @@ int ReportStop(const CString& path, const SReadStop& stop, const CReport& report
         const SReadTrial& trial = stop.trials[i];
         CString line;
         line.Format("%s: fault %d at offset %lu: %s", SyntaxName(trial.syntax), trial.fault,
-                    static_cast<unsigned long>(trial.offset), ParseFaultText(trial.fault));
+                    static_cast<unsigned long>(trial.offset), Varnotix::ParseFaultText(trial.fault));
         report.ErrorLine(line);
     }
     return STATUS_UNREADABLE;

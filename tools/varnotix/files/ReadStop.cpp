@@ -69,7 +69,7 @@ CString ReasonOf(const SReadNote& note, CFile& file)
     case PARSE_SHORT_ITEM:
         return Offset("cut off at byte %llu inside ", size) + PlaceOf(note.tag);
     default:
-        return CString(ParseFaultText(fault)) + Offset(" at byte %llu, in ", note.offset) + PlaceOf(note.tag);
+        return CString(Varnotix::ParseFaultText(fault)) + Offset(" at byte %llu, in ", note.offset) + PlaceOf(note.tag);
     }
 }
 

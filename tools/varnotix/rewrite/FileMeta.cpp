@@ -126,7 +126,7 @@ CString UidToWrite(const SObjectForm& form, const CString& input, int syntax, co
 
 CString UidToKeep(const SObjectForm& form, const CString& input, const CReport& report)
 {
-    const int named = SyntaxOfUid(form.transferSyntax);
+    const int named = Varnotix::SyntaxOfUid(form.transferSyntax);
     if (!form.transferSyntax.IsEmpty() && (named == form.syntax || named == SYNTAX_UNKNOWN))
     {
         return form.transferSyntax;

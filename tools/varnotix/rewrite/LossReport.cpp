@@ -56,7 +56,7 @@ void CLossReport::AddReadNotes(const CDcmIOD& object)
     for (const SReadNote& note : object.ReadNotes())
     {
         const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(note.tag);
-        const CString kept(entry != nullptr ? VrText(static_cast<int>(entry->vr)) : "");
+        const CString kept(entry != nullptr ? Varnotix::VrText(static_cast<int>(entry->vr)) : "");
         const CString where = TagAndName(note.tag) + Number(" at offset %lu", note.offset);
         switch (note.note)
         {
@@ -74,7 +74,8 @@ void CLossReport::AddReadNotes(const CDcmIOD& object)
             break;
         case READ_VR_OF_DICTIONARY:
             Add(ELoss::VrChanged, where,
-                CString("VR ") + VrText(static_cast<int>(note.count)) + " replaced by the dictionary's " + kept);
+                CString("VR ") + Varnotix::VrText(static_cast<int>(note.count)) + " replaced by the dictionary's " +
+                    kept);
             break;
         case READ_BYTES_LEFT:
             Add(ELoss::BytesLeft, Number("offset %lu", note.offset),

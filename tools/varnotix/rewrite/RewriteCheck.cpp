@@ -153,7 +153,7 @@ void CComparison::CompareVr(const SSnapshot& before, const SSnapshot& after, con
         if (before.vr != after.vr)
         {
             m_losses.Add(ELoss::VrChanged, place,
-                         CString("VR ") + VrText(before.vr) + " is written as " + VrText(after.vr));
+                         CString("VR ") + Varnotix::VrText(before.vr) + " is written as " + Varnotix::VrText(after.vr));
         }
         return;
     }
@@ -162,7 +162,8 @@ void CComparison::CompareVr(const SSnapshot& before, const SSnapshot& after, con
     if (m_rewrite.sourceSyntax != SYNTAX_IMPLICIT_LITTLE && before.IsPrivate() &&
         Varnotix::Tag::Element(before.tag) >= kFirstPrivateData)
     {
-        m_losses.Add(ELoss::VrNotStated, place, CString("VR ") + VrText(before.vr) + " is not stated in implicit VR");
+        m_losses.Add(ELoss::VrNotStated, place,
+                     CString("VR ") + Varnotix::VrText(before.vr) + " is not stated in implicit VR");
     }
 }
 
@@ -201,7 +202,7 @@ void CComparison::CompareValues(const SSnapshot& before, const SSnapshot& after,
     {
         m_losses.Add(ELoss::UnValueLost, place, Sizes("value of %llu bytes lost", before.raw.Size()));
     }
-    else if (VrKind(before.vr) == EVrKind::Text &&
+    else if (Varnotix::VrKind(before.vr) == EVrKind::Text &&
              SameButPadding(WithoutEmptyValues(before.raw).Text(), after.raw.Text()))
     {
         m_losses.Add(ELoss::EmptyValuesDropped, place, "empty values are dropped");
@@ -234,7 +235,7 @@ CString FindTooLongValue(const CDcmElementSet& written)
     {
         const CDcmElement& element = *written.GetAt(i);
         const bool isExplicit = element.Syntax() != SYNTAX_IMPLICIT_LITTLE;
-        if (isExplicit && !HasLongForm(element.Vr()) && element.EncodedValueSize() > kLongestShortValue)
+        if (isExplicit && !Varnotix::HasLongForm(element.Vr()) && element.EncodedValueSize() > kLongestShortValue)
         {
             return TagAndName(element.Tag()) +
                    Sizes(": a value of %llu bytes is too long for VR ",

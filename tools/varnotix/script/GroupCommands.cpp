@@ -41,7 +41,7 @@ void Anonymize(CDcmElement& element, const CString& text)
         return;
     }
     const bool isKept = element.HasVr(VR_UI) || (element.HasVr(VR_CS) && !IsIdentifying(element.Tag()));
-    if (VrKind(element.Vr()) != EVrKind::Text || isKept || element.IsEmptyValue())
+    if (Varnotix::VrKind(element.Vr()) != EVrKind::Text || isKept || element.IsEmptyValue())
     {
         return;
     }

@@ -13,7 +13,7 @@ constexpr std::size_t kLongestPrintedBytes = 5000;
 int CountValues(std::string_view list)
 {
     int count = 0;
-    for (std::string_view value; NextAslValue(list, value);)
+    for (std::string_view value; Varnotix::NextAslValue(list, value);)
     {
         ++count;
     }
@@ -33,7 +33,7 @@ bool IsByteList(std::string_view list)
 {
     std::string_view rest = list;
     bool hasOnlyNumbers = true;
-    for (std::string_view value; NextAslValue(rest, value);)
+    for (std::string_view value; Varnotix::NextAslValue(rest, value);)
     {
         hasOnlyNumbers = hasOnlyNumbers && IsByte(value);
     }
@@ -182,9 +182,9 @@ void CScriptMerge::Change(const SScriptLine& line)
             return;
         }
         CDcmElement& made = *module.GetDcmElementSet().GetAt(0);
-        if (VrKind(made.Vr()) != VrKind(element.Vr()))
+        if (Varnotix::VrKind(made.Vr()) != Varnotix::VrKind(element.Vr()))
         {
-            AddFault(line.line, CString("in this object its VR is ") + VrText(element.Vr()) +
+            AddFault(line.line, CString("in this object its VR is ") + Varnotix::VrText(element.Vr()) +
                                     ", of which a value cannot be read from text");
             return;
         }
@@ -232,7 +232,7 @@ bool CScriptMerge::Read(const SScriptLine& line, CDcmAttributeModule& module)
     {
         if (note.kind != SCRIPT_OTHER_VR && note.kind != SCRIPT_UNKNOWN_COMMAND)
         {
-            AddFault(line.line + note.line, ScriptNoteText(note.kind));
+            AddFault(line.line + note.line, Varnotix::ScriptNoteText(note.kind));
         }
     }
     return m_faults.size() == before && module.GetCount() == 1;
@@ -271,9 +271,9 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line) const
         return "pixel data cannot be read from text; remove the line";
     }
     const CDcmElement* element = line.element;
-    if (element != nullptr && !Varnotix::EqualNoCase(line.parts.vr, VrText(element->Vr())))
+    if (element != nullptr && !Varnotix::EqualNoCase(line.parts.vr, Varnotix::VrText(element->Vr())))
     {
-        return CString("in this object its VR is ") + VrText(element->Vr()) + ", and that cannot be changed";
+        return CString("in this object its VR is ") + Varnotix::VrText(element->Vr()) + ", and that cannot be changed";
     }
     if (!line.parts.isListClosed)
     {
@@ -285,7 +285,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line) const
     }
     const CDcmElement unread(line.tag);
     const CDcmElement& shape = element != nullptr ? *element : unread;
-    const EVrKind kind = VrKind(shape.Vr());
+    const EVrKind kind = Varnotix::VrKind(shape.Vr());
     const int count = CountValues(line.parts.values);
     if (m_rules == STREAM_RULES_CLASSIC && kind == EVrKind::Items && element == nullptr && line.inner.empty())
     {
@@ -301,7 +301,8 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line) const
     }
     if ((kind == EVrKind::OtherWords || kind == EVrKind::Doubles) && count > 0)
     {
-        return CString(VrText(shape.Vr())) + " values cannot be read from text; restore the printed line or remove it";
+        return CString(Varnotix::VrText(shape.Vr())) +
+               " values cannot be read from text; restore the printed line or remove it";
     }
     if (shape.Vm() > 0 && count > shape.Vm() && kind != EVrKind::Items && !shape.HasVr(VR_OF))
     {

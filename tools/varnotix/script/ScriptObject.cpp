@@ -64,7 +64,7 @@ bool CSourceReport::ReportOne(const SScriptSource& source, bool isNamed) const
         m_report.Detail(place + count);
         return true;
     }
-    CString reason(ScriptSourceText(source.state));
+    CString reason(Varnotix::ScriptSourceText(source.state));
     if (!isNamed && source.name.View().ends_with('.')) // The folder itself, which "*.*" finds.
     {
         m_report.Detail(place + reason);
@@ -98,7 +98,7 @@ bool CSourceReport::ReportUntried() const
         CFile file;
         if (!file.Open(files[i], CFile::modeRead))
         {
-            m_report.Error(Place(files[i]) + ScriptSourceText(SCRIPT_SOURCE_NOT_OPENED));
+            m_report.Error(Place(files[i]) + Varnotix::ScriptSourceText(SCRIPT_SOURCE_NOT_OPENED));
             ++missing;
         }
     }

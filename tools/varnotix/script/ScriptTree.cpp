@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Varnotix;
+
 namespace
 {
 
@@ -40,14 +42,14 @@ bool IsOwnLine(const CStringArray& lines, int index, const CDcmElement& element,
     for (count = 0;; ++count)
     {
         const std::size_t end = rest.find('\n');
-        const std::string_view expected = Varnotix::TrimBlanks(rest.substr(0, end));
+        const std::string_view expected = TrimBlanks(rest.substr(0, end));
         if (index + count >= lines.GetSize())
         {
             return false;
         }
-        const std::string_view line = Varnotix::TrimBlanks(lines[index + count].CText());
+        const std::string_view line = TrimBlanks(lines[index + count].CText());
         const bool isSame = count > 0 ? line == expected : SplitAslElement(line).tail == SplitAslElement(expected).tail;
-        if (!isSame || (count == 0 && !Varnotix::EqualNoCase(SplitAslElement(line).vr, VrText(element.Vr()))))
+        if (!isSame || (count == 0 && !EqualNoCase(SplitAslElement(line).vr, VrText(element.Vr()))))
         {
             return false;
         }
@@ -121,7 +123,7 @@ void CScriptTree::ReadCommand(const SAslEvent& event, const CDcmElementSet* set,
         }
     }
     // A printed object names its own file.
-    else if (!Varnotix::EqualNoCase(event.command.keyword, "SOURCE_FILE"))
+    else if (!EqualNoCase(event.command.keyword, "SOURCE_FILE"))
     {
         m_commands.push_back(event.line);
     }
@@ -160,7 +162,7 @@ bool CScriptTree::AddLine(const SAslEvent& event, CElementPlaces& unmatched, SSc
         AddFault(event.line, "no #SEQUENCE_BEGIN follows the line of the sequence");
         m_reader.GoOnAt(event.line + 1); // What follows instead may have faults of its own.
     }
-    const std::optional<DWORD> tag = Varnotix::Tag::Parse(event.element.group, event.element.element);
+    const std::optional<DWORD> tag = Tag::Parse(event.element.group, event.element.element);
     if (!tag)
     {
         AddFault(event.line, "the line does not begin with a tag");

@@ -16,7 +16,7 @@ struct SScriptLine
     int line = 0; ///< Index of its first line.
     int end = 0;  ///< Index after its last line.
     DWORD tag = 0;
-    SAslElement parts{};            ///< Views into the script's lines.
+    Varnotix::SAslElement parts{};  ///< Views into the script's lines.
     CDcmElement* element = nullptr; ///< The object's element of the same tag and place; null when it has none.
     int item = 0;                   ///< Number of the item that it belongs to; 0 where the script marks no items.
     bool isSequence = false;        ///< The VR field is SQ.
@@ -53,13 +53,14 @@ public:
 
 private:
     void ReadLevel(const CDcmElementSet* set, SScriptLine& around);
-    bool AddLine(const SAslEvent& event, CElementPlaces& unmatched, SScriptLine& around);
-    void ReadCommand(const SAslEvent& event, const CDcmElementSet* set, CElementPlaces& unmatched, SScriptLine& around);
+    bool AddLine(const Varnotix::SAslEvent& event, CElementPlaces& unmatched, SScriptLine& around);
+    void ReadCommand(const Varnotix::SAslEvent& event, const CDcmElementSet* set, CElementPlaces& unmatched,
+                     SScriptLine& around);
     bool BeginItem(int item, const CDcmElementSet* set, CElementPlaces& unmatched, SScriptLine& around) const;
     void AddFault(int line, const CString& what) { m_faults.push_back({line, what}); }
 
     const CStringArray& m_lines;
-    CAslReader m_reader;
+    Varnotix::CAslReader m_reader;
     EStreamRules m_rules;
     SScriptLine m_root;
     std::vector<SScriptFault> m_faults;
