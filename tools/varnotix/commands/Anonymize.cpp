@@ -1,14 +1,11 @@
-#include "Varnotix/platform/FileSearch.h"
 #include "commands/Commands.h"
-#include "console/Progress.h"
 #include "files/Input.h"
-#include "files/OutputFolder.h"
 #include "rewrite/CheckedWrite.h"
 #include "rewrite/FileMeta.h"
 #include "rewrite/Identity.h"
+#include "run/InputRun.h"
 
 #include <algorithm>
-#include <set>
 
 namespace
 {
@@ -23,7 +20,7 @@ constexpr const char* kFooter =
 
 struct SAnonymizeOptions
 {
-    std::vector<CString> files;
+    SInputs inputs;
     CString output;             // A folder, or, for a single input, a file or "-" for standard output.
     CString text = "ANONYMOUS"; // Goes into the identifying attributes; empty: they are removed.
     bool deep = false;          // Also in items; private groups go.
@@ -163,30 +160,30 @@ void CAnonymizer::ClearPreamble(CFile& file) const
     }
 }
 
-bool IsUsable(const SAnonymizeOptions& wanted, bool intoFolder, const CReport& report)
+int AnonymizeOne(const SAnonymizeOptions& wanted, const SJob& job)
+{
+    const SInput& input = job.input;
+    return ReportWriteFailures(
+        input.output, job.report,
+        [&]
+        {
+            CDcmIOD object;
+            return ReadObject(input.path, object, job.report)
+                       ? CAnonymizer(ShownName(input.path), wanted, job.report).Write(object, input.output)
+                       : STATUS_UNREADABLE;
+        });
+}
+
+int Anonymize(SAnonymizeOptions& wanted, const CReport& report)
 {
     const bool isControlled = std::any_of(wanted.text.View().begin(), wanted.text.View().end(),
                                           [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\\'; });
     if (isControlled)
     {
         report.Error("--text: a value cannot contain a backslash or a control character");
-        return false;
+        return STATUS_USAGE;
     }
-    if (intoFolder &&
-        (wanted.output == "-" || std::find(wanted.files.begin(), wanted.files.end(), "-") != wanted.files.end()))
-    {
-        report.Error("-o: standard input and output require a single FILE and a file to write to");
-        return false;
-    }
-    return true;
-}
-
-int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
-{
-    const std::vector<CString>& files = wanted.files;
-    const CString& output = wanted.output;
-    const bool intoFolder = files.size() > 1 || IsFolderPath(output);
-    if (!IsUsable(wanted, intoFolder, report))
+    if (!PlaceOutputs(wanted.inputs, wanted.output, report))
     {
         return STATUS_USAGE;
     }
@@ -194,46 +191,8 @@ int Anonymize(const SAnonymizeOptions& wanted, const CReport& report)
     {
         return STATUS_UNREADABLE;
     }
-    if (intoFolder)
-    {
-        MakeFolder(output);
-    }
-    CProgress progress(files.size(), report);
-    std::set<std::string> taken;
-    int status = STATUS_DONE;
-    int failed = 0;
-    for (std::size_t i = 0; i < files.size(); ++i)
-    {
-        progress.Step(i);
-        const CString& input = files[i];
-        const CString path = intoFolder ? Varnotix::JoinPath(output, FileNameOf(input)) : output;
-        int result = STATUS_UNWRITTEN;
-        if (!taken.insert(std::string(path.CText())).second)
-        {
-            report.Error(input + ": not written, because another input of the same name was written to " + path);
-        }
-        else
-        {
-            result =
-                ReportWriteFailures(path, report,
-                                    [&]
-                                    {
-                                        CDcmIOD object;
-                                        return ReadObject(input, object, report)
-                                                   ? CAnonymizer(ShownName(input), wanted, report).Write(object, path)
-                                                   : STATUS_UNREADABLE;
-                                    });
-        }
-        failed += result == STATUS_DONE || result == STATUS_LEFT ? 0 : 1;
-        status = std::max(status, result);
-    }
-    if (failed > 0 && files.size() > 1)
-    {
-        CString summary;
-        summary.Format("%d of %d inputs were not anonymised", failed, static_cast<int>(files.size()));
-        report.Say(summary);
-    }
-    return status;
+    return RunInputs(wanted.inputs, report, "were not anonymised",
+                     [&wanted](const SJob& job) { return AnonymizeOne(wanted, job); });
 }
 
 } // namespace
@@ -242,7 +201,7 @@ void AddAnonymize(CCommandLine& line)
 {
     const auto options = std::make_shared<SAnonymizeOptions>();
     CVerb verb = line.AddVerb("anonymize", "Replace or remove identifying attributes", kFooter);
-    verb.Texts("FILE", options->files, "Files to read; '-' is standard input");
+    verb.Inputs(options->inputs, "Files to read; '-' is standard input");
     verb.Text("-o,--output", options->output,
               "Folder to write to; for a single FILE also a file, or '-' for standard output");
     verb.TextWithDefault("--text", options->text, "Text for the attributes; an empty text removes them");

@@ -80,6 +80,16 @@ void CVerb::Texts(const char* name, std::vector<CString>& values, const char* he
     m_verb.add_option_function<std::vector<std::string>>(name, take, help)->required();
 }
 
+void CVerb::Inputs(SInputs& inputs, const char* help)
+{
+    constexpr int kMostJobs = 256;
+    Texts("FILE", inputs.names, help);
+    m_verb.add_flag("-r,--recursive", inputs.entersFolders,
+                    "Take folders, too: the DICOM files in them, at every depth");
+    m_verb.add_option("-j,--jobs", inputs.jobs, "How many inputs to work on at a time; 0: one per processor")
+        ->check(CLI::Range(0, kMostJobs));
+}
+
 void CVerb::Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help)
 {
     AddText(m_verb, name, value, help, ENeed::Required).check(CLI::IsMember(words));

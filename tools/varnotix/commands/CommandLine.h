@@ -3,7 +3,7 @@
 /// Only CommandLine.cpp sees the parser's headers, which are slow to compile.
 #pragma once
 
-#include "console/Report.h"
+#include "files/Inputs.h"
 
 #include <functional>
 #include <memory>
@@ -39,6 +39,9 @@ public:
     void TextWithDefault(const char* name, CString& value, const char* help);
     /// One or more values.
     void Texts(const char* name, std::vector<CString>& values, const char* help);
+    /// The inputs of a verb that takes many: "FILE..." and the options "--recursive" and "--jobs".
+    /// @param inputs whose entersFolders is set takes folders without "--recursive", too.
+    void Inputs(SInputs& inputs, const char* help);
     /// One of the words.
     void Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help);
     /// The option "--syntax" and its words. The value is one of ESyntax, or kSyntaxDeflated.

@@ -32,22 +32,14 @@ CString Places()
     return text;
 }
 
-int Where(const CReport& report)
+int Where(const CReport& /*report*/)
 {
     const CDcmRegistry& registry = CDcmRegistry::Global();
     const CString text = TableLine("dictionary.txt", CDcmRegistry::DictionaryPath(), registry.DictionarySize()) +
                          TableLine("UidTable.txt", CDcmRegistry::UidTablePath(), registry.UidDictionarySize()) +
                          Places();
-    try
-    {
-        WriteStandardOutput(text.View());
-        FlushStandardOutput();
-    }
-    catch (const CWriteFailure& failure)
-    {
-        report.Error(failure.what());
-        return STATUS_UNWRITTEN;
-    }
+    WriteStandardOutput(text.View());
+    FlushStandardOutput();
     return STATUS_DONE;
 }
 

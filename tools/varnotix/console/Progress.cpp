@@ -23,7 +23,7 @@ bool IsTerminal()
 } // namespace
 
 CProgress::CProgress(std::size_t steps, const CReport& report)
-    : m_steps(steps), m_isShown(steps > 1 && !report.IsQuiet() && IsTerminal())
+    : m_steps(steps), m_isShown(steps != 1 && !report.IsQuiet() && IsTerminal())
 {
 }
 
@@ -39,6 +39,16 @@ CProgress::~CProgress()
 void CProgress::Step(std::size_t step)
 {
     constexpr int kWidth = 40;
+    constexpr std::size_t kStride = 16;
+    if (m_steps == 0)
+    {
+        if (m_isShown && step > 0 && step % kStride == 0)
+        {
+            std::fprintf(stderr, "\r%lu inputs\r", static_cast<unsigned long>(step));
+            std::fflush(stderr);
+        }
+        return;
+    }
     // At most once per percent.
     const std::size_t percent = step * 100 / m_steps;
     if (!m_isShown || (step > 0 && percent == (step - 1) * 100 / m_steps))

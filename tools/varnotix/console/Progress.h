@@ -5,10 +5,12 @@
 
 #include <cstddef>
 
-/// A progress bar on standard error; shown only on a terminal, without --quiet, and for more than one step.
+/// A progress bar on standard error, or the number of steps where their sum is not known; shown only on a terminal,
+/// without --quiet, and for more than one step.
 class CProgress
 {
 public:
+    /// @param steps how many there will be; 0 when that is not known.
     CProgress(std::size_t steps, const CReport& report);
     /// Clears the line.
     ~CProgress();

@@ -1,18 +1,18 @@
 #include "console/Report.h"
 
-#include <cstdio>
+#include "console/Console.h"
+#include "console/StandardStreams.h"
 
-namespace
+void CReport::PutLine(const CString& text) const
 {
-
-void PutLine(const CString& text)
-{
-    // One call per line, so that lines of several programs on one terminal do not mix.
     const CString line = text + "\n";
-    std::fwrite(line, 1, static_cast<std::size_t>(line.GetLength()), stderr);
+    if (m_console != nullptr)
+    {
+        m_console->Message(line.View());
+        return;
+    }
+    WriteStandardError(line.View());
 }
-
-} // namespace
 
 void CReport::Error(const CString& text) const
 {

@@ -7,17 +7,25 @@
 enum EStatus : int
 {
     STATUS_DONE = 0,
-    STATUS_USAGE = 1,       ///< The command line is wrong.
-    STATUS_LEFT = 10,       ///< Done, but identifying values may be left in an output.
-    STATUS_UNREADABLE = 20, ///< An input could not be read, or cannot be turned into the requested output.
-    STATUS_UNWRITTEN = 40   ///< An output could not be written.
+    STATUS_USAGE = 1,        ///< The command line is wrong.
+    STATUS_LEFT = 10,        ///< Done, but identifying values may be left in an output.
+    STATUS_UNREADABLE = 20,  ///< An input could not be read, or cannot be turned into the requested output.
+    STATUS_UNWRITTEN = 40,   ///< An output could not be written.
+    STATUS_CLOSED_PIPE = 141 ///< The reader of standard output closed it; what a shell reports for SIGPIPE.
 };
+
+class CConsole;
 
 /// Writes messages to standard error, each line with the program's name before it.
 class CReport
 {
 public:
     CReport(bool quiet, bool verbose) : m_quiet(quiet), m_verbose(verbose && !quiet) {}
+    /// As another report, on the console of a job, which must outlive this report.
+    CReport(const CReport& like, CConsole& console)
+        : m_quiet(like.m_quiet), m_verbose(like.m_verbose), m_console(&console)
+    {
+    }
 
     /// A failure: always shown.
     void Error(const CString& text) const;
@@ -32,8 +40,11 @@ public:
     bool IsVerbose() const { return m_verbose; }
 
 private:
+    void PutLine(const CString& text) const;
+
     bool m_quiet;
     bool m_verbose;
+    CConsole* m_console = nullptr; // Null: standard error.
 };
 
 /// "(gggg,eeee)" in upper-case digits.

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <memory>
 #include <system_error>
 
 #if defined(_WIN32)
@@ -15,7 +16,25 @@ namespace
 
 [[noreturn]] void ThrowOutputFailure(int error)
 {
-    throw CWriteFailure("cannot write to the standard output: " + std::generic_category().message(error));
+    if (error == EPIPE)
+    {
+        throw SClosedPipe();
+    }
+    throw COutputFailure("cannot write to the standard output: " + std::generic_category().message(error));
+}
+
+void ReadToEnd(std::FILE& stream, const char* name, CByteArray& bytes)
+{
+    BYTE buffer[65536];
+    std::size_t read = 0;
+    while ((read = std::fread(buffer, 1, sizeof buffer, &stream)) > 0)
+    {
+        bytes.AppendRaw(buffer, static_cast<int>(read));
+    }
+    if (std::ferror(&stream) != 0)
+    {
+        throw CFileException(CFileException::hardIO, 0, name, "read");
+    }
 }
 
 } // namespace
@@ -38,16 +57,18 @@ void PrepareStandardStreams()
 
 void ReadStandardInput(CByteArray& bytes)
 {
-    BYTE buffer[65536];
-    std::size_t read = 0;
-    while ((read = std::fread(buffer, 1, sizeof buffer, stdin)) > 0)
+    ReadToEnd(*stdin, "standard input", bytes);
+}
+
+void ReadPipe(const CString& path, CByteArray& bytes)
+{
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> pipe(std::fopen(path, "rb"), &std::fclose);
+    if (pipe == nullptr)
     {
-        bytes.AppendRaw(buffer, static_cast<int>(read));
+        throw CFileException(errno == EACCES ? CFileException::accessDenied : CFileException::fileNotFound, errno, path,
+                             "open");
     }
-    if (std::ferror(stdin) != 0)
-    {
-        throw CFileException(CFileException::hardIO, 0, "standard input", "read");
-    }
+    ReadToEnd(*pipe, path, bytes);
 }
 
 void WriteStandardOutput(std::string_view text)
@@ -65,4 +86,9 @@ void FlushStandardOutput()
     {
         ThrowOutputFailure(errno);
     }
+}
+
+void WriteStandardError(std::string_view line)
+{
+    std::fwrite(line.data(), 1, line.size(), stderr);
 }

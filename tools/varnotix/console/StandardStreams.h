@@ -13,6 +13,19 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// Data could not be written to standard output. No verb goes on after that, so none catches it.
+class COutputFailure : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// The reader of standard output has closed its end, and wants no more: an end without a message. It is no
+/// std::exception, so that it passes what reports those.
+struct SClosedPipe
+{
+};
+
 /// Makes the standard streams carry bytes unchanged, and a closed pipe or a limit of file size a failed write instead
 /// of the program's end. Call it before using either stream.
 void PrepareStandardStreams();
@@ -21,8 +34,14 @@ void PrepareStandardStreams();
 /// reading fails.
 void ReadStandardInput(CByteArray& bytes);
 
-/// Writes to standard output, which buffers. Throws CWriteFailure.
+/// As ReadStandardInput, for a named pipe or a device.
+void ReadPipe(const CString& path, CByteArray& bytes);
+
+/// Writes to standard output, which buffers. Throws COutputFailure or SClosedPipe.
 void WriteStandardOutput(std::string_view text);
 
-/// Flushes standard output. Throws CWriteFailure.
+/// Flushes standard output. Throws as WriteStandardOutput.
 void FlushStandardOutput();
+
+/// Writes a line to standard error, in one call: lines of several programs on one terminal do not mix then.
+void WriteStandardError(std::string_view line);

@@ -2,6 +2,9 @@
 
 #include "console/StandardStreams.h"
 #include "files/Deflate.h"
+#include "files/FileKinds.h"
+
+#include <climits>
 
 #include <new>
 
@@ -17,13 +20,19 @@ void Load(CFile& file, const std::function<void(CArchive&)>& take)
     archive.Close();
 }
 
+/// True for what can only be read from its beginning to its end: standard input, a pipe, a device.
+bool IsStream(const CString& path)
+{
+    return path == "-" || FileKindOf(path) == EFileKind::Other;
+}
+
 /// Opens what a path or "-" names, and passes it to the action.
 void ReadInput(const CString& path, const std::function<void(CArchive&)>& take)
 {
-    if (path == "-")
+    if (IsStream(path))
     {
         CByteArray bytes;
-        ReadStandardInput(bytes);
+        ReadBytes(path, bytes);
         CMemFile file;
         file.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
         Load(file, take);
@@ -140,6 +149,46 @@ CByteArray BytesOf(CFile& file)
     file.Seek(0, CFile::begin);
     bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
     return bytes;
+}
+
+void ReadBytes(const CString& path, CByteArray& bytes)
+{
+    if (path == "-")
+    {
+        ReadStandardInput(bytes);
+        return;
+    }
+    if (IsStream(path))
+    {
+        ReadPipe(path, bytes);
+        return;
+    }
+    CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
+    if (file.GetLength() > INT_MAX)
+    {
+        Varnotix::ThrowMemoryException();
+    }
+    bytes = BytesOf(file);
+}
+
+bool IsDicomFile(const CString& path)
+{
+    constexpr UINT kBeginning = 1U << 16U;
+    CByteArray bytes;
+    bytes.SetSize(static_cast<int>(kBeginning));
+    CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
+    if (HasPrefix(file))
+    {
+        return true;
+    }
+    file.Seek(0, CFile::begin);
+    bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), kBeginning)));
+    CMemFile beginning;
+    beginning.Attach(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
+    CDcmIOD object;
+    object.StreamRules(STREAM_RULES_STANDARD);
+    Load(beginning, [&object](CArchive& archive) { object.Serialize(archive); });
+    return object.GetCount() > 0;
 }
 
 CString ShownName(const CString& path)

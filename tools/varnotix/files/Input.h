@@ -16,6 +16,14 @@ bool HasDataFiles(const CReport& report, bool needsUids);
 /// All bytes of a file, from its beginning.
 CByteArray BytesOf(CFile& file);
 
+/// All bytes of a file, a pipe or a device, or of standard input for "-". Throws CFileException, and CMemoryException
+/// beyond 2^31-1 bytes.
+void ReadBytes(const CString& path, CByteArray& bytes);
+
+/// True when a file begins as a DICOM file does (PS3.10 section 7.1), or holds elements without such a beginning.
+/// Throws CFileException.
+bool IsDicomFile(const CString& path);
+
 /// The file name as messages show it.
 CString ShownName(const CString& path);
 

@@ -1,6 +1,7 @@
 #include "files/OutputFile.h"
 
 #include "Varnotix/platform/FileSearch.h"
+#include "files/OutputFolder.h"
 
 #include <filesystem>
 #include <random>
@@ -20,14 +21,6 @@ CString RandomName()
     CString name;
     name.Format("%08x%08x", device(), device());
     return name;
-}
-
-/// The path without its last component, and with the separator.
-CString FolderOf(const CString& path)
-{
-    const int end = std::max(path.ReverseFind('/'), kHasPlainPaths ? -1 : path.ReverseFind('\\'));
-    const int drive = kHasPlainPaths ? -1 : path.ReverseFind(':');
-    return path.Left(std::max(end, drive) + 1);
 }
 
 } // namespace
@@ -80,7 +73,7 @@ COutputFile::~COutputFile()
 
 void COutputFile::OpenTemporary()
 {
-    const CString folder = FolderOf(m_path);
+    const CString folder = FolderNameOf(m_path);
     CString name;
     do
     {

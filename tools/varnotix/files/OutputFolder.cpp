@@ -31,6 +31,10 @@ bool IsFolderPath(const CString& path)
 
 void MakeFolder(const CString& path)
 {
+    if (path.IsEmpty())
+    {
+        return;
+    }
     try
     {
         fs::create_directories(std::string(path.CText()));
@@ -43,7 +47,12 @@ void MakeFolder(const CString& path)
 
 CString FileNameOf(const CString& path)
 {
-    const std::string text(path.CText());
+    return path.Mid(FolderNameOf(path).GetLength());
+}
+
+CString FolderNameOf(const CString& path)
+{
+    const std::string_view text = path.View();
     const std::size_t end = text.find_last_of(kSeparators);
-    return CString(end == std::string::npos ? text.c_str() : text.c_str() + end + 1);
+    return end == std::string_view::npos ? CString() : CString(text.substr(0, end + 1));
 }

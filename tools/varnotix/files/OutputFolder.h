@@ -11,3 +11,6 @@ void MakeFolder(const CString& path);
 
 /// The last component of a path.
 CString FileNameOf(const CString& path);
+
+/// The path without its last component, and with the separator; empty for a plain name.
+CString FolderNameOf(const CString& path);

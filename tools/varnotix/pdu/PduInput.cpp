@@ -1,9 +1,6 @@
 #include "pdu/PduInput.h"
 
-#include "console/StandardStreams.h"
 #include "files/Input.h"
-
-#include <climits>
 
 #include <algorithm>
 
@@ -29,22 +26,6 @@ int Digit(BYTE byte)
     }
     const int letter = byte | 0x20;
     return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
-}
-
-void ReadAll(const CString& path, CByteArray& bytes)
-{
-    if (path == "-")
-    {
-        ReadStandardInput(bytes);
-        return;
-    }
-    CFile file(path, CFile::modeRead | CFile::shareDenyWrite);
-    if (file.GetLength() > INT_MAX)
-    {
-        Varnotix::ThrowMemoryException();
-    }
-    bytes.SetSize(static_cast<int>(file.GetLength()));
-    bytes.SetSize(static_cast<int>(file.Read(bytes.GetData(), static_cast<UINT>(bytes.GetSize()))));
 }
 
 /// Converts pairs of hexadecimal digits.
@@ -88,7 +69,7 @@ bool ReadPduBytes(const CString& path, CByteArray& bytes, const CReport& report)
 {
     const auto read = [&]
     {
-        ReadAll(path, bytes);
+        ReadBytes(path, bytes);
         if (std::all_of(bytes.begin(), bytes.end(), IsTextByte))
         {
             CByteArray text;

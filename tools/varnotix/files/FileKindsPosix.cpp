@@ -1,0 +1,70 @@
+#if !defined(_WIN32)
+
+#include "files/FileKinds.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace
+{
+
+fs::path PathOf(const CString& path)
+{
+    return {std::string(path.CText())};
+}
+
+} // namespace
+
+EFileKind FileKindOf(const CString& path)
+{
+    std::error_code error;
+    const fs::file_status status = fs::status(PathOf(path), error);
+    switch (status.type())
+    {
+    case fs::file_type::none:
+    case fs::file_type::not_found:
+    case fs::file_type::unknown:
+        return EFileKind::Missing;
+    case fs::file_type::regular:
+        return EFileKind::File;
+    case fs::file_type::directory:
+        return EFileKind::Folder;
+    default:
+        return EFileKind::Other;
+    }
+}
+
+bool IsSameFolder(const CString& left, const CString& right)
+{
+    std::error_code error;
+    return fs::equivalent(PathOf(left), PathOf(right), error) && !error;
+}
+
+CString ListFolder(const CString& folder, std::vector<CString>& names)
+{
+    std::error_code error;
+    std::vector<std::string> found;
+    for (fs::directory_iterator entry(PathOf(folder), error); !error && entry != fs::directory_iterator();
+         entry.increment(error))
+    {
+        found.push_back(entry->path().filename().string());
+    }
+    std::sort(found.begin(), found.end());
+    for (const std::string& name : found)
+    {
+        names.emplace_back(std::string_view(name));
+    }
+    return error ? CString(std::string_view(error.message())) : CString();
+}
+
+bool IsFolderLink(const CString& path)
+{
+    std::error_code error;
+    return fs::is_symlink(fs::symlink_status(PathOf(path), error)) && FileKindOf(path) == EFileKind::Folder;
+}
+
+#endif
