@@ -4,6 +4,8 @@
 #include "Varnotix/element/DcmElement.h"
 #include "Varnotix/element/DcmList.h"
 
+#include <functional>
+
 class CElementBody;
 class CElementShape;
 
@@ -109,6 +111,8 @@ public:
     /// Whether a write by the standard stream rules gives the item an undefined length. False for a number that is no
     /// item's.
     bool HasUndefinedLength(int item) const;
+    /// Removes and destroys the elements for which the condition is true, which may be all; the number of items stays.
+    void RemoveIf(const std::function<bool(const CDcmElement&)>& condition);
     /// Removes an item and destroys its elements; later items move up. False for a number that is no item's.
     bool RemoveItem(int item);
     /// Whether the set keeps items as a read by the standard stream rules met them: accessors of modules then see the

@@ -63,6 +63,23 @@ bool CDcmElementSet::HasUndefinedLength(int item) const
     return ElementsAsIs().itemForms.IsUndefined(item);
 }
 
+void CDcmElementSet::RemoveIf(const std::function<bool(const CDcmElement&)>& condition)
+{
+    CElementBody& body = Elements();
+    CObArray kept;
+    CObArray removed;
+    kept.Reserve(GetCount());
+    for (CObject* object : body.list)
+    {
+        (condition(ElementOf(object)) ? removed : kept).Add(object);
+    }
+    body.SwapList(kept);
+    for (const CObject* object : removed)
+    {
+        delete object;
+    }
+}
+
 bool CDcmElementSet::RemoveItem(int item)
 {
     if (item < 1 || item > ItemCount())
@@ -70,15 +87,8 @@ bool CDcmElementSet::RemoveItem(int item)
         return false;
     }
     NumberItems();
-    CObArray kept;
-    CObArray removed;
-    kept.Reserve(GetCount());
-    for (CObject* object : Body().list)
-    {
-        (ItemOf(ElementOf(object)) == item ? removed : kept).Add(object);
-    }
+    RemoveIf([item](const CDcmElement& element) { return ItemOf(element) == item; });
     CElementBody& body = Elements();
-    body.SwapList(kept);
     for (CObject* object : body.list)
     {
         CDcmElement& element = ElementOf(object);
@@ -86,10 +96,6 @@ bool CDcmElementSet::RemoveItem(int item)
         {
             element.SetItem(element.Item() - 1);
         }
-    }
-    for (const CObject* object : removed)
-    {
-        delete object;
     }
     body.itemForms.Remove(item);
     body.selectedItem = 0;

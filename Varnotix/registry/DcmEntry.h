@@ -24,6 +24,8 @@ public:
     Varnotix::ELaterVr laterVr = Varnotix::ELaterVr::None;
     /// The choice of VRs of the standard where `vr` is one of them.
     Varnotix::EVrChoice choice = Varnotix::EVrChoice::None;
+    /// The attribute's keyword where it cannot be formed from the name; otherwise empty. See Varnotix::KeywordOf.
+    CString keyword;
 };
 
 /// One row of the registry's VR type table, for a client that lists the VRs.

@@ -53,15 +53,28 @@ Varnotix::EVrChoice ChoiceOf(std::string_view vr)
     return text.CompareNoCase("usssow") == 0 ? EVrChoice::UsOrSsOrOw : EVrChoice::None;
 }
 
-/// The later VR that the list in brackets after the name gives, if any.
-Varnotix::ELaterVr LaterVrOf(std::string_view rest)
+/// Takes over what the list in brackets after the name says: a later VR, a keyword.
+void ReadBrackets(std::string_view rest, CDcmEntry& entry)
 {
     const std::size_t open = rest.find('[');
-    if (open == std::string_view::npos || rest.size() < open + 4 || rest[open + 3] != ']')
+    const std::size_t close = rest.find(']');
+    if (open == std::string_view::npos || close == std::string_view::npos || close < open)
     {
-        return Varnotix::ELaterVr::None;
+        return;
     }
-    return Varnotix::LaterVrOfBytes(static_cast<BYTE>(rest[open + 1]), static_cast<BYTE>(rest[open + 2]));
+    std::string_view list = rest.substr(open + 1, close - open - 1);
+    while (!list.empty())
+    {
+        const std::string_view word = TakeField(list);
+        if (word.size() == 2)
+        {
+            entry.laterVr = LaterVrOfBytes(static_cast<BYTE>(word[0]), static_cast<BYTE>(word[1]));
+        }
+        else
+        {
+            entry.keyword = CString(word);
+        }
+    }
 }
 
 } // namespace
@@ -96,7 +109,7 @@ void AddDictionaryLine(std::string_view line, CEntryTable& dictionary)
     {
         auto entry = std::make_unique<CDcmEntry>(VrCode(vr), LeadingNumber(multiplicity, 1), CString(name));
         entry->choice = ChoiceOf(vr);
-        entry->laterVr = LaterVrOf(line);
+        ReadBrackets(line, *entry);
         dictionary.Add(key, std::move(entry));
     }
 }
