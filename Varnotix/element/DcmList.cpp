@@ -42,7 +42,7 @@ void CDcmList::TakeBody(CDcmListBody* body)
 {
     CDcmListBody* released = m_body;
     m_body = body;
-    if (released->references.Release())
+    if (--released->references == 0)
     {
         delete released;
     }
@@ -52,7 +52,7 @@ void CDcmList::ShareBody(const CDcmList& other)
 {
     if (m_body != other.m_body)
     {
-        other.m_body->references.Add();
+        ++other.m_body->references;
         TakeBody(other.m_body);
     }
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Varnotix/platform/Arrays.h"
-#include "Varnotix/platform/RefCount.h"
 
 #include <memory>
 
@@ -30,7 +29,7 @@ public:
     virtual void Fill();
 
     CObArray list;
-    CRefCount references;
+    int references = 1;
     bool unfilled = false;
 };
 

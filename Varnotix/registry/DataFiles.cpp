@@ -7,8 +7,7 @@
 
 #include <vector>
 
-namespace Varnotix
-{
+using namespace Varnotix;
 
 namespace
 {
@@ -85,5 +84,3 @@ CString ReadDataFile(const CString& name, const std::function<void(std::string_v
     }
     return CString();
 }
-
-} // namespace Varnotix

@@ -1,6 +1,12 @@
 // Verbs over many inputs: files and folders, one after another and several at a time.
 #include "ToolRunner.h"
 
+#if !defined(_WIN32)
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
+
 class Inputs : public ToolTest
 {
 protected:
@@ -82,6 +88,20 @@ TEST_F(Inputs, OutputsLieInTheFolderAsInputsInTheirs)
     EXPECT_EQ(Read("file"), "kept");
 }
 
+TEST_F(Inputs, VerbsWithOneOutputTakeManyToo)
+{
+    WriteFolder();
+    Expect(0, "convert -r -s big in out");
+    Expect(0, "convert -s big -o two/ in/z.dcm");
+    EXPECT_EQ(Read("out/z.dcm"), Read("two/z.dcm"));
+    Write("script", "0010,0010,PN,1,Patient's Name,[Doe^New,]\n");
+    Expect(0, "apply script -r in -o new", "in/z.dcm: 1 value changed", "in/a b/-x.dcm: 1 value changed");
+    EXPECT_EQ(TextsOf("new/a b/c/z.dcm", {0x00100010}), "[Doe^New]");
+    EXPECT_TRUE(HoldsInOrder(Expect(0, "modules -r in").out, "file in/a b/-x.dcm\n", "Doe^X", "file in/bare\n"));
+    Expect(1, "convert in/z.dcm in/bare in/z.dcm", "'in/z.dcm' is a file, and several inputs need a folder");
+    Expect(1, "convert in/z.dcm", "the output is missing");
+}
+
 TEST_F(Inputs, TakesAnyNameAfterTwoDashes)
 {
     Write("-v", Named("Doe^V "));
@@ -126,6 +146,50 @@ TEST_F(Inputs, AClosedPipeEndsTheRunWithoutAMessage)
         ASSERT_EQ(std::system(command.c_str()), 0);
         EXPECT_EQ(Read("status"), "141\n");
         EXPECT_EQ(Read("err.txt"), "");
+    }
+}
+
+TEST_F(Inputs, AnInterruptLeavesNoTemporaryFile)
+{
+    Write("in.dcm", Part10(kExplicitUid, Explicit(0x7FE00010, "OB", std::string(1 << 20, 'p'))));
+    std::vector<std::string> arguments = {(FolderOf("VARNOTIX_BIN") / "varnotix").string(), "convert", "-q", "-o",
+                                          "out"};
+    for (int i = 0; i < 2000; ++i)
+    {
+        const std::string name = "in" + std::to_string(i);
+        std::filesystem::create_hard_link("in.dcm", name);
+        arguments.push_back(name);
+    }
+    std::vector<char*> texts;
+    for (std::string& argument : arguments)
+    {
+        texts.push_back(argument.data());
+    }
+    texts.push_back(nullptr);
+    for (int round = 0; round < 20; ++round)
+    {
+        std::filesystem::remove_all("out");
+        const int signal = round % 2 == 0 ? SIGINT : SIGTERM;
+        const pid_t child = fork();
+        if (child == 0)
+        {
+            execv(texts[0], texts.data());
+            _exit(127);
+        }
+        while (!std::filesystem::exists("out/in" + std::to_string(round)) && waitpid(child, nullptr, WNOHANG) == 0)
+        {
+        }
+        kill(child, signal);
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_TRUE(WIFSIGNALED(status));
+        EXPECT_EQ(WTERMSIG(status), signal);
+        EXPECT_EQ(CountTemporaries("out"), 0);
+    }
+    // Of whole outputs there are some, and none is cut off.
+    for (const auto& entry : std::filesystem::directory_iterator("out"))
+    {
+        EXPECT_EQ(entry.file_size(), std::filesystem::file_size("in.dcm"));
     }
 }
 

@@ -1,7 +1,9 @@
 // Puts the verbs together and runs one of them.
 
 #include "commands/Commands.h"
+#include "console/Interrupt.h"
 #include "console/StandardStreams.h"
+#include "files/Unfinished.h"
 
 namespace
 {
@@ -34,6 +36,7 @@ int Run(int count, char** texts)
 int main(int count, char** texts)
 {
     PrepareStandardStreams();
+    WatchInterrupts(&EndUnfinished);
     InitDicomDLL();
     try
     {

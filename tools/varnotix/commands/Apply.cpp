@@ -1,7 +1,10 @@
 #include "commands/Commands.h"
 #include "files/Input.h"
 #include "rewrite/Rewrite.h"
+#include "run/InputRun.h"
 #include "script/ScriptMerge.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -16,7 +19,7 @@ constexpr const char* kFooter =
 struct SApplyOptions
 {
     CString script;
-    CString input;
+    SInputs inputs;
     CString output;
 };
 
@@ -43,18 +46,16 @@ void ReportChanges(const CScriptMerge& merge, const CString& script, const CStri
         (merge.AddedItems() == 0 ? CString() : ", " + Counted(merge.AddedItems(), "%d item added", "%d items added")));
 }
 
-int ApplyOne(const SApplyOptions& options, const CReport& report)
+int ApplyOne(const CString& scriptName, const CStringArray& lines, const SInput& input, const CReport& report)
 {
-    const CString scriptName = ShownName(options.script);
-    const CString name = ShownName(options.input);
-    CStringArray lines;
+    const CString name = ShownName(input.path);
     CDcmIOD object;
-    if (!ReadScript(options.script, lines, report) || !ReadObject(options.input, object, report))
+    if (!ReadObject(input.path, object, report))
     {
         return STATUS_UNREADABLE;
     }
     const SObjectForm form = FormOf(object);
-    STarget target{CString(), form.syntax, options.output, options.input, form.isBare};
+    STarget target{CString(), form.syntax, input.output, input.path, form.isBare};
     if (!target.staysBare)
     {
         target.uid = UidToKeep(form, name, report);
@@ -83,18 +84,30 @@ int ApplyOne(const SApplyOptions& options, const CReport& report)
     return STATUS_DONE;
 }
 
-int Apply(const SApplyOptions& options, const CReport& report)
+int Apply(SApplyOptions& options, const CReport& report)
 {
-    if (options.script == "-" && options.input == "-")
+    const std::vector<CString>& names = options.inputs.names;
+    if (options.script == "-" && std::find(names.begin(), names.end(), "-") != names.end())
     {
         report.Error("SCRIPT, FILE: only one of them can be standard input");
         return STATUS_USAGE;
     }
-    if (!HasDataFiles(report, true))
+    if (!PlaceOutputs(options.inputs, options.output, report))
+    {
+        return STATUS_USAGE;
+    }
+    CStringArray lines;
+    if (!HasDataFiles(report, true) || !ReadScript(options.script, lines, report))
     {
         return STATUS_UNREADABLE;
     }
-    return ReportWriteFailures(options.output, report, [&] { return ApplyOne(options, report); });
+    const CString scriptName = ShownName(options.script);
+    const auto apply = [&](const SJob& job)
+    {
+        return ReportWriteFailures(job.input.output, job.report,
+                                   [&] { return ApplyOne(scriptName, lines, job.input, job.report); });
+    };
+    return RunInputs(options.inputs, report, "were not changed", apply);
 }
 
 } // namespace
@@ -104,8 +117,8 @@ void AddApply(CCommandLine& line)
     const auto options = std::make_shared<SApplyOptions>();
     CVerb verb = line.AddVerb("apply", "Change the values of a file that differ in a script", kFooter);
     verb.Text("SCRIPT", options->script, "Script to read; '-' is standard input");
-    verb.Text("FILE", options->input, "File to read; '-' is standard input");
-    verb.Text("-o,--output", options->output, "File to write; '-' is standard output");
+    verb.Inputs(options->inputs, "Files to read; '-' is standard input");
+    verb.Text("-o,--output", options->output, "File to write, or folder for several; '-' is standard output");
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return Apply(*options, report); });
 }

@@ -1,11 +1,13 @@
 #include "commands/CommandLine.h"
 
 #include "Varnotix/Version.h"
+#include "console/NearestWord.h"
 #include "console/StandardStreams.h"
 #include "files/Input.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <map>
 #include <sstream>
 
@@ -68,7 +70,7 @@ void CVerb::TextWithDefault(const char* name, CString& value, const char* help)
     AddText(m_verb, name, value, help, ENeed::Optional).default_str(std::string(value.CText()));
 }
 
-void CVerb::Texts(const char* name, std::vector<CString>& values, const char* help)
+void CVerb::Texts(const char* name, std::vector<CString>& values, const char* help, ENeed need)
 {
     const auto take = [&values](const std::vector<std::string>& texts)
     {
@@ -77,13 +79,13 @@ void CVerb::Texts(const char* name, std::vector<CString>& values, const char* he
             values.emplace_back(std::string_view(text));
         }
     };
-    m_verb.add_option_function<std::vector<std::string>>(name, take, help)->required();
+    m_verb.add_option_function<std::vector<std::string>>(name, take, help)->required(need == ENeed::Required);
 }
 
-void CVerb::Inputs(SInputs& inputs, const char* help)
+void CVerb::Inputs(SInputs& inputs, const char* help, ENeed need)
 {
     constexpr int kMostJobs = 256;
-    Texts("FILE", inputs.names, help);
+    Texts("FILE", inputs.names, help, need);
     m_verb.add_flag("-r,--recursive", inputs.entersFolders,
                     "Take folders, too: the DICOM files in them, at every depth");
     m_verb.add_option("-j,--jobs", inputs.jobs, "How many inputs to work on at a time; 0: one per processor")
@@ -154,19 +156,42 @@ CVerb CCommandLine::AddVerb(const char* name, const char* summary, const char* f
     return {*verb, *this};
 }
 
+/// The parser only reports a missing verb, for an unknown one, too.
+/// @param reversed the arguments, last first.
+bool CCommandLine::KnowsVerb(const std::vector<std::string>& reversed) const
+{
+    std::vector<std::string> verbs;
+    std::string list;
+    for (const CLI::App* verb : m_app->get_subcommands(nullptr))
+    {
+        verbs.push_back(verb->get_name());
+        list += (list.empty() ? "" : ", ") + verb->get_name();
+    }
+    const auto isWord = [](const std::string& text) { return !text.starts_with("-"); };
+    const auto given = std::find_if(reversed.rbegin(), reversed.rend(), isWord);
+    const bool isMissing = given == reversed.rend();
+    if (isMissing || std::find(verbs.begin(), verbs.end(), *given) != verbs.end())
+    {
+        return true;
+    }
+    const CReport report(false, false);
+    report.Error(CString(std::string_view("there is no verb '" + *given + "'; the nearest one is '" +
+                                          NearestWord(*given, verbs) + "'")));
+    report.ErrorLine(CString(std::string_view("The verbs are " + list + ".")));
+    return false;
+}
+
 int CCommandLine::Run(int count, char** texts)
 {
     try
     {
-        m_app->parse(ReversedArguments(count, texts));
+        const std::vector<std::string> reversed = ReversedArguments(count, texts);
+        if (!KnowsVerb(reversed))
+        {
+            return STATUS_USAGE;
+        }
+        m_app->parse(std::vector<std::string>(reversed));
         return m_status;
-    }
-    catch (const CLI::RequiredError& result)
-    {
-        // For an unknown verb the parser only reports a missing one.
-        const std::vector<std::string> unknown = m_app->remaining();
-        return unknown.empty() ? PrintParseResult(*m_app, result)
-                               : PrintParseResult(*m_app, CLI::ExtrasError("", {unknown.front()}));
     }
     catch (const CLI::ParseError& result)
     {

@@ -37,11 +37,11 @@ public:
     void Text(const char* name, CString& value, const char* help, ENeed need = ENeed::Required);
     /// As Text, and help shows what the variable holds now.
     void TextWithDefault(const char* name, CString& value, const char* help);
-    /// One or more values.
-    void Texts(const char* name, std::vector<CString>& values, const char* help);
+    /// One or more values, or any number of an optional one.
+    void Texts(const char* name, std::vector<CString>& values, const char* help, ENeed need = ENeed::Required);
     /// The inputs of a verb that takes many: "FILE..." and the options "--recursive" and "--jobs".
     /// @param inputs whose entersFolders is set takes folders without "--recursive", too.
-    void Inputs(SInputs& inputs, const char* help);
+    void Inputs(SInputs& inputs, const char* help, ENeed need = ENeed::Required);
     /// One of the words.
     void Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help);
     /// The option "--syntax" and its words. The value is one of ESyntax, or kSyntaxDeflated.
@@ -79,6 +79,8 @@ public:
 
 private:
     friend class CVerb;
+
+    bool KnowsVerb(const std::vector<std::string>& reversed) const;
 
     std::unique_ptr<CLI::App> m_app;
     bool m_quiet = false;

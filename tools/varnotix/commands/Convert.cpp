@@ -1,12 +1,17 @@
 #include "commands/Commands.h"
+#include "files/FileKinds.h"
 #include "files/Input.h"
+#include "files/OutputFolder.h"
 #include "rewrite/Rewrite.h"
+#include "run/InputRun.h"
 
 namespace
 {
 
 constexpr const char* kFooter =
-    "OUT holds what IN holds. Without --syntax it has the same bytes, unless IN breaks the standard. A data set\n"
+    "'varnotix convert IN OUT', or 'varnotix convert -o OUT FILE...'. OUT is a folder when it ends with '/', exists "
+    "as\n"
+    "one, or gets several files. It holds what IN holds, in the same bytes unless IN breaks the standard. A data set\n"
     "without preamble and file meta information gets both when its syntax changes. OUT appears when it is complete;\n"
     "IN and OUT may be the same file. Compressed pixel data is not decompressed: 'explicit' keeps its transfer\n"
     "syntax, the others refuse it. Standard error gets a summary of what OUT does not hold as IN did: VRs that\n"
@@ -16,24 +21,23 @@ constexpr const char* kFooter =
 struct SConvertOptions
 {
     int syntax = SYNTAX_UNKNOWN; // One of ESyntax, or kSyntaxDeflated; unknown: that of the input.
-    CString input;
-    CString output;
+    SInputs inputs;
+    CString output;     // Empty: the last of the inputs names it.
     bool force = false; // Also what other readers would refuse.
 };
 
-int ConvertOne(const SConvertOptions& options, const CReport& report)
+int ConvertOne(const SConvertOptions& options, const SInput& input, const CReport& report)
 {
-    const CString name = ShownName(options.input);
+    const CString name = ShownName(input.path);
     CDcmIOD object;
-    if (!ReadObject(options.input, object, report))
+    if (!ReadObject(input.path, object, report))
     {
         return STATUS_UNREADABLE;
     }
     const SObjectForm form = FormOf(object);
     const bool keepsSyntax = options.syntax == SYNTAX_UNKNOWN;
     const int syntax = keepsSyntax ? form.syntax : options.syntax;
-    STarget target{CString(),    syntax, options.output, options.input, form.isBare && syntax == form.syntax,
-                   options.force};
+    STarget target{CString(), syntax, input.output, input.path, form.isBare && syntax == form.syntax, options.force};
     if (!target.staysBare)
     {
         target.uid = keepsSyntax ? UidToKeep(form, name, report) : UidToWrite(form, name, syntax, report);
@@ -59,13 +63,45 @@ int ConvertOne(const SConvertOptions& options, const CReport& report)
     return STATUS_DONE;
 }
 
-int Convert(const SConvertOptions& options, const CReport& report)
+/// True for an existing folder whose name does not end with a separator.
+bool IsPlainFolder(const CString& path)
 {
+    return FileKindOf(path) == EFileKind::Folder && !FileNameOf(path).IsEmpty();
+}
+
+int Convert(SConvertOptions& options, const CReport& report)
+{
+    std::vector<CString>& names = options.inputs.names;
+    if (options.output.IsEmpty())
+    {
+        if (names.size() < 2)
+        {
+            report.Error("the output is missing: name it after the inputs, or with -o");
+            return STATUS_USAGE;
+        }
+        options.output = names.back();
+        names.pop_back();
+        if (names.size() == 1 && FileKindOf(names.front()) != EFileKind::Folder && IsPlainFolder(options.output))
+        {
+            // Where one file is to become another, a folder in its place is mostly a mistake.
+            report.Error("cannot write '" + options.output + "': it is a folder; with '/' at its end OUT goes into it");
+            return STATUS_UNWRITTEN;
+        }
+    }
+    if (!PlaceOutputs(options.inputs, options.output, report))
+    {
+        return STATUS_USAGE;
+    }
     if (!HasDataFiles(report, true))
     {
         return STATUS_UNREADABLE;
     }
-    return ReportWriteFailures(options.output, report, [&] { return ConvertOne(options, report); });
+    const auto convert = [&options](const SJob& job)
+    {
+        return ReportWriteFailures(job.input.output, job.report,
+                                   [&] { return ConvertOne(options, job.input, job.report); });
+    };
+    return RunInputs(options.inputs, report, "were not converted", convert);
 }
 
 } // namespace
@@ -78,8 +114,9 @@ void AddConvert(CCommandLine& line)
                 "The syntax to write: implicit, explicit or deflated explicit VR little endian, or explicit VR "
                 "big endian; without it, that of IN",
                 CVerb::ENeed::Optional);
-    verb.Text("IN", options->input, "File to read; '-' is standard input");
-    verb.Text("OUT", options->output, "File to write; '-' is standard output");
+    verb.Inputs(options->inputs, "Files to read, and without -o the OUT to write; '-' is standard input or output");
+    verb.Text("-o,--output", options->output,
+              "File or folder to write to, '-' for standard output; without it, the last FILE", CVerb::ENeed::Optional);
     verb.Flag("--force", options->force, "Write an OUT that other readers would refuse");
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return Convert(*options, report); });

@@ -1,10 +1,9 @@
 #include "commands/Commands.h"
-#include "console/StandardStreams.h"
 #include "files/Input.h"
 #include "object/ObjectKinds.h"
 #include "object/TypedObject.h"
 #include "object/ValueText.h"
-#include "rewrite/CheckedWrite.h"
+#include "run/InputRun.h"
 
 #include <algorithm>
 #include <set>
@@ -19,7 +18,7 @@ constexpr const char* kFooter =
 
 struct SModulesOptions
 {
-    CString input;
+    SInputs inputs;
     bool withGaps = false; // Also the attributes that a module declares and the object lacks.
 };
 
@@ -27,7 +26,10 @@ struct SModulesOptions
 class CModulePrinter
 {
 public:
-    CModulePrinter(const CDcmIOD& object, bool withGaps) : m_object(object), m_withGaps(withGaps) {}
+    CModulePrinter(const CDcmIOD& object, bool withGaps, CConsole& console)
+        : m_object(object), m_withGaps(withGaps), m_console(console)
+    {
+    }
 
     void Print();
 
@@ -36,11 +38,12 @@ private:
     void PrintRest();
     void PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const;
     void PrintItem(const CDcmElementSet& items, int item, const CDcmElementSet* declared, int depth) const;
-    static void PrintGap(const CDcmElement& attribute, int depth);
-    static void PrintLine(const CString& text, int depth);
+    void PrintGap(const CDcmElement& attribute, int depth) const;
+    void PrintLine(const CString& text, int depth) const;
 
     const CDcmIOD& m_object;
     bool m_withGaps;
+    CConsole& m_console;
     CString m_entity = "Object"; // Printed before the next module.
     std::set<DWORD> m_declared;
 };
@@ -160,38 +163,42 @@ void CModulePrinter::PrintItem(const CDcmElementSet& items, int item, const CDcm
     }
 }
 
-void CModulePrinter::PrintGap(const CDcmElement& attribute, int depth)
+void CModulePrinter::PrintGap(const CDcmElement& attribute, int depth) const
 {
     PrintLine(AttributeName(attribute) + ": absent", depth);
 }
 
-void CModulePrinter::PrintLine(const CString& text, int depth)
+void CModulePrinter::PrintLine(const CString& text, int depth) const
 {
-    WriteStandardOutput(std::string(static_cast<std::size_t>(depth) * 2, ' '));
-    WriteStandardOutput(text.View());
-    WriteStandardOutput("\n");
+    m_console.Print(std::string(static_cast<std::size_t>(depth) * 2, ' '));
+    m_console.Print(text.View());
+    m_console.Print("\n");
+}
+
+int ModulesOf(const SModulesOptions& options, const SJob& job)
+{
+    const CString& path = job.input.path;
+    CDcmIOD object;
+    SReadStop stop;
+    if (!ReadObjectPart(path, object, stop, job.report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    if (options.inputs.names.size() > 1 || options.inputs.entersFolders)
+    {
+        job.console.Print(std::string("file ") + std::string(ShownName(path).View()) + "\n");
+    }
+    const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
+    CModulePrinter(*typed, options.withGaps, job.console).Print();
+    job.console.Flush();
+    return ReportStop(path, stop, job.report);
 }
 
 int Modules(const SModulesOptions& options, const CReport& report)
 {
-    if (!HasDataFiles(report, false))
-    {
-        return STATUS_UNREADABLE;
-    }
-    CDcmIOD object;
-    SReadStop stop;
-    if (!ReadObjectPart(options.input, object, stop, report))
-    {
-        return STATUS_UNREADABLE;
-    }
-    return ReportWriteFailures("standard output", report,
-                               [&]
-                               {
-                                   const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
-                                   CModulePrinter(*typed, options.withGaps).Print();
-                                   FlushStandardOutput();
-                                   return ReportStop(options.input, stop, report);
-                               });
+    return HasDataFiles(report, false) ? RunInputs(options.inputs, report, "could not be read",
+                                                   [&](const SJob& job) { return ModulesOf(options, job); })
+                                       : STATUS_UNREADABLE;
 }
 
 } // namespace
@@ -199,8 +206,8 @@ int Modules(const SModulesOptions& options, const CReport& report)
 void AddModules(CCommandLine& line)
 {
     const auto options = std::make_shared<SModulesOptions>();
-    CVerb verb = line.AddVerb("modules", "Print a file by entity and module, with names and values", kFooter);
-    verb.Text("FILE", options->input, "File to read; '-' is standard input");
+    CVerb verb = line.AddVerb("modules", "Print each file by entity and module, with names and values", kFooter);
+    verb.Inputs(options->inputs, "Files to print; '-' is standard input");
     verb.Flag("--gaps", options->withGaps, "Also name the attributes that are absent");
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return Modules(*options, report); });

@@ -11,7 +11,7 @@ constexpr const char* kFooter =
 
 struct SPduOptions
 {
-    CString input = "-";
+    SInputs inputs;
     bool showFields = false;
 };
 
@@ -21,8 +21,19 @@ void AddPdu(CCommandLine& line)
 {
     const auto options = std::make_shared<SPduOptions>();
     CVerb verb = line.AddVerb("pdu", "Print what association PDUs hold", kFooter);
-    verb.Text("FILE", options->input, "PDUs as bytes or in hexadecimal digits; '-', or no file, is standard input",
-              CVerb::ENeed::Optional);
+    verb.Inputs(options->inputs, "PDUs as bytes or in hexadecimal digits; '-', or no file, is standard input",
+                CVerb::ENeed::Optional);
     verb.Flag("--fields", options->showFields, "Print each field with its offset and its bytes");
-    verb.Action([options](const CReport& report) { return ShowPdus(options->input, options->showFields, report); });
+    verb.Action(
+        [options](const CReport& report)
+        {
+            SInputs& inputs = options->inputs;
+            inputs.takesAnyFile = true;
+            if (inputs.names.empty())
+            {
+                inputs.names.emplace_back("-");
+            }
+            const auto show = [&](const SJob& job) { return ShowPdus(job, options->showFields); };
+            return RunInputs(inputs, report, "could not be read to their end", show);
+        });
 }

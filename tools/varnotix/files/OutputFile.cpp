@@ -2,10 +2,12 @@
 
 #include "Varnotix/platform/FileSearch.h"
 #include "files/OutputFolder.h"
+#include "files/Unfinished.h"
 
 #include <filesystem>
 #include <random>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -64,10 +66,9 @@ COutputFile::COutputFile(const CString& path) : m_path(path), m_shown(path)
 
 COutputFile::~COutputFile()
 {
-    m_file.reset();
     if (!m_temporary.IsEmpty())
     {
-        Varnotix::DeleteFileByPath(m_temporary);
+        DeleteUnfinished(m_temporary, std::move(m_file));
     }
 }
 
@@ -81,7 +82,7 @@ void COutputFile::OpenTemporary()
     } while (Varnotix::FileExists(name));
     try
     {
-        m_file = std::make_unique<CFile>(name, CFile::modeCreate | CFile::modeReadWrite);
+        m_file = CreateUnfinished(name);
         m_temporary = name;
     }
     catch (const CFileException& failure)
@@ -123,7 +124,7 @@ void COutputFile::Replace()
             fs::permissions(fs::path{std::string(m_temporary.CText())}, old.permissions(), error);
         }
     }
-    if (!Varnotix::ReplaceFileByRename(m_temporary, m_path))
+    if (!FinishFile(m_temporary, m_path))
     {
         throw CWriteFailure("cannot write '" + std::string(m_shown.CText()) +
                             "': the existing file cannot be replaced");

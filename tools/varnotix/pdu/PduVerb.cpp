@@ -1,6 +1,5 @@
 #include "pdu/PduVerb.h"
 
-#include "console/StandardStreams.h"
 #include "files/Input.h"
 #include "pdu/PduFields.h"
 #include "pdu/PduInput.h"
@@ -45,7 +44,7 @@ CString Hexadecimal(const BYTE* bytes, int count)
 }
 
 /// Prints the field's bytes in lines of sixteen, with name and meaning in the first.
-void PrintField(const SShownField& field, const CByteArray& pdu, int start)
+void PrintField(const SShownField& field, const CByteArray& pdu, int start, CConsole& console)
 {
     for (int done = 0; done < field.size; done += kBytesALine)
     {
@@ -62,11 +61,11 @@ void PrintField(const SShownField& field, const CByteArray& pdu, int start)
                         static_cast<const char*>(field.name), field.meaning.IsEmpty() ? "" : ": ",
                         static_cast<const char*>(field.meaning));
         }
-        WriteStandardOutput(line.View());
+        console.Print(line.View());
     }
 }
 
-void PrintDump(const CByteArray& bytes)
+void PrintDump(const CByteArray& bytes, CConsole& console)
 {
     CDcmProtocolDataUnit pdu;
     pdu.Create(bytes);
@@ -74,34 +73,37 @@ void PrintDump(const CByteArray& bytes)
     pdu.Export(lines);
     for (const CString& line : lines)
     {
-        WriteStandardOutput(line.View());
-        WriteStandardOutput("\n");
+        console.Print(line.View());
+        console.Print("\n");
     }
 }
 
-void ShowPdu(const CByteArray& bytes, const std::vector<SShownField>& fields, int number, int start, bool showFields)
+void ShowPdu(const CByteArray& bytes, const std::vector<SShownField>& fields, int number, int start, bool showFields,
+             CConsole& console)
 {
     CString heading;
     heading.Format("# PDU %d at offset %d, %s: %s\n", number, start,
                    static_cast<const char*>(SizeText(bytes.GetSize())), Varnotix::PduTypeName(bytes[0]));
-    WriteStandardOutput(heading.View());
+    console.Print(heading.View());
     if (!showFields)
     {
-        PrintDump(bytes);
+        PrintDump(bytes, console);
         return;
     }
     for (const SShownField& field : fields)
     {
-        PrintField(field, bytes, start);
+        PrintField(field, bytes, start, console);
     }
 }
 
 } // namespace
 
-int ShowPdus(const CString& path, bool showFields, const CReport& report)
+int ShowPdus(const SJob& job, bool showFields)
 {
+    const CString& path = job.input.path;
+
     CByteArray stream;
-    if (!ReadPduBytes(path, stream, report))
+    if (!ReadPduBytes(path, stream, job.report))
     {
         return STATUS_UNREADABLE;
     }
@@ -113,18 +115,18 @@ int ShowPdus(const CString& path, bool showFields, const CReport& report)
         pdu.Assign(stream.GetData() + start, PduSize(stream, start));
         ++number;
         const std::vector<SShownField> fields = ListPduFields(pdu);
-        ShowPdu(pdu, fields, number, start, showFields);
+        ShowPdu(pdu, fields, number, start, showFields, job.console);
         const SShownField& last = fields.back();
         if (last.isUnread)
         {
             CString message;
             message.Format(": PDU %d: unread from offset %d on, %s: %s", number, start + last.offset,
                            static_cast<const char*>(SizeText(last.size)), static_cast<const char*>(last.meaning));
-            report.Error(ShownName(path) + message);
+            job.report.Error(ShownName(path) + message);
             status = STATUS_UNREADABLE;
         }
         start += pdu.GetSize();
     }
-    FlushStandardOutput();
+    job.console.Flush();
     return status;
 }

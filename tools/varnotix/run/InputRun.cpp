@@ -31,7 +31,7 @@ int DoJob(const SInputs& inputs, const CJobFunction& job, const SJob& what)
     int status = STATUS_UNREADABLE;
     const auto work = [&]
     {
-        if (input.isFound && !IsDicomFile(input.path))
+        if (input.isFound && !inputs.takesAnyFile && !IsDicomFile(input.path))
         {
             status = kSkipped;
             return true;
