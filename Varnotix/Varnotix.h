@@ -37,6 +37,7 @@
 #include "Varnotix/platform/Lists.h"
 #include "Varnotix/platform/Maps.h"
 #include "Varnotix/platform/MemFile.h"
+#include "Varnotix/registry/DataFiles.h"
 #include "Varnotix/registry/DcmRegistry.h"
 #include "Varnotix/registry/InitDicomDLL.h"
 #include "Varnotix/registry/Keyword.h"

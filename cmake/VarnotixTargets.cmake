@@ -32,10 +32,10 @@ endfunction()
 
 # Puts copies of the data files into a folder, renewed whenever the originals change.
 function(varnotix_copy_data folder)
-    foreach(name dictionary.txt UidTable.txt)
-        if(EXISTS ${PROJECT_SOURCE_DIR}/data/${name})
-            configure_file(${PROJECT_SOURCE_DIR}/data/${name} ${folder}/${name} COPYONLY)
-        endif()
+    file(GLOB files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/*.txt)
+    foreach(file IN LISTS files)
+        get_filename_component(name ${file} NAME)
+        configure_file(${file} ${folder}/${name} COPYONLY)
     endforeach()
 endfunction()
 

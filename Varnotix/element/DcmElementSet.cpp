@@ -18,7 +18,7 @@ CDcmElementSet::CDcmElementSet() : CDcmList(new CElementBody) {}
 
 CDcmElementSet::CDcmElementSet(CElementBody& body) : CDcmList(&body)
 {
-    ++body.references;
+    body.references.Add();
 }
 
 CDcmElementSet::~CDcmElementSet() = default;
@@ -213,7 +213,7 @@ void CDcmElementSet::DestroyContents()
 void CDcmElementSet::ForgetAll()
 {
     CObArray borrowed;
-    Body().references = 1;
+    Body().references.SetOne();
     Elements().SwapList(borrowed);
 }
 

@@ -141,7 +141,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
         }
     }
     auto body = std::make_unique<CElementBody>();
-    if (Body().references == 1)
+    if (Body().references.IsOne())
     {
         // Nobody else sees the old body, so its elements move into the new one as they are. With the room made first,
         // nothing can fail while they stand in both.
@@ -177,7 +177,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
 
 void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
 {
-    if (Body().references != 1 || values.Body().references != 1 || Elements().IsShaped() ||
+    if (!Body().references.IsOne() || !values.Body().references.IsOne() || Elements().IsShaped() ||
         !InStrictTagOrder(Body().list) || !InStrictTagOrder(values.Body().list))
     {
         RemoveTagsOf(values);

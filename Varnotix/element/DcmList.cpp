@@ -42,7 +42,7 @@ void CDcmList::TakeBody(CDcmListBody* body)
 {
     CDcmListBody* released = m_body;
     m_body = body;
-    if (--released->references == 0)
+    if (released->references.Release())
     {
         delete released;
     }
@@ -52,7 +52,7 @@ void CDcmList::ShareBody(const CDcmList& other)
 {
     if (m_body != other.m_body)
     {
-        ++other.m_body->references;
+        other.m_body->references.Add();
         TakeBody(other.m_body);
     }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Varnotix/platform/Arrays.h"
+#include "Varnotix/platform/RefCount.h"
 
 #include <memory>
 
@@ -29,7 +30,7 @@ public:
     virtual void Fill();
 
     CObArray list;
-    int references = 1;
+    CRefCount references;
     bool unfilled = false;
 };
 

@@ -30,12 +30,12 @@ bool TagLess(const CObject* left, const CObject* right)
 
 CBodyHandle::CBodyHandle(CElementBody& body) : m_body(&body)
 {
-    ++body.references;
+    body.references.Add();
 }
 
 CBodyHandle::~CBodyHandle()
 {
-    if (m_body != nullptr && --m_body->references == 0)
+    if (m_body != nullptr && m_body->references.Release())
     {
         delete m_body;
     }
@@ -163,9 +163,22 @@ void CElementBody::SwapList(CObArray& elements) noexcept
     ListChanged();
 }
 
+/// As DestroyObjects; the values of one read lie in few blocks.
+void CElementBody::DestroyElements()
+{
+    CObArray doomed;
+    doomed.Swap(list);
+    CViewRelease values;
+    for (CObject* object : doomed)
+    {
+        values.Take(ElementOf(object).m_raw);
+        delete object;
+    }
+}
+
 void CElementBody::Clear()
 {
-    DestroyObjects();
+    DestroyElements();
     unfilled = false;
     itemForms = CItemForms();
     selectedItem = 0;
@@ -425,7 +438,7 @@ void CElementBody::CopyUnshownMembers(const CElementBody& other)
 
 void CElementBody::TakeBindings(CElementBody& replaced) noexcept
 {
-    if (replaced.references == 1 && !replaced.m_members.empty())
+    if (replaced.references.IsOne() && !replaced.m_members.empty())
     {
         m_shape = replaced.m_shape;
         m_ownShape.swap(replaced.m_ownShape);

@@ -59,6 +59,8 @@ private:
 class CElementBody : public CDcmListBody
 {
 public:
+    ~CElementBody() override { DestroyElements(); }
+
     CDcmElement* ElementAt(int index) const { return static_cast<CDcmElement*>(At(index)); }
 
     /// The first element of the tag in list order, or null.
@@ -143,6 +145,7 @@ private:
     /// The element that shows a member, if it is in the list.
     CDcmElement* FindMember(std::size_t member) const { return FindShown(m_shape->Sequences()[member]); }
     CDcmElement* FindFrom(DWORD tag, int& start) const;
+    void DestroyElements();
     int IndexOf(const CDcmElement* element) const;
     int LowerBound(DWORD tag) const;
 

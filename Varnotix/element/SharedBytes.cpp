@@ -17,29 +17,31 @@ constexpr std::size_t kLargestChunk = 16384;
 
 } // namespace
 
+CSharedBytes::SBlock* CSharedBytes::NewBlock(std::size_t size, std::size_t views)
+{
+    // Raw memory: the copy is the first to touch it.
+    void* memory = ::operator new(sizeof(SBlock) + size, std::nothrow);
+    if (memory == nullptr)
+    {
+        throw CMemoryException();
+    }
+    return new (memory) SBlock(views);
+}
+
 CSharedBytes CSharedBytes::Allocate(std::size_t size, BYTE*& bytes)
 {
     if (size > static_cast<std::size_t>(INT_MAX))
     {
         throw CMemoryException();
     }
-    CSharedBytes result;
     bytes = nullptr;
-    if (size > 0)
+    if (size == 0)
     {
-        // Raw memory: the copy is the first to touch it.
-        void* memory = ::operator new(sizeof(SBlock) + size, std::nothrow);
-        if (memory == nullptr)
-        {
-            throw CMemoryException();
-        }
-        result.m_block = static_cast<SBlock*>(memory);
-        result.m_block->holders = 1;
-        bytes = static_cast<BYTE*>(memory) + sizeof(SBlock);
-        result.m_data = bytes;
-        result.m_size = static_cast<DWORD>(size);
+        return {};
     }
-    return result;
+    SBlock* block = NewBlock(size, 1);
+    bytes = BytesOf(block);
+    return {block, bytes, size};
 }
 
 CSharedBytes CSharedBytes::Copy(const BYTE* data, std::size_t size)
@@ -90,13 +92,25 @@ CSharedBytes CByteChunks::Store(const BYTE* data, std::size_t size)
     }
     if (size > m_room)
     {
-        m_chunk = CSharedBytes::Allocate(m_nextChunk, m_free);
+        LeaveChunk();
+        // Each view holds a byte at least; the chunk itself is one more.
+        m_chunk = CSharedBytes::NewBlock(m_nextChunk, m_nextChunk + 1);
+        m_viewsLeft = m_nextChunk + 1;
+        m_free = CSharedBytes::BytesOf(m_chunk);
         m_room = m_nextChunk;
         m_nextChunk = std::min(m_nextChunk * 2, kLargestChunk);
     }
     std::memcpy(m_free, data, size);
-    CSharedBytes value = m_chunk.Part(m_chunk.Size() - m_room, size);
+    CSharedBytes value(m_chunk, m_free, size);
+    --m_viewsLeft;
     m_free += size;
     m_room -= size;
     return value;
+}
+
+void CByteChunks::LeaveChunk()
+{
+    CSharedBytes::Release(m_chunk, m_viewsLeft);
+    m_chunk = nullptr;
+    m_room = 0;
 }

@@ -3,6 +3,7 @@
 
 #include "Varnotix/platform/Arrays.h"
 #include "Varnotix/platform/Export.h"
+#include "Varnotix/platform/RefCount.h"
 #include "Varnotix/platform/Types.h"
 
 #include <cstddef>
@@ -11,8 +12,8 @@
 /// A view of bytes in a counted block; the block goes with its last view.
 ///
 /// Raw values and frames are held this way, so that copying an element or a frame, or handing pixel data from a
-/// stream to a store to a module and back, never copies the bytes. The count is not atomic: like the whole library,
-/// views of one block belong to one thread at a time.
+/// stream to a store to a module and back, never copies the bytes. Views of one block may be on different threads; one
+/// view belongs to one thread at a time, as any object does.
 class VARNOTIX_EXPORT CSharedBytes
 {
 public:
@@ -35,13 +36,7 @@ public:
         CSharedBytes(static_cast<CSharedBytes&&>(other)).Swap(*this);
         return *this;
     }
-    ~CSharedBytes()
-    {
-        if (m_block != nullptr && --m_block->holders == 0)
-        {
-            Free(m_block);
-        }
-    }
+    ~CSharedBytes() { Release(m_block, 1); }
 
     /// A new block that holds a copy of the bytes. Throws CMemoryException when there is no memory.
     static CSharedBytes Copy(const BYTE* data, std::size_t size);
@@ -66,16 +61,28 @@ public:
     void Swap(CSharedBytes& other) noexcept;
 
 private:
+    friend class CByteChunks;
+    friend class CViewRelease;
+
     struct SBlock
     {
-        std::size_t holders;
+        explicit SBlock(std::size_t views) : holders(views) {}
+
+        CRefCount holders;
     };
 
+    /// A view that the block counts already.
+    CSharedBytes(SBlock* block, const BYTE* data, std::size_t size)
+        : m_block(block), m_data(data), m_size(static_cast<DWORD>(size))
+    {
+    }
+    static SBlock* NewBlock(std::size_t size, std::size_t views);
+    static BYTE* BytesOf(SBlock* block) { return reinterpret_cast<BYTE*>(block) + sizeof(SBlock); }
     void Hold() const
     {
         if (m_block != nullptr)
         {
-            ++m_block->holders;
+            m_block->holders.Add();
         }
     }
     void Forget() noexcept
@@ -85,6 +92,14 @@ private:
         m_size = 0;
     }
     static void Free(SBlock* block);
+    /// Takes views off the count of a block, which may be null.
+    static void Release(SBlock* block, std::size_t views)
+    {
+        if (block != nullptr && block->holders.Release(views))
+        {
+            Free(block);
+        }
+    }
 
     SBlock* m_block = nullptr;
     const BYTE* m_data = nullptr;
@@ -95,13 +110,50 @@ private:
 class CByteChunks
 {
 public:
+    CByteChunks() = default;
+    CByteChunks(const CByteChunks&) = delete;
+    CByteChunks& operator=(const CByteChunks&) = delete;
+    ~CByteChunks() { LeaveChunk(); }
+
     /// A shared copy of the bytes. Small values share a chunk; a large one gets a block of its own, so that an
     /// element that is kept for long does not keep much else alive.
     CSharedBytes Store(const BYTE* data, std::size_t size);
 
 private:
-    CSharedBytes m_chunk;
+    void LeaveChunk();
+
+    // Counting each view when it is made would cost a locked instruction per value: a chunk counts as many as it can
+    // hold when it is made, and those that were not handed out are taken off when it is left.
+    CSharedBytes::SBlock* m_chunk = nullptr;
+    std::size_t m_viewsLeft = 0;
     BYTE* m_free = nullptr;
     std::size_t m_room = 0;
     std::size_t m_nextChunk = 1024;
+};
+
+/// Releases many views: one change of the count for all that follow each other in one block.
+class CViewRelease
+{
+public:
+    CViewRelease() = default;
+    CViewRelease(const CViewRelease&) = delete;
+    CViewRelease& operator=(const CViewRelease&) = delete;
+    ~CViewRelease() { CSharedBytes::Release(m_block, m_views); }
+
+    /// Takes the view, which is empty afterwards. Its bytes are valid no longer.
+    void Take(CSharedBytes& view)
+    {
+        if (view.m_block != m_block)
+        {
+            CSharedBytes::Release(m_block, m_views);
+            m_block = view.m_block;
+            m_views = 0;
+        }
+        ++m_views;
+        view.Forget();
+    }
+
+private:
+    CSharedBytes::SBlock* m_block = nullptr;
+    std::size_t m_views = 0;
 };

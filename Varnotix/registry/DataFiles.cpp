@@ -7,7 +7,8 @@
 
 #include <vector>
 
-using namespace Varnotix;
+namespace Varnotix
+{
 
 namespace
 {
@@ -84,3 +85,5 @@ CString ReadDataFile(const CString& name, const std::function<void(std::string_v
     }
     return CString();
 }
+
+} // namespace Varnotix

@@ -70,8 +70,8 @@ void SSharedTables::Load()
         photometricNames.Add(name);
     }
     dictionaryPath =
-        ReadDataFile("dictionary.txt", [this](std::string_view line) { AddDictionaryLine(line, publicDictionary); });
-    uidTablePath = ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids, uidNames); });
+        Varnotix::ReadDataFile("dictionary.txt", [this](std::string_view line) { AddDictionaryLine(line, publicDictionary); });
+    uidTablePath = Varnotix::ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids, uidNames); });
 }
 
 /// The name lists stay: a registry constructed after all others were destroyed appends to them again, and searches then
