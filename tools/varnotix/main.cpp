@@ -10,7 +10,7 @@ namespace
 
 constexpr const char* kFooter =
     "Data goes to standard output, everything else to standard error.\n"
-    "Exit status: 0 done, 1 wrong usage, 10 done but identifying values may be left, 20 an input could not be read,\n"
+    "Exit status: 0 done, 1 wrong usage, 10 done with findings, 20 an input could not be read,\n"
     "40 an output could not be written, 141 the reader of the output closed it.\n"
     "The data dictionary is looked for in the current directory, in the folder that VARNOTIX_DATA names,\n"
     "beside the library and in the share folder.";
@@ -23,6 +23,7 @@ int Run(int count, char** texts)
     AddAnonymize(line);
     AddFrames(line);
     AddModules(line);
+    AddCheck(line);
     AddNew(line);
     AddBuild(line);
     AddApply(line);

@@ -6,6 +6,7 @@
 void AddAnonymize(CCommandLine& line);
 void AddApply(CCommandLine& line);
 void AddBuild(CCommandLine& line);
+void AddCheck(CCommandLine& line);
 void AddConvert(CCommandLine& line);
 void AddDump(CCommandLine& line);
 void AddFrames(CCommandLine& line);

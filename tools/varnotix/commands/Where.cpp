@@ -1,19 +1,23 @@
 #include "Varnotix/platform/FileSearch.h"
 #include "commands/Commands.h"
 #include "console/StandardStreams.h"
+#include "object/ObjectRules.h"
 
 namespace
 {
 
-CString TableLine(const char* name, const CString& path, int rows)
+CString FileLine(const char* name, const CString& path, const CString& rest)
 {
-    if (path.IsEmpty())
-    {
-        return CString(name) + ": not found\n";
-    }
-    CString count;
-    count.Format(", %d rows\n", rows);
-    return CString(name) + ": " + Varnotix::JoinPath(Varnotix::CurrentDirectory(), path) + count;
+    return CString(name) + ": " +
+           (path.IsEmpty() ? CString("not found") : Varnotix::JoinPath(Varnotix::CurrentDirectory(), path) + rest) +
+           "\n";
+}
+
+CString Rows(int count)
+{
+    CString text;
+    text.Format(", %d rows", count);
+    return text;
 }
 
 CString Places()
@@ -35,9 +39,9 @@ CString Places()
 int Where(const CReport& /*report*/)
 {
     const CDcmRegistry& registry = CDcmRegistry::Global();
-    const CString text = TableLine("dictionary.txt", CDcmRegistry::DictionaryPath(), registry.DictionarySize()) +
-                         TableLine("UidTable.txt", CDcmRegistry::UidTablePath(), registry.UidDictionarySize()) +
-                         Places();
+    const CString text = FileLine("dictionary.txt", CDcmRegistry::DictionaryPath(), Rows(registry.DictionarySize())) +
+                         FileLine("UidTable.txt", CDcmRegistry::UidTablePath(), Rows(registry.UidDictionarySize())) +
+                         FileLine("objects.txt", ObjectRulesPath(), CString()) + Places();
     WriteStandardOutput(text.View());
     FlushStandardOutput();
     return STATUS_DONE;

@@ -9,6 +9,7 @@ enum EStatus : int
     STATUS_DONE = 0,
     STATUS_USAGE = 1,        ///< The command line is wrong.
     STATUS_LEFT = 10,        ///< Done, but identifying values may be left in an output.
+    STATUS_FOUND = 10,       ///< Done, and the inputs break the standard, or differ.
     STATUS_UNREADABLE = 20,  ///< An input could not be read, or cannot be turned into the requested output.
     STATUS_UNWRITTEN = 40,   ///< An output could not be written.
     STATUS_CLOSED_PIPE = 141 ///< The reader of standard output closed it; what a shell reports for SIGPIPE.

@@ -253,8 +253,10 @@ CString FaultOfUid(std::string_view value)
 {
     CFormReader reader(value);
     std::string_view rest = value;
+    int components = 0;
     do
     {
+        ++components;
         const bool startsWithZero = !rest.empty() && rest.front() == '0';
         const std::size_t digits = reader.Digits();
         if (digits == 0)
@@ -267,6 +269,11 @@ CString FaultOfUid(std::string_view value)
         }
         rest.remove_prefix(std::min(digits + 1, rest.size()));
     } while (reader.Take('.'));
+    if (reader.IsAtEnd() && (components == 1 || value[0] > '2' || value[1] != '.'))
+    {
+        // PS3.5 section 9.1: a root that ISO 9834-1 registers, which begins with 0, 1 or 2, and a suffix.
+        return "is not a UID: it has no registered root";
+    }
     return Unless(reader.IsAtEnd(), "is not a UID (digits with points between them)");
 }
 
