@@ -6,7 +6,7 @@ set -euo pipefail
 
 [ $# -gt 0 ] || set -- release asan installed windows clang bench coverage fuzz hostile style reference
 
-packages=(g++ cmake ninja-build libcli11-dev libasio-dev libpng-dev zlib1g-dev)
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libasio-dev libpng-dev zlib1g-dev)
 for stage in "$@"; do
     case $stage in
         release | asan) packages+=(libgtest-dev dcmtk libgdcm-tools dicom3tools python3-pydicom) ;;

@@ -1,9 +1,12 @@
 #include "commands/Commands.h"
 #include "files/Input.h"
+#include "json/JsonReader.h"
+#include "json/TextEncoding.h"
+#include "rewrite/CheckedWrite.h"
 #include "rewrite/FileMeta.h"
 #include "rewrite/Identity.h"
+#include "rewrite/NewObject.h"
 #include "rewrite/RawValue.h"
-#include "rewrite/Rewrite.h"
 #include "script/GroupCommands.h"
 #include "script/ScriptObject.h"
 #include "script/ScriptTree.h"
@@ -18,7 +21,9 @@ constexpr const char* kFooter =
     "The script's lines are the attributes; its commands name the files that pixel data comes from, what to anonymise\n"
     "and what to remove. The file meta information is completed. Each lost line and each file that gives no pixel\n"
     "data is named with the reason; nothing is written then, unless --force is given. A script opens the files\n"
-    "that it names, so trust it as you trust a program.";
+    "that it names, so trust it as you trust a program. A document in the DICOM JSON model may come in its place; it "
+    "opens\n"
+    "the files of its references.";
 
 struct SBuildOptions
 {
@@ -26,6 +31,7 @@ struct SBuildOptions
     CString output;              // A path, or "-" for standard output; empty: what the script says.
     int syntax = SYNTAX_UNKNOWN; // The syntax to write (see ESyntax); unknown: what the script says.
     bool force = false;          // Also when lines or sources are lost.
+    CString characterSet;        // Of the texts of a JSON document; empty: the one that it names.
 };
 
 /// Builds one object.
@@ -46,7 +52,6 @@ private:
     CString Output() const;
     bool CheckLines(const CDcmIOD& object) const;
     void RemoveEmptySequences(CDcmElementSet& set, const CString& path) const;
-    int Syntax(const SObjectForm& form) const;
 
     const CString& m_name;
     const CStringArray& m_lines;
@@ -84,22 +89,8 @@ int CBuilder::Write()
     const bool anonymizes = !m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty();
     const int status = anonymizes ? ReportUncovered(object.ElementStore(), false, m_name, m_report) : STATUS_DONE;
 
-    SObjectForm form = FormOf(object);
-    form.syntax = SYNTAX_EXPLICIT_LITTLE; // Lines of a script carry their VRs.
-    const int syntax = Syntax(form);
-    const CString uid = UidToWrite(form, m_name, syntax, m_report);
-    if (uid.IsEmpty())
-    {
-        return STATUS_UNREADABLE;
-    }
-    if (syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
-    {
-        SetPixelDataVr(object.ElementStore(), m_name, m_report);
-    }
-    ReportMetaMismatch(object, m_name, m_report);
-    CLossReport losses;
-    Rewrite(object, form, {uid, syntax, output}, m_name, losses, m_report);
-    return status;
+    const int result = WriteNewObject(object, {m_wanted.syntax, output}, m_name, m_report);
+    return std::max(status, result);
 }
 
 /// Paths in scripts may have the separators of another system.
@@ -172,14 +163,39 @@ void CBuilder::RemoveEmptySequences(CDcmElementSet& set, const CString& path) co
     }
 }
 
-int CBuilder::Syntax(const SObjectForm& form) const
+/// True for a document in JSON; the lines of a script begin otherwise.
+bool IsJson(std::string_view text)
 {
-    if (m_wanted.syntax != SYNTAX_UNKNOWN)
+    const std::size_t first = text.find_first_not_of(" \t\r\n");
+    return first != std::string_view::npos && (text[first] == '{' || text[first] == '[');
+}
+
+int BuildFromJson(std::string_view json, const SBuildOptions& options, const CString& name, const CReport& report)
+{
+    if (options.output.IsEmpty())
     {
-        return m_wanted.syntax;
+        report.Error("-o: a JSON document names no output, so it must be given");
+        return STATUS_USAGE;
     }
-    const int named = form.compressed ? SYNTAX_UNKNOWN : Varnotix::SyntaxOfUid(form.transferSyntax);
-    return named == SYNTAX_UNKNOWN ? SYNTAX_EXPLICIT_LITTLE : named;
+    CDcmIOD object;
+    object.StreamRules(ChosenStreamRules());
+    try
+    {
+        CJsonReader reader;
+        reader.Read(json, object.ElementStore());
+        EncodeTexts(object.ElementStore(), options.characterSet);
+        if (!reader.PixelSyntax().IsEmpty())
+        {
+            DeclareTransferSyntax(object, reader.PixelSyntax(), name, report);
+        }
+    }
+    catch (const CJsonFault& fault)
+    {
+        report.Error(name + ": " + fault.what());
+        return STATUS_UNREADABLE;
+    }
+    CompleteFileMeta(object, name, report);
+    return WriteNewObject(object, {options.syntax, options.output}, name, report);
 }
 
 int Build(const SBuildOptions& options, const CReport& report)
@@ -188,14 +204,25 @@ int Build(const SBuildOptions& options, const CReport& report)
     {
         return STATUS_UNREADABLE;
     }
-    CStringArray lines;
-    if (!ReadScript(options.script, lines, report))
+    CByteArray text;
+    if (!ReadText(options.script, text, report))
     {
         return STATUS_UNREADABLE;
     }
+    const std::string_view view(reinterpret_cast<const char*>(text.GetData()),
+                                static_cast<std::size_t>(text.GetSize()));
     const CString name = ShownName(options.script);
-    return ReportWriteFailures(options.output.IsEmpty() ? name : options.output, report,
-                               [&] { return CBuilder(name, lines, options, report).Write(); });
+    const auto build = [&]
+    {
+        if (IsJson(view))
+        {
+            return BuildFromJson(view, options, name, report);
+        }
+        CStringArray lines;
+        SplitLines(text, lines);
+        return CBuilder(name, lines, options, report).Write();
+    };
+    return ReportWriteFailures(options.output.IsEmpty() ? name : options.output, report, build);
 }
 
 } // namespace
@@ -203,12 +230,16 @@ int Build(const SBuildOptions& options, const CReport& report)
 void AddBuild(CCommandLine& line)
 {
     const auto options = std::make_shared<SBuildOptions>();
-    CVerb verb = line.AddVerb("build", "Make an object from a script", kFooter);
-    verb.Text("SCRIPT", options->script, "Script to read; '-' is standard input");
+    CVerb verb = line.AddVerb("build", "Make an object from a script or a JSON document", kFooter);
+    verb.Text("SCRIPT", options->script, "Script or JSON document to read; '-' is standard input");
     verb.Text("-o,--output", options->output,
               "File to write; '-' is standard output. Without it, the script's TARGET_FILE", CVerb::ENeed::Optional);
     verb.Syntax(options->syntax, "The syntax to write; without it, what the script says", CVerb::ENeed::Optional);
     verb.Flag("--force", options->force, "Write what there is when lines or files are lost");
+    verb.Text(
+        "--charset", options->characterSet,
+        "With a JSON document: the Specific Character Set to encode its texts in; without it, the one that it names",
+        CVerb::ENeed::Optional);
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return Build(*options, report); });
 }

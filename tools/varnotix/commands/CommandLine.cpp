@@ -117,6 +117,11 @@ void CVerb::Flag(const char* name, bool& value, const char* help)
     m_verb.add_flag(name, value, help);
 }
 
+void CVerb::Number(const char* name, std::size_t& value, const char* help)
+{
+    m_verb.add_option(name, value, help)->capture_default_str();
+}
+
 void CVerb::MessageFlags()
 {
     CLI::Option* quiet = m_verb.add_flag("-q,--quiet", m_line.m_quiet, "Print errors only");

@@ -47,6 +47,8 @@ public:
     /// The option "--syntax" and its words. The value is one of ESyntax, or kSyntaxDeflated.
     void Syntax(int& syntax, const char* help, ENeed need);
     void Flag(const char* name, bool& value, const char* help);
+    /// A whole number from 0 on; help shows what the variable holds now.
+    void Number(const char* name, std::size_t& value, const char* help);
     /// Adds "--quiet" and "--verbose", for verbs that print messages besides errors.
     void MessageFlags();
 

@@ -1,5 +1,6 @@
 #include "commands/Commands.h"
 #include "files/Input.h"
+#include "json/JsonWriter.h"
 #include "object/TypedObject.h"
 #include "run/InputRun.h"
 
@@ -11,7 +12,28 @@ constexpr const char* kFooter =
 
 constexpr const char* kSourceLine = "#SOURCE_FILE=";
 
-int DumpOne(const SJob& job)
+struct SDumpOptions
+{
+    SInputs inputs;
+    bool asJson = false;
+    SJsonForm json;
+};
+
+int DumpJson(const SJob& job, const SJsonForm& form)
+{
+    const CString& path = job.input.path;
+    CDcmIOD object;
+    SReadStop stop;
+    if (!ReadObjectPart(path, object, stop, job.report))
+    {
+        return STATUS_UNREADABLE;
+    }
+    CJsonWriter(form, path, job.console, job.report).Write(object.ElementStore());
+    job.console.Flush();
+    return ReportStop(path, stop, job.report);
+}
+
+int DumpText(const SJob& job)
 {
     const CString& path = job.input.path;
     CDcmIOD object;
@@ -38,18 +60,32 @@ int DumpOne(const SJob& job)
     return ReportStop(path, stop, job.report);
 }
 
-int Dump(const SInputs& inputs, const CReport& report)
+int Dump(const SDumpOptions& options, const CReport& report)
 {
-    return HasDataFiles(report, false) ? RunInputs(inputs, report, "could not be read", &DumpOne) : STATUS_UNREADABLE;
+    if (!HasDataFiles(report, false))
+    {
+        return STATUS_UNREADABLE;
+    }
+    SJsonForm form = options.json;
+    // One object is mostly read by people, many are read line by line.
+    form.isIndented = options.inputs.names.size() == 1 && !options.inputs.entersFolders;
+    const auto dump = [&](const SJob& job) { return options.asJson ? DumpJson(job, form) : DumpText(job); };
+    return RunInputs(options.inputs, report, "could not be read", dump);
 }
 
 } // namespace
 
 void AddDump(CCommandLine& line)
 {
-    const auto inputs = std::make_shared<SInputs>();
+    const auto options = std::make_shared<SDumpOptions>();
     CVerb verb = line.AddVerb("dump", "Print the text document of each file", kFooter);
-    verb.Inputs(*inputs, "Files to print; '-' is standard input");
+    verb.Inputs(options->inputs, "Files to print; '-' is standard input");
+    verb.Flag("--json", options->asJson, "Print the DICOM JSON model instead; several objects in a line each");
+    verb.Flag("--meta", options->json.hasMeta, "With --json: print the file meta information, too");
+    verb.Number("--inline", options->json.inlineLimit,
+                "With --json: values of bytes up to this size are in the document, larger ones are references into the "
+                "file");
+    verb.Flag("--no-bulk", options->json.leavesOutBulk, "With --json: leave attributes with larger values out");
     verb.MessageFlags();
-    verb.Action([inputs](const CReport& report) { return Dump(*inputs, report); });
+    verb.Action([options](const CReport& report) { return Dump(*options, report); });
 }

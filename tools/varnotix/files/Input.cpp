@@ -268,24 +268,43 @@ int ReportStop(const CString& path, const SReadStop& stop, const CReport& report
     return STATUS_UNREADABLE;
 }
 
-bool ReadScript(const CString& path, CStringArray& lines, const CReport& report)
+bool ReadText(const CString& path, CByteArray& text, const CReport& report)
 {
-    const auto readLines = [&](CArchive& archive)
-    {
-        for (CString line; archive.ReadString(line);)
-        {
-            lines.Add(line);
-        }
-    };
     const auto read = [&]
     {
-        ReadInput(path, readLines);
+        ReadBytes(path, text);
         constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-        if (!lines.IsEmpty() && lines[0].View().starts_with(kByteOrderMark))
+        if (std::string_view(reinterpret_cast<const char*>(text.GetData()), static_cast<std::size_t>(text.GetSize()))
+                .starts_with(kByteOrderMark))
         {
-            lines[0] = lines[0].Mid(static_cast<int>(kByteOrderMark.size()));
+            text.RemoveAt(0, static_cast<int>(kByteOrderMark.size()));
         }
         return true;
     };
     return ReportReadFailures(path, report, read);
+}
+
+void SplitLines(CByteArray& text, CStringArray& lines)
+{
+    CMemFile file;
+    file.Attach(text.GetData(), static_cast<UINT>(text.GetSize()));
+    Load(file,
+         [&lines](CArchive& archive)
+         {
+             for (CString line; archive.ReadString(line);)
+             {
+                 lines.Add(line);
+             }
+         });
+}
+
+bool ReadScript(const CString& path, CStringArray& lines, const CReport& report)
+{
+    CByteArray text;
+    if (!ReadText(path, text, report))
+    {
+        return false;
+    }
+    SplitLines(text, lines);
+    return true;
 }

@@ -44,6 +44,12 @@ bool ReadObjectPart(const CString& path, CDcmIOD& object, SReadStop& stop, const
 /// @return the status: STATUS_UNREADABLE, or STATUS_DONE when it was read to its end.
 int ReportStop(const CString& path, const SReadStop& stop, const CReport& report);
 
-/// Reads the lines of a script, on standard input for "-", without the byte order mark that some editors put first.
+/// Reads a text, on standard input for "-", without the byte order mark that some editors put first.
 /// @return false, after a message with the reason, when it cannot be read.
+bool ReadText(const CString& path, CByteArray& text, const CReport& report);
+
+/// Adds the lines of a text, which stays as it is.
+void SplitLines(CByteArray& text, CStringArray& lines);
+
+/// Reads the lines of a script, as ReadText does.
 bool ReadScript(const CString& path, CStringArray& lines, const CReport& report);

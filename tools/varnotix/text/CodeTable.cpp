@@ -17,8 +17,8 @@ using CUpperHalf = std::array<char32_t, 128>;
 
 const CUpperHalf& UpperHalf(ECodeSet set)
 {
-    static std::array<CUpperHalf, kCodeSetCount> tables{};
-    static std::array<bool, kCodeSetCount> filled{};
+    thread_local std::array<CUpperHalf, kCodeSetCount> tables{};
+    thread_local std::array<bool, kCodeSetCount> filled{};
     const std::size_t index = static_cast<std::size_t>(set);
     if (!filled[index])
     {

@@ -78,7 +78,7 @@ std::size_t Convert(iconv_t converter, std::string_view input, char* output, std
 
 char32_t SystemCharacterOf(ECodeSet set, std::string_view code)
 {
-    static std::array<CConverter, kCodeSetCount> converters;
+    thread_local std::array<CConverter, kCodeSetCount> converters; // They keep a state.
     std::string form(code);
     if (set == ECodeSet::Kanji2)
     {
@@ -92,7 +92,7 @@ char32_t SystemCharacterOf(ECodeSet set, std::string_view code)
 
 std::string SystemCodeOf(ECodeSet set, char32_t character)
 {
-    static std::array<CConverter, kCodeSetCount> converters;
+    thread_local std::array<CConverter, kCodeSetCount> converters; // They keep a state.
     const std::array<char, 4> bytes = {static_cast<char>(character & 0xFF), static_cast<char>(character >> 8 & 0xFF),
                                        static_cast<char>(character >> 16 & 0xFF), 0};
     std::array<char, 8> code{};

@@ -1,0 +1,28 @@
+#include "rewrite/NewObject.h"
+
+#include "rewrite/Rewrite.h"
+
+int WriteNewObject(CDcmIOD& object, const SNewTarget& target, const CString& name, const CReport& report)
+{
+    SObjectForm form = FormOf(object);
+    form.syntax = SYNTAX_EXPLICIT_LITTLE; // Its elements have their VRs.
+    int syntax = target.syntax;
+    if (syntax == SYNTAX_UNKNOWN)
+    {
+        syntax = form.compressed ? SYNTAX_UNKNOWN : Varnotix::SyntaxOfUid(form.transferSyntax);
+        syntax = syntax == SYNTAX_UNKNOWN ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : syntax;
+    }
+    const CString uid = UidToWrite(form, name, syntax, report);
+    if (uid.IsEmpty())
+    {
+        return STATUS_UNREADABLE;
+    }
+    if (syntax != SYNTAX_IMPLICIT_LITTLE && !form.compressed)
+    {
+        SetPixelDataVr(object.ElementStore(), name, report);
+    }
+    ReportMetaMismatch(object, name, report);
+    CLossReport losses;
+    Rewrite(object, form, {uid, syntax, target.output}, name, losses, report);
+    return STATUS_DONE;
+}
