@@ -18,7 +18,7 @@ std::string Loaded(const std::uint8_t* data, std::size_t size)
 {
     CEntryTable table;
     std::size_t lines = 0;
-    const CString path = ReadDataFile(ScratchFile(data, size),
+    const CString path = Varnotix::ReadDataFile(ScratchFile(data, size),
                                       [&](std::string_view line)
                                       {
                                           ++lines;
@@ -38,7 +38,7 @@ std::string Loaded(const std::uint8_t* data, std::size_t size)
 
     const int count = table.GetCount();
     CEntryTable other;
-    table.MoveInto(other);
+    other.AddAll(table);
     Promise(other.GetCount() == count && table.GetCount() == 0, "a table moves as a whole");
     return text;
 }

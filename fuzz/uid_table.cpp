@@ -11,7 +11,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CNameList uids;
     CNameList names;
     std::size_t bytes = 0;
-    const CString path = ReadDataFile(ScratchFile(data, size),
+    const CString path = Varnotix::ReadDataFile(ScratchFile(data, size),
                                       [&](std::string_view line)
                                       {
                                           bytes += line.size();

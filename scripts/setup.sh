@@ -4,12 +4,12 @@
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-[ $# -gt 0 ] || set -- release asan installed windows clang bench coverage fuzz hostile style reference
+[ $# -gt 0 ] || set -- release asan tsan installed windows clang bench coverage fuzz hostile style reference
 
 packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libasio-dev libpng-dev zlib1g-dev)
 for stage in "$@"; do
     case $stage in
-        release | asan) packages+=(libgtest-dev dcmtk libgdcm-tools dicom3tools python3-pydicom) ;;
+        release | asan | tsan) packages+=(libgtest-dev dcmtk libgdcm-tools dicom3tools python3-pydicom) ;;
         installed) packages+=(libgtest-dev pkgconf dpkg-dev file) ;;
         clang) packages+=(libgtest-dev clang) ;;
         windows) packages+=(g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest debootstrap util-linux) ;;

@@ -2,6 +2,7 @@
 # test.sh [STAGE...]: builds and tests each stage and fails if any of them fails. Without a stage, all but clang.
 #   release    Linux, optimised
 #   asan       Linux with the address and undefined behaviour sanitizers
+#   tsan       Linux with the thread sanitizer: the tests that use threads
 #   installed  hosts, built and run against an installed copy that was moved, and against the unpacked Debian packages;
 #              the exported names
 #   windows    32-bit Windows under Wine; a host, built and run against the unpacked archive
@@ -14,7 +15,7 @@ set -uo pipefail
 cd "$top" || exit 1
 
 # Seconds, from nothing on two cores. Together they leave a hang time to be reported.
-declare -A limits=([release]=1200 [asan]=1500 [installed]=600 [windows]=1500 [reference]=300 [clang]=1200)
+declare -A limits=([release]=1200 [asan]=1500 [tsan]=900 [installed]=600 [windows]=1500 [reference]=300 [clang]=1200)
 
 # quietly LOG COMMAND...: shows what the command printed only if it fails.
 quietly()
@@ -46,6 +47,14 @@ build_preset()
 run_tests()
 {
     ctest --preset "$1" --parallel "$(nproc)" --no-tests=error
+}
+
+# The sanitizer does not know all places where newer kernels put programs.
+run_thread_tests()
+{
+    local fixed=()
+    setarch -R true 2>/dev/null && fixed=(setarch -R)
+    "${fixed[@]}" ctest --preset tsan --tests-regex '^test_threads$' --no-tests=error
 }
 
 # reads_phantom COMMAND...: what the host prints of phantom.dcm holds the name that is in it.
@@ -138,6 +147,7 @@ check()
             timed wine scripts/wine-root.sh && timed build build_preset windows &&
                 timed tests run_tests windows && (timed archive try_zip)
             ;;
+        tsan) timed build build_preset tsan test_threads && timed tests run_thread_tests ;;
         reference) timed reference scripts/reference.sh ;;
         *) timed build build_preset "$1" && timed tests run_tests "$1" ;;
     esac
@@ -148,9 +158,9 @@ if [ "${1:-}" = --check ]; then
     exit
 fi
 
-[ $# -gt 0 ] || set -- release asan installed windows reference
+[ $# -gt 0 ] || set -- release asan tsan installed windows reference
 for stage in "$@"; do
-    [ -n "${limits[$stage]:-}" ] || die "there is no stage '$stage': release, asan, installed, windows, reference, clang"
+    [ -n "${limits[$stage]:-}" ] || die "there is no stage '$stage': release, asan, tsan, installed, windows, reference, clang"
 done
 
 mkdir -p build

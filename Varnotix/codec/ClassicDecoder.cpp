@@ -62,8 +62,7 @@ void CClassicDecoder::Decode(CDcmElementSet& set)
         throw CParseException(PARSE_SHORT_STREAM);
     }
     ReadStart();
-    CDcmRegistry& registry = CDcmRegistry::Global();
-    registry.ClearPrivateEntries();
+    CDcmRegistry::Global().ClearPrivateEntries();
     set.RemoveAll();
     try
     {
@@ -77,19 +76,17 @@ void CClassicDecoder::Decode(CDcmElementSet& set)
             m_result.notes.push_back(
                 {READ_BYTES_LEFT, 0, static_cast<DWORD>(m_cursor.Length() - left), static_cast<DWORD>(left)});
         }
-        registry.PromotePrivateEntries();
+        m_privateTags.Keep();
     }
     catch (...)
     {
-        // Elements may point to provisional entries, so both go. That holds also when it is memory that ran out, half
-        // the entries were moved already and the caller keeps the set.
+        // The caller keeps the set.
         set.DestroyContents();
-        registry.ClearPrivateEntries();
         throw;
     }
 }
 
-CClassicDecoder::STag CClassicDecoder::ReadTag(const BYTE* header) const
+CClassicDecoder::STag CClassicDecoder::ReadTag(const BYTE* header)
 {
     const int syntax = m_syntax;
     if (syntax != SYNTAX_IMPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_BIG)
@@ -99,12 +96,15 @@ CClassicDecoder::STag CClassicDecoder::ReadTag(const BYTE* header) const
     STag tag{};
     tag.group = Word(header, IsBigEndian());
     tag.element = Word(header + 2, IsBigEndian());
-    CDcmRegistry& registry = CDcmRegistry::Global();
-    tag.entry = registry.LookUpTag(tag.group, tag.element);
+    tag.entry = CDcmRegistry::Global().LookUpPublicTag(Tag::Make(tag.group, tag.element));
+    if (tag.entry == nullptr)
+    {
+        tag.entry = m_privateTags.Find(tag.group, tag.element);
+    }
     if (tag.entry == nullptr)
     {
         const CString vrText = IsExplicit() ? CString(reinterpret_cast<const char*>(header + 4), 2) : CString();
-        tag.entry = registry.AddPrivateEntry(tag.group, tag.element, vrText, 1);
+        tag.entry = m_privateTags.Learn(tag.group, tag.element, vrText);
     }
     if (tag.entry == nullptr)
     {

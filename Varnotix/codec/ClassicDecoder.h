@@ -4,6 +4,7 @@
 #include "Varnotix/codec/ReadResult.h"
 #include "Varnotix/codec/StreamCursor.h"
 #include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/registry/PrivateTags.h"
 
 class CDcmEntry;
 
@@ -44,7 +45,7 @@ private:
     bool DropLevel(std::size_t limit, DWORD& items);
     void DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart);
     void Note(EReadNote note, const STag& tag, DWORD count);
-    STag ReadTag(const BYTE* header) const;
+    STag ReadTag(const BYTE* header);
     bool ReadDelimiter(const STag& tag);
     DWORD ReadLength(bool shortForm);
     void ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set);
@@ -60,5 +61,6 @@ private:
     DWORD m_metaEnd = 0;                // Counted from where decoding started; 0: not yet known.
     std::size_t m_bytesLeft = 0;        // After the last element, too few for another one.
     CByteChunks m_smallValues;
+    CReadTags m_privateTags;
     SReadResult m_result;
 };

@@ -1,5 +1,9 @@
 #include "Varnotix/modules/AttributeAccess.h"
 
+#include "Varnotix/platform/ThreadValue.h"
+
+#include <tuple>
+
 namespace
 {
 
@@ -25,14 +29,30 @@ template <> struct SMembersOf<CFloatArray>  : SMembers<CFloatArray, &CDcmElement
 template <> struct SMembersOf<CByteArray>   : SMembers<CByteArray, &CDcmElement::Bytes, &CDcmElement::SetBytes> {};
 // clang-format on
 
-/// The library-wide empty value of a type. A caller may have written to it against the contract, so each use begins
-/// with an empty one.
-template <class VALUE>
-VALUE& EmptyValue()
+using CEmptyValues = std::tuple<CString, CStringArray, CWordArray, CUIntArray, CDoubleArray, CFloatArray, CByteArray>;
+
+CEmptyValues& EmptyValues()
 {
-    static VALUE value;
-    value = VALUE();
-    return value;
+    static const TPerThread<CEmptyValues> values;
+    return values.Value();
+}
+
+/// The thread's empty value of a type. A caller may have written to it against the contract, so each use begins with an
+/// empty one.
+template <class VALUE>
+std::conditional_t<std::is_arithmetic_v<VALUE>, const VALUE&, VALUE&> EmptyValue()
+{
+    if constexpr (std::is_arithmetic_v<VALUE>)
+    {
+        static constexpr VALUE kZero = 0;
+        return kZero;
+    }
+    else
+    {
+        VALUE& value = std::get<VALUE>(EmptyValues());
+        value = VALUE();
+        return value;
+    }
 }
 
 } // namespace

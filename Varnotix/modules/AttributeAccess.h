@@ -22,7 +22,8 @@ struct VARNOTIX_EXPORT TAttributeAccess
     using CReference = std::conditional_t<std::is_arithmetic_v<VALUE>, const VALUE&, VALUE&>;
 
     /// A reference into the element's own value. For a missing element, for a VR that holds another kind of value,
-    /// and, for single numbers, for an element without value, a library-wide empty value.
+    /// and, for single numbers, for an element without value, an empty value that the library
+    /// keeps for the thread.
     static CReference Get(CDcmElementSet& set, int position);
     /// Sets the value; a single value is added where the attribute may hold several. Nothing changes when the element
     /// is missing or its VR does not hold the kind.

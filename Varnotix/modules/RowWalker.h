@@ -5,8 +5,10 @@
 #include "Varnotix/element/ElementShape.h"
 #include "Varnotix/modules/AttributeRow.h"
 
+#include <atomic>
 #include <list>
 #include <map>
+#include <mutex>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,7 +20,8 @@ struct SRowNumber
 };
 
 /// The shapes of a class or of those of its objects that were constructed for the same tags: one, but for private
-/// tags, which the dictionary learns with time. Objects refer to the shape that they were made with.
+/// tags, which the dictionary learns with time. Objects refer to the shape that they were made with. Any thread may use
+/// it.
 class VARNOTIX_EXPORT CClassShapes
 {
 public:
@@ -28,21 +31,37 @@ public:
     CClassShapes& operator=(const CClassShapes&) = delete;
 
     /// The shape for new objects; null when none is current.
-    const CElementShape* Current() const
+    const CElementShape* Current()
     {
-        for (const CElementShape& shape : m_shapes)
-        {
-            if (shape.IsCurrent())
-            {
-                return &shape;
-            }
-        }
-        return nullptr;
+        const CElementShape* latest = m_latest.load(std::memory_order_acquire);
+        return latest != nullptr && latest->IsCurrent() ? latest : Find();
     }
+    /// Makes a shape of the rows, unless another thread has made a current one meanwhile.
     const CElementShape& Add(const std::vector<SAttributeRow>& rows);
 
 private:
+    const CElementShape* Find();
+    const CElementShape* FindLocked();
+
+    std::mutex m_lock;
     std::list<CElementShape> m_shapes;
+    std::atomic<const CElementShape*> m_latest{nullptr};
+};
+
+/// The shapes of a class whose objects are constructed for several tags.
+class VARNOTIX_EXPORT CVariantShapes
+{
+public:
+    CVariantShapes();
+    ~CVariantShapes();
+    CVariantShapes(const CVariantShapes&) = delete;
+    CVariantShapes& operator=(const CVariantShapes&) = delete;
+
+    CClassShapes& Of(const std::string& variant);
+
+private:
+    std::mutex m_lock;
+    std::map<std::string, CClassShapes> m_shapes;
 };
 
 /// Walks the rows of a class in their order. Friend of every class made of rows.
@@ -147,8 +166,8 @@ private:
     {
         if constexpr (requires { object.DcmVariant(); })
         {
-            static std::map<std::string, CClassShapes> shapes;
-            return CurrentOf(shapes[object.DcmVariant()], object);
+            static CVariantShapes shapes;
+            return CurrentOf(shapes.Of(object.DcmVariant()), object);
         }
         else
         {

@@ -3,6 +3,7 @@
 #include "Varnotix/platform/Object.h"
 
 #include <cstring>
+#include <mutex>
 
 namespace
 {
@@ -18,9 +19,17 @@ CRuntimeClass*& Head(EClassModule module)
     return module == EClassModule::Library ? libraryClasses : hostClasses;
 }
 
+/// The first record makes the lock, which therefore outlives all of them.
+std::mutex& ChainLock()
+{
+    static std::mutex lock;
+    return lock;
+}
+
 template <class ACTION>
 void ForEachVisible(ACTION action)
 {
+    const std::scoped_lock lock(ChainLock());
     for (CRuntimeClass* record = hostClasses; record != nullptr; record = record->m_pNextClass)
     {
         action(record);
@@ -38,12 +47,14 @@ void ForEachVisible(ACTION action)
 
 CRuntimeClassEntry::CRuntimeClassEntry(CRuntimeClass& record, EClassModule module) : m_record(record), m_module(module)
 {
+    const std::scoped_lock lock(ChainLock());
     record.m_pNextClass = Head(module);
     Head(module) = &record;
 }
 
 CRuntimeClassEntry::~CRuntimeClassEntry()
 {
+    const std::scoped_lock lock(ChainLock());
     for (CRuntimeClass** link = &Head(m_module); *link != nullptr; link = &(*link)->m_pNextClass)
     {
         if (*link == &m_record)
@@ -56,11 +67,13 @@ CRuntimeClassEntry::~CRuntimeClassEntry()
 
 void Varnotix::JoinLibraryClasses()
 {
+    const std::scoped_lock lock(ChainLock());
     ++joinCount;
 }
 
 void Varnotix::LeaveLibraryClasses()
 {
+    const std::scoped_lock lock(ChainLock());
     --joinCount;
 }
 

@@ -1,14 +1,15 @@
 #include "Varnotix/registry/DcmRegistry.h"
 
+#include "Varnotix/platform/ThreadValue.h"
 #include "Varnotix/registry/DataFiles.h"
 #include "Varnotix/registry/DictionaryFile.h"
 #include "Varnotix/registry/EntryTable.h"
 #include "Varnotix/registry/NameList.h"
+#include "Varnotix/registry/PrivateTags.h"
 
 #include <array>
-#include <map>
-#include <memory>
-#include <utility>
+#include <atomic>
+#include <mutex>
 
 IMPLEMENT_DYNCREATE(CDcmRegistry, CObject)
 
@@ -17,7 +18,53 @@ class CDcmRegistryPrivate : public CObject
     DECLARE_DYNAMIC(CDcmRegistryPrivate)
 
 public:
-    CEntryTable dictionary;
+    const CDcmEntry* Find(std::string_view key) const
+    {
+        return FindWith([key](const CEntryTable& table) { return table.Find(key); });
+    }
+    const CDcmEntry* FindTag(int group, int element) const
+    {
+        return FindWith([=](const CEntryTable& table) { return table.FindTag(group, element); });
+    }
+    const CDcmEntry* Add(std::string_view key, const CDcmEntry& entry)
+    {
+        const std::scoped_lock lock(m_lock);
+        m_isEmpty.store(false, std::memory_order_release);
+        return m_dictionary.Add(key, entry);
+    }
+    /// Also empties the dictionary.
+    void Promote()
+    {
+        const std::scoped_lock lock(m_lock);
+        CPrivateTags::Shared().Take(m_dictionary);
+        m_isEmpty.store(true, std::memory_order_release);
+    }
+    void RemoveAll()
+    {
+        // Each classic read comes here, and hosts hardly ever enter tags by themselves.
+        if (!m_isEmpty.load(std::memory_order_acquire))
+        {
+            const std::scoped_lock lock(m_lock);
+            m_dictionary.RemoveAll();
+            m_isEmpty.store(true, std::memory_order_release);
+        }
+    }
+
+private:
+    template <class FIND>
+    const CDcmEntry* FindWith(const FIND& find) const
+    {
+        if (m_isEmpty.load(std::memory_order_acquire))
+        {
+            return nullptr;
+        }
+        const std::scoped_lock lock(m_lock);
+        return find(m_dictionary);
+    }
+
+    mutable std::mutex m_lock;
+    CEntryTable m_dictionary;
+    std::atomic<bool> m_isEmpty{true};
 };
 
 IMPLEMENT_DYNAMIC(CDcmRegistryPrivate, CObject)
@@ -25,29 +72,35 @@ IMPLEMENT_DYNAMIC(CDcmRegistryPrivate, CObject)
 namespace
 {
 
-constexpr const char* kPrivateName = "Private Data Element";
-
 /// The order of these names is the enumeration.
 constexpr const char* kPhotometricNames[] = {
     "monochrome1",     "monochrome2", "palette color", "rgb", "ybr_full", "ybr_full_422",
     "ybr_partial_422", "ybr_ict",     "ybr_rct",       "hsv", "argb",     "cmyk"};
 
+/// Texts that a registry hands out until the thread asks for the next one.
+struct SResults
+{
+    CString uid;
+    CString photometricName;
+};
+
 /// What all registry instances share. It lives in a function, so that it exists before the first instance, whatever
 /// translation unit makes that one.
+///
+/// Only the first instance writes to these tables; afterwards any thread may read them without a lock. What reads learn
+/// is in CPrivateTags.
 struct SSharedTables
 {
+    std::mutex lock; // Of the number of instances, and of what the first and the last one do.
     int instances = 0;
     CEntryTable publicDictionary;
-    CEntryTable privateDictionary;
-    // The entries of all private tags: those of one VR and multiplicity share one. They stay when the private
-    // dictionary is cleared, so that elements which refer to them remain whole.
-    std::map<std::pair<int, int>, CDcmEntry> privateEntries;
     CMapWordToOb types;
     CNameList uids;
     CNameList uidNames;
     CNameList photometricNames;
     CString dictionaryPath;
     CString uidTablePath;
+    TPerThread<SResults> results;
 
     void Load();
     void Clear();
@@ -61,6 +114,7 @@ SSharedTables& Shared()
 
 void SSharedTables::Load()
 {
+    CPrivateTags::Shared(); // Made now, it goes after the last instance.
     for (int vr = 0; vr < kNamedVrCount; ++vr)
     {
         types.SetAt(static_cast<WORD>(vr), new CDcmType(vr));
@@ -69,9 +123,10 @@ void SSharedTables::Load()
     {
         photometricNames.Add(name);
     }
-    dictionaryPath =
-        Varnotix::ReadDataFile("dictionary.txt", [this](std::string_view line) { AddDictionaryLine(line, publicDictionary); });
-    uidTablePath = Varnotix::ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids, uidNames); });
+    dictionaryPath = Varnotix::ReadDataFile("dictionary.txt", [this](std::string_view line)
+                                            { AddDictionaryLine(line, publicDictionary); });
+    uidTablePath =
+        Varnotix::ReadDataFile("UidTable.txt", [this](std::string_view line) { AddUidLine(line, uids, uidNames); });
 }
 
 /// The name lists stay: a registry constructed after all others were destroyed appends to them again, and searches then
@@ -79,7 +134,7 @@ void SSharedTables::Load()
 void SSharedTables::Clear()
 {
     publicDictionary.RemoveAll();
-    privateDictionary.RemoveAll();
+    CPrivateTags::Shared().Forget();
     for (int vr = 0; vr < kNamedVrCount; ++vr)
     {
         CObject* type = nullptr;
@@ -87,20 +142,6 @@ void SSharedTables::Clear()
         delete type;
     }
     types.RemoveAll();
-}
-
-const CDcmEntry& PrivateEntry(int vr, int multiplicity)
-{
-    const auto [place, added] =
-        Shared().privateEntries.try_emplace(std::make_pair(vr, multiplicity), vr, multiplicity, kPrivateName);
-    return place->second;
-}
-
-const CDcmEntry* AddTo(CEntryTable& table, int group, int element, const CString& vr, int multiplicity)
-{
-    const int vrCode = Varnotix::VrCode(vr.CText());
-    return table.Add(CEntryTable::KeyOfTag(group, element),
-                     PrivateEntry(vrCode == VR_UNKNOWN ? VR_OB : vrCode, multiplicity));
 }
 
 /// Multiplicity of a tag that no dictionary lists: any number of values where the VR can hold several.
@@ -121,19 +162,6 @@ int UnlistedMultiplicity(int vr)
     }
 }
 
-/// Asks the layers of the dictionary in their order.
-template <class FIND>
-const CDcmEntry* FirstHit(const CEntryTable& instanceLayer, const FIND& find)
-{
-    const SSharedTables& shared = Shared();
-    const CDcmEntry* entry = find(shared.publicDictionary);
-    if (entry == nullptr)
-    {
-        entry = find(shared.privateDictionary);
-    }
-    return entry != nullptr ? entry : find(instanceLayer);
-}
-
 bool IsEvenGroup(int group)
 {
     return (group & 1) == 0;
@@ -146,6 +174,7 @@ CDcmRegistry globalRegistry;
 
 CDcmRegistry::CDcmRegistry() : m_private(new CDcmRegistryPrivate)
 {
+    const std::scoped_lock lock(Shared().lock);
     if (Shared().instances++ == 0)
     {
         Shared().Load();
@@ -154,6 +183,7 @@ CDcmRegistry::CDcmRegistry() : m_private(new CDcmRegistryPrivate)
 
 CDcmRegistry::~CDcmRegistry()
 {
+    const std::scoped_lock lock(Shared().lock);
     if (--Shared().instances == 0)
     {
         Shared().Clear();
@@ -179,13 +209,22 @@ const CDcmEntry* CDcmRegistry::LookUpKey(const CString& key) const
 {
     CString upper(key);
     upper.MakeUpper();
-    return FirstHit(m_private->dictionary, [&upper](const CEntryTable& layer) { return layer.Find(upper.View()); });
+    const CDcmEntry* entry = Shared().publicDictionary.Find(upper.View());
+    if (entry == nullptr)
+    {
+        entry = CPrivateTags::Shared().Find(upper.View());
+    }
+    return entry != nullptr ? entry : m_private->Find(upper.View());
 }
 
 const CDcmEntry* CDcmRegistry::LookUpTag(int group, int element) const
 {
-    return FirstHit(m_private->dictionary,
-                    [group, element](const CEntryTable& layer) { return layer.FindTag(group, element); });
+    const CDcmEntry* entry = Shared().publicDictionary.FindTag(group, element);
+    if (entry == nullptr)
+    {
+        entry = CPrivateTags::Shared().FindTag(group, element);
+    }
+    return entry != nullptr ? entry : m_private->FindTag(group, element);
 }
 
 const CDcmEntry* CDcmRegistry::AddPrivateEntry(int group, int element, const CString& vr, int multiplicity)
@@ -194,29 +233,29 @@ const CDcmEntry* CDcmRegistry::AddPrivateEntry(int group, int element, const CSt
     {
         return nullptr;
     }
-    // LookUpTag does not find odd groups among 50xx and 60xx. If an earlier read has learned such a tag, its shared
-    // entry must be used, because elements keep a pointer to their entry.
-    if (const CDcmEntry* lasting = Shared().privateDictionary.Find(CEntryTable::KeyOfTag(group, element)))
-    {
-        return lasting;
-    }
-    return AddTo(m_private->dictionary, group, element, vr, multiplicity);
+    // LookUpTag does not find odd groups among 50xx and 60xx. If an earlier read has learned such a tag, its VR counts,
+    // as for every private tag.
+    const std::string key = CEntryTable::KeyOfTag(group, element);
+    CPrivateTags& shared = CPrivateTags::Shared();
+    const CDcmEntry* lasting = shared.Find(key);
+    return lasting != nullptr ? lasting : m_private->Add(key, shared.Entry(vr, multiplicity));
 }
 
 const CDcmEntry* CDcmRegistry::AddSharedPrivateEntry(int group, int element, const CString& vr, int multiplicity)
 {
-    return IsEvenGroup(group) ? nullptr : AddTo(Shared().privateDictionary, group, element, vr, multiplicity);
+    return IsEvenGroup(group) ? nullptr
+                              : CPrivateTags::Shared().Add(CEntryTable::KeyOfTag(group, element), vr, multiplicity);
 }
 
 void CDcmRegistry::PromotePrivateEntries()
 {
-    m_private->dictionary.MoveInto(Shared().privateDictionary);
+    m_private->Promote();
 }
 
 void CDcmRegistry::ForgetPrivateEntries()
 {
-    m_private->dictionary.RemoveAll();
-    Shared().privateDictionary.RemoveAll();
+    m_private->RemoveAll();
+    CPrivateTags::Shared().Forget();
 }
 
 const CDcmEntry* CDcmRegistry::LookUpPublicTag(DWORD tag) const
@@ -231,7 +270,7 @@ const CDcmEntry& CDcmRegistry::UnlistedEntry(int vr)
         std::array<const CDcmEntry*, VR_UNKNOWN + 1> made{};
         for (int code = 0; code <= VR_UNKNOWN; ++code)
         {
-            made[static_cast<std::size_t>(code)] = &PrivateEntry(code, UnlistedMultiplicity(code));
+            made[static_cast<std::size_t>(code)] = &CPrivateTags::Shared().Entry(code, UnlistedMultiplicity(code));
         }
         return made;
     }();
@@ -240,7 +279,7 @@ const CDcmEntry& CDcmRegistry::UnlistedEntry(int vr)
 
 void CDcmRegistry::ClearPrivateEntries()
 {
-    m_private->dictionary.RemoveAll();
+    m_private->RemoveAll();
 }
 
 int CDcmRegistry::DictionarySize() const
@@ -263,7 +302,7 @@ int CDcmRegistry::UidDictionarySize() const
 
 const CString& CDcmRegistry::UidString(int index) const
 {
-    static CString result;
+    CString& result = Shared().results.Value().uid;
     result = Shared().uids.At(index);
     return result;
 }
@@ -280,7 +319,7 @@ int CDcmRegistry::UidEnum(const CString& uid) const
 
 const CString& CDcmRegistry::PhotoMetricString(int value) const
 {
-    static CString result;
+    CString& result = Shared().results.Value().photometricName;
     result = Shared().photometricNames.At(value);
     result.MakeUpper();
     return result;

@@ -22,7 +22,7 @@ class CDcmRegistryPrivate;
 /// in the installed share folder. A missing file leaves its table empty and is not reported: see DictionarySize and
 /// UidDictionarySize.
 ///
-/// The registry has no locks: use the library from one thread at a time.
+/// Any thread may use a registry at any time. Tags of the public dictionary are found without a lock.
 class VARNOTIX_EXPORT CDcmRegistry : public CObject
 {
     DECLARE_DYNCREATE(CDcmRegistry)
@@ -50,7 +50,8 @@ public:
     /// Number of rows in the UID table.
     int UidDictionarySize() const;
 
-    /// The UID in a row of the UID table; empty for an index outside it. The next call overwrites the result.
+    /// The UID in a row of the UID table; empty for an index outside it. The thread's next call
+    /// overwrites the result.
     const CString& UidString(int index) const;
 
     /// The name that the UID table gives in a row; empty for an index outside it.
@@ -60,7 +61,7 @@ public:
     int UidEnum(const CString& uid) const;
 
     /// The upper-case name of a photometric interpretation (PS3.3 C.7.6.3.1.2) by its number, 0 MONOCHROME1 to
-    /// 11 CMYK; empty for any other number. The next call overwrites the result.
+    /// 11 CMYK; empty for any other number. The thread's next call overwrites the result.
     const CString& PhotoMetricString(int value) const;
 
     /// The number of a photometric interpretation by name, without regard to case and blanks around; -1 for others.

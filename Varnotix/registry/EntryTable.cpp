@@ -138,13 +138,12 @@ const CDcmEntry* CEntryTable::Add(std::string_view key, const CDcmEntry& entry)
     return &entry;
 }
 
-void CEntryTable::MoveInto(CEntryTable& target)
+void CEntryTable::AddAll(const CEntryTable& other)
 {
-    for (const SItem& item : m_items)
+    for (const SItem& item : other.m_items)
     {
-        target.Add(item.key, *item.entry);
+        Add(item.key, *item.entry);
     }
-    RemoveAll();
 }
 
 void CEntryTable::RemoveAll()

@@ -40,9 +40,8 @@ public:
     /// The key of one tag, also of one in a repeating group: its own digits, never XX.
     static std::string KeyOfTag(int group, int element);
 
-    /// Adds every entry whose key the target lacks to the target, and empties this table. For tables that own no
-    /// entries.
-    void MoveInto(CEntryTable& target);
+    /// Adds the other table's entries for keys that this one lacks. The entries must live longer than this table.
+    void AddAll(const CEntryTable& other);
 
     void RemoveAll();
 

@@ -1,17 +1,12 @@
 #include "Guide.h"
 
-#include <mutex>
 #include <thread>
 
 namespace
 {
 
-std::mutex libraryMutex;
-
-/// The object is destroyed before the lock is released, and what leaves is not the library's.
 std::string PatientIn(const char* path)
 {
-    const std::scoped_lock lock(libraryMutex);
     CDcmIOD object;
     ReadFile(path, object);
     CDcmPatientModule patient;
