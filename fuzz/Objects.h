@@ -11,6 +11,15 @@ inline const char* const kSyntaxUids[] = {"1.2.840.10008.1.2", "1.2.840.10008.1.
 /// The shortest element has a header of 8 bytes, so nothing can make more elements than that from a stream.
 inline constexpr int kShortestElement = 8;
 
+/// Takes back what a run has taught the dictionary: no run may depend on the ones before it.
+struct SFreshDictionary
+{
+    SFreshDictionary() = default;
+    SFreshDictionary(const SFreshDictionary&) = delete;
+    SFreshDictionary& operator=(const SFreshDictionary&) = delete;
+    ~SFreshDictionary() { CDcmRegistry::Global().ForgetPrivateEntries(); }
+};
+
 /// What a set holds that keeps a second reading from giving the same set: an empty sequence, which takes the element
 /// behind it; a second group length of a group, which stays when the first is remade; a delimiter that a stream gave a
 /// VR; a value with a backslash, which separates values; a number that equals nothing.

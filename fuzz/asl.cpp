@@ -27,6 +27,7 @@ std::string ElementLines(const CDcmIOD& object)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    const SFreshDictionary fresh;
     CDcmIOD object;
     object.ImportFromASL(ScratchFile(data, size));
     Promise(object.GetCountAll() <= static_cast<int>(size), "elements are no more than the text has bytes");

@@ -94,6 +94,7 @@ std::unique_ptr<CDcmCompositeIOD> Made(const CStringArray& lines, EStreamRules r
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    const SFreshDictionary fresh;
     [[maybe_unused]] static const bool made = (MakeFiles(), true);
     std::string_view rest(reinterpret_cast<const char*>(data), size);
     CStringArray lines;

@@ -108,6 +108,7 @@ void PromiseBothRulesAgree(const CDcmIOD& standard, const CByteArray& stream)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    const SFreshDictionary fresh;
     const CByteArray stream = ToArray(data, size);
     const CDcmIOD object = ReadByStandard(stream);
     Promise(object.GetCountAll() <= stream.GetSize() / kShortestElement, "elements are no more than the stream holds");

@@ -4,6 +4,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    const SFreshDictionary fresh;
     const CByteArray stream = ToArray(data, size);
     CDcmIOD object;
     object.Import(stream);

@@ -60,6 +60,7 @@ constexpr Checker kCheckers[] = {Check<CDcmCompositeIOD>,      Check<CCTImageIOD
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
+    const SFreshDictionary fresh;
     CInput input(data, size);
     const unsigned choice = input.Take();
     CDcmCompositeIOD composite;

@@ -34,6 +34,7 @@ for input in "${inputs[@]}"; do
 done
 if [ $# -eq 0 ]; then
     measure '^memory/'
+    measure '^threads/'
     for growing in elements items nesting frames lines; do
         measure "^RoundTrip/$growing/"
     done
@@ -51,6 +52,16 @@ function shown(value) { return value > 0 ? sprintf("%.3f", value) : "-" }
     split($1, name, "/")
     sub(/.*peak=/, "")
     peak[++peaks] = sprintf("%-20s %-10s %s", name[2], name[3], $0 ~ /m$/ ? sprintf("%.3f", $0 / 1000) : $0)
+}
+/^threads\/.*_median/ {
+    split($1, name, "/")
+    files = $0
+    sub(/.*items_per_second=/, "", files)
+    scale = files ~ /k\/s/ ? 1000 : files ~ /M\/s/ ? 1000000 : 1
+    key = name[2] " " name[3]
+    if (name[5] ~ /^threads:1/) { one[key] = files * scale; threaded[++pairs] = key }
+    else two[key] = files * scale
+    next
 }
 /_median/ {
     sub(/_median$/, "", $1)
@@ -87,6 +98,9 @@ END {
         printf "%-10s %8.3f ms to %8.3f ms: %.2f\n", kind, time[kind, small[kind]], time[kind, large[kind]], \
             time[kind, large[kind]] / time[kind, small[kind]]
     }
+    if (pairs) print "\nFiles a second of one thread and of two:"
+    for (i = 1; i <= pairs; ++i)
+        printf "%-16s %8d %8d: %.2f\n", threaded[i], one[threaded[i]], two[threaded[i]], two[threaded[i]] / one[threaded[i]]
     if (peaks) print "\nPeak memory above the caller, in sizes of the 128 MiB input:"
     for (i = 1; i <= peaks; ++i) print peak[i]
     if (singles) print ""

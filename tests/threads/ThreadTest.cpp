@@ -55,10 +55,13 @@ CByteArray ImageBytes(int privateGroup)
     auto number = std::make_unique<CDcmElement>(privateGroup, 0x1001, VR_US, &CDcmRegistry::UnlistedEntry(VR_US));
     number->AddWord(static_cast<WORD>(privateGroup));
     Fill(object.ElementStore(),
-         {MakeText(0x0002, 0x0010, "1.2.840.10008.1.2.5"), MakeText(0x0008, 0x0016, "1.2.840.10008.5.1.4.1.1.6.1"),
-          MakeText(0x0008, 0x0018, "1.2.3"),
+         {MakeText(0x0002, 0x0010, "1.2.840.10008.1.2.5"), MakeText(0x0008, 0x0005, "ISO_IR 100"),
+          MakeText(0x0008, 0x0016, "1.2.840.10008.5.1.4.1.1.6.1"), MakeText(0x0008, 0x0018, "1.2.3"),
           MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1150, "1.2"), MakeText(0x0008, 0x1155, "1.2.4")}),
-          MakeText(0x0010, 0x0010, "DOE^JANE"), MakeText(0x0010, 0x0020, "ID-1"), creator.release(), number.release(),
+          MakeText(0x0010, 0x0010,
+                   "D\xD6"
+                   "E^JANE"),
+          MakeText(0x0010, 0x0020, "ID-1"), creator.release(), number.release(),
           MakeText(0x0028, 0x0004, "MONOCHROME2"), MakeWord(0x0028, 0x0010, 8), MakeWord(0x0028, 0x0011, 8),
           MakeWord(0x0028, 0x0100, 8), MakeWord(0x6000, 0x0010, 8), MakeWord(0x6000, 0x0011, 8), pixelData.release()});
     CByteArray bytes;
@@ -114,6 +117,16 @@ std::string UseAccessors(const CByteArray& bytes)
     return result + TextOf(written) + (typed == copy ? "equal" : "changed");
 }
 
+std::string Joined(const CStringArray& lines)
+{
+    std::string text;
+    for (const CString& line : lines)
+    {
+        text += line.View();
+    }
+    return text;
+}
+
 std::string UseText(const CByteArray& bytes)
 {
     CDcmCompositeIOD object;
@@ -123,23 +136,13 @@ std::string UseText(const CByteArray& bytes)
     lines.Add("0011,1002,LO,1,Private,[a text]");
     CDcmCompositeIOD made;
     made.CreateFromASL(lines);
-    CDcmAttributeModule module;
-    std::string result;
-    for (const CString& line : lines)
-    {
-        result += line.View();
-    }
-    return result + Show(made.ElementStore());
+    return Joined(lines) + Show(made.ElementStore());
 }
 
 std::string UseUnits()
 {
     CDcmProtocolDataUnit request;
     request.PduType(Varnotix::PDU_ASSOCIATE_RQ);
-    request.ProtocolVersion(1);
-    request.CalledAE("CALLED");
-    request.CallingAE("CALLING");
-    request.AddApplicationContextItem("1.2.840.10008.3.1.1.1");
     CStringArray syntaxes;
     syntaxes.Add(CDcmRegistry::Global().UidString(1));
     request.AddPresentationContext("1.2.840.10008.1.1", syntaxes, 1, 0);
@@ -150,26 +153,18 @@ std::string UseUnits()
     read.Create(bytes);
     CStringArray lines;
     read.Export(lines);
-    std::string result = TextOf(bytes);
-    for (const CString& line : lines)
-    {
-        result += line.View();
-    }
-    return result;
+    return TextOf(bytes) + Joined(lines);
 }
 
 std::string UseRegistry()
 {
-    const CDcmRegistry& registry = CDcmRegistry::Global();
-    std::string result;
+    CDcmRegistry registry;
     const CString& uid = registry.UidString(0);
     const CString& name = registry.PhotoMetricString(3);
-    result += std::string(uid.View()) + std::string(name.View()) + std::string(registry.LookUpTag(0x0010, 0x0010)->name.View());
-    CDcmRegistry mine;
-    mine.AddPrivateEntry(0x0013, 0x1001, "DS", 1);
-    result += mine.LookUpTag(0x0013, 0x1001)->name.View();
+    registry.AddPrivateEntry(0x0013, 0x1001, "DS", 1);
     const std::unique_ptr<CObject> made(CRuntimeClass::CreateObject("CUSImageIOD"));
-    return result + (made != nullptr ? made->GetRuntimeClass()->m_lpszClassName : "none");
+    return std::string(uid + name + registry.LookUpTag(0x0010, 0x0010)->name +
+                       registry.LookUpTag(0x0013, 0x1001)->name + made->GetRuntimeClass()->m_lpszClassName);
 }
 
 } // namespace
