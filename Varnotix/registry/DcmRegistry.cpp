@@ -6,6 +6,7 @@
 #include "Varnotix/registry/EntryTable.h"
 #include "Varnotix/registry/NameList.h"
 #include "Varnotix/registry/PrivateTags.h"
+#include "Varnotix/registry/Tag.h"
 
 #include <array>
 #include <atomic>
@@ -162,11 +163,6 @@ int UnlistedMultiplicity(int vr)
     }
 }
 
-bool IsEvenGroup(int group)
-{
-    return (group & 1) == 0;
-}
-
 /// Constructed when the library is loaded, so that the tables are filled before any client call.
 CDcmRegistry globalRegistry;
 
@@ -229,7 +225,7 @@ const CDcmEntry* CDcmRegistry::LookUpTag(int group, int element) const
 
 const CDcmEntry* CDcmRegistry::AddPrivateEntry(int group, int element, const CString& vr, int multiplicity)
 {
-    if (IsEvenGroup(group))
+    if (!Varnotix::Tag::IsPrivate(Varnotix::Tag::Make(group, element)))
     {
         return nullptr;
     }
@@ -243,8 +239,9 @@ const CDcmEntry* CDcmRegistry::AddPrivateEntry(int group, int element, const CSt
 
 const CDcmEntry* CDcmRegistry::AddSharedPrivateEntry(int group, int element, const CString& vr, int multiplicity)
 {
-    return IsEvenGroup(group) ? nullptr
-                              : CPrivateTags::Shared().Add(CEntryTable::KeyOfTag(group, element), vr, multiplicity);
+    return Varnotix::Tag::IsPrivate(Varnotix::Tag::Make(group, element))
+               ? CPrivateTags::Shared().Add(CEntryTable::KeyOfTag(group, element), vr, multiplicity)
+               : nullptr;
 }
 
 void CDcmRegistry::PromotePrivateEntries()
@@ -260,7 +257,7 @@ void CDcmRegistry::ForgetPrivateEntries()
 
 const CDcmEntry* CDcmRegistry::LookUpPublicTag(DWORD tag) const
 {
-    return Shared().publicDictionary.FindTag(static_cast<int>(tag >> 16U), static_cast<int>(tag & 0xFFFFU));
+    return Shared().publicDictionary.FindTag(Varnotix::Tag::Group(tag), Varnotix::Tag::Element(tag));
 }
 
 const CDcmEntry& CDcmRegistry::UnlistedEntry(int vr)

@@ -1,5 +1,6 @@
 #include "pdu/PduInput.h"
 
+#include "Varnotix/platform/Ascii.h"
 #include "files/Input.h"
 
 #include <algorithm>
@@ -17,15 +18,9 @@ bool IsFiller(BYTE byte)
     return byte <= ' ' || byte == ',' || byte == ':';
 }
 
-/// The value of a hexadecimal digit, or -1.
 int Digit(BYTE byte)
 {
-    if (byte >= '0' && byte <= '9')
-    {
-        return byte - '0';
-    }
-    const int letter = byte | 0x20;
-    return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
+    return Varnotix::HexDigit(static_cast<char>(byte));
 }
 
 /// Converts pairs of hexadecimal digits.

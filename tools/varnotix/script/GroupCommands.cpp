@@ -1,26 +1,17 @@
 #include "script/GroupCommands.h"
 
+#include "Varnotix/registry/Tag.h"
 #include "rewrite/Identity.h"
 
 #include <algorithm>
 #include <charconv>
 #include <functional>
 #include <map>
-#include <optional>
 
 namespace
 {
 
 constexpr const char* kDefaultText = "ANONYMOUS";
-
-std::optional<int> GroupOf(const CString& text)
-{
-    int group = 0;
-    const std::string_view digits = text.CText();
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), group, 16);
-    const bool isWhole = error == std::errc() && end == digits.data() + digits.size();
-    return isWhole && group >= 0 && group <= 0xFFFF ? std::optional(group) : std::nullopt;
-}
 
 bool IsNumberFrom(int lowest, int highest, const CString& text)
 {
@@ -68,7 +59,7 @@ public:
         std::map<int, CString> texts;
         for (const CString& text : m_groups)
         {
-            if (const std::optional<int> group = GroupOf(text))
+            if (const std::optional<int> group = Varnotix::Tag::ParseNumber(text.CText()))
             {
                 texts.emplace(*group, text);
             }
@@ -127,7 +118,7 @@ bool CheckCommandArguments(const CDcmAttributeScript& script, const CString& nam
     {
         for (const CString& text : *groups)
         {
-            if (!GroupOf(text))
+            if (!Varnotix::Tag::ParseNumber(text.CText()))
             {
                 report.Error(name + ": '" + text +
                              "' in a command is not a group: a group has four hexadecimal digits");
