@@ -2,7 +2,7 @@
 
 #include "Varnotix/codec/ByteOrder.h"
 #include "Varnotix/codec/ItemTags.h"
-#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/codec/OffsetTable.h"
 
 using namespace Varnotix;
 
@@ -18,7 +18,7 @@ DWORD CFrameEncoder::Size() const
         return static_cast<DWORD>(m_frames.TotalSize());
     }
     std::uint64_t size = 2 * kItemHeaderSize; // The offset table's item and the delimiter.
-    if (OffsetTableFits())
+    if (OffsetTableFits(m_frames, 1))
     {
         size += static_cast<DWORD>(m_frames.OffsetTable().GetSize());
     }
@@ -27,26 +27,6 @@ DWORD CFrameEncoder::Size() const
         size += m_frames.GetFrame(i)->FragmentSizes().size() * kItemHeaderSize;
     }
     return static_cast<DWORD>(size + m_frames.TotalSize());
-}
-
-bool CFrameEncoder::OffsetTableFits() const
-{
-    const CByteArray& table = m_frames.OffsetTable();
-    const int entries = table.GetSize() / 4;
-    int entry = 0;
-    std::uint64_t offset = 0;
-    for (int i = 0; i < m_frames.GetCount(); ++i)
-    {
-        for (const DWORD fragment : m_frames.GetFrame(i)->FragmentSizes())
-        {
-            if (entry < entries && DoubleWord(table.GetData() + 4 * entry, false) == offset)
-            {
-                ++entry;
-            }
-            offset += fragment + kItemHeaderSize;
-        }
-    }
-    return entry == entries;
 }
 
 void CFrameEncoder::WriteBytes(const BYTE* bytes, std::size_t size, COutputBuffer& out) const
@@ -72,7 +52,7 @@ void CFrameEncoder::Write(COutputBuffer& out) const
         return;
     }
     const CByteArray& table = m_frames.OffsetTable();
-    const int tableSize = OffsetTableFits() ? table.GetSize() : 0;
+    const int tableSize = OffsetTableFits(m_frames, 1) ? table.GetSize() : 0;
     PutItemTag(out, Varnotix::Tag::kItem, m_bigEndian, static_cast<DWORD>(tableSize));
     out.Put(table.GetData(), static_cast<std::size_t>(tableSize));
     for (int i = 0; i < m_frames.GetCount(); ++i)

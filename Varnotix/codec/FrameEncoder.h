@@ -19,7 +19,6 @@ public:
     void Write(COutputBuffer& out) const;
 
 private:
-    bool OffsetTableFits() const;
     void WriteBytes(const BYTE* bytes, std::size_t size, COutputBuffer& out) const;
 
     const CDcmFrameList& m_frames;

@@ -1,7 +1,7 @@
 #include "Varnotix/codec/FrameWriter.h"
 
 #include "Varnotix/codec/ItemTags.h"
-#include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/codec/OffsetTable.h"
 
 using namespace Varnotix;
 
@@ -33,30 +33,11 @@ std::uint64_t CFrameWriter::Size() const
     return size;
 }
 
-bool CFrameWriter::FitsFragments(const CByteArray& table) const
-{
-    const int entries = table.GetSize() / 4;
-    int entry = 0;
-    std::uint64_t offset = 0;
-    for (int i = 0; i < m_frames.GetCount(); ++i)
-    {
-        for (const DWORD fragment : m_frames.GetFrame(i)->FragmentSizes())
-        {
-            if (entry < entries && DoubleWord(table.GetData() + 4 * entry, false) == offset)
-            {
-                ++entry;
-            }
-            offset += kItemHeaderSize + Padded(fragment);
-        }
-    }
-    return entry == entries;
-}
-
 /// Little-endian offsets of the frames' first fragments, in any syntax.
 CByteArray CFrameWriter::OffsetTable() const
 {
     const CByteArray& read = m_frames.OffsetTable();
-    if (m_frames.ReadForm() == CDcmFrameList::FORM_ENCAPSULATED && FitsFragments(read))
+    if (m_frames.ReadForm() == CDcmFrameList::FORM_ENCAPSULATED && OffsetTableFits(m_frames, 2))
     {
         return read;
     }

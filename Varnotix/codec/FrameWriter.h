@@ -27,7 +27,6 @@ public:
 
 private:
     CByteArray OffsetTable() const;
-    bool FitsFragments(const CByteArray& table) const;
     void WriteNative(COutputBuffer& out) const;
     void WriteItem(const BYTE* bytes, std::size_t size, COutputBuffer& out) const;
 

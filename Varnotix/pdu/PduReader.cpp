@@ -40,6 +40,7 @@ private:
     EPduStop ReadDataValues(int type);
     EPduStop ReadAssociation(int type);
     bool ReadItem();
+    std::int64_t ReadItemHeader(EPduField typeKind, EPduField lengthKind);
     bool ReadSubItem(EPduField typeKind, EPduField lengthKind, EPduField valueKind);
     bool ReadSubItems(std::int64_t end, EPduField valueKind);
     bool ReadContext();
@@ -166,7 +167,19 @@ bool CPduReader::ReadItem()
     }
 }
 
-/// Reads type, reserved byte, 16-bit length and value, or nothing when they run past the end.
+/// Reads type, reserved byte and 16-bit length, for which there must be room.
+/// @return the position at which the value ends; the PDU may end before it.
+std::int64_t CPduReader::ReadItemHeader(EPduField typeKind, EPduField lengthKind)
+{
+    const int type = Here()[0];
+    const std::int64_t end = std::int64_t{m_position} + kItemHeader + Big16(Here() + 2);
+    Field(typeKind, type, 1);
+    Field(EPduField::Reserved, type, 1);
+    Field(lengthKind, type, 2);
+    return end;
+}
+
+/// Reads an item header and its value, or nothing when they run past the end.
 bool CPduReader::ReadSubItem(EPduField typeKind, EPduField lengthKind, EPduField valueKind)
 {
     if (Left() < kItemHeader)
@@ -179,9 +192,7 @@ bool CPduReader::ReadSubItem(EPduField typeKind, EPduField lengthKind, EPduField
     {
         return false;
     }
-    Field(typeKind, type, 1);
-    Field(EPduField::Reserved, type, 1);
-    Field(lengthKind, type, 2);
+    ReadItemHeader(typeKind, lengthKind);
     Field(valueKind, type, size);
     return true;
 }
@@ -203,10 +214,7 @@ bool CPduReader::ReadContext()
         return false;
     }
     const int type = Here()[0];
-    const std::int64_t end = std::int64_t{m_position} + kItemHeader + Big16(Here() + 2);
-    Field(EPduField::ItemType, type, 1);
-    Field(EPduField::Reserved, type, 1);
-    Field(EPduField::ItemLength, type, 2);
+    const std::int64_t end = ReadItemHeader(EPduField::ItemType, EPduField::ItemLength);
     Field(EPduField::ContextId, type, 1);
     Field(EPduField::Reserved, type, 1);
     Field(EPduField::ContextResult, type, 1);
@@ -222,11 +230,7 @@ bool CPduReader::ReadUserInformation()
     {
         return false;
     }
-    const int type = Here()[0];
-    const std::int64_t end = std::int64_t{m_position} + kItemHeader + Big16(Here() + 2);
-    Field(EPduField::ItemType, type, 1);
-    Field(EPduField::Reserved, type, 1);
-    Field(EPduField::ItemLength, type, 2);
+    const std::int64_t end = ReadItemHeader(EPduField::ItemType, EPduField::ItemLength);
     return ReadSubItems(end, EPduField::UserData);
 }
 
