@@ -45,6 +45,7 @@ bool CFragmentReader::Read()
     {
         return false;
     }
+    m_hasOffsetTable = !isDelimiter;
     while (!isDelimiter)
     {
         CSharedBytes fragment;

@@ -18,6 +18,8 @@ public:
     /// @return false when the stream ends before it, or something else is where an item should be; see Fault. Whole
     ///         fragments before that place are kept.
     bool Read();
+    /// Whether an item for the offset table came first, as PS3.5 section A.4 demands even of an empty one.
+    bool HasOffsetTable() const { return m_hasOffsetTable; }
     EParseFault Fault() const { return m_fault; }
     /// Stream offset of the item that could not be read.
     std::size_t FaultOffset() const { return m_faultOffset; }
@@ -35,6 +37,7 @@ private:
     bool m_bigEndian;
     EParseFault m_fault = PARSE_CUT_OFF;
     std::size_t m_faultOffset = 0;
+    bool m_hasOffsetTable = true;
     CSharedBytes m_offsetTable;
     std::vector<CSharedBytes> m_fragments;
 };

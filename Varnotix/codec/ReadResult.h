@@ -82,7 +82,8 @@ enum EReadNote : int
     READ_ODD_LENGTH = 11,       ///< A value of odd length; count is the length.
     READ_OUT_OF_ORDER = 12,     ///< The tag is not greater than the one before it.
     READ_NO_ITEMS = 13,         ///< A sequence holds other bytes than items; the element became UN.
-    READ_META_LENGTH = 14       ///< Group 0002 is not as long as (0002,0000) says; count is the value.
+    READ_META_LENGTH = 14,      ///< Group 0002 is not as long as (0002,0000) says; count is the value.
+    READ_NO_OFFSET_TABLE = 15   ///< Encapsulated Pixel Data without the item of the offset table; a write adds it.
 };
 
 /// A remarkable place of a stream.

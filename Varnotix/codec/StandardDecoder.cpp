@@ -367,6 +367,10 @@ void CStandardDecoder::ReadFragments(const SHeader& header, SLevel& level)
     const bool whole = reader.Read();
     reader.FillFrames(*element.Frames(), count != nullptr ? count->JoinedText() : CString());
     element.Frames()->SetReadForm(CDcmFrameList::FORM_ENCAPSULATED);
+    if (!reader.HasOffsetTable())
+    {
+        Note(READ_NO_OFFSET_TABLE, header.tag, header.position);
+    }
     if (!whole)
     {
         Stop(reader.Fault(), header.tag, reader.FaultOffset());

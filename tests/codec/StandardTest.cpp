@@ -9,48 +9,14 @@
 namespace
 {
 
-/// A read by the standard rules, with its notes as "note:ggggeeee@offset".
-struct SStandardRead
+struct SStandardRead : SRead
 {
-    explicit SStandardRead(const CByteArray& stream)
-    {
-        parser.StreamRules(STREAM_RULES_STANDARD);
-        CMemFile file;
-        file.Attach(stream.GetData(), static_cast<UINT>(stream.GetSize()));
-        CArchive archive(&file, CArchive::load);
-        parser.SerializeSet(archive, set);
-    }
-
-    std::string Notes() const
-    {
-        std::string text;
-        for (const SReadNote& note : parser.Notes())
-        {
-            CString one;
-            one.Format("%s%d:%08x@%u", text.empty() ? "" : " ", note.note, static_cast<unsigned>(note.tag),
-                       static_cast<unsigned>(note.offset));
-            text += one.View();
-        }
-        return text;
-    }
-
-    CDcmParser parser;
-    CDcmElementSet set;
+    explicit SStandardRead(const CByteArray& stream) : SRead(stream, STREAM_RULES_STANDARD) {}
 };
 
 CByteArray WrittenByStandard(CDcmElementSet& set, int syntax, bool groupLengths = false)
 {
-    CMemFile file;
-    CArchive archive(&file, CArchive::store);
-    CDcmParser parser;
-    parser.StreamRules(STREAM_RULES_STANDARD);
-    parser.SetOutputSyntax(syntax);
-    parser.SetGroupLengths(groupLengths);
-    parser.SerializeSet(archive, set);
-    archive.Close();
-    CByteArray bytes;
-    file.DetachTo(bytes);
-    return bytes;
+    return Written(set, syntax, groupLengths, STREAM_RULES_STANDARD);
 }
 
 constexpr const char* kModality = "0800 6000 'CS' 0200 'MR'";
@@ -161,11 +127,11 @@ TEST(StandardRules, SayWhereTheyStopAndKeepWhatIsWhole)
     {
         SStandardRead read(Stream(one.bytes));
         EXPECT_TRUE(read.parser.ReadStopped()) << one.bytes;
-        EXPECT_EQ(TrialsText(read.parser.Trials()), one.trials) << one.bytes;
+        EXPECT_EQ(read.Trials(), one.trials) << one.bytes;
         EXPECT_EQ(Show(read.set), one.kept) << one.bytes;
     }
     const CByteArray deflated = Part10(Stream("0200 1000 'UI' 1600 '1.2.840.10008.1.2.1.99'")) + Stream("4BB26060");
-    EXPECT_EQ(TrialsText(SStandardRead(deflated + Stream("E20000000000")).parser.Trials()), "2:16@162");
+    EXPECT_EQ(SStandardRead(deflated + Stream("E20000000000")).Trials(), "2:16@162");
 }
 
 TEST(StandardRules, ReadWhatBreaksThemWhereTheyCan)
@@ -183,6 +149,7 @@ TEST(StandardRules, ReadWhatBreaksThemWhereTheyCan)
         {"0800 6000 'CS' 0200 'MR' 1000 1000 'ZZ' 0200 'Do'", "7:00100010@10", "00080060 CS MR; 00100010 UN 446F"},
         {"0800 6000 'CS' 0200 'MR' 0800 4011 'SQ' 0000 04000000 'abcd'", "13:00081140@10",
          "00080060 CS MR; 00081140 UN 61626364"},
+        {"E07F 1000 'OB' 0000 FFFFFFFF FEFF DDE0 00000000", "15:7fe00010@0", "7fe00010 OB"},
         {"0800 6000 'CS' 0200 'MR' FEFF DDE0 00000000 1000 1000 'PN' 0000", "10:fffee0dd@10",
          "00080060 CS MR; 00100010 PN"},
         {"0800 6000 'CS' 0200 'MR' 0000000000000000000000", "4:00000000@10", "00080060 CS MR"},

@@ -162,7 +162,7 @@ TEST(Accessors, OfEachKindReturnWhatWasSetAndReadAgain)
     patient.IssuerOfPatient(Texts({"first", "last"}));
     patient.OtherPatientID(Texts({"1", "34"}));
     patient = ReadBack(patient);
-    EXPECT_EQ(Values(patient), "00100010=Doe^Jane 00100021=last 00101000=1\\34 ");
+    EXPECT_EQ(Filled(patient), "00100010 PN Doe^Jane; 00100021 LO last; 00101000 LO 1\\34");
     EXPECT_STREQ(patient.PatientName(), "Doe^Jane");
     EXPECT_STREQ(patient.IssuerOfPatientID(), "last");
     EXPECT_TRUE(patient.OtherPatientID() == Texts({"1", "34"}));
@@ -170,13 +170,13 @@ TEST(Accessors, OfEachKindReturnWhatWasSetAndReadAgain)
     CDcmPalleteColorLookUpModule palette;
     palette.BluePaletteData(Words({0xFEDC, 2}));
     palette = ReadBack(palette);
-    EXPECT_EQ(Values(palette), "00281203=65244 2 ");
+    EXPECT_EQ(Filled(palette), "00281203 OW 65244 2");
     EXPECT_TRUE(palette.BlueTableData() == Words({0xFEDC, 2}));
 
     CDcmImagePixelModule image;
     image.Columns(0xFEDC);
     image = ReadBack(image);
-    EXPECT_EQ(Values(image), "00280011=65244 ");
+    EXPECT_EQ(Filled(image), "00280011 US 65244");
     EXPECT_EQ(image.Columns(), 0xFEDC);
 
     CDcmUSRegionCalibrationModule calibration;
@@ -187,8 +187,8 @@ TEST(Accessors, OfEachKindReturnWhatWasSetAndReadAgain)
     region.TableOfYBreakPoints(ArrayOf<CDoubleArray, double>({-2.5, 0.5}));
     region.TableOfParameterValues(ArrayOf<CFloatArray, float>({-2.5F, 0.5F}));
     calibration = ReadBack(calibration);
-    EXPECT_EQ(Values(calibration), "00186011={00186018=2309737967 0018602c=-2.500000 00186052=2309737967 2 "
-                                   "00186054=-2.500000 0.500000 0018605a=-2.500000 0.500000 } ");
+    EXPECT_EQ(Filled(calibration), "00186011 SQ {00186018 UL 2309737967; 0018602c FD -2.5; 00186052 UL 2309737967 2; "
+                                   "00186054 FD -2.5 0.5; 0018605a FL -2.5 0.5}");
     EXPECT_EQ(region.RegionLocationMin_x0(), 0x89ABCDEF);
     EXPECT_EQ(region.PhysicalDeltaX(), -2.5);
     EXPECT_TRUE(region.TableOfXBreakPoints() == (ArrayOf<CUIntArray, UINT>({0x89ABCDEF, 2})));
@@ -198,10 +198,10 @@ TEST(Accessors, OfEachKindReturnWhatWasSetAndReadAgain)
     CDcmSOPCommonModule common;
     common.DigitalSignatures().CertificateOfSigner(ArrayOf<CByteArray, BYTE>({0, 0xFF}));
     common = ReadBack(common);
-    EXPECT_EQ(Values(common), "fffafffa={04000115=0 255 } ");
+    EXPECT_EQ(Filled(common), "fffafffa SQ {04000115 OB 00FF}");
     EXPECT_TRUE(common.DigitalSignatures().CertificateOfSigner() == (ArrayOf<CByteArray, BYTE>({0, 0xFF})));
 
     CDcmTimeSlotSequence slot;
     slot.TimeSlotTime("12");
-    EXPECT_EQ(Values(slot), "00540073=12 ");
+    EXPECT_EQ(Filled(slot), "00540073 DS 12");
 }

@@ -1,6 +1,5 @@
-// Classes whose tags are told when they are constructed, and items that are modules.
+// Classes whose tags are given at construction, and items that are modules.
 
-#include "Bytes.h"
 #include "Values.h"
 #include "Varnotix/catalogue/Catalogue.h"
 
@@ -10,7 +9,7 @@ TEST(RepeatingGroup, IsTheOneThatTheModuleWasMadeFor)
 {
     CDcmOverLayPlaneModule overlay("6002");
     overlay.OverlayOrigin(Words({1, 0xFFFF}));
-    EXPECT_EQ(Values(overlay), "60020050=1 65535 ");
+    EXPECT_EQ(Filled(overlay), "60020050 SS 1 65535");
     for (const char* group : {"", "sound", "50FF"})
     {
         EXPECT_NE(CDcmAudioModule(group).GetDcmElementSet().Find(0x50FF, 0x2000), nullptr) << group;
@@ -18,7 +17,7 @@ TEST(RepeatingGroup, IsTheOneThatTheModuleWasMadeFor)
     CDcmAudioModule audio("5002");
     audio.SampleRate(8000);
     audio.ReferencedImage().ReferencedSOPClassUID("1.2");
-    EXPECT_EQ(Values(audio), "00081140={00081150=1.2 } 50022008=8000 ");
+    EXPECT_EQ(Filled(audio), "00081140 SQ {00081150 UI 1.2}; 50022008 UL 8000");
 }
 
 TEST(RepeatingGroup, IsTakenOverByACopyWithItsSequence)
@@ -29,7 +28,7 @@ TEST(RepeatingGroup, IsTakenOverByACopyWithItsSequence)
     CDcmCurveModule assigned;
     EXPECT_NE(assigned.GetDcmElementSet().Find(0x5000, 0x2600), nullptr);
     assigned = source;
-    EXPECT_EQ(Values(assigned), "50042500=LABEL 50042600={50042610=24576 } ");
+    EXPECT_EQ(Filled(assigned), "50042500 LO LABEL; 50042600 SQ {50042610 US 24576}");
 }
 
 TEST(CodeAndModifier, KeepsTheModifierTagOfItsOwnSequence)
@@ -37,11 +36,11 @@ TEST(CodeAndModifier, KeepsTheModifierTagOfItsOwnSequence)
     CDcmCodeAndModifer view("0054", "0222");
     view.Code().CodeValue("V");
     view.Modifier().CodeValue("M");
-    EXPECT_EQ(Values(view), "00080100=V 00540222={00080100=M } ");
-    EXPECT_EQ(Values(CDcmCodeAndModifer(view)), Values(view));
+    EXPECT_EQ(Filled(view), "00080100 SH V; 00540222 SQ {00080100 SH M}");
+    EXPECT_EQ(Filled(CDcmCodeAndModifer(view)), Filled(view));
     CDcmNMImageModule image;
     image.AnatomicRegion() = view;
-    EXPECT_EQ(Values(image), "00082218={00080100=V 00082220={00080100=M } } ");
+    EXPECT_EQ(Filled(image), "00082218 SQ {00080100 SH V; 00082220 SQ {00080100 SH M}}");
 }
 
 TEST(IncludedMacro, FollowsItsItemThroughReadsAndCopies)

@@ -30,7 +30,11 @@ inline std::string TrialsText(const std::vector<SReadTrial>& trials)
 /// One read of a stream, with everything that it gave.
 struct SRead
 {
-    explicit SRead(const CByteArray& stream) { Again(stream); }
+    explicit SRead(const CByteArray& stream, EStreamRules rules = STREAM_RULES_CLASSIC)
+    {
+        parser.StreamRules(rules);
+        Again(stream);
+    }
 
     void Again(const CByteArray& stream)
     {
@@ -42,16 +46,32 @@ struct SRead
 
     std::string Trials() const { return TrialsText(parser.Trials()); }
 
+    /// The notes as "note:ggggeeee@offset".
+    std::string Notes() const
+    {
+        std::string text;
+        for (const SReadNote& note : parser.Notes())
+        {
+            CString one;
+            one.Format("%s%d:%08x@%u", text.empty() ? "" : " ", note.note, static_cast<unsigned>(note.tag),
+                       static_cast<unsigned>(note.offset));
+            text += one.View();
+        }
+        return text;
+    }
+
     CDcmParser parser;
     CDcmElementSet set;
 };
 
 /// The bytes that a set is written as.
-inline CByteArray Written(CDcmElementSet& set, int syntax, bool groupLengths = false)
+inline CByteArray Written(CDcmElementSet& set, int syntax, bool groupLengths = false,
+                          EStreamRules rules = STREAM_RULES_CLASSIC)
 {
     CMemFile file;
     CArchive archive(&file, CArchive::store);
     CDcmParser parser;
+    parser.StreamRules(rules);
     parser.SetOutputSyntax(syntax);
     parser.SetGroupLengths(groupLengths);
     parser.SerializeSet(archive, set);
@@ -98,17 +118,22 @@ inline std::string ShowValue(const CDcmElement& element)
     return value + (frames == nullptr && element.Bytes() != nullptr ? HexText(*element.Bytes()) : "");
 }
 
-/// Every element of a set as "ggggeeee VR value", with "; " between them; items are in braces.
-inline std::string Show(const CDcmElementSet& set)
+/// The elements of a set as "ggggeeee VR value", with "; " between them; items are in braces.
+/// @param onlyFilled leave out those without a value, which modules have many of.
+inline std::string Show(const CDcmElementSet& set, bool onlyFilled = false)
 {
     std::string text;
     for (int i = 0; i < set.GetCount(); ++i)
     {
         const CDcmElement& element = *set.GetAt(i);
+        if (onlyFilled && element.IsEmptyValue())
+        {
+            continue;
+        }
         const CDcmElementSet* items = element.Items();
-        const std::string value = items != nullptr ? "{" + Show(*items) + "}" : ShowValue(element);
-        text += (i > 0 ? "; " : "") + std::string(element.GroupText()) + std::string(element.ElementText()) + " " +
-                Varnotix::VrText(element.Vr()) + (value.empty() ? "" : " " + value);
+        const std::string value = items != nullptr ? "{" + Show(*items, onlyFilled) + "}" : ShowValue(element);
+        text += (text.empty() ? "" : "; ") + std::string(element.GroupText()) + std::string(element.ElementText()) +
+                " " + Varnotix::VrText(element.Vr()) + (value.empty() ? "" : " " + value);
     }
     return text;
 }

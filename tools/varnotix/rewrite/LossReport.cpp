@@ -119,6 +119,9 @@ void CLossReport::AddMended(const SReadNote& note, const CString& where)
     case READ_META_LENGTH:
         Add(ELoss::InputMended, where, "its wrong value is corrected");
         break;
+    case READ_NO_OFFSET_TABLE:
+        Add(ELoss::InputMended, where, "it had no offset table, and is written with an empty one");
+        break;
     default:
         break;
     }
