@@ -113,8 +113,11 @@ TEST(ElementSetRemoveTags, RemovesOneElementForEachOfTheOther)
     Fill(other, {MakeText(0x0010, 0x0010, ""), MakeText(0x0010, 0x0010, ""), MakeText(0x0010, 0x0030, "")});
     set.RemoveTagsOf(other);
     EXPECT_EQ(Listing(set), (Texts{"00100020=1", "00100010=C"}));
+    CDcmElementSet sharing;
+    sharing.CopyByReference(set);
     set.RemoveTagsOf(set);
     EXPECT_TRUE(set.IsEmpty());
+    EXPECT_EQ(sharing.GetCount(), 2) << "the others keep the body, as with RemoveAll";
 }
 
 TEST(ElementSetSharing, IsSeenByBothUntilOneTakesAFreshBody)
