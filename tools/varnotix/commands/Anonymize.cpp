@@ -207,5 +207,5 @@ void AddAnonymize(CCommandLine& line)
     verb.TextWithDefault("--text", options->text, "Text for the attributes; an empty text removes them");
     verb.Flag("--deep", options->deep, "Include sequence items, drop private groups, and record both in the file");
     verb.MessageFlags();
-    verb.Action([options](const CReport& report) { return Anonymize(*options, report); });
+    verb.Action(options, Anonymize);
 }

@@ -120,5 +120,5 @@ void AddApply(CCommandLine& line)
     verb.Inputs(options->inputs, "Files to read; '-' is standard input");
     verb.Text("-o,--output", options->output, "File to write, or folder for several; '-' is standard output");
     verb.MessageFlags();
-    verb.Action([options](const CReport& report) { return Apply(*options, report); });
+    verb.Action(options, Apply);
 }

@@ -241,5 +241,5 @@ void AddBuild(CCommandLine& line)
         "With a JSON document: the Specific Character Set to encode its texts in; without it, the one that it names",
         CVerb::ENeed::Optional);
     verb.MessageFlags();
-    verb.Action([options](const CReport& report) { return Build(*options, report); });
+    verb.Action(options, Build);
 }

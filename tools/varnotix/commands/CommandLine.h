@@ -55,6 +55,12 @@ public:
     /// Sets what the verb does, and adds "--classic".
     /// @param action returns an exit status (see EStatus). Exceptions pass through CCommandLine::Run.
     void Action(const std::function<int(const CReport&)>& action);
+    /// The same for a function that takes the verb's options.
+    template <class OPTIONS, class TAKEN>
+    void Action(const std::shared_ptr<OPTIONS>& options, int (*action)(TAKEN&, const CReport&))
+    {
+        Action([options, action](const CReport& report) { return action(*options, report); });
+    }
 
 private:
     CLI::App& m_verb;

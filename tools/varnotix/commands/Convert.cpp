@@ -119,5 +119,5 @@ void AddConvert(CCommandLine& line)
               "File or folder to write to, '-' for standard output; without it, the last FILE", CVerb::ENeed::Optional);
     verb.Flag("--force", options->force, "Write an OUT that other readers would refuse");
     verb.MessageFlags();
-    verb.Action([options](const CReport& report) { return Convert(*options, report); });
+    verb.Action(options, Convert);
 }

@@ -205,5 +205,5 @@ void AddFrames(CCommandLine& line)
     verb.Text("-o,--output", options->folder, "Output folder; created if missing");
     verb.Flag("--png", options->asPictures, "Write PNG pictures instead of the stored frames");
     verb.MessageFlags();
-    verb.Action([options](const CReport& report) { return Frames(*options, report); });
+    verb.Action(options, Frames);
 }

@@ -210,5 +210,5 @@ void AddModules(CCommandLine& line)
     verb.Inputs(options->inputs, "Files to print; '-' is standard input");
     verb.Flag("--gaps", options->withGaps, "Also name the attributes that are absent");
     verb.MessageFlags();
-    verb.Action([options](const CReport& report) { return Modules(*options, report); });
+    verb.Action(options, Modules);
 }

@@ -234,5 +234,5 @@ void AddNew(CCommandLine& line)
     CVerb verb = line.AddVerb("new", "Write a script to fill in and build", kFooter);
     verb.Choice("KIND", options->kind, KindWords(), "The kind of object");
     verb.Text("-o,--output", options->output, "Script to write; without it, standard output", CVerb::ENeed::Optional);
-    verb.Action([options](const CReport& report) { return New(*options, report); });
+    verb.Action(options, New);
 }
