@@ -162,6 +162,10 @@ TEST_F(Convert, DeflatesAndInflatesAndStopsWhereTheDataDo)
     Write("bad.dcm", Part10("1.2.840.10008.1.2.1.99", std::string(40, '\xFF')));
     Expect(20, "convert bad.dcm out.dcm", "its deflated data set is damaged at its byte");
     Expect(20, "convert --classic deflated.dcm out.dcm", "is deflated, which the classic rules do not inflate");
+    // A block with codes of its own for "0" and "258 more of it"; each byte of zeros then gives 1032 bytes.
+    const std::string block("\xED\xC1\x01\x01\0\0\0\x82\x20\xFF\xAF\x6E\x48\x40\x01", 15);
+    Write("bomb.dcm", Part10("1.2.840.10008.1.2.1.99", block + std::string(70000, '\0')));
+    Expect(20, "convert bomb.dcm out.dcm", "inflates to more than the 64 MiB that its size allows");
 }
 
 TEST_F(Convert, WhatOtherReadersWouldRefuseNeedsForce)

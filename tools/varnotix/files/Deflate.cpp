@@ -2,6 +2,7 @@
 
 #include <climits>
 
+#include <algorithm>
 #include <vector>
 #include <zlib.h>
 
@@ -10,6 +11,18 @@ namespace
 
 constexpr int kRawDeflate = -MAX_WBITS;
 constexpr UINT kStep = 1U << 16U;
+
+// Blank images shrink up to a thousandfold, the most that deflate can do, but few are large.
+constexpr ULONGLONG kMebibyte = 1U << 20U;
+constexpr ULONGLONG kAlwaysInflated = 64 * kMebibyte;
+constexpr ULONGLONG kLargestRatio = 250;
+
+/// The most bytes that a deflated data set of a size may give.
+ULONGLONG InflatedLimit(std::size_t size)
+{
+    const ULONGLONG limit = std::max(kAlwaysInflated, kLargestRatio * size);
+    return std::min(limit, static_cast<ULONGLONG>(INT_MAX) - kStep);
+}
 
 z_stream StreamOver(const BYTE* bytes, std::size_t size)
 {
@@ -40,10 +53,11 @@ CString Inflate(const BYTE* bytes, std::size_t size, CFile& out, std::size_t& le
     }
     std::vector<BYTE> room(kStep);
     int result = Z_OK;
+    const ULONGLONG limit = InflatedLimit(size);
     bool isTooLarge = false;
     while (result == Z_OK && !isTooLarge)
     {
-        isTooLarge = out.GetLength() > static_cast<ULONGLONG>(INT_MAX) - kStep;
+        isTooLarge = out.GetLength() > limit;
         result = isTooLarge ? result : Step(stream, inflate, Z_NO_FLUSH, room, out);
     }
     left = stream.avail_in;
@@ -52,7 +66,8 @@ CString Inflate(const BYTE* bytes, std::size_t size, CFile& out, std::size_t& le
     if (isTooLarge)
     {
         out.SetLength(0);
-        fault = "its deflated data set has 2 GiB or more";
+        fault.Format("its deflated data set inflates to more than the %lu MiB that its size allows",
+                     static_cast<unsigned long>(InflatedLimit(size) / kMebibyte));
     }
     else if (result == Z_BUF_ERROR)
     {
