@@ -89,7 +89,7 @@ void AddReference(CStreamMaker& stream, int item)
     stream.EndItem();
 }
 
-/// Real files, where somebody has them: mr_*.dcm in the folder of samples.
+/// Real files, where there are any: mr_*.dcm in the folder of samples.
 std::vector<CByteArray> LoadSamples()
 {
     const char* const named = std::getenv("VARNOTIX_SAMPLES");

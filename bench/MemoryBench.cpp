@@ -34,7 +34,7 @@ double ResidentBytes()
     return resident * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-/// Runs the work and tells by how many bytes memory rose above what it was before; -1 for a failure.
+/// Runs the work and returns by how many bytes memory rose above what it was before; -1 for a failure.
 double PeakOf(const std::function<bool()>& work)
 {
     const double before = ResidentBytes();

@@ -1,4 +1,4 @@
-/// The toolkits that are measured, all behind the same two operations.
+/// The toolkits that are measured, all through the same two operations.
 #pragma once
 
 #include <cstddef>

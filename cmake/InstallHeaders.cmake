@@ -1,5 +1,5 @@
-# Runs at installation. A header is the business of a host when Varnotix.h reaches it; the others stay at home. Read from
-# the includes themselves, as a list would grow old.
+# Runs at installation: installs the headers reachable from Varnotix.h; the rest are private. The includes are read, as a
+# list would grow old.
 cmake_minimum_required(VERSION 3.25)
 
 set(pending Varnotix/Varnotix.h)

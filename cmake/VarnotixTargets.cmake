@@ -55,7 +55,7 @@ function(varnotix_copy_runtime target)
     install(FILES ${runtime} DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
 endfunction()
 
-# One GoogleTest program for a folder of tests. It runs in a folder of its own that holds the data files, and is told:
+# One GoogleTest program for a folder of tests. It runs in a folder of its own that holds the data files, and is given:
 #   VARNOTIX_SAMPLES  folder of DICOM sample files, or empty
 #   VARNOTIX_DATA     the project's data folder
 #   VARNOTIX_BIN      folder of the built programs: the command-line host and the examples

@@ -21,7 +21,7 @@ struct SFreshDictionary
 };
 
 /// What a set holds that keeps a second reading from giving the same set: an empty sequence, which takes the element
-/// behind it; a second group length of a group, which stays when the first is remade; a delimiter that a stream gave a
+/// after it; a second group length of a group, which stays when the first is remade; a delimiter that a stream gave a
 /// VR; a value with a backslash, which separates values; a number that equals nothing.
 inline bool ReadsOtherwise(const CDcmElementSet& set)
 {
@@ -68,7 +68,7 @@ inline void AskForValues(const CDcmElementSet& set)
     }
 }
 
-/// A copy of the object whose meta information names nothing but the syntax in which it is to be written, and stands at
+/// A copy of the object whose meta information names nothing but the syntax in which it is to be written, and is at
 /// the beginning: elements of command groups would come before it.
 inline CDcmIOD InSyntax(const CDcmIOD& object, const char* uid)
 {
@@ -91,7 +91,7 @@ inline void PromiseRoundTrip(const CDcmIOD& object, const char* uid)
     CDcmIOD first(InSyntax(object, uid));
     if (first.GetCount() == 1 || ReadsOtherwise(first.ElementStore()))
     {
-        return; // Meta information alone is no object.
+        return; // Only meta information: not an object.
     }
     CByteArray written;
     first.ExportFileFormat(written);

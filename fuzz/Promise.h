@@ -37,7 +37,7 @@ class CInput
 public:
     CInput(const std::uint8_t* data, std::size_t size) : m_data(data), m_size(size) {}
 
-    /// The next byte; 0 behind the end.
+    /// The next byte; 0 after the end.
     unsigned Take()
     {
         if (m_size == 0)

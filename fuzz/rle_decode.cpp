@@ -1,4 +1,4 @@
-// Any bytes as a run length encoded frame, behind four bytes that describe the image.
+// Any bytes as a run length encoded frame, after four bytes that describe the image.
 
 #include "Rle.h"
 
@@ -24,11 +24,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Promise(pixels.GetSize() == (replaces ? 0 : held.GetSize()) + decodedSize, "segments fill their capacity");
     Promise(replaces || std::equal(held.begin(), held.end(), pixels.begin()), "pixels are appended to what was there");
 
-    // Bytes behind the frame only let the last runs take part.
+    // Bytes after the frame only let the last runs take part.
     CByteArray longer(frame);
     longer.SetSize(frame.GetSize() + 64);
     CByteArray whole;
     setting.image.DcmRleDecode(longer, whole);
-    Promise(whole.GetSize() == decodedSize, "bytes behind a frame make it no larger");
+    Promise(whole.GetSize() == decodedSize, "bytes after a frame do not make it larger");
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as a frame to encode, behind four bytes that describe the image. What shrinks comes back by decoding.
+// Any bytes as a frame to encode, after four bytes that describe the image. What shrinks comes back by decoding.
 
 #include "Rle.h"
 
@@ -59,7 +59,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     setting.image.Rows(1);
     setting.image.Columns(static_cast<WORD>(room));
     setting.image.BitsAllocated(8);
-    encoded.SetSize(encoded.GetSize() + kHeaderSize); // The decoder leaves the last 64 bytes of a frame alone.
+    encoded.SetSize(encoded.GetSize() + kHeaderSize); // The decoder does not read the last 64 bytes of a frame.
     CByteArray decoded;
     setting.image.DcmRleDecode(encoded, decoded);
     Promise(decoded.GetSize() == expected && std::equal(decoded.begin(), decoded.end(), frame.begin()),

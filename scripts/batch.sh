@@ -6,7 +6,7 @@
 #   batch.sh chunk STATE NUMBER OUT VERB [OPTION...]          does one chunk: here, or wherever the folders are seen
 #   batch.sh finish STATE                                     lists what failed, and returns the worst exit status
 #
-# INPUT is a folder, or a list with one path a line. VERB is 'convert' or 'anonymize', with its options but without -o.
+# INPUT is a folder, or a list with one path per line. VERB is 'convert' or 'anonymize', with its options but without -o.
 # Outputs lie in OUT as the inputs lie in INPUT. STATE is a folder that remembers the chunks; a second run does what the
 # first one did not. The exit statuses are those of 'varnotix': 0, 1 wrong usage, 10 identifying
 # values may be left, 20 input, 40 output.
@@ -27,7 +27,7 @@ tool()
     "${VARNOTIX:-varnotix}" "$@"
 }
 
-# What the input holds, one path a line, in an order that is the same each time.
+# What the input holds, one path per line, in the same order each time.
 list_input()
 {
     if [ -d "$1" ]; then
@@ -83,7 +83,7 @@ rewrite_together()
     mkdir -p "${target%/*}" && tool anonymize "${options[@]}" -o "${target%/*}/" -- "$@" || [ $? -eq $left ]
 }
 
-# rewrite FILE...: inputs of one folder; 'worst' and the list of failures on descriptor 3 tell what went wrong.
+# rewrite FILE...: inputs of one folder; 'worst' and the list of failures on descriptor 3 hold what went wrong.
 rewrite()
 {
     [ $# -gt 0 ] && ! rewrite_together "$@" || return 0
@@ -109,14 +109,14 @@ has_left()
 # check_call STATE OUT VERB
 check_call()
 {
-    case $3 in convert | anonymize) ;; *) die "'$3' is no verb for a batch: convert, anonymize" ;; esac
+    case $3 in convert | anonymize) ;; *) die "'$3' is not a verb for a batch: convert, anonymize" ;; esac
     ! [ "$(cat "$1/prefix")." -ef "$2" ] || die "INPUT and OUT are one folder"
 }
 
 do_chunk()
 {
     local state=$1 number out=${3%/} verb=$4 prefix file folder='' worst=0
-    number=$(printf '%06d' "$((10#$2))") || die "'$2' is no number of a chunk"
+    number=$(printf '%06d' "$((10#$2))") || die "'$2' is not the number of a chunk"
     local options=("${@:5}") group=() target
     [ -r "$state/todo/$number" ] || die "there is no chunk $number in '$state'"
     check_call "$state" "$out" "$verb"
@@ -147,7 +147,7 @@ do_chunk()
 finish()
 {
     local state=$1 number undone=0 worst=0 status line
-    [ -d "$state/todo" ] || die "'$state' is no state of a batch"
+    [ -d "$state/todo" ] || die "'$state' is not the state of a batch"
     for number in "$state"/todo/*; do
         number=${number##*/}
         if [ -e "$state/failed/$number" ]; then
@@ -180,7 +180,7 @@ run()
     local state=$1 input=$2 out=$3
     split_input "$state" "$input"
     check_call "$state" "$out" "$4"
-    # What went wrong stands in the state; xargs has but one status for it.
+    # The state holds what went wrong; xargs has one status for all of it.
     (cd "$state/todo" && printf '%s\0' *) | xargs -0 -P "$jobs" -I '{}' "$0" chunk "$state" '{}' "${@:3}"
     finish "$state"
 }
@@ -190,5 +190,5 @@ case ${1:-} in
     split) [ $# -ge 3 ] || die "split STATE INPUT [FILES]" && split_input "${@:2}" ;;
     chunk) [ $# -ge 5 ] || die "chunk STATE NUMBER OUT VERB [OPTION...]" && do_chunk "${@:2}" ;;
     finish) [ $# -eq 2 ] || die "finish STATE" && finish "$2" ;;
-    *) die "run, split, chunk or finish; the head of this script tells more" ;;
+    *) die "run, split, chunk or finish; see the head of this script" ;;
 esac

@@ -3,7 +3,7 @@
 # processor time in milliseconds, medians of five runs that alternate. A ratio above 1 means that this library, by its
 # classic stream rules, is faster; "standard" is its time by the standard ones.
 # With inputs (header_heavy, bulk_128MiB, ...) only these are read and written, and nothing else is measured. Each input
-# has a process of its own, so that none meets the memory that another left behind. The full output is in
+# has a process of its own, so that none finds the memory that another left. The full output is in
 # build/bench/bench.log. Real MR files, mr_*.dcm, are looked for in VARNOTIX_SAMPLES, then in ../shared/samples.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"

@@ -16,7 +16,7 @@ show()
     "$@"
 }
 
-# show_part LINES COMMAND...: the same, with some lines of the output alone. The command runs to its end, as it would
+# show_part LINES COMMAND...: the same, with only some lines of the output. The command runs to its end, as it would
 # otherwise meet a closed pipe.
 show_part()
 {
@@ -42,6 +42,6 @@ show_part '/^#IOD_SYNTAX/p;/^0002,0010/p;/^0028,0010/' varnotix dump phantom-big
 printf '\nIt writes the frames as pictures to look at.\n'
 show varnotix frames --png -o pictures phantom.dcm
 ls pictures
-printf '\nAnd it tells where the data dictionary came from.\n'
+printf '\nAnd it prints where the data dictionary came from.\n'
 show varnotix where
 printf '\nThe objects lie in %s, the programs in %s\n' "$PWD" "$top/build/release/bin"

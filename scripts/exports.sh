@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # exports.sh [--renew] [LIBRARY]: compares what the Linux library exports with cmake/exports.txt, the list of the class
-# interface, and fails if they differ. --renew writes the list anew; look at its difference before you commit it. Without
-# a library, that of the release build is taken. The list is that of g++ 12, optimised.
+# interface, and fails if they differ. --renew writes the list again; read the difference before you commit it. The
+# default library is that of the release build. The list is that of g++ 12, optimised.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 

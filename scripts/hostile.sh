@@ -63,7 +63,7 @@ make_input()
     ' "$1" "$2"
 }
 
-# measure NAME COUNT WHAT COMMAND...: runs the command on the input, for which INPUT stands in it, and prints a row.
+# measure NAME COUNT WHAT COMMAND...: runs the command on the input, which replaces INPUT in it, and prints a row.
 measure()
 {
     local name=$1 count=$2 what=$3 size status=0

@@ -11,7 +11,7 @@ die()
     exit 1
 }
 
-# as_root COMMAND...: runs it as root, by sudo where the caller is somebody else.
+# as_root COMMAND...: runs it as root, by sudo where the caller is another user.
 as_root()
 {
     if [ "$(id -u)" -eq 0 ]; then
@@ -23,7 +23,7 @@ as_root()
     fi
 }
 
-# The calls that follow run in name spaces of their own: every mount and every process that they leave behind goes away
+# The calls that follow run in name spaces of their own: every mount and every process that they leave goes away
 # with them, so nothing can stay mounted into the Wine root, not even after a kill.
 isolated=(unshare --mount --pid --fork --kill-child)
 

@@ -25,7 +25,7 @@ quietly()
     "$@" >"$log" 2>&1 || { cat "$log" >&2; return 1; }
 }
 
-# timed NAME COMMAND...: tells how long a step took.
+# timed NAME COMMAND...: prints how long a step took.
 timed()
 {
     local name=$1 begin=$SECONDS result=0
@@ -74,7 +74,7 @@ build_examples()
         quietly "$folder.log" cmake --build "$folder" --parallel "$(nproc)" --target example_phantom example_read_patient
 }
 
-# pkg_config_host FOLDER OUTPUT: an example host, built by what pkg-config tells of the library below the folder.
+# pkg_config_host FOLDER OUTPUT: an example host, built with what pkg-config reports of the library below the folder.
 pkg_config_host()
 {
     local flags
@@ -118,7 +118,7 @@ try_deb()
         reads_phantom usr/bin/varnotix dump
 }
 
-# The hosts come to lie beside the DLLs, as Windows wants it.
+# Put hosts beside the DLLs, where Windows looks.
 try_zip()
 {
     local place=$top/build/unpacked archive folder

@@ -31,7 +31,7 @@ echo "Making the Wine root in $wine_root (about a minute)"
     >"$cache/wine-root.log" 2>&1 9>&- || { tail -n 20 "$cache/wine-root.log" >&2; die "debootstrap failed"; }
 rm -f "$wine_root"/var/cache/apt/archives/*.deb
 
-# The first start of a prefix builds it; done here so that no test meets a half-made one.
+# The first start of a prefix builds it; done here so that no test finds a half-made one.
 "${isolated[@]}" "${BASH_SOURCE[0]}" --isolated-warm-up >>"$cache/wine-root.log" 2>&1 9>&- ||
     { tail -n 20 "$cache/wine-root.log" >&2; die "the first start of Wine failed"; }
 touch "$wine_root/.ready"

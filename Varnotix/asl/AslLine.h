@@ -43,7 +43,7 @@ struct SAslElement
 VARNOTIX_EXPORT SAslElement SplitAslElement(std::string_view line);
 
 /// Takes the next text from a value list. A comma ends each text; after the last one it may be missing.
-/// @return false at the end of the list; the text is then left alone.
+/// @return false at the end of the list; the text then stays as it is.
 VARNOTIX_EXPORT bool NextAslValue(std::string_view& values, std::string_view& text);
 
 } // namespace Varnotix

@@ -10,7 +10,7 @@
 namespace Varnotix
 {
 
-/// What the structure reader meets.
+/// Kinds of events.
 enum class EAslEvent
 {
     Element,       ///< An element line.

@@ -251,7 +251,7 @@ void WriteAslFile(const CString& path, const CStringArray& lines)
     }
     catch (const CFileException&)
     {
-        // The contract is silent; callers can check the file.
+        // Failures are not reported; callers can check the file.
     }
 }
 

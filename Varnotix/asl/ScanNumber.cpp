@@ -64,8 +64,8 @@ SInteger TakeInteger(std::string_view text)
     return number;
 }
 
-/// Tells a decimal number too small for a float from one too large for it. The number has no sign and is one of the
-/// two.
+/// True for a decimal number that is too small for a float, false for one that is too large. The number has no sign and
+/// is one of the two.
 bool IsTiny(std::string_view number)
 {
     const std::size_t exponentMark = number.find_first_of("eE");

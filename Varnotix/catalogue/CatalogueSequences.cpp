@@ -1,4 +1,4 @@
-// The run-time classes of the sequences and macros of the catalogue. Each class is told by the rows in its own header.
+// The run-time classes of the sequences and macros of the catalogue. The rows in its header describe each class.
 
 #include "Varnotix/catalogue/DcmAcquisitionContextSequence.h"
 #include "Varnotix/catalogue/DcmCalibrationDataSequence.h"

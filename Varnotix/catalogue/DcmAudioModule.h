@@ -6,7 +6,7 @@
 
 /// Audio Module (PS3.3 C.10.3, retired): sound in one instance of group 50xx.
 ///
-/// A group text that does not begin with a hexadecimal number stands for "50FF", the group of a default module.
+/// A group text that does not begin with a hexadecimal number counts as "50FF", the group of a default module.
 class VARNOTIX_EXPORT CDcmAudioModule : public CDcmModule
 {
     // clang-format off

@@ -5,7 +5,7 @@
 #include "Varnotix/modules/DcmSequence.h"
 
 /// Item of a sequence that holds a code and modifiers of it, such as Anatomic Region (PS3.3 10.5): the code's
-/// attributes stand in the item itself.
+/// attributes are in the item itself.
 ///
 /// Each such sequence has its own attribute for the modifiers, which its owner names.
 class VARNOTIX_EXPORT CDcmCodeAndModifer : public CDcmSequence

@@ -7,7 +7,7 @@
 #include "Varnotix/modules/AttributeRows.h"
 #include "Varnotix/modules/DcmModule.h"
 
-/// General Image Module (PS3.3 C.7.6.1): what every image tells of itself.
+/// General Image Module (PS3.3 C.7.6.1): what every image states.
 class VARNOTIX_EXPORT CDcmGeneralImageModule : public CDcmModule
 {
     // clang-format off

@@ -3,7 +3,7 @@
 #include "Varnotix/modules/AttributeRows.h"
 #include "Varnotix/modules/DcmModule.h"
 
-/// Multi-frame Module (PS3.3 C.7.6.6): how many frames there are and what tells them apart.
+/// Multi-frame Module (PS3.3 C.7.6.6): the number of frames and what distinguishes them.
 class VARNOTIX_EXPORT CDcmMultiFrameModule : public CDcmModule
 {
     // clang-format off

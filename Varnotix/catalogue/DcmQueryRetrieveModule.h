@@ -3,7 +3,7 @@
 #include "Varnotix/modules/AttributeRows.h"
 #include "Varnotix/modules/DcmModule.h"
 
-/// Query/Retrieve attributes (PS3.4 Annex C): what a query asks for and what its answers tell.
+/// Query/Retrieve attributes (PS3.4 Annex C): what a query asks for and what its responses contain.
 class VARNOTIX_EXPORT CDcmQueryRetrieveModule : public CDcmModule
 {
     // clang-format off

@@ -4,7 +4,7 @@
 #include "Varnotix/modules/AttributeRows.h"
 #include "Varnotix/modules/DcmSequence.h"
 
-/// Request Attributes Macro (PS3.3 10.6): the request and the scheduled step behind a series.
+/// Request Attributes Macro (PS3.3 10.6): the request and the scheduled step that a series fulfils.
 class VARNOTIX_EXPORT CDcmRequestAttributeSequence : public CDcmSequence
 {
     // clang-format off

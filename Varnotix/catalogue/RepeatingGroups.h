@@ -1,4 +1,4 @@
-/// The instances of the repeating groups that modules use unless they are told another (PS3.5 section 7.6).
+/// The instances of the repeating groups that modules use unless a group is given (PS3.5 section 7.6).
 #pragma once
 
 #include "Varnotix/platform/Export.h"

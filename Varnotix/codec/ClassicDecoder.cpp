@@ -133,7 +133,7 @@ DWORD CClassicDecoder::ReadLength(bool shortForm)
     return shortForm ? Word(bytes, IsBigEndian()) : DoubleWord(bytes, IsBigEndian());
 }
 
-/// Items leave no trace: all elements of all items of a sequence land in the one set of the sequence element, and
+/// Item boundaries are not kept: all elements of all items go into the one set of the sequence element, and
 /// item lengths never bound the reading.
 /// @return true when the delimiter ends the level.
 bool CClassicDecoder::ReadDelimiter(const STag& tag)
@@ -164,11 +164,11 @@ bool CClassicDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD&
         const BYTE* header = m_cursor.Take(kShortestStream);
         if (header == nullptr)
         {
-            m_bytesLeft += m_cursor.Length() - position; // The levels around this one find nothing more.
+            m_bytesLeft += m_cursor.Length() - position; // Enclosing levels are at the end too.
             break;
         }
         const STag tag = ReadTag(header);
-        // The two bytes behind the tag are the VR or the low half of a length; each form reads them for itself.
+        // The two bytes after the tag are the VR or the low half of a length; each form reads them itself.
         m_cursor.Seek(m_cursor.Position() - 2);
         if (tag.vr > VR_NONE)
         {
@@ -233,11 +233,10 @@ void CClassicDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::s
 
 void CClassicDecoder::Note(EReadNote note, const STag& tag, DWORD count)
 {
-    m_result.notes.push_back({note, (static_cast<DWORD>(tag.group) << 16U) | static_cast<DWORD>(tag.element),
-                              static_cast<DWORD>(m_cursor.Position()), count});
+    m_result.notes.push_back({note, Tag::Make(tag.group, tag.element), static_cast<DWORD>(m_cursor.Position()), count});
 }
 
-/// A sequence always takes at least one element, when the stream holds one: its length is looked at behind each
+/// A sequence always takes at least one element, when the stream holds one: its length is compared after each
 /// element. An empty sequence of defined length therefore takes the element that follows it.
 void CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set)
 {

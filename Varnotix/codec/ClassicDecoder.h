@@ -16,7 +16,7 @@ public:
     CClassicDecoder(CStreamCursor& cursor, int syntax) : m_cursor(cursor), m_syntax(syntax) {}
 
     /// Reads preamble and DICM prefix, then all elements of the stream into the set, which is emptied first and left
-    /// empty when anything is thrown on the way. The private tags that were met become lasting ones. Throws
+    /// empty when anything is thrown on the way. Its private tags stay in the dictionary. Throws
     /// CParseException at the first fault.
     void Decode(CDcmElementSet& set);
 
@@ -31,7 +31,7 @@ private:
     {
         int group;
         int element;
-        int vr; // As the stream or, in implicit syntax, the dictionary tells it.
+        int vr; // Of the stream or, in implicit syntax, of the dictionary.
         const CDcmEntry* entry;
     };
 

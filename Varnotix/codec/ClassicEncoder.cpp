@@ -14,7 +14,7 @@ constexpr int kGroupLength = 0x0000;
 
 /// Sorts a set of encoded elements, removes the group length elements and, where wanted, makes one for a group that
 /// holds the encoded sizes of the group's elements.
-/// @param every whether a group length that stands twice is removed as a whole, not the first one alone.
+/// @param every whether all group lengths of a group are removed, and not only the first one.
 template <class WANTED>
 void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, bool every, const WANTED& wanted)
 {

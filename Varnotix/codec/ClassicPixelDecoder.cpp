@@ -13,8 +13,8 @@ using namespace Varnotix;
 namespace
 {
 
-// Streams are met that write the tags of fragments with other halves or bytes exchanged than their syntax asks for.
-// The tags are told apart in any arrangement, here as little-endian 32-bit numbers.
+// Some writers swap the bytes or halves of fragment tags; every order is accepted. Here the tags are little-endian
+// 32-bit numbers.
 constexpr DWORD kItemTags[] = {0xFFFEE000U, 0xE000FFFEU, 0xFEFF00E0U, 0x00E0FEFFU};
 constexpr DWORD kDelimiterTags[] = {0xFFFEE0DDU, 0xE0DDFFFEU, 0xFEFFDDE0U, 0xDDE0FEFFU};
 

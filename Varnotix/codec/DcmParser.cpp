@@ -15,7 +15,7 @@ IMPLEMENT_DYNCREATE(CDcmParser, CObject)
 namespace
 {
 
-/// The bytes behind an archive: a memory file's own, or a real file read once. A file is not mapped, for a file that
+/// The bytes of an archive's file: a memory file's own, or a real file read once. A file is not mapped, for a file that
 /// is cut short while mapped kills the process.
 CStreamCursor OpenStream(CFile& file)
 {

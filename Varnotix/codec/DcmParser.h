@@ -13,7 +13,7 @@ class CStreamCursor;
 
 /// Reads a DICOM stream (PS3.10 file or bare data set) into an element set, and writes one.
 ///
-/// By the classic stream rules, the syntax of a stream is found by trial: explicit VR big endian, then explicit and
+/// By the classic stream rules, the syntax of a stream is found by attempts: explicit VR big endian, then explicit and
 /// implicit VR little endian; in a file whose meta information begins with its group length, the syntax named there
 /// takes over after the meta group. By the standard ones, the syntax is the one that the meta information names, or
 /// else the one that fits the first elements. A parser is made once per read or write.
@@ -32,8 +32,8 @@ public:
     void StreamRules(EStreamRules rules) { m_rules = rules; }
 
     /// Loading: reads the whole stream after the archive's position into the set, replacing its elements. A stream that
-    /// no syntax can read leaves the set empty; Trials tells why. By the standard rules, a stream that ends early, or
-    /// cannot be read further, leaves the whole elements before that place; ReadStopped tells.
+    /// no syntax can read leaves the set empty; Trials says why. By the standard rules, a stream that ends early, or
+    /// cannot be read further, leaves the whole elements before that place, and ReadStopped is true.
     /// Storing: writes the set in the output syntax. By the classic rules, group length elements are removed from the
     /// set and made again, values lose their empty texts, and the set and all items are sorted. By the standard rules
     /// the set does not change. Exceptions of files, archives and memory pass through.
@@ -50,7 +50,7 @@ public:
     /// The syntax that the last read found; the one in which to write.
     int OutputSyntax() const { return m_outputSyntax; }
 
-    /// Whether a write makes a group length element for every group, and not for group 0002 alone.
+    /// Whether a write makes a group length element for every group, and not only for group 0002.
     void SetGroupLengths(bool all) { m_groupLengths = all; }
 
     /// Whether a write by the standard rules adds a Transfer Syntax UID (0002,0010) that the set lacks.
@@ -69,7 +69,7 @@ public:
     /// Flushes the archive and puts its file back to its beginning.
     static void Rewind(CArchive& archive);
 
-    /// The trials of the last read that failed, in order. The last one made the read give up if the set is empty.
+    /// The attempts of the last read that failed, in order. The last one made the read give up if the set is empty.
     const std::vector<SReadTrial>& Trials() const { return m_trials; }
 
     /// Remarkable places of the last stream, in stream order; see EReadNote. A host that writes the object again can

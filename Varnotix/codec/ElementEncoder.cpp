@@ -291,8 +291,8 @@ void CElementEncoder::WriteItems(const CDcmElement& element, COutputBuffer& out)
         DWORD length = item.EncodedSize();
         if (bigEndian)
         {
-            // Item lengths in big endian have always been written with their halves in little endian order; readers
-            // of existing objects know them so.
+            // For compatibility with existing objects, big endian item lengths have their halves in little endian
+            // order (docs/conformance.md).
             length = (length >> 16U) | (length << 16U);
         }
         PutItemTag(out, Varnotix::Tag::kItem, bigEndian, length);

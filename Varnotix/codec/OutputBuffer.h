@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <cstring>
 
-/// Small pieces are copied together; large ones, the frames above all, go to the archive from where they lie.
+/// Small pieces are copied together; large ones, mostly frames, go to the archive without a copy.
 class COutputBuffer
 {
 public:

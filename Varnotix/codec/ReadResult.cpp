@@ -2,7 +2,7 @@
 
 IMPLEMENT_DYNAMIC(CParseException, CException)
 
-const char* Varnotix::ParseFaultText(int fault)
+const char* Varnotix::ParseFaultText(EParseFault fault)
 {
     static constexpr const char* kTexts[] = {
         "a value length is larger than the whole stream",
@@ -12,11 +12,11 @@ const char* Varnotix::ParseFaultText(int fault)
         "no such transfer syntax",
         "the stream ends inside a value",
         "encapsulated pixel data has more frames than its offset table has entries",
-        "the offset table of encapsulated pixel data is no item",
+        "encapsulated pixel data does not begin with an item for the offset table",
         "the stream ends inside an item of encapsulated pixel data",
-        "an item stands outside every sequence",
+        "an item is outside every sequence",
         "a tag without a VR",
-        "a fragment of encapsulated pixel data is no item, or the stream ends inside it",
+        "a fragment of encapsulated pixel data is not an item, or the stream ends inside it",
         "a tag that the dictionary lacks",
         "the stream is shorter than six bytes",
         "sequences are nested more than 64 levels deep",

@@ -1,4 +1,4 @@
-/// What a read of a stream gives beside the elements: syntax, start of the file, and errors.
+/// What a read of a stream returns besides the elements: transfer syntax, start of the file, errors and notes.
 #pragma once
 
 #include "Varnotix/element/DcmElement.h"
@@ -16,11 +16,11 @@ enum EParseFault : int
     PARSE_BAD_SYNTAX = 4,             ///< The syntax code is not 1, 2 or 4.
     PARSE_SHORT_VALUE = 5,            ///< A value field cannot be read whole.
     PARSE_MORE_FRAMES_THAN_TABLE = 6, ///< Encapsulated pixel data has more frame starts than table entries.
-    PARSE_BAD_OFFSET_TABLE = 7,       ///< The first item of encapsulated pixel data is no item, or its header is short.
+    PARSE_BAD_OFFSET_TABLE = 7,       ///< Encapsulated pixel data does not begin with a whole item header.
     PARSE_SHORT_ITEM = 8,             ///< The offset table, or the header of a fragment, cannot be read whole.
     PARSE_ITEM_AT_TOP = 9,            ///< An item or item delimiter outside every sequence.
     PARSE_NO_VR = 10,                 ///< The dictionary gives the tag no VR, or a delimiter is not one.
-    PARSE_BAD_FRAGMENT = 11,          ///< A fragment is no item, or its value cannot be read whole.
+    PARSE_BAD_FRAGMENT = 11,          ///< A fragment is not an item, or its value cannot be read whole.
     PARSE_UNKNOWN_IN_IMPLICIT = 12,   ///< Implicit little endian: unknown even-group tag.
     PARSE_SHORT_STREAM = 13,          ///< The stream is shorter than six bytes.
     PARSE_TOO_DEEP = 14,              ///< Sequences are nested more than 64 levels deep.
@@ -37,12 +37,12 @@ namespace Varnotix
 {
 
 /// The fault in words, for a host that reports it.
-VARNOTIX_EXPORT const char* ParseFaultText(int fault);
+VARNOTIX_EXPORT const char* ParseFaultText(EParseFault fault);
 
 } // namespace Varnotix
 
-/// Thrown inside the stream decoder and caught by its read loop; it never reaches a caller of the library. The code
-/// alone carries the meaning.
+/// Thrown inside the stream decoder and caught by its read loop; it never reaches a caller of the library. Only the
+/// code carries meaning.
 class VARNOTIX_EXPORT CParseException : public CException
 {
     DECLARE_DYNAMIC(CParseException)
@@ -62,12 +62,12 @@ struct VARNOTIX_EXPORT SReadTrial
     DWORD offset;      ///< The stream offset at which the decoder was.
 };
 
-/// Kinds of places that a read found remarkable. By the classic stream rules these are places where it could not keep
-/// what the stream held; by the standard ones, where the stream breaks PS3.5 and was read all the same.
+/// Kinds of notes. By the classic stream rules they are places where a read did not preserve the content of the stream;
+/// by the standard ones, places where the stream breaks PS3.5 and was read all the same.
 enum EReadNote : int
 {
     READ_ITEMS_GATHERED = 0, ///< Items that did not hold one element each are gathered in one set; count is the items.
-    READ_BEYOND_LENGTH = 1,  ///< A sequence took elements from behind its defined end; count is the bytes taken.
+    READ_BEYOND_LENGTH = 1,  ///< A sequence took elements after its defined end; count is the bytes taken.
     READ_ITEMS_DROPPED = 2,  ///< The dictionary gives a sequence another VR, so its items are gone.
     READ_VR_OF_DICTIONARY = 3, ///< The element took the dictionary's VR; count is the code of the stream's VR.
     READ_BYTES_LEFT = 4,       ///< Bytes at the end of the stream were not read; count is how many, the tag is 0.
@@ -86,7 +86,7 @@ enum EReadNote : int
     READ_NO_OFFSET_TABLE = 15   ///< Encapsulated Pixel Data without the item of the offset table; a write adds it.
 };
 
-/// A remarkable place of a stream.
+/// A note about a place in a stream.
 struct VARNOTIX_EXPORT SReadNote
 {
     EReadNote note;
@@ -96,7 +96,7 @@ struct VARNOTIX_EXPORT SReadNote
     DWORD count;  ///< See EReadNote.
 };
 
-/// What a decoder found beside the elements.
+/// What a decoder returns besides the elements.
 struct SReadResult
 {
     int syntax = SYNTAX_UNKNOWN; ///< The syntax that the data set was read in.

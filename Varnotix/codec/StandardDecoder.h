@@ -14,7 +14,7 @@ class CDcmEntry;
 ///
 /// Every element keeps the VR, the item and the length form that the stream gives it. Private tags are neither learned
 /// nor taken from what classic reads have learned. Where the stream breaks PS3.5 and can be read all the same, a note
-/// says so. Where it cannot be read further, the whole elements before that place remain, and the last note is
+/// reports it. Where it cannot be read further, the whole elements before that place remain, and the last note is
 /// READ_STOPPED.
 class CStandardDecoder
 {

@@ -100,7 +100,7 @@ std::uint64_t CStandardEncoder::PlanDataSet(const Elements& elements, const SDat
         const bool isMeta = dataSet.depth == 0 && group == Tag::kMetaGroup;
         const SDataSet part{isMeta ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : dataSet.syntax, dataSet.depth,
                             dataSet.bitsAllocated};
-        // A sequence under such a tag breaks PS3.5, and is no length all the same.
+        // A sequence under such a tag breaks PS3.5; it is written as the sequence that it is.
         const bool hasLength = Tag::IsGroupLength(elements[i]->Tag()) && !elements[i]->HasVr(VR_SQ);
         const std::size_t lengthStep = m_steps.size();
         const bool writesLength = hasLength || WantsGroupLength(group, dataSet);

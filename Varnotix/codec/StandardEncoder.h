@@ -9,7 +9,7 @@
 #include <memory>
 #include <vector>
 
-/// What a write by the standard stream rules is asked for.
+/// Options of a write by the standard stream rules.
 struct SStandardOutput
 {
     int syntax;                     ///< Of the data set; group 0002 is always in explicit VR little endian.

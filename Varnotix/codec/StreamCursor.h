@@ -5,8 +5,8 @@
 
 #include <cstring>
 
-/// Walks over bytes that somebody else keeps. No read leaves the stream: a read that does not fit says so, and the
-/// cursor then stands at the end of the stream, as after a short read from a file.
+/// Walks over bytes that the caller keeps alive. No read leaves the stream: one that does not fit reports it, and the
+/// cursor is then at the end of the stream, as after a short read from a file.
 class CStreamCursor
 {
 public:
@@ -22,10 +22,10 @@ public:
 
     std::size_t Left() const { return m_length - m_position; }
 
-    /// The next bytes, which are not passed over; null when the stream holds fewer.
+    /// The next bytes, without moving; null when the stream holds fewer.
     const BYTE* Peek(std::size_t size) const { return Left() < size ? nullptr : m_data + m_position; }
 
-    /// The next bytes, which are passed over; null when the stream holds fewer.
+    /// The next bytes, and moves past them; null when the stream holds fewer.
     const BYTE* Take(std::size_t size)
     {
         if (m_length - m_position < size)

@@ -80,7 +80,7 @@ SFit FitOf(const BYTE* data, std::size_t size, int syntax)
     DWORD last = 0;
     while (fit.elements < kMostElements && size >= kItemHeaderSize)
     {
-        const DWORD tag = (static_cast<DWORD>(Word(data, bigEndian)) << 16U) | Word(data + 2, bigEndian);
+        const DWORD tag = Tag::Make(Word(data, bigEndian), Word(data + 2, bigEndian));
         const std::size_t element = tag < last ? 0 : ElementSize(data, size, syntax, tag);
         if (element == 0)
         {

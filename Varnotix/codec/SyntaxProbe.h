@@ -1,4 +1,4 @@
-/// Finds the transfer syntax of a data set by a look at its first elements.
+/// Finds the transfer syntax of a data set from its first elements.
 #pragma once
 
 #include "Varnotix/platform/Types.h"
@@ -9,11 +9,11 @@ namespace Varnotix
 {
 
 /// How many elements from the beginning make sense in a syntax (see ESyntax): a VR or a tag that the standard has,
-/// ascending tags, lengths inside the data set. At most 16 are looked at.
+/// ascending tags, lengths inside the data set. At most 16 are examined.
 /// @return 0 where not even the first one does.
 int ElementsThatFit(const BYTE* data, std::size_t size, int syntax);
 
-/// The syntax that the first elements speak for most, tags of the standard above all; SYNTAX_UNKNOWN when none fits.
+/// The syntax that fits the first elements best; tags of the standard count most. SYNTAX_UNKNOWN when none fits.
 int ProbeSyntax(const BYTE* data, std::size_t size);
 
 } // namespace Varnotix

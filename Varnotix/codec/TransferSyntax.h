@@ -6,18 +6,18 @@
 namespace Varnotix
 {
 
-/// Nesting of sequences that reads, writes and scripts follow. Real objects stay under 10; deeper ones cannot overflow
+/// How deep reads, writes and scripts follow nested sequences. Real objects stay under 10; deeper ones cannot overflow
 /// a stack of 1 MB.
 inline constexpr int kMaxDepth = 64;
 
-/// The syntax code that a UID stands for: rows 1, 2 and 4 of the UID table are themselves; row 3 and rows 5 to 27
+/// The syntax code of a UID: rows 1, 2 and 4 of the UID table are themselves; row 3 and rows 5 to 27
 /// (deflated and encapsulated syntaxes) are carried as explicit VR little endian; any other UID is unknown.
 VARNOTIX_EXPORT int SyntaxOfUid(const CString& uid);
 
 /// How a transfer syntax carries Pixel Data.
 enum class EPixelForm : BYTE
 {
-    Unknown,     ///< The UID is none that the library knows.
+    Unknown,     ///< The library does not know the UID.
     Native,      ///< Frames end to end in one value.
     Encapsulated ///< Offset table and fragments as items (PS3.5 section A.4).
 };

@@ -8,7 +8,7 @@
 #include <tuple>
 #include <type_traits>
 
-/// An entity that holds modules of these classes, in this order, behind those of its base entity.
+/// An entity that holds modules of these classes, in this order, after those of its base entity.
 template <class BASE, class... MODULES>
 class TEntity : public BASE
 {
@@ -135,7 +135,7 @@ DCM_ENTITY(image_ie_us_multi, CDcmCompositeIE::composite_image_ie_us,
     CDcmCineModule, CDcmMultiFrameModule);
 // clang-format on
 
-/// A composite object that owns these entities, behind those of its base object. It registers the modules of its base,
+/// A composite object that owns these entities, after those of its base object. It registers the modules of its base,
 /// then those of its own entities, in this order.
 template <class BASE, class... ENTITIES>
 class TCompositeIod : public BASE

@@ -5,7 +5,7 @@
 
 /// A composite information object made of information entities, with the file meta information.
 ///
-/// The entity classes that concrete objects are made of are nested here by name and told in CompositeEntities.h.
+/// The entity classes that concrete objects are made of are nested here by name and described in CompositeEntities.h.
 class VARNOTIX_EXPORT CDcmCompositeIE : public CDcmCompositeIOD
 {
     DECLARE_DYNCREATE(CDcmCompositeIE)
@@ -43,8 +43,8 @@ public:
 
     /// Equal meta information and equal stores.
     bool operator==(const CDcmCompositeIE& other) const;
-    /// Unequal stores. Two objects that differ in their meta information alone are neither equal nor unequal: callers
-    /// have always compared objects for a difference without regard to how a file wraps them.
+    /// Unequal stores. Ignores meta information, so it is not the negation of ==: two objects that differ only there
+    /// are neither equal nor unequal.
     bool operator!=(const CDcmCompositeIE& other) const;
 
     CDcmMetaFileInformation& MetaFileInformation() { return m_metaFileInformation; }

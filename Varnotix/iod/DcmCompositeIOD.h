@@ -27,7 +27,7 @@ public:
     /// whatever they are. Rows and Columns are those that the script gives, or those of the last file.
     ///
     /// Pictures that cannot be loaded are skipped, as are files of other kinds. A DICOM file that cannot be opened
-    /// throws CFileException; the attributes are merged by then. ScriptNotes and ScriptSources tell what came of it.
+    /// throws CFileException; the attributes are merged by then. ScriptNotes and ScriptSources describe the outcome.
     /// REMOVE_GROUP, REMOVE_EMPTY_GROUP, ANONYMIZE_GROUP and TARGET_FILE are left to the caller, and registered modules
     /// of the attributes keep their values until UpdateIod(false) is called.
     void CreateFromASL(const CStringArray& lines);

@@ -15,8 +15,8 @@ void CopyNonEmpty(const CDcmModule& module, CDcmElementSet& copies)
 }
 
 /// True when any element of the set equals this one, tag and value.
-/// @param next where the search begins; it goes around, and moves on behind what was found. Repeated tags that are
-///        asked for in the set's own order are so found at once.
+/// @param next in and out: index at which the search begins; it wraps around, and ends after the element found.
+///        Repeated tags that are asked for in the set's order are found at once.
 bool HoldsEqual(const CDcmElementSet& set, const CDcmElement& wanted, int& next)
 {
     const int count = set.GetCount();

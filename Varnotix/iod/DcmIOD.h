@@ -22,11 +22,11 @@ enum EEmptyElements : int
 /// An information object: one flat store that holds every element, and a list of registered modules.
 ///
 /// The store is what is read and written. Modules are typed views with values of their own; UpdateIod copies between
-/// the two. This class leaves its modules alone when it is read or written; derived classes update them. Modules are
+/// the two. A read or write of this class does not touch its modules; derived classes update them. Modules are
 /// registered by pointer and not owned: a module must stay valid as long as it is registered.
 ///
-/// Nothing here reports failure. After a read, GetCount tells whether there was anything readable, and ReadTrials tells
-/// what the decoder met. Exceptions of files, archives and memory pass to the caller.
+/// Nothing here reports failure. After a read, GetCount shows whether anything was readable, and ReadTrials
+/// lists the decoder's failed attempts. Exceptions of files, archives and memory pass to the caller.
 class VARNOTIX_EXPORT CDcmIOD : public CObject
 {
     DECLARE_DYNCREATE(CDcmIOD)
@@ -51,7 +51,7 @@ public:
     bool IsSubSet(const CDcmIOD& other) const;
 
     /// @name Store and modules
-    /// In each, N stands for the elements of the given module that are not empty, and the registered module of the
+    /// In each, N means the elements of the given module that are not empty, and the registered module of the
     /// given module's class, if there is one, follows.
     /// @{
 
@@ -118,16 +118,16 @@ public:
     void IodSyntax(const CString& uid);
 
     /// Loading: reads a stored object (PS3.10 file, or data set with or without "DICM") into the store, the syntax
-    /// being found by trial; an unreadable stream leaves the store empty. Storing: writes the store in the syntax of
+    /// being found by attempts; an unreadable stream leaves the store empty. Storing: writes the store in the syntax of
     /// its Transfer Syntax UID (0002,0010), or else in the one that was set. Writing changes the store: group length
-    /// elements are removed and made anew, empty texts go, elements are sorted.
+    /// elements are removed and made again, empty texts go, elements are sorted.
     void Serialize(CArchive& archive) override;
 
     /// Reads a stored object from bytes, in place. Calls Serialize.
     void Import(const CByteArray& bytes);
     /// Writes the stored object into the array. Calls Serialize.
     void ExportFileFormat(CByteArray& bytes);
-    /// Writes the elements alone, in the syntax of the UID, without preamble and "DICM". An unknown UID writes nothing.
+    /// Writes only the elements, in the syntax of the UID, without preamble and "DICM". An unknown UID writes nothing.
     void Export(CByteArray& bytes, const CString& uid);
 
     /// Anonymises the store: writes the text into every one of 32 identifying elements that the store holds, or, for an

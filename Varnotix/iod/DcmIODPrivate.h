@@ -1,4 +1,4 @@
-/// The part of an information object that is no interface.
+/// Implementation details of CDcmIOD.
 #pragma once
 
 #include "Varnotix/asl/ScriptNote.h"

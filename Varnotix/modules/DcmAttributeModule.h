@@ -6,7 +6,7 @@
 /// Holds whatever elements its user inserts, by tag. Values are set and got by tag too.
 ///
 /// Every operation returns false, and changes nothing, when the tag is not in the module or its VR does not hold the
-/// kind of value; getters then leave the value alone. Each takes an optional record, which receives the element's
+/// kind of value; getters then leave the value as it is. Each takes an optional record, which receives the element's
 /// description (see CDcmElement::Exchange).
 class VARNOTIX_EXPORT CDcmAttributeModule : public CDcmModule
 {

@@ -8,7 +8,7 @@
 ///
 /// Nothing here reports failure: an operation on a tag that is not there does nothing.
 ///
-/// A macro that stands in an item beside other attributes is a part of that item's set (see IncludeIn). Copying,
+/// A macro that is in an item beside other attributes is a part of that item's set (see IncludeIn). Copying,
 /// emptying and comparing a part touch its own attributes only; counting, sorting and exporting it take in the whole
 /// item.
 class VARNOTIX_EXPORT CDcmAttributeSet : public CObject
@@ -21,7 +21,7 @@ public:
     ~CDcmAttributeSet() override;
 
     /// Becomes a deep copy: elements, values and declared tags. Sequences that are bound to member objects stay bound.
-    /// Of a set without elements it takes the declared tags alone, and keeps its own elements and their values.
+    /// Of a set without elements it takes only the declared tags, and keeps its own elements and their values.
     CDcmAttributeSet& operator=(const CDcmAttributeSet& other);
 
     /// Value copy from the other set: each element here takes the value of the other's element of the same tag. No

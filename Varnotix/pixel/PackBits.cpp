@@ -25,7 +25,7 @@ Word WordAt(const BYTE* bytes)
     return word;
 }
 
-/// How often the first byte stands in a row.
+/// Length of the run that the first byte begins.
 std::size_t CountEqual(const BYTE* begin, const BYTE* end)
 {
     const Word pattern = *begin * kEachByte;
@@ -42,7 +42,7 @@ std::size_t CountEqual(const BYTE* begin, const BYTE* end)
     return static_cast<std::size_t>(std::find_if(next, end, [=](BYTE byte) { return byte != *begin; }) - begin);
 }
 
-/// How many bytes stand before the first that equals its follower; the last byte has none.
+/// Number of bytes before the first that equals the next one.
 std::size_t CountSingle(const BYTE* begin, const BYTE* end)
 {
     const BYTE* next = begin;
@@ -72,7 +72,7 @@ class CPackBitsEncoder
 public:
     explicit CPackBitsEncoder(std::size_t room) : m_room(room), m_bytes(room + kSlack) {}
 
-    /// Takes the next byte and how often it stands in a row.
+    /// Takes a run of equal bytes.
     void Take(BYTE byte, std::size_t count)
     {
         while (Step(byte, count))
@@ -206,7 +206,7 @@ private:
     std::vector<BYTE> m_bytes;
     std::size_t m_end = 0;
     std::size_t m_passed = 0;
-    std::size_t m_literal = 0; // Where the open literal's control byte stands.
+    std::size_t m_literal = 0; // Position of the open literal's control byte.
     EState m_state = EState::Base;
 };
 

@@ -12,7 +12,7 @@ namespace Varnotix
 VARNOTIX_EXPORT CString FindPathNoCase(const CString& path);
 
 /// Appends the plain names (without folder) that match the last component of `pattern`, in byte order (on Windows in
-/// the system's order). '*' stands for any characters, '?' for one, case does not count, and "*.*" means every name.
+/// the system's order). '*' matches any characters, '?' one, case does not count, and "*.*" means every name.
 /// Folders count as names, and so do "." and "..", which come first. False when nothing matched or the folder is
 /// missing.
 VARNOTIX_EXPORT bool FindFiles(const CString& pattern, CStringArray& names);

@@ -11,7 +11,7 @@ using WORD = std::uint16_t;
 /// 32 bits without sign: the one name for the `unsigned long` of the interfaces.
 using DWORD = unsigned long;
 #else
-/// 32 bits without sign: `unsigned long` has 64 bits on most other systems, so the name stands for a fixed width.
+/// 32 bits without sign: `unsigned long` has 64 bits on most other systems, so the name means a fixed width.
 using DWORD = std::uint32_t;
 #endif
 /// The natural integer without sign, at least 32 bits.

@@ -3,7 +3,7 @@
 namespace
 {
 
-void TellWhatTheReadMet(const CDcmIOD& object)
+void ReportRead(const CDcmIOD& object)
 {
     if (object.GetCount() == 0 || object.ReadStopped())
     {
@@ -29,7 +29,7 @@ void Failures()
     object.ExportFileFormat(bytes);
     bytes.SetSize(bytes.GetSize() - 100);
     object.Import(bytes);
-    TellWhatTheReadMet(object);
+    ReportRead(object);
 
     CFile file;
     CFileException reason;

@@ -104,7 +104,7 @@ void Writing()
 
     CByteArray dataSet;
     object.ElementStore().RemoveTagsOf(meta.GetDcmElementSet()); // A data set on its own has no group 0002.
-    object.Export(dataSet, "1.2.840.10008.1.2");                 // The elements alone, as a network message has them.
+    object.Export(dataSet, "1.2.840.10008.1.2");                 // Only the elements, as in a network message.
 
     CDcmIOD fromFile;
     fromFile.Import(file);

@@ -47,7 +47,7 @@ void Frames()
     module.DcmRleEncode(frame);
     CByteArray pixels;
     Decode(module, frame, pixels);
-    std::cout << frame.GetSize() << " bytes stand for " << pixels.GetSize() << '\n';
+    std::cout << pixels.GetSize() << " bytes of pixels in " << frame.GetSize() << '\n';
 
     CObList frames;
     frames.AddTail(&frame);

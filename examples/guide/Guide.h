@@ -6,7 +6,7 @@
 #include <iostream>
 #include <string>
 
-// One call a chapter. Each prints what the page shows and uses the file that Making wrote.
+// One call per chapter. Each prints what the page shows and uses the file that Making wrote.
 void Making();
 void Reading();
 void Editing();

@@ -3,7 +3,7 @@
 namespace
 {
 
-void TellWhatTheScriptMet(const CDcmCompositeIOD& object)
+void ReportScript(const CDcmCompositeIOD& object)
 {
     for (const SScriptNote& note : object.ScriptNotes())
     {
@@ -36,7 +36,7 @@ void BuildFromPictures()
             std::cout << "no such file\n";
         }
     }
-    TellWhatTheScriptMet(capture);
+    ReportScript(capture);
     std::cout << capture.GetCount() << " element\n";
 }
 
@@ -62,7 +62,7 @@ void Scripts()
     ct.UpdateIod(false); // The modules take what the script put into the store.
     std::cout << ct.Module<CDcmPatientModule>().PatientName().CText() << ", "
               << ct.Module<CDcmImagePixelModule>().Rows() << " rows\n";
-    TellWhatTheScriptMet(ct);
+    ReportScript(ct);
 
     BuildFromPictures();
 }

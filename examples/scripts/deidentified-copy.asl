@@ -1,4 +1,4 @@
-; Put before a dump, these commands make a copy without what tells who the patient is:
+; Put before a dump, these commands make a copy without identifying attributes:
 ;     (cat deidentified-copy.asl; varnotix dump original.dcm) | varnotix build - -o copy.dcm
 ; The dump names the file that the pixel data is in. What the pixels show stays, and so do UIDs and study dates.
 #ANONYMIZE_55=1,REMOVED

@@ -119,7 +119,7 @@ TEST_F(Pdu, NothingButDigitsMakesTextAndMessagesNameThePlace)
 {
     for (const auto& [text, message] : {std::pair("01 0\n", "offset 3, line 1"),
                                         {"0100\n# x\n0g\n", "offset 9, line 3"},
-                                        {" \n", "there are no bytes"}})
+                                        {" \n", "it is empty"}})
     {
         Write("in.txt", text);
         EXPECT_EQ(Expect(20, "pdu in.txt", message).out, "");

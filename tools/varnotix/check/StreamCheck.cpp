@@ -19,7 +19,7 @@ CString WhatOf(const SReadNote& note)
     switch (note.note)
     {
     case READ_STOPPED:
-        return CString("the read ended here: ") + Varnotix::ParseFaultText(static_cast<int>(note.count));
+        return CString("the read ended here: ") + Varnotix::ParseFaultText(static_cast<EParseFault>(note.count));
     case READ_OTHER_SYNTAX:
         return CString("the data set is in ") + SyntaxName(static_cast<int>(note.count)) +
                ", not in the transfer syntax that the file meta information names";
@@ -43,6 +43,8 @@ CString WhatOf(const SReadNote& note)
     case READ_META_LENGTH:
         what.Format("group 0002 is not %lu bytes long", static_cast<unsigned long>(note.count));
         return what;
+    case READ_NO_OFFSET_TABLE:
+        return "it is encapsulated without an item for the offset table";
     case READ_BYTES_LEFT:
         what.Format("%lu bytes follow the last element", static_cast<unsigned long>(note.count));
         return what;

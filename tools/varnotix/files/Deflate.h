@@ -5,7 +5,8 @@
 
 /// Appends what the bytes inflate to, as far as that goes.
 /// @param left receives how many bytes follow the deflated ones.
-/// @return empty, or why the end was not reached: the bytes are cut off or damaged, or the file would pass 2 GiB.
+/// @return empty, or why the end was not reached: the bytes are cut off or damaged, or give more than their size
+/// allows.
 CString Inflate(const BYTE* bytes, std::size_t size, CFile& out, std::size_t& left);
 
 /// Appends the deflated bytes, and a zero byte where their number is odd.

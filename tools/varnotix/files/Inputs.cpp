@@ -22,7 +22,7 @@ std::string OutputKey(const CString& path)
     return std::string(key.View());
 }
 
-/// True when a name of the command line stands for the files in a folder.
+/// True when a name of the command line means the files in a folder.
 bool NamesFolder(const SInputs& inputs)
 {
     return inputs.entersFolders &&

@@ -11,7 +11,7 @@
 struct SInputs
 {
     std::vector<CString> names; ///< Files, folders, and "-" for standard input.
-    bool entersFolders = false; ///< Folders stand for the files in them, at every depth.
+    bool entersFolders = false; ///< A folder means the files in it, at every depth.
     bool takesAnyFile = false;  ///< Files in folders need not be DICOM.
     int jobs = 1;               ///< How many inputs may be worked on at a time; 0: one per processor.
     CString output;             ///< Set by PlaceOutputs: the folder or file to write to; empty: no outputs.

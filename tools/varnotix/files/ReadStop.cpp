@@ -51,7 +51,7 @@ CString PlaceOf(DWORD tag)
 
 CString ReasonOf(const SReadNote& note, CFile& file)
 {
-    const int fault = static_cast<int>(note.count);
+    const auto fault = static_cast<EParseFault>(note.count);
     const ULONGLONG size = file.GetLength();
     switch (fault)
     {

@@ -9,7 +9,7 @@
 struct SReadStop
 {
     CString reason;
-    std::vector<SReadTrial> trials; ///< What the decoder met, for --verbose.
+    std::vector<SReadTrial> trials; ///< The failed attempts, for --verbose.
 
     bool IsEmpty() const { return reason.IsEmpty(); }
 };

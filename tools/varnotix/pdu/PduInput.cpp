@@ -81,7 +81,7 @@ bool ReadPduBytes(const CString& path, CByteArray& bytes, const CReport& report)
         }
         if (bytes.IsEmpty())
         {
-            report.Error(ShownName(path) + ": there are no bytes in it");
+            report.Error(ShownName(path) + ": it is empty");
             return false;
         }
         return true;

@@ -29,7 +29,7 @@ struct SScriptLine
 using CElementPlaces = std::map<std::pair<int, DWORD>, std::vector<CDcmElement*>>;
 
 /// Those that print no line are left out.
-/// @param byItem whether items are told apart; otherwise all elements are in item 0.
+/// @param byItem whether items are distinguished; otherwise all elements are in item 0.
 CElementPlaces ElementPlaces(const CDcmElementSet& set, bool byItem);
 
 /// True when the line, with those after it, is what the object prints for the element.
