@@ -19,11 +19,11 @@ std::string Loaded(const std::uint8_t* data, std::size_t size)
     CEntryTable table;
     std::size_t lines = 0;
     const CString path = Varnotix::ReadDataFile(ScratchFile(data, size),
-                                      [&](std::string_view line)
-                                      {
-                                          ++lines;
-                                          AddDictionaryLine(line, table);
-                                      });
+                                                [&](std::string_view line)
+                                                {
+                                                    ++lines;
+                                                    AddDictionaryLine(line, table);
+                                                });
     Promise(!path.IsEmpty(), "the file is found");
     Promise(lines <= size, "lines are no more than the file has bytes");
     Promise(static_cast<std::size_t>(table.GetCount()) <= lines, "a line makes one entry at most");
@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         {
             return 0;
         }
-        Promise(first || again.size() < text.size(), "a dictionary loaded from its text differs only by what is lost");
+        Promise(first || again.size() < text.size(), "a dictionary loaded from its text differs by what is lost alone");
         text = std::move(again);
     }
 }

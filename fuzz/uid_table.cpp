@@ -12,11 +12,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CNameList names;
     std::size_t bytes = 0;
     const CString path = Varnotix::ReadDataFile(ScratchFile(data, size),
-                                      [&](std::string_view line)
-                                      {
-                                          bytes += line.size();
-                                          AddUidLine(line, uids, names);
-                                      });
+                                                [&](std::string_view line)
+                                                {
+                                                    bytes += line.size();
+                                                    AddUidLine(line, uids, names);
+                                                });
     Promise(!path.IsEmpty(), "the file is found");
     Promise(bytes <= size, "lines hold no more than the file");
     Promise(uids.GetCount() == names.GetCount(), "each UID has a name");
