@@ -4,32 +4,49 @@
 #include "Varnotix/element/DcmElement.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstring>
+
+static_assert(std::endian::native == std::endian::little, "numbers are exchanged for big endian streams only");
 
 namespace Varnotix
 {
 
+inline WORD Swapped(WORD value)
+{
+    return static_cast<WORD>((value << 8U) | (value >> 8U));
+}
+
+inline DWORD Swapped(DWORD value)
+{
+    return (value << 24U) | ((value & 0xFF00U) << 8U) | ((value >> 8U) & 0xFF00U) | (value >> 24U);
+}
+
 inline WORD Word(const BYTE* bytes, bool bigEndian)
 {
-    return bigEndian ? static_cast<WORD>((bytes[0] << 8) | bytes[1]) : static_cast<WORD>(bytes[0] | (bytes[1] << 8));
+    WORD value = 0;
+    std::memcpy(&value, bytes, sizeof value);
+    return bigEndian ? Swapped(value) : value;
 }
 
 inline DWORD DoubleWord(const BYTE* bytes, bool bigEndian)
 {
-    const DWORD first = Word(bytes, bigEndian);
-    const DWORD second = Word(bytes + 2, bigEndian);
-    return bigEndian ? (first << 16U) | second : first | (second << 16U);
+    DWORD value = 0;
+    std::memcpy(&value, bytes, sizeof value);
+    return bigEndian ? Swapped(value) : value;
 }
 
 inline void PutWord(BYTE* bytes, DWORD value, bool bigEndian)
 {
-    bytes[bigEndian ? 1 : 0] = static_cast<BYTE>(value);
-    bytes[bigEndian ? 0 : 1] = static_cast<BYTE>(value >> 8U);
+    const WORD word = static_cast<WORD>(value);
+    const WORD put = bigEndian ? Swapped(word) : word;
+    std::memcpy(bytes, &put, sizeof put);
 }
 
 inline void PutDoubleWord(BYTE* bytes, DWORD value, bool bigEndian)
 {
-    PutWord(bytes + (bigEndian ? 2 : 0), value & 0xFFFFU, bigEndian);
-    PutWord(bytes + (bigEndian ? 0 : 2), value >> 16U, bigEndian);
+    const DWORD put = bigEndian ? Swapped(value) : value;
+    std::memcpy(bytes, &put, sizeof put);
 }
 
 /// Width in bytes of the numbers that a big endian stream holds in reverse; 1 for VRs that are not swapped.

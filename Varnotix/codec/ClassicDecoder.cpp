@@ -55,28 +55,41 @@ void CClassicDecoder::ReadStart()
     }
 }
 
-void CClassicDecoder::Decode(CDcmElementSet& set)
+bool CClassicDecoder::Fail(EParseFault fault)
+{
+    m_fault = fault;
+    return false;
+}
+
+std::optional<EParseFault> CClassicDecoder::Decode(CDcmElementSet& set)
 {
     if (m_cursor.Length() < kShortestStream)
     {
-        throw CParseException(PARSE_SHORT_STREAM);
+        return PARSE_SHORT_STREAM;
     }
     ReadStart();
     CDcmRegistry::Global().ClearPrivateEntries();
     set.RemoveAll();
     try
     {
-        DWORD items = 0;
-        DecodeLevel(set, m_cursor.Length(), items);
-        // A few bytes at the end hold no element, and a sequence delimiter outside every sequence ends the stream
-        // early.
-        const std::size_t left = m_bytesLeft + m_cursor.Length() - m_cursor.Position();
-        if (left > 0)
+        SItems items;
+        if (DecodeLevel(CElementBody::Of(set), m_cursor.Length(), items))
         {
-            m_result.notes.push_back(
-                {READ_BYTES_LEFT, 0, static_cast<DWORD>(m_cursor.Length() - left), static_cast<DWORD>(left)});
+            // A few bytes at the end hold no element, and a sequence delimiter outside every sequence ends the stream
+            // early.
+            const std::size_t left = m_bytesLeft + m_cursor.Length() - m_cursor.Position();
+            if (left > 0)
+            {
+                m_result.notes.push_back(
+                    {READ_BYTES_LEFT, 0, static_cast<DWORD>(m_cursor.Length() - left), static_cast<DWORD>(left)});
+            }
+            m_privateTags.Keep();
+            return std::nullopt;
         }
-        m_privateTags.Keep();
+    }
+    catch (const CParseException& fault)
+    {
+        m_fault = fault.m_code;
     }
     catch (...)
     {
@@ -84,16 +97,16 @@ void CClassicDecoder::Decode(CDcmElementSet& set)
         set.DestroyContents();
         throw;
     }
+    set.DestroyContents();
+    return m_fault;
 }
 
-CClassicDecoder::STag CClassicDecoder::ReadTag(const BYTE* header)
+bool CClassicDecoder::ReadTag(const BYTE* header, STag& tag)
 {
-    const int syntax = m_syntax;
-    if (syntax != SYNTAX_IMPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_LITTLE && syntax != SYNTAX_EXPLICIT_BIG)
+    if (m_syntax != SYNTAX_IMPLICIT_LITTLE && m_syntax != SYNTAX_EXPLICIT_LITTLE && m_syntax != SYNTAX_EXPLICIT_BIG)
     {
-        throw CParseException(PARSE_BAD_SYNTAX);
+        return Fail(PARSE_BAD_SYNTAX);
     }
-    STag tag{};
     tag.group = Word(header, IsBigEndian());
     tag.element = Word(header + 2, IsBigEndian());
     tag.entry = CDcmRegistry::Global().LookUpPublicTag(Tag::Make(tag.group, tag.element));
@@ -108,7 +121,7 @@ CClassicDecoder::STag CClassicDecoder::ReadTag(const BYTE* header)
     }
     if (tag.entry == nullptr)
     {
-        throw CParseException(UnknownFault());
+        return Fail(UnknownFault());
     }
     const int dictionaryVr = static_cast<int>(tag.entry->vr);
     tag.vr = IsExplicit() ? VrCodeOfBytes(header[4], header[5]) : dictionaryVr;
@@ -116,47 +129,46 @@ CClassicDecoder::STag CClassicDecoder::ReadTag(const BYTE* header)
     {
         if (dictionaryVr != VR_NONE)
         {
-            throw CParseException(UnknownFault());
+            return Fail(UnknownFault());
         }
         tag.vr = VR_NONE;
     }
-    return tag;
+    return true;
 }
 
-DWORD CClassicDecoder::ReadLength(bool shortForm)
+bool CClassicDecoder::ReadLength(bool shortForm, DWORD& length)
 {
     const BYTE* bytes = m_cursor.Take(shortForm ? 2 : 4);
     if (bytes == nullptr)
     {
-        throw CParseException(PARSE_SHORT_LENGTH);
+        return Fail(PARSE_SHORT_LENGTH);
     }
-    return shortForm ? Word(bytes, IsBigEndian()) : DoubleWord(bytes, IsBigEndian());
+    length = shortForm ? Word(bytes, IsBigEndian()) : DoubleWord(bytes, IsBigEndian());
+    return true;
 }
 
 /// Item boundaries are not kept: all elements of all items go into the one set of the sequence element, and
 /// item lengths never bound the reading.
-/// @return true when the delimiter ends the level.
-bool CClassicDecoder::ReadDelimiter(const STag& tag)
+bool CClassicDecoder::ReadDelimiter(const STag& tag, bool& levelEnds)
 {
     const DWORD number = Tag::Make(tag.group, tag.element);
     const bool isItem = number == Tag::kItem || number == Tag::kItemDelimitationItem;
     if (!isItem && number != Tag::kSequenceDelimitationItem)
     {
-        throw CParseException(PARSE_NO_VR);
+        return Fail(PARSE_NO_VR);
     }
     if (isItem && m_depth == 0)
     {
-        throw CParseException(PARSE_ITEM_AT_TOP);
+        return Fail(PARSE_ITEM_AT_TOP);
     }
-    m_itemLength = ReadLength(false);
-    return !isItem;
+    levelEnds = !isItem;
+    return ReadLength(false, m_itemLength);
 }
 
-bool CClassicDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& items)
+bool CClassicDecoder::DecodeLevel(CElementBody& elements, std::size_t limit, SItems& items)
 {
     const std::size_t start = m_cursor.Position();
-    bool oneEach = true;
-    int beforeItem = set.GetCount();
+    int beforeItem = elements.list.GetCount();
     bool levelEnds = false;
     while (!levelEnds)
     {
@@ -167,68 +179,81 @@ bool CClassicDecoder::DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD&
             m_bytesLeft += m_cursor.Length() - position; // Enclosing levels are at the end too.
             break;
         }
-        const STag tag = ReadTag(header);
+        STag tag{};
+        if (!ReadTag(header, tag))
+        {
+            return false;
+        }
         // The two bytes after the tag are the VR or the low half of a length; each form reads them itself.
         m_cursor.Seek(m_cursor.Position() - 2);
         if (tag.vr > VR_NONE)
         {
-            throw CParseException(PARSE_NO_VR);
+            return Fail(PARSE_NO_VR);
         }
-        if (tag.vr == VR_NONE)
+        if (tag.vr != VR_NONE)
         {
-            levelEnds = ReadDelimiter(tag);
-            if (tag.element == Tag::Element(Tag::kItem))
+            if (!DecodeElement(tag, elements, start))
             {
-                set.BeginItem(m_itemLength == kUndefinedLength);
-                oneEach = oneEach && (items == 0 || set.GetCount() - beforeItem == 1);
-                beforeItem = set.GetCount();
-                ++items;
+                return false;
             }
         }
         else
         {
-            DecodeElement(tag, set, start);
+            if (!ReadDelimiter(tag, levelEnds))
+            {
+                return false;
+            }
+            if (tag.element == Tag::Element(Tag::kItem))
+            {
+                elements.BeginItem(m_itemLength == kUndefinedLength);
+                items.oneEach = items.oneEach && (items.count == 0 || elements.list.GetCount() - beforeItem == 1);
+                beforeItem = elements.list.GetCount();
+                ++items.count;
+            }
         }
         const std::size_t read = m_cursor.Position() - start;
         PassMetaEnd(read);
         levelEnds = levelEnds || read >= limit;
     }
-    set.SelectItem(0);
-    return oneEach && (items == 0 || set.GetCount() - beforeItem == 1);
+    elements.selectedItem = 0;
+    items.oneEach = items.oneEach && (items.count == 0 || elements.list.GetCount() - beforeItem == 1);
+    return true;
 }
 
-void CClassicDecoder::DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart)
+bool CClassicDecoder::DecodeElement(const STag& tag, CElementBody& elements, std::size_t levelStart)
 {
     const bool longForm = HasLongForm(tag.vr);
     if (IsExplicit() && m_cursor.Take(longForm ? 4 : 2) == nullptr)
     {
-        throw CParseException(PARSE_SHORT_LENGTH);
+        return Fail(PARSE_SHORT_LENGTH);
     }
-    const DWORD length = ReadLength(IsExplicit() && !longForm);
+    DWORD length = 0;
+    if (!ReadLength(IsExplicit() && !longForm, length))
+    {
+        return false;
+    }
     if (tag.vr == VR_SQ)
     {
-        ReadSequence(tag, length, set);
+        return ReadSequence(tag, length, elements);
     }
-    else if (longForm && Tag::Make(tag.group, tag.element) == Tag::kPixelData)
+    if (longForm && Tag::Make(tag.group, tag.element) == Tag::kPixelData)
     {
-        auto element = std::make_unique<CDcmElement>(tag.group, tag.element, tag.vr, tag.entry);
-        element->SetRead();
-        CDcmElement& added = *element;
-        set.Add(element.release());
-        CClassicPixelDecoder(m_cursor, IsBigEndian()).Read(added, length);
+        return ReadPixelData(tag, length, elements);
     }
-    else
-    {
-        CDcmElement& element = ReadValue(tag, length, set);
-        if (tag.vr != element.Vr())
-        {
-            Note(READ_VR_OF_DICTIONARY, tag, static_cast<DWORD>(tag.vr));
-        }
-        if (tag.group == Tag::kMetaGroup && !longForm)
-        {
-            NoteMetaElement(element, levelStart);
-        }
-    }
+    return ReadValue(tag, length, elements, levelStart);
+}
+
+CDcmElement& CClassicDecoder::AddElement(const STag& tag, int vr, CElementBody& elements)
+{
+    std::unique_ptr<CDcmElement> element = m_elements.Make(tag.group, tag.element, vr, tag.entry);
+    element->SetRead();
+    return elements.AddElement(std::move(element));
+}
+
+bool CClassicDecoder::ReadPixelData(const STag& tag, DWORD length, CElementBody& elements)
+{
+    CClassicPixelDecoder(m_cursor, IsBigEndian()).Read(AddElement(tag, tag.vr, elements), length);
+    return true;
 }
 
 void CClassicDecoder::Note(EReadNote note, const STag& tag, DWORD count)
@@ -238,74 +263,75 @@ void CClassicDecoder::Note(EReadNote note, const STag& tag, DWORD count)
 
 /// A sequence always takes at least one element, when the stream holds one: its length is compared after each
 /// element. An empty sequence of defined length therefore takes the element that follows it.
-void CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set)
+bool CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CElementBody& elements)
 {
-    auto owned = std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
-    CDcmElement& element = *owned;
-    element.SetRead();
+    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements);
     element.SetForm(length == kUndefinedLength ? CDcmElement::FORM_UNDEFINED : CDcmElement::FORM_DEFINED);
-    set.Add(owned.release());
     if (m_depth == Varnotix::kMaxDepth)
     {
-        throw CParseException(PARSE_TOO_DEEP);
+        return Fail(PARSE_TOO_DEEP);
     }
     ++m_depth;
     const std::size_t start = m_cursor.Position();
     // The dictionary may give the tag another VR, under which items cannot be kept.
-    CDcmElementSet* kept = element.Items();
-    DWORD items = 0;
-    const bool oneEach = kept != nullptr ? DecodeLevel(*kept, length, items) : DropLevel(length, items);
+    const bool isKept = element.Items() != nullptr;
+    std::optional<CElementBody> dropped;
+    SItems items;
+    if (!DecodeLevel(isKept ? CElementBody::Of(*element.Items()) : dropped.emplace(), length, items))
+    {
+        return false;
+    }
     --m_depth;
     const std::size_t read = m_cursor.Position() - start;
-    if (kept == nullptr)
+    if (!isKept)
     {
-        Note(READ_ITEMS_DROPPED, tag, items);
+        Note(READ_ITEMS_DROPPED, tag, items.count);
     }
-    else if (!oneEach)
+    else if (!items.oneEach)
     {
-        Note(READ_ITEMS_GATHERED, tag, items);
+        Note(READ_ITEMS_GATHERED, tag, items.count);
     }
     if (length != kUndefinedLength && read > length)
     {
         Note(READ_BEYOND_LENGTH, tag, static_cast<DWORD>(read) - length);
     }
+    return true;
 }
 
-bool CClassicDecoder::DropLevel(std::size_t limit, DWORD& items)
-{
-    CDcmElementSet dropped;
-    return DecodeLevel(dropped, limit, items);
-}
-
-CDcmElement& CClassicDecoder::ReadValue(const STag& tag, DWORD length, CDcmElementSet& set)
+bool CClassicDecoder::ReadValue(const STag& tag, DWORD length, CElementBody& elements, std::size_t levelStart)
 {
     if (length > m_cursor.Length())
     {
-        throw CParseException(PARSE_LENGTH_BEYOND_STREAM);
+        return Fail(PARSE_LENGTH_BEYOND_STREAM);
     }
     const BYTE* bytes = m_cursor.Take(length);
     if (bytes == nullptr)
     {
-        throw CParseException(PARSE_SHORT_VALUE);
+        return Fail(PARSE_SHORT_VALUE);
     }
     // The stream's VR chose the header form and the swapping; the value itself takes its VR from the dictionary.
-    auto element = std::make_unique<CDcmElement>(tag.group, tag.element, static_cast<int>(tag.entry->vr), tag.entry);
-    element->SetRead();
+    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements);
     const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
     if (width > 1)
     {
         BYTE* swapped = nullptr;
         CSharedBytes value = CSharedBytes::Allocate(length, swapped);
         CopySwapped(bytes, length, width, swapped);
-        element->SetRawBytes(std::move(value));
+        element.SetRawBytes(std::move(value));
     }
     else
     {
-        element->SetRawBytes(length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length));
+        element.SetRawBytes(length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length));
     }
-    CDcmElement& added = *element;
-    set.Add(element.release());
-    return added;
+    if (tag.vr != element.Vr())
+    {
+        Note(READ_VR_OF_DICTIONARY, tag, static_cast<DWORD>(tag.vr));
+    }
+    if (tag.group == Tag::kMetaGroup && !HasLongForm(tag.vr))
+    {
+        NoteMetaElement(element, levelStart);
+    }
+    return true;
 }
 
 void CClassicDecoder::NoteMetaElement(CDcmElement& element, std::size_t levelStart)

@@ -3,8 +3,11 @@
 
 #include "Varnotix/codec/ReadResult.h"
 #include "Varnotix/codec/StreamCursor.h"
-#include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/element/ElementBlocks.h"
+#include "Varnotix/element/ElementBody.h"
 #include "Varnotix/registry/PrivateTags.h"
+
+#include <optional>
 
 class CDcmEntry;
 
@@ -16,9 +19,9 @@ public:
     CClassicDecoder(CStreamCursor& cursor, int syntax) : m_cursor(cursor), m_syntax(syntax) {}
 
     /// Reads preamble and DICM prefix, then all elements of the stream into the set, which is emptied first and left
-    /// empty when anything is thrown on the way. Its private tags stay in the dictionary. Throws
-    /// CParseException at the first fault.
-    void Decode(CDcmElementSet& set);
+    /// empty when anything fails on the way. Its private tags stay in the dictionary.
+    /// @return the fault at which decoding ended, or nothing for a stream that was read.
+    std::optional<EParseFault> Decode(CDcmElementSet& set);
 
     /// The syntax in force.
     int Syntax() const { return m_syntax; }
@@ -39,17 +42,28 @@ private:
     bool IsExplicit() const { return m_syntax != SYNTAX_IMPLICIT_LITTLE; }
     EParseFault UnknownFault() const;
 
+    /// What a level of the stream held.
+    struct SItems
+    {
+        DWORD count = 0;
+        bool oneEach = true; // All items, if there were any, held one element each.
+    };
+
+    // Attempts in a wrong syntax end soon and are many, so the way out of the levels is a return, not an exception.
+    // Each of these is false after a fault, which m_fault then holds.
+    bool Fail(EParseFault fault);
+    bool DecodeLevel(CElementBody& elements, std::size_t limit, SItems& items);
+    bool DecodeElement(const STag& tag, CElementBody& elements, std::size_t levelStart);
+    bool ReadTag(const BYTE* header, STag& tag);
+    bool ReadDelimiter(const STag& tag, bool& levelEnds);
+    bool ReadLength(bool shortForm, DWORD& length);
+    bool ReadSequence(const STag& tag, DWORD length, CElementBody& elements);
+    bool ReadValue(const STag& tag, DWORD length, CElementBody& elements, std::size_t levelStart);
+    bool ReadPixelData(const STag& tag, DWORD length, CElementBody& elements);
+
     void ReadStart();
-    /// @return true when all items, if there were any, held one element each.
-    bool DecodeLevel(CDcmElementSet& set, std::size_t limit, DWORD& items);
-    bool DropLevel(std::size_t limit, DWORD& items);
-    void DecodeElement(const STag& tag, CDcmElementSet& set, std::size_t levelStart);
+    CDcmElement& AddElement(const STag& tag, int vr, CElementBody& elements);
     void Note(EReadNote note, const STag& tag, DWORD count);
-    STag ReadTag(const BYTE* header);
-    bool ReadDelimiter(const STag& tag);
-    DWORD ReadLength(bool shortForm);
-    void ReadSequence(const STag& tag, DWORD length, CDcmElementSet& set);
-    CDcmElement& ReadValue(const STag& tag, DWORD length, CDcmElementSet& set);
     void NoteMetaElement(CDcmElement& element, std::size_t levelStart);
     void PassMetaEnd(std::size_t read);
 
@@ -60,6 +74,8 @@ private:
     DWORD m_itemLength = 0;             // Of the item or delimiter read last.
     DWORD m_metaEnd = 0;                // Counted from where decoding started; 0: not yet known.
     std::size_t m_bytesLeft = 0;        // After the last element, too few for another one.
+    std::optional<EParseFault> m_fault;
+    CElementBlocks m_elements;
     CByteChunks m_smallValues;
     CReadTags m_privateTags;
     SReadResult m_result;

@@ -1,6 +1,8 @@
 #include "Varnotix/codec/ClassicEncoder.h"
 
 #include "Varnotix/codec/ElementEncoder.h"
+#include "Varnotix/element/ElementBlocks.h"
+#include "Varnotix/element/ElementBody.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <vector>
@@ -12,41 +14,18 @@ namespace
 
 constexpr int kGroupLength = 0x0000;
 
-/// Sorts a set of encoded elements, removes the group length elements and, where wanted, makes one for a group that
-/// holds the encoded sizes of the group's elements.
-/// @param every whether all group lengths of a group are removed, and not only the first one.
-template <class WANTED>
-void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, bool every, const WANTED& wanted)
+/// A group of a sorted set, with the encoded size of its elements.
+struct SGroup
 {
-    struct SGroup
-    {
-        int group;
-        DWORD size;
-    };
-    set.Sort();
-    std::vector<SGroup> groups;
-    CDcmElementSet oldLengths;
-    for (int i = 0; i < set.GetCount(); ++i)
-    {
-        const CDcmElement& element = *set.GetAt(i);
-        const bool isFirst = groups.empty() || groups.back().group != element.Group();
-        if (isFirst)
-        {
-            groups.push_back({element.Group(), 0});
-        }
-        if ((isFirst || every) && element.Element() == kGroupLength)
-        {
-            oldLengths.Add(new CDcmElement(element));
-        }
-        else
-        {
-            groups.back().size += element.EncodedSize();
-        }
-    }
-    if (!oldLengths.IsEmpty())
-    {
-        set.RemoveTagsOf(oldLengths);
-    }
+    int group;
+    DWORD size;
+};
+
+/// Makes the group length of each group that wants one.
+template <class WANTED>
+void MakeGroupLengths(const std::vector<SGroup>& groups, int syntax, int metaSyntax, const WANTED& wanted,
+                      CDcmListBody& made)
+{
     for (const SGroup& group : groups)
     {
         if (group.size == 0 || !wanted(group.group))
@@ -58,54 +37,119 @@ void RemakeGroupLengths(CDcmElementSet& set, int syntax, int metaSyntax, bool ev
         length->AddInteger(group.size);
         length->SetSyntax(group.group == Tag::kMetaGroup ? metaSyntax : syntax);
         length->Encode();
-        set.Add(length.release());
+        made.Append(std::move(length));
     }
-    set.Sort();
+}
+
+/// Sorts a set of encoded elements, removes the group length elements and, where wanted, makes one for a group that
+/// holds the encoded sizes of the group's elements.
+/// @param every whether all group lengths of a group are removed, and not only the first one.
+/// @return the encoded size of all elements.
+template <class WANTED>
+std::uint64_t RemakeGroupLengths(CElementBody& body, int syntax, int metaSyntax, bool every, const WANTED& wanted)
+{
+    body.Sort();
+    std::vector<SGroup> groups;
+    std::vector<bool> isOld;
+    std::uint64_t total = 0;
+    int group = -1;
+    for (int i = 0; i < body.list.GetCount(); ++i)
+    {
+        const CDcmElement& element = ElementOf(body.list[i]);
+        const bool isFirst = group != element.Group();
+        if (isFirst)
+        {
+            group = element.Group();
+            groups.push_back({group, 0});
+        }
+        if ((isFirst || every) && element.Element() == kGroupLength)
+        {
+            isOld.resize(static_cast<std::size_t>(body.list.GetCount()));
+            isOld[static_cast<std::size_t>(i)] = true;
+        }
+        else
+        {
+            const DWORD size = CElementEncoder::EncodedSize(element);
+            groups.back().size += size;
+            total += size;
+        }
+    }
+    CDcmListBody made; // Owns the new lengths until they are in the set.
+    MakeGroupLengths(groups, syntax, metaSyntax, wanted, made);
+    if (isOld.empty() && made.list.IsEmpty())
+    {
+        return total;
+    }
+    CObArray all;
+    CObArray old;
+    all.Reserve(body.list.GetCount() + made.list.GetCount());
+    old.Reserve(body.list.GetCount());
+    const auto* next = made.list.begin();
+    for (int i = 0; i < body.list.GetCount(); ++i)
+    {
+        CDcmElement& element = ElementOf(body.list[i]);
+        for (; next != made.list.end() && ElementOf(*next).Tag() < element.Tag(); ++next)
+        {
+            all.Add(*next);
+        }
+        const bool goes = !isOld.empty() && isOld[static_cast<std::size_t>(i)];
+        (goes ? old : all).Add(&element);
+    }
+    for (; next != made.list.end(); ++next)
+    {
+        all.Add(*next);
+    }
+    for (CObject* object : made.list)
+    {
+        CDcmElement& length = ElementOf(object);
+        length.SetItem(body.selectedItem);
+        total += CElementEncoder::EncodedSize(length);
+    }
+    body.SwapList(all);
+    made.list.RemoveAll();
+    CElementBlocks::Destroy(old);
+    return total;
 }
 
 /// Encodes an element and all that is nested in it, the deepest first, so that each is encoded once.
 void EncodeTree(CDcmElement& element, int syntax, bool groupLengths)
 {
     element.SetSyntax(syntax);
-    CDcmElementSet* items = element.Items();
-    if (items == nullptr)
+    if (element.Items() == nullptr)
     {
-        element.Encode();
+        CElementEncoder::Prepare(element);
         return;
     }
-    for (int i = 0; i < items->GetCount(); ++i)
+    CElementBody& items = CElementBody::Of(*element.Items());
+    for (CObject* item : items.list)
     {
-        EncodeTree(*items->GetAt(i), syntax, groupLengths);
+        EncodeTree(ElementOf(item), syntax, groupLengths);
     }
-    RemakeGroupLengths(*items, syntax, syntax, false, [groupLengths](int) { return groupLengths; });
-    CElementEncoder::PrepareSequence(element);
+    const std::uint64_t size =
+        RemakeGroupLengths(items, syntax, syntax, false, [groupLengths](int) { return groupLengths; });
+    CElementEncoder::PrepareSequence(element, size);
 }
 
 } // namespace
 
 std::uint64_t CClassicEncoder::Prepare(CDcmElementSet& set) const
 {
-    for (int i = 0; i < set.GetCount(); ++i)
+    CElementBody& body = CElementBody::Of(set);
+    for (CObject* object : body.list)
     {
-        CDcmElement& element = *set.GetAt(i);
+        CDcmElement& element = ElementOf(object);
         const int syntax = element.HasGroup(Tag::kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_syntax;
         EncodeTree(element, syntax, m_groupLengths);
     }
     // A second (0002,0000) that stayed would say where a reader takes the meta information to end.
-    RemakeGroupLengths(set, m_syntax, SYNTAX_EXPLICIT_LITTLE, true,
-                       [this](int group) { return m_groupLengths || group == Tag::kMetaGroup; });
-    std::uint64_t total = 0;
-    for (int i = 0; i < set.GetCount(); ++i)
-    {
-        total += set.GetAt(i)->EncodedSize();
-    }
-    return total;
+    return RemakeGroupLengths(body, m_syntax, SYNTAX_EXPLICIT_LITTLE, true,
+                              [this](int group) { return m_groupLengths || group == Tag::kMetaGroup; });
 }
 
 void CClassicEncoder::Write(const CDcmElementSet& set, COutputBuffer& out)
 {
-    for (int i = 0; i < set.GetCount(); ++i)
+    for (const CObject* object : CElementBody::Of(set).list)
     {
-        CElementEncoder::Write(*set.GetAt(i), out);
+        CElementEncoder::Write(ElementOf(object), out);
     }
 }

@@ -127,8 +127,8 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
 
 void CDcmParser::Take(SReadResult& result)
 {
-    m_preamble = result.preamble;
-    m_prefix = result.prefix;
+    m_preamble.Swap(result.preamble);
+    m_prefix.Swap(result.prefix);
     m_notes = std::move(result.notes);
 }
 
@@ -141,19 +141,15 @@ void CDcmParser::LoadClassic(CStreamCursor& cursor, CDcmElementSet& set)
     {
         m_outputSyntax = SYNTAX_UNKNOWN;
         CClassicDecoder decoder(cursor, syntax);
-        try
+        const std::optional<EParseFault> fault = decoder.Decode(set);
+        Take(decoder.Result());
+        if (!fault)
         {
-            decoder.Decode(set);
-            Take(decoder.Result());
             m_outputSyntax = decoder.Syntax();
             return;
         }
-        catch (const CParseException& fault)
-        {
-            Take(decoder.Result());
-            m_trials.push_back({decoder.Syntax(), fault.m_code, static_cast<DWORD>(cursor.Position())});
-            syntax = NextSyntax(fault.m_code, decoder.Syntax());
-        }
+        m_trials.push_back({decoder.Syntax(), *fault, static_cast<DWORD>(cursor.Position())});
+        syntax = NextSyntax(*fault, decoder.Syntax());
         bool& tried = syntax == SYNTAX_EXPLICIT_LITTLE ? triedLittle : triedImplicit;
         if (syntax == SYNTAX_UNKNOWN || tried)
         {

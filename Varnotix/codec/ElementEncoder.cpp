@@ -3,8 +3,8 @@
 #include "Varnotix/codec/ByteOrder.h"
 #include "Varnotix/codec/FrameEncoder.h"
 #include "Varnotix/codec/ItemTags.h"
-#include "Varnotix/element/DcmElementSet.h"
 #include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/element/ElementBody.h"
 #include "Varnotix/element/TypedValue.h"
 
 using namespace Varnotix;
@@ -14,12 +14,6 @@ namespace
 
 constexpr char kSeparator = '\\';
 constexpr DWORD kLongHeader = 12;
-constexpr DWORD kShortHeader = 8;
-
-bool IsExplicit(int syntax)
-{
-    return syntax == SYNTAX_EXPLICIT_LITTLE || syntax == SYNTAX_EXPLICIT_BIG;
-}
 
 /// Dates, times and ages are never padded: an odd one is malformed, and padding would hide it.
 bool IsPadded(int vr)
@@ -67,16 +61,6 @@ std::string_view BytesOf(const STypedValue& typed)
 
 } // namespace
 
-DWORD CElementEncoder::HeaderSize(int syntax, int vr)
-{
-    const bool longForm = HasLongForm(vr);
-    if (IsExplicit(syntax))
-    {
-        return longForm ? kLongHeader : kShortHeader;
-    }
-    return syntax == SYNTAX_IMPLICIT_LITTLE || !longForm ? kShortHeader : 0;
-}
-
 bool CElementEncoder::IsEncapsulated(const CDcmElement& element)
 {
     return element.m_frames != nullptr && element.m_frames->GetCount() >= 2;
@@ -84,20 +68,38 @@ bool CElementEncoder::IsEncapsulated(const CDcmElement& element)
 
 void CElementEncoder::Prepare(CDcmElement& element)
 {
-    if (element.HasEntry())
+    if (!element.HasEntry())
     {
-        if (element.m_items)
-        {
-            PrepareItems(element);
-        }
-        element.m_encodedValueSize = ValueSize(element);
-        element.m_encodedSyntax = element.SyntaxToEncode();
+        return;
     }
+    if (element.m_items)
+    {
+        CElementBody& items = CElementBody::Of(*element.m_items);
+        items.Sort();
+        std::uint64_t size = 0;
+        for (CObject* object : items.list)
+        {
+            CDcmElement& item = ElementOf(object);
+            item.SetSyntax(element.m_syntax);
+            Prepare(item);
+            size += EncodedSize(item);
+        }
+        if (VrKind(element.m_vr) == EVrKind::Items && !element.HoldsFrames())
+        {
+            PrepareSequence(element, size);
+            return;
+        }
+    }
+    element.m_encodedValueSize = ValueSize(element);
+    element.m_encodedSyntax = element.SyntaxToEncode();
 }
 
-void CElementEncoder::PrepareSequence(CDcmElement& element)
+void CElementEncoder::PrepareSequence(CDcmElement& element, std::uint64_t size)
 {
-    element.m_encodedValueSize = ItemsSize(element);
+    const int count = CElementBody::Of(*element.m_items).list.GetCount();
+    // Each element becomes an item. The sequence delimiter counts too.
+    const std::uint64_t tags = count > 0 ? kItemHeaderSize * (static_cast<std::uint64_t>(count) + 1) : 0;
+    element.m_encodedValueSize = static_cast<DWORD>(tags + size);
     element.m_encodedSyntax = element.SyntaxToEncode();
 }
 
@@ -112,8 +114,7 @@ DWORD CElementEncoder::ValueSize(CDcmElement& element)
     {
     case EVrKind::Text:
         return TextSize(element);
-    case EVrKind::Items:
-        return element.m_items ? ItemsSize(element) : 0;
+    case EVrKind::Items: // Without a set; see PrepareSequence.
     case EVrKind::RawOnly:
         return 0;
     default:
@@ -150,32 +151,6 @@ DWORD CElementEncoder::TextSize(CDcmElement& element)
     return static_cast<DWORD>(size % 2 == 1 && IsPadded(element.m_vr) ? size + 1 : size);
 }
 
-void CElementEncoder::PrepareItems(CDcmElement& element)
-{
-    CDcmElementSet& items = *element.m_items;
-    items.Sort();
-    for (int i = 0; i < items.GetCount(); ++i)
-    {
-        items.GetAt(i)->SetSyntax(element.m_syntax);
-        Prepare(*items.GetAt(i));
-    }
-}
-
-DWORD CElementEncoder::ItemsSize(const CDcmElement& element)
-{
-    const CDcmElementSet& items = *element.m_items;
-    if (items.IsEmpty())
-    {
-        return 0;
-    }
-    std::uint64_t size = kItemHeaderSize; // The sequence delimiter counts too.
-    for (int i = 0; i < items.GetCount(); ++i)
-    {
-        size += kItemHeaderSize + items.GetAt(i)->EncodedSize();
-    }
-    return static_cast<DWORD>(size);
-}
-
 void CElementEncoder::Write(const CDcmElement& element, COutputBuffer& out)
 {
     if (element.m_encodedSyntax != CDcmElement::kNeverEncoded)
@@ -187,15 +162,15 @@ void CElementEncoder::Write(const CDcmElement& element, COutputBuffer& out)
 
 void CElementEncoder::WriteHeader(const CDcmElement& element, COutputBuffer& out)
 {
-    const auto syntax = element.m_encodedSyntax;
+    const int syntax = element.m_encodedSyntax;
     const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
     const DWORD size = HeaderSize(syntax, element.m_vr);
     const DWORD length = IsEncapsulated(element) ? kUndefinedLength : element.m_encodedValueSize;
     BYTE* header = out.Room(size);
-    std::memset(header, 0, size);
     if (syntax != SYNTAX_IMPLICIT_LITTLE && !IsExplicit(syntax))
     {
-        return; // No such syntax has a layout for the header.
+        std::memset(header, 0, size); // No such syntax has a layout for the header.
+        return;
     }
     PutWord(header, element.m_group, bigEndian);
     PutWord(header + 2, element.m_element, bigEndian);
@@ -204,9 +179,10 @@ void CElementEncoder::WriteHeader(const CDcmElement& element, COutputBuffer& out
         PutDoubleWord(header + 4, length, bigEndian);
         return;
     }
-    std::memcpy(header + 4, VrText(element.m_vr), 2);
+    std::memcpy(header + 4, element.m_vr == VR_NONE ? "NO" : VrLettersOf(element.m_vr), 2);
     if (size == kLongHeader)
     {
+        PutWord(header + 6, 0, bigEndian);
         PutDoubleWord(header + 8, length, bigEndian);
     }
     else
@@ -285,10 +261,10 @@ void CElementEncoder::WriteItems(const CDcmElement& element, COutputBuffer& out)
         return;
     }
     const bool bigEndian = element.m_encodedSyntax == SYNTAX_EXPLICIT_BIG;
-    for (int i = 0; i < element.m_items->GetCount(); ++i)
+    for (const CObject* object : CElementBody::Of(*element.m_items).list)
     {
-        const CDcmElement& item = *element.m_items->GetAt(i);
-        DWORD length = item.EncodedSize();
+        const CDcmElement& item = ElementOf(object);
+        DWORD length = EncodedSize(item);
         if (bigEndian)
         {
             // For compatibility with existing objects, big endian item lengths have their halves in little endian
@@ -303,7 +279,7 @@ void CElementEncoder::WriteItems(const CDcmElement& element, COutputBuffer& out)
 
 signed char CDcmElement::SyntaxToEncode() const
 {
-    const bool known = m_syntax == SYNTAX_IMPLICIT_LITTLE || IsExplicit(m_syntax);
+    const bool known = m_syntax == SYNTAX_IMPLICIT_LITTLE || CElementEncoder::IsExplicit(m_syntax);
     return known ? static_cast<signed char>(m_syntax) : kOtherSyntax;
 }
 
@@ -314,8 +290,7 @@ void CDcmElement::Encode()
 
 DWORD CDcmElement::EncodedSize() const
 {
-    return m_encodedSyntax == kNeverEncoded ? 0
-                                            : CElementEncoder::HeaderSize(m_encodedSyntax, m_vr) + m_encodedValueSize;
+    return CElementEncoder::EncodedSize(*this);
 }
 
 // Defined here, above the element layer, because the encoded bytes are made when they are written.

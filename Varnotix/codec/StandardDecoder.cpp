@@ -48,7 +48,7 @@ void CStandardDecoder::Decode(CDcmElementSet& set)
     {
         try
         {
-            DecodeStream(set);
+            DecodeStream(CElementBody::Of(set));
         }
         catch (const CParseException&)
         {
@@ -74,7 +74,7 @@ void CStandardDecoder::Stop(EParseFault fault, DWORD tag, std::size_t offset)
     throw CParseException(fault);
 }
 
-void CStandardDecoder::DecodeStream(CDcmElementSet& set)
+void CStandardDecoder::DecodeStream(CElementBody& elements)
 {
     const std::size_t start = m_cursor.Position();
     if (m_cursor.Left() < kItemHeaderSize)
@@ -82,9 +82,9 @@ void CStandardDecoder::DecodeStream(CDcmElementSet& set)
         Stop(m_cursor.Left() < kShortestStream ? PARSE_SHORT_STREAM : PARSE_NOT_DICOM, 0, start);
     }
     const bool isFile = ReadStart();
-    SLevel level{set, nullptr, m_cursor.Length(), false, SYNTAX_EXPLICIT_LITTLE};
+    SLevel level{elements, nullptr, m_cursor.Length(), false, SYNTAX_EXPLICIT_LITTLE};
     ReadMeta(level);
-    m_result.syntax = FindSyntax(set);
+    m_result.syntax = FindSyntax(elements);
     if (m_result.syntax == SYNTAX_UNKNOWN)
     {
         m_result.syntax = isFile ? SYNTAX_EXPLICIT_LITTLE : SYNTAX_UNKNOWN;
@@ -143,16 +143,20 @@ void CStandardDecoder::ReadMeta(SLevel& level)
 }
 
 /// The syntax that the meta information names, unless the first elements are clearly in another.
-int CStandardDecoder::FindSyntax(const CDcmElementSet& set)
+int CStandardDecoder::FindSyntax(const CElementBody& elements)
 {
-    const CDcmElement* element = set.Find(Tag::kTransferSyntaxUid);
+    const CDcmElement* element = elements.Find(Tag::kTransferSyntaxUid);
     const CString uid = element != nullptr ? element->JoinedText() : CString();
     const int named = SyntaxOfUid(uid);
     const BYTE* data = m_cursor.Peek(0);
     const std::size_t size = m_cursor.Left();
-    if (size == 0 && !set.IsEmpty())
+    if (size == 0 && !elements.list.IsEmpty())
     {
         return named != SYNTAX_UNKNOWN ? named : SYNTAX_EXPLICIT_LITTLE;
+    }
+    if (named != SYNTAX_UNKNOWN && ClearlyFits(data, size, named))
+    {
+        return named;
     }
     const int found = ProbeSyntax(data, size);
     if (named == SYNTAX_UNKNOWN || found == SYNTAX_UNKNOWN)
@@ -256,12 +260,11 @@ void CStandardDecoder::ReadImplicit(SHeader& header, SLevel& level)
 CDcmElement& CStandardDecoder::AddElement(const SHeader& header, SLevel& level)
 {
     const CDcmEntry* entry = header.entry != nullptr ? header.entry : &CDcmRegistry::UnlistedEntry(header.vr);
-    auto element = std::make_unique<CDcmElement>(Tag::Group(header.tag), Tag::Element(header.tag), header.vr, entry);
+    std::unique_ptr<CDcmElement> element =
+        m_elements.Make(Tag::Group(header.tag), Tag::Element(header.tag), header.vr, entry);
     element->SetRead();
     element->SetLaterVr(header.laterVr);
-    CDcmElement& added = *element;
-    level.elements.Add(element.release());
-    return added;
+    return level.elements.AddElement(std::move(element));
 }
 
 void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)

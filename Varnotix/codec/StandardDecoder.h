@@ -4,7 +4,8 @@
 #include "Varnotix/codec/ReadResult.h"
 #include "Varnotix/codec/StreamCursor.h"
 #include "Varnotix/codec/VrChoices.h"
-#include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/element/ElementBlocks.h"
+#include "Varnotix/element/ElementBody.h"
 
 #include <cstdint>
 
@@ -30,7 +31,7 @@ private:
     /// A data set: the whole object, or one item.
     struct SLevel
     {
-        CDcmElementSet& elements;
+        CElementBody& elements;
         SLevel* around;   // Null for the object itself.
         std::size_t end;  // Where the data set, or what holds it, ends.
         bool isDelimited; // Ended by an item delimiter.
@@ -52,10 +53,10 @@ private:
         const CDcmEntry* entry;
     };
 
-    void DecodeStream(CDcmElementSet& set);
+    void DecodeStream(CElementBody& elements);
     bool ReadStart();
     void ReadMeta(SLevel& level);
-    int FindSyntax(const CDcmElementSet& set);
+    int FindSyntax(const CElementBody& elements);
     void DecodeLevel(SLevel& level);
     bool ReadDelimiter(SLevel& level, DWORD tag);
     bool IsPadding();
@@ -66,7 +67,7 @@ private:
     void ReadValue(const SHeader& header, SLevel& level);
     void ReadFragments(const SHeader& header, SLevel& level);
     void ReadSequence(const SHeader& header, SLevel& level);
-    void ReadItems(SLevel& level, CDcmElementSet& items, std::size_t end, bool isDelimited, int syntax);
+    void ReadItems(SLevel& level, CElementBody& items, std::size_t end, bool isDelimited, int syntax);
     DWORD ItemLength(const BYTE* header, int syntax) const;
     bool BeginsWithItem(DWORD length, int syntax) const;
     CDcmElement& AddElement(const SHeader& header, SLevel& level);
@@ -76,6 +77,7 @@ private:
 
     CStreamCursor& m_cursor;
     std::size_t m_knownByte = 0; // Where IsPadding last found a byte that is not zero.
+    CElementBlocks m_elements;
     CByteChunks m_smallValues;
     SReadResult m_result;
     CVrChoices m_choices;

@@ -4,6 +4,7 @@
 #include "Varnotix/codec/FrameWriter.h"
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/element/DcmFrameList.h"
+#include "Varnotix/element/ElementBody.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <algorithm>
@@ -41,43 +42,60 @@ char PadByte(int vr)
 
 } // namespace
 
-void CStandardEncoder::InTagOrder(Elements& elements, bool metaFirst)
+/// Appends a step without a length. It can be changed until the next one is appended.
+CStandardEncoder::SStep& CStandardEncoder::AddStep(EStep step, DWORD tag, const CDcmElement* element, int syntax,
+                                                   int vr)
+{
+    const bool isLong = syntax != SYNTAX_IMPLICIT_LITTLE && HasLongHeader(vr, element);
+    m_steps.push_back({element, tag, 0, step, static_cast<BYTE>(syntax), static_cast<BYTE>(vr), false, isLong});
+    return m_steps.back();
+}
+
+/// The elements in the order in which they are written.
+/// @param ordered holds them where they are in another order.
+CStandardEncoder::Elements CStandardEncoder::InTagOrder(Elements elements, bool metaFirst,
+                                                        std::vector<CObject*>& ordered)
 {
     // Private tags of group 0001 would come before the file meta information otherwise.
-    const auto key = [metaFirst](const CDcmElement* element)
+    const auto key = [metaFirst](const CObject* object)
     {
-        return metaFirst && element->HasGroup(Tag::kMetaGroup) ? element->Tag() & 0xFFFFU
-                                                               : element->Tag() | std::uint64_t{1} << 32U;
+        const CDcmElement& element = ElementOf(object);
+        return metaFirst && element.HasGroup(Tag::kMetaGroup) ? element.Tag() & 0xFFFFU
+                                                              : element.Tag() | std::uint64_t{1} << 32U;
     };
-    const auto less = [key](const CDcmElement* left, const CDcmElement* right) { return key(left) < key(right); };
-    if (!std::is_sorted(elements.begin(), elements.end(), less))
+    const auto less = [key](const CObject* left, const CObject* right) { return key(left) < key(right); };
+    if (std::is_sorted(elements.begin(), elements.end(), less))
     {
-        std::stable_sort(elements.begin(), elements.end(), less);
+        return elements;
     }
+    ordered.assign(elements.begin(), elements.end());
+    std::stable_sort(ordered.begin(), ordered.end(), less);
+    return ordered;
 }
 
 void CStandardEncoder::Plan(const CDcmElementSet& set)
 {
     m_steps.clear();
-    Elements elements;
-    elements.reserve(static_cast<std::size_t>(set.GetCount()) + 1);
-    for (int i = 0; i < set.GetCount(); ++i)
-    {
-        elements.push_back(set.GetAt(i));
-    }
-    if (m_output.needsMeta && set.Find(Tag::kTransferSyntaxUid) == nullptr)
+    const CElementBody& body = CElementBody::Of(set);
+    Elements elements(body.list.begin(), body.list.end());
+    std::vector<CObject*> completed;
+    if (m_output.needsMeta && body.Find(Tag::kTransferSyntaxUid) == nullptr)
     {
         m_transferSyntax = std::make_unique<CDcmElement>(Tag::kTransferSyntaxUid);
         m_transferSyntax->AddText(Varnotix::UidOfSyntax(m_output.syntax));
-        elements.push_back(m_transferSyntax.get());
+        completed.reserve(elements.size() + 1);
+        completed.assign(elements.begin(), elements.end());
+        completed.push_back(m_transferSyntax.get());
+        elements = completed;
     }
-    InTagOrder(elements, true);
+    std::vector<CObject*> ordered;
+    elements = InTagOrder(elements, true, ordered);
     const auto bits = std::find_if(elements.begin(), elements.end(),
-                                   [](const CDcmElement* element) { return element->HasTag(Tag::kBitsAllocated); });
+                                   [](const CObject* object) { return ElementOf(object).HasTag(Tag::kBitsAllocated); });
     int bitsAllocated = 0;
     if (bits != elements.end())
     {
-        const CValueBytes value = (*bits)->ValueBytes();
+        const CValueBytes value = ElementOf(*bits).ValueBytes();
         bitsAllocated = value.Size() >= 2 ? Word(value.Data(), false) : 0;
     }
     m_steps.reserve(elements.size() + elements.size() / 4 + 1);
@@ -91,29 +109,29 @@ bool CStandardEncoder::WantsGroupLength(int group, const SDataSet& dataSet) cons
 
 /// @param elements those of one data set, in tag order.
 /// @return the size in bytes.
-std::uint64_t CStandardEncoder::PlanDataSet(const Elements& elements, const SDataSet& dataSet)
+std::uint64_t CStandardEncoder::PlanDataSet(Elements elements, const SDataSet& dataSet)
 {
     std::uint64_t total = 0;
     for (std::size_t i = 0; i < elements.size();)
     {
-        const int group = elements[i]->Group();
+        const CDcmElement& first = ElementOf(elements[i]);
+        const int group = first.Group();
         const bool isMeta = dataSet.depth == 0 && group == Tag::kMetaGroup;
         const SDataSet part{isMeta ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : dataSet.syntax, dataSet.depth,
                             dataSet.bitsAllocated};
         // A sequence under such a tag breaks PS3.5; it is written as the sequence that it is.
-        const bool hasLength = Tag::IsGroupLength(elements[i]->Tag()) && !elements[i]->HasVr(VR_SQ);
+        const bool hasLength = Tag::IsGroupLength(first.Tag()) && !first.HasVr(VR_SQ);
         const std::size_t lengthStep = m_steps.size();
         const bool writesLength = hasLength || WantsGroupLength(group, dataSet);
         if (writesLength)
         {
-            m_steps.push_back(
-                {nullptr, Tag::Make(group, 0), 0, EStep::GroupLength, static_cast<BYTE>(part.syntax), VR_UL, false});
+            AddStep(EStep::GroupLength, Tag::Make(group, 0), nullptr, part.syntax, VR_UL);
         }
         i += hasLength ? 1U : 0U;
         std::uint64_t size = 0;
-        for (; i < elements.size() && elements[i]->Group() == group; ++i)
+        for (; i < elements.size() && ElementOf(elements[i]).Group() == group; ++i)
         {
-            size += PlanElement(*elements[i], part);
+            size += PlanElement(ElementOf(elements[i]), part);
         }
         if (isMeta && size == 0)
         {
@@ -122,7 +140,7 @@ std::uint64_t CStandardEncoder::PlanDataSet(const Elements& elements, const SDat
         else if (writesLength)
         {
             m_steps[lengthStep].length = static_cast<DWORD>(size);
-            total += kShortHeaderSize + kGroupLengthSize;
+            total += kShortHeader + kGroupLengthSize;
         }
         total += size;
     }
@@ -141,19 +159,14 @@ std::uint64_t CStandardEncoder::PlanElement(const CDcmElement& element, const SD
 
 std::uint64_t CStandardEncoder::PlanValue(const CDcmElement& element, int syntax)
 {
-    const std::size_t size = element.ValueBytes().Size();
-    SStep step{&element,
-               element.Tag(),
-               Padded(size),
-               EStep::Value,
-               static_cast<BYTE>(syntax),
-               static_cast<BYTE>(element.Vr() < kNamedVrCount ? element.Vr() : VR_UN),
-               false};
-    if (syntax != SYNTAX_IMPLICIT_LITTLE && !HasLongHeader(step.vr, &element) && step.length > kLongestShortValue)
+    const int vr = element.Vr() < kNamedVrCount ? element.Vr() : static_cast<int>(VR_UN);
+    SStep& step = AddStep(EStep::Value, element.Tag(), &element, syntax, vr);
+    step.length = Padded(element.ValueBytes().Size());
+    if (step.length > kLongestShortValue && syntax != SYNTAX_IMPLICIT_LITTLE && !step.isLong)
     {
         step.vr = VR_UN; // PS3.5 section 6.2.2
+        step.isLong = true;
     }
-    m_steps.push_back(step);
     return std::uint64_t{HeaderSize(step)} + step.length;
 }
 
@@ -180,14 +193,9 @@ std::uint64_t CStandardEncoder::PlanFrames(const CDcmElement& element, const SDa
     const CFrameWriter frames(*element.Frames(), encapsulated, IsBigEndian(dataSet.syntax),
                               SwapWidthOf(vr, element.LaterVr()));
     const std::uint64_t size = frames.Size();
-    const SStep step{&element,
-                     element.Tag(),
-                     encapsulated ? kUndefinedLength : static_cast<DWORD>(size),
-                     EStep::Frames,
-                     static_cast<BYTE>(dataSet.syntax),
-                     static_cast<BYTE>(vr),
-                     encapsulated};
-    m_steps.push_back(step);
+    SStep& step = AddStep(EStep::Frames, element.Tag(), &element, dataSet.syntax, vr);
+    step.length = encapsulated ? kUndefinedLength : static_cast<DWORD>(size);
+    step.isEncapsulated = encapsulated;
     return HeaderSize(step) + size;
 }
 
@@ -197,17 +205,16 @@ std::uint64_t CStandardEncoder::PlanSequence(const CDcmElement& element, const S
     const bool isUndefined = element.Form() != CDcmElement::FORM_DEFINED ||
                              (dataSet.syntax == SYNTAX_IMPLICIT_LITTLE && !IsListedSequence(element.Tag()));
     const std::size_t place = m_steps.size();
-    m_steps.push_back({&element, element.Tag(), kUndefinedLength, EStep::Sequence, static_cast<BYTE>(dataSet.syntax),
-                       static_cast<BYTE>(isUnknown ? VR_UN : VR_SQ), false});
-    const DWORD header = HeaderSize(m_steps.back());
+    SStep& step = AddStep(EStep::Sequence, element.Tag(), &element, dataSet.syntax, isUnknown ? VR_UN : VR_SQ);
+    step.length = kUndefinedLength;
+    const DWORD header = HeaderSize(step);
     SDataSet inside = dataSet;
     inside.depth = dataSet.depth + 1;
     inside.syntax = isUnknown ? static_cast<int>(SYNTAX_IMPLICIT_LITTLE) : dataSet.syntax;
     std::uint64_t size = element.Items() != nullptr ? PlanItems(*element.Items(), inside) : 0;
     if (isUndefined || size >= kUndefinedLength)
     {
-        m_steps.push_back({nullptr, Tag::kSequenceDelimitationItem, 0, EStep::Delimiter,
-                           static_cast<BYTE>(inside.syntax), VR_NONE, false});
+        AddStep(EStep::Delimiter, Tag::kSequenceDelimitationItem, nullptr, inside.syntax, VR_NONE);
         size += kItemHeaderSize;
     }
     else
@@ -219,39 +226,35 @@ std::uint64_t CStandardEncoder::PlanSequence(const CDcmElement& element, const S
 
 std::uint64_t CStandardEncoder::PlanItems(const CDcmElementSet& items, const SDataSet& dataSet)
 {
+    const CElementBody& body = CElementBody::Of(items);
     // Elements of one item mostly follow each other; those without an item count to the first one.
     const int count = items.ItemCount();
-    const auto itemOf = [count](const CDcmElement& element) { return std::clamp(element.Item(), 1, count); };
-    std::vector<std::pair<int, const CDcmElement*>> ordered;
-    ordered.reserve(static_cast<std::size_t>(items.GetCount()));
-    for (int i = 0; i < items.GetCount(); ++i)
+    const auto itemOf = [count](const CObject* object) { return std::clamp(ElementOf(object).Item(), 1, count); };
+    const auto less = [itemOf](const CObject* left, const CObject* right) { return itemOf(left) < itemOf(right); };
+    Elements elements(body.list.begin(), body.list.end());
+    std::vector<CObject*> byItem;
+    if (!std::is_sorted(elements.begin(), elements.end(), less))
     {
-        ordered.emplace_back(itemOf(*items.GetAt(i)), items.GetAt(i));
-    }
-    const auto less = [](const auto& left, const auto& right) { return left.first < right.first; };
-    if (!std::is_sorted(ordered.begin(), ordered.end(), less))
-    {
-        std::stable_sort(ordered.begin(), ordered.end(), less);
+        byItem.assign(elements.begin(), elements.end());
+        std::stable_sort(byItem.begin(), byItem.end(), less);
+        elements = byItem;
     }
     std::uint64_t total = 0;
-    Elements elements;
-    auto next = ordered.begin();
+    std::vector<CObject*> ordered;
+    std::size_t next = 0;
     for (int item = 1; item <= count; ++item)
     {
-        elements.clear();
-        for (; next != ordered.end() && next->first == item; ++next)
+        const std::size_t first = next;
+        while (next < elements.size() && itemOf(elements[next]) == item)
         {
-            elements.push_back(next->second);
+            ++next;
         }
-        InTagOrder(elements, false);
         const std::size_t place = m_steps.size();
-        m_steps.push_back(
-            {nullptr, Tag::kItem, kUndefinedLength, EStep::Item, static_cast<BYTE>(dataSet.syntax), VR_NONE, false});
-        std::uint64_t size = PlanDataSet(elements, dataSet);
+        AddStep(EStep::Item, Tag::kItem, nullptr, dataSet.syntax, VR_NONE).length = kUndefinedLength;
+        std::uint64_t size = PlanDataSet(InTagOrder(elements.subspan(first, next - first), false, ordered), dataSet);
         if (items.HasUndefinedLength(item) || size >= kUndefinedLength)
         {
-            m_steps.push_back({nullptr, Tag::kItemDelimitationItem, 0, EStep::Delimiter,
-                               static_cast<BYTE>(dataSet.syntax), VR_NONE, false});
+            AddStep(EStep::Delimiter, Tag::kItemDelimitationItem, nullptr, dataSet.syntax, VR_NONE);
             size += kItemHeaderSize;
         }
         else
@@ -261,12 +264,6 @@ std::uint64_t CStandardEncoder::PlanItems(const CDcmElementSet& items, const SDa
         total += kItemHeaderSize + size;
     }
     return total;
-}
-
-DWORD CStandardEncoder::HeaderSize(const SStep& step)
-{
-    const bool isLong = step.syntax != SYNTAX_IMPLICIT_LITTLE && HasLongHeader(step.vr, step.element);
-    return static_cast<DWORD>(isLong ? kLongHeaderSize : kShortHeaderSize);
 }
 
 void CStandardEncoder::WriteHeader(const SStep& step, COutputBuffer& out)
@@ -283,8 +280,8 @@ void CStandardEncoder::WriteHeader(const SStep& step, COutputBuffer& out)
         return;
     }
     const bool isLater = step.element != nullptr && step.element->LaterVr() != Varnotix::ELaterVr::None;
-    std::memcpy(header + 4, isLater ? step.element->VrLetters() : VrText(step.vr), 2);
-    if (size == kLongHeaderSize)
+    std::memcpy(header + 4, isLater ? step.element->VrLetters() : VrLettersOf(step.vr), 2);
+    if (step.isLong)
     {
         PutWord(header + 6, 0, bigEndian);
         PutDoubleWord(header + 8, length, bigEndian);

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <vector>
 
 /// Options of a write by the standard stream rules.
@@ -54,6 +55,7 @@ private:
         BYTE syntax;
         BYTE vr;             // As written; later VRs are taken from the element.
         bool isEncapsulated; // Of frames.
+        bool isLong;         // The header has the form with a 32-bit length.
     };
     /// A data set while it is planned.
     struct SDataSet
@@ -62,10 +64,11 @@ private:
         int depth;
         int bitsAllocated; // Of native Pixel Data; 0 where it is not known.
     };
-    using Elements = std::vector<const CDcmElement*>;
+    /// Elements of one data set.
+    using Elements = std::span<CObject* const>;
 
-    static void InTagOrder(Elements& elements, bool metaFirst);
-    std::uint64_t PlanDataSet(const Elements& elements, const SDataSet& dataSet);
+    static Elements InTagOrder(Elements elements, bool metaFirst, std::vector<CObject*>& ordered);
+    std::uint64_t PlanDataSet(Elements elements, const SDataSet& dataSet);
     std::uint64_t PlanElement(const CDcmElement& element, const SDataSet& dataSet);
     std::uint64_t PlanSequence(const CDcmElement& element, const SDataSet& dataSet);
     std::uint64_t PlanItems(const CDcmElementSet& items, const SDataSet& dataSet);
@@ -73,9 +76,13 @@ private:
     std::uint64_t PlanValue(const CDcmElement& element, int syntax);
     bool IsEncapsulated(const CDcmElement& element, const SDataSet& dataSet) const;
     bool WantsGroupLength(int group, const SDataSet& dataSet) const;
-    static DWORD HeaderSize(const SStep& step);
+    SStep& AddStep(EStep step, DWORD tag, const CDcmElement* element, int syntax, int vr);
+    static DWORD HeaderSize(const SStep& step) { return step.isLong ? kLongHeader : kShortHeader; }
     static void WriteHeader(const SStep& step, COutputBuffer& out);
     static void WriteValue(const SStep& step, COutputBuffer& out);
+
+    static constexpr DWORD kLongHeader = 12; // Tag, VR, two reserved bytes, 32-bit length.
+    static constexpr DWORD kShortHeader = 8; // Tag, VR, 16-bit length; or tag and 32-bit length.
 
     SStandardOutput m_output;
     std::vector<SStep> m_steps;

@@ -16,13 +16,13 @@ namespace
 class CItemSelection
 {
 public:
-    explicit CItemSelection(CDcmElementSet& items) : m_items(items) {}
+    explicit CItemSelection(CElementBody& items) : m_items(items) {}
     CItemSelection(const CItemSelection&) = delete;
     CItemSelection& operator=(const CItemSelection&) = delete;
-    ~CItemSelection() { m_items.SelectItem(0); }
+    ~CItemSelection() { m_items.selectedItem = 0; }
 
 private:
-    CDcmElementSet& m_items;
+    CElementBody& m_items;
 };
 
 } // namespace
@@ -131,7 +131,8 @@ void CStandardDecoder::ReadSequence(const SHeader& header, SLevel& level)
     {
         element.SetForm(isUnknown ? CDcmElement::FORM_UNKNOWN : CDcmElement::FORM_UNDEFINED);
     }
-    element.Items()->SetKeepsItems(true);
+    CElementBody& items = CElementBody::Of(*element.Items());
+    items.keepsItems = true;
     std::size_t end = isUndefined ? level.end : m_cursor.Position() + header.length;
     const bool isCut = end > m_cursor.Length();
     end = std::min(end, m_cursor.Length());
@@ -139,7 +140,7 @@ void CStandardDecoder::ReadSequence(const SHeader& header, SLevel& level)
     {
         Note(READ_BEYOND_ITEM, header.tag, header.position, static_cast<DWORD>(end - level.end));
     }
-    ReadItems(level, *element.Items(), end, isUndefined, isUnknown ? SYNTAX_IMPLICIT_LITTLE : level.syntax);
+    ReadItems(level, items, end, isUndefined, isUnknown ? SYNTAX_IMPLICIT_LITTLE : level.syntax);
     if (isCut)
     {
         Stop(PARSE_CUT_OFF, header.tag, header.position);
@@ -147,7 +148,7 @@ void CStandardDecoder::ReadSequence(const SHeader& header, SLevel& level)
 }
 
 /// @param isDelimited whether a delimiter ends the sequence, and not its length.
-void CStandardDecoder::ReadItems(SLevel& level, CDcmElementSet& items, std::size_t end, bool isDelimited, int syntax)
+void CStandardDecoder::ReadItems(SLevel& level, CElementBody& items, std::size_t end, bool isDelimited, int syntax)
 {
     const CItemSelection selection(items);
     while (m_cursor.Position() < end)

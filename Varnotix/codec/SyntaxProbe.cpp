@@ -73,12 +73,13 @@ struct SFit
     int weight = 0;
 };
 
-SFit FitOf(const BYTE* data, std::size_t size, int syntax)
+/// @param most of the elements that are looked at.
+SFit FitOf(const BYTE* data, std::size_t size, int syntax, int most)
 {
     const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
     SFit fit;
     DWORD last = 0;
-    while (fit.elements < kMostElements && size >= kItemHeaderSize)
+    while (fit.elements < most && size >= kItemHeaderSize)
     {
         const DWORD tag = Tag::Make(Word(data, bigEndian), Word(data + 2, bigEndian));
         const std::size_t element = tag < last ? 0 : ElementSize(data, size, syntax, tag);
@@ -97,9 +98,16 @@ SFit FitOf(const BYTE* data, std::size_t size, int syntax)
 
 } // namespace
 
+bool ClearlyFits(const BYTE* data, std::size_t size, int syntax)
+{
+    constexpr int kClear = 2;
+    const SFit fit = FitOf(data, size, syntax, kClear);
+    return fit.elements == kClear && fit.weight > 0;
+}
+
 int ElementsThatFit(const BYTE* data, std::size_t size, int syntax)
 {
-    return FitOf(data, size, syntax).elements;
+    return FitOf(data, size, syntax, kMostElements).elements;
 }
 
 int ProbeSyntax(const BYTE* data, std::size_t size)
@@ -108,7 +116,7 @@ int ProbeSyntax(const BYTE* data, std::size_t size)
     int most = 0;
     for (const int syntax : {SYNTAX_EXPLICIT_LITTLE, SYNTAX_IMPLICIT_LITTLE, SYNTAX_EXPLICIT_BIG})
     {
-        const int weight = FitOf(data, size, syntax).weight;
+        const int weight = FitOf(data, size, syntax, kMostElements).weight;
         if (weight > most)
         {
             best = syntax;

@@ -8,7 +8,9 @@
 #include "Varnotix/registry/DcmEntry.h"
 #include "Varnotix/registry/Tag.h"
 
+#include <cstddef>
 #include <memory>
+#include <new>
 
 class CDcmElementSet;
 class CDcmFrameList;
@@ -70,6 +72,19 @@ public:
     CDcmElement& operator=(const CDcmElement& other);
 
     ~CDcmElement() override;
+
+    /// Memory for one element. It is marked as such: those that a read makes lie in blocks of many (CElementBlocks).
+    static void* operator new(std::size_t size);
+    /// As above; null when there is no memory.
+    static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
+    /// Makes the element in memory that the caller provides and frees.
+    static void* operator new(std::size_t, void* place) noexcept { return place; }
+    /// Gives back memory of one element, its own or its place in a block. Any thread may do so.
+    static void operator delete(void* place) noexcept;
+    /// For a constructor that threw.
+    static void operator delete(void* place, const std::nothrow_t& tag) noexcept;
+    /// For a constructor that threw; the memory stays the caller's.
+    static void operator delete(void*, void*) noexcept {}
 
     /// Equal tags, VR codes and typed values. Raw bytes and encoded forms are not compared. Texts compare up to their
     /// first zero byte, so a padded UID equals its unpadded form. Frame lists compare by frame sizes.
@@ -215,7 +230,7 @@ public:
     /// The value as the little-endian bytes that a write by the standard stream rules has, before padding: the raw
     /// bytes as long as the typed value is what they were read as, otherwise the typed value. Empty for sequences and
     /// for Pixel Data with frames.
-    CValueBytes ValueBytes() const;
+    CValueBytes ValueBytes() const { return m_valueFromRaw ? CValueBytes(m_raw.Text()) : BuiltValueBytes(); }
 
     /// The texts joined by one backslash between neighbours; empty for other VRs.
     CString JoinedText() const;
@@ -268,6 +283,7 @@ private:
     bool TakesValue(EVrKind kind) const { return m_entry != nullptr && Varnotix::VrKind(m_vr) == kind; }
     bool HoldsFrames() const;
     void BuildValue() const;
+    CValueBytes BuiltValueBytes() const;
     void DropValues();
     void BuildFrom(const CSharedBytes& raw) const;
     STypedValue& Typed() const;

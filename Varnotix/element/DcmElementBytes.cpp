@@ -43,10 +43,10 @@ CValueBytes NumberBytes(const ARRAY& numbers, std::string_view raw)
 
 } // namespace
 
-CValueBytes CDcmElement::ValueBytes() const
+CValueBytes CDcmElement::BuiltValueBytes() const
 {
     const EVrKind kind = Varnotix::VrKind(m_vr);
-    if (m_valueFromRaw || kind == EVrKind::RawOnly)
+    if (kind == EVrKind::RawOnly)
     {
         return CValueBytes(m_raw.Text());
     }

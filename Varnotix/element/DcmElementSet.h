@@ -200,7 +200,6 @@ private:
     void Declare(DWORD tag);
     void ForgetDeclared();
     void RemoveTags(const CDcmElementSet& other, bool every);
-    void NumberItems();
     /// Takes a fresh body, in which the members of this set's own body stay bound.
     void ReplaceBody(std::unique_ptr<CElementBody> body);
 

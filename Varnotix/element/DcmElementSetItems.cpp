@@ -9,30 +9,18 @@ int CDcmElementSet::ItemCount() const
     return count > 0 || IsEmpty() ? count : 1;
 }
 
-/// Makes the elements without an item an item, where the set has none.
-void CDcmElementSet::NumberItems()
-{
-    if (ElementsAsIs().itemForms.Count() == 0 && !IsEmpty())
-    {
-        ElementsAsIs().itemForms.Add(false);
-    }
-}
-
 void CDcmElementSet::BeginItem(bool undefinedLength)
 {
-    NumberItems();
-    CElementBody& body = ElementsAsIs();
-    body.itemForms.Add(undefinedLength);
-    body.selectedItem = body.itemForms.Count();
+    Elements().BeginItem(undefinedLength);
 }
 
 void CDcmElementSet::SelectItem(int item)
 {
+    CElementBody& body = item > 0 ? Elements() : ElementsAsIs();
     if (item > 0)
     {
-        NumberItems();
+        body.NumberItems();
     }
-    CElementBody& body = ElementsAsIs();
     body.selectedItem = item >= 1 && item <= body.itemForms.Count() ? item : 0;
 }
 
@@ -86,7 +74,7 @@ bool CDcmElementSet::RemoveItem(int item)
     {
         return false;
     }
-    NumberItems();
+    Elements().NumberItems();
     RemoveIf([item](const CDcmElement& element) { return ItemOf(element) == item; });
     CElementBody& body = Elements();
     for (CObject* object : body.list)

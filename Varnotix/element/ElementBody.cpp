@@ -1,5 +1,6 @@
 #include "Varnotix/element/ElementBody.h"
 
+#include "Varnotix/element/ElementBlocks.h"
 #include "Varnotix/registry/TagText.h"
 
 #include <algorithm>
@@ -15,6 +16,9 @@ constexpr int kScanLimit = 16;
 
 // So many elements at the end of a sorted list are put in their places one by one.
 constexpr int kFewAdded = 4;
+
+// Most sets hold a few elements at least.
+constexpr int kFirstRoom = 4;
 
 DWORD TagOf(const CObject* object)
 {
@@ -101,7 +105,7 @@ void CElementBody::CopyItemForms(const CElementBody& other)
     keepsItems = other.keepsItems;
 }
 
-void CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
+CDcmElement& CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
 {
     CDcmElement* element = added.get();
     if (element->Item() == 0)
@@ -109,6 +113,10 @@ void CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
         element->SetItem(selectedItem);
     }
     const bool inOrder = list.IsEmpty() || TagOf(list[list.GetUpperBound()]) <= element->Tag();
+    if (list.GetCapacity() == 0)
+    {
+        list.Reserve(kFirstRoom);
+    }
     Append(std::move(added));
     m_sorted = m_sorted && inOrder;
     if (m_firstOfTag)
@@ -119,9 +127,10 @@ void CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
         }
         catch (const std::bad_alloc&)
         {
-            m_firstOfTag.reset(); // The next search makes it anew.
+            m_firstOfTag.reset(); // The next search makes it again.
         }
     }
+    return *element;
 }
 
 int CElementBody::IndexOf(const CDcmElement* element) const
@@ -163,16 +172,28 @@ void CElementBody::SwapList(CObArray& elements) noexcept
     ListChanged();
 }
 
-/// As DestroyObjects; the values of one read lie in few blocks.
-void CElementBody::DestroyElements()
+void CElementBody::NumberItems()
 {
-    CObArray doomed;
-    doomed.Swap(list);
-    CViewRelease values;
-    for (CObject* object : doomed)
+    if (itemForms.Count() == 0 && !list.IsEmpty())
     {
-        values.Take(ElementOf(object).m_raw);
-        delete object;
+        itemForms.Add(false);
+    }
+}
+
+void CElementBody::BeginItem(bool undefinedLength)
+{
+    NumberItems();
+    itemForms.Add(undefinedLength);
+    selectedItem = itemForms.Count();
+}
+
+void CElementBody::DestroyElements() noexcept
+{
+    if (!list.IsEmpty())
+    {
+        CObArray doomed;
+        doomed.Swap(list);
+        CElementBlocks::Destroy(doomed);
     }
 }
 

@@ -61,13 +61,16 @@ class CElementBody : public CDcmListBody
 public:
     ~CElementBody() override { DestroyElements(); }
 
+    /// The body that a set shows, with all its elements in the list.
+    static CElementBody& Of(const CDcmElementSet& set) { return set.Elements(); }
+
     CDcmElement* ElementAt(int index) const { return static_cast<CDcmElement*>(At(index)); }
 
     /// The first element of the tag in list order, or null.
     CDcmElement* Find(DWORD tag) const;
 
     /// Appends an element and takes it over, also when there is no memory for it.
-    void AddElement(std::unique_ptr<CDcmElement> element);
+    CDcmElement& AddElement(std::unique_ptr<CDcmElement> element);
 
     /// Unlinks the element from the list; the caller then owns it. False when it is not in the list.
     bool Unlink(const CDcmElement* element);
@@ -100,6 +103,11 @@ public:
 
     /// Destroys the elements and forgets the items; the shape stays.
     void Clear();
+
+    /// Makes the elements without an item an item, where there is none.
+    void NumberItems();
+    /// Appends an item and selects it; see CDcmElementSet.
+    void BeginItem(bool undefinedLength);
 
     /// Stable, ascending by tag.
     void Sort();
@@ -145,8 +153,8 @@ private:
     /// The element that shows a member, if it is in the list.
     CDcmElement* FindMember(std::size_t member) const { return FindShown(m_shape->Sequences()[member]); }
     CDcmElement* FindFrom(DWORD tag, int& start) const;
-    void DestroyElements();
     int IndexOf(const CDcmElement* element) const;
+    void DestroyElements() noexcept;
     int LowerBound(DWORD tag) const;
 
     bool m_sorted = true;

@@ -42,6 +42,20 @@ constexpr std::array<SVrRow, kNamedVrCount> kRows{{
 
 constexpr SVrRow kNoRow{"", "", 0};
 
+static_assert(
+    []
+    {
+        for (std::size_t vr = 0; vr < kRows.size(); ++vr)
+        {
+            if (kRows[vr].text[0] != kVrLetters[2 * vr] || kRows[vr].text[1] != kVrLetters[2 * vr + 1])
+            {
+                return false;
+            }
+        }
+        return true;
+    }(),
+    "both tables have the VRs in the order of their codes");
+
 constexpr std::size_t kLetters = 26;
 
 /// The place of two letters, counted from A, in a table of all pairs.

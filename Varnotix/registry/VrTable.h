@@ -8,6 +8,7 @@
 #include "Varnotix/platform/String.h"
 #include "Varnotix/platform/Types.h"
 
+#include <cstddef>
 #include <string_view>
 
 /// VR codes (PS3.5 section 6.2). Code 27 is not used.
@@ -76,6 +77,16 @@ struct VARNOTIX_EXPORT SVrRow
 /// @param vr 0 to 26; any other code gives an empty row.
 VARNOTIX_EXPORT const SVrRow& VrRow(int vr);
 
+/// The letters of all named VRs, two each, by code; then two zero bytes.
+inline constexpr char kVrLetters[2 * kNamedVrCount + 2] = "AEASATCSDADSDTFLFDISLOLTOBOFOWPNSHSLSQSSSTTMUIULUNUSUT";
+
+/// The two letters that the header of an explicit stream has for a VR, without a terminating zero.
+/// @param vr 0 to 26; any other code gives two zero bytes.
+inline const char* VrLettersOf(int vr)
+{
+    return kVrLetters + std::ptrdiff_t{2} * (vr >= 0 && vr < kNamedVrCount ? vr : kNamedVrCount);
+}
+
 /// The text of a VR code: two letters, "NONE" for VR_NONE, the empty text for every other code.
 VARNOTIX_EXPORT const char* VrText(int vr);
 
@@ -90,7 +101,7 @@ VARNOTIX_EXPORT int VrCodeOfBytes(BYTE first, BYTE second);
 /// The kind of value that a VR holds.
 inline EVrKind VrKind(int vr)
 {
-    constexpr EVrKind kKinds[kNamedVrCount] = {
+    static constexpr EVrKind kKinds[kNamedVrCount] = {
         /* AE */ EVrKind::Text,    /* AS */ EVrKind::Text,   /* AT */ EVrKind::Words,
         /* CS */ EVrKind::Text,    /* DA */ EVrKind::Text,   /* DS */ EVrKind::Text,
         /* DT */ EVrKind::Text,    /* FL */ EVrKind::Floats, /* FD */ EVrKind::Doubles,
@@ -106,7 +117,9 @@ inline EVrKind VrKind(int vr)
 /// True for the VRs whose explicit headers carry two reserved bytes and a 32-bit length (PS3.5 section 7.1.2).
 inline bool HasLongForm(int vr)
 {
-    return vr == VR_OB || vr == VR_OF || vr == VR_OW || vr == VR_SQ || vr == VR_UN || vr == VR_UT;
+    constexpr DWORD kLongForms =
+        (1U << VR_OB) | (1U << VR_OF) | (1U << VR_OW) | (1U << VR_SQ) | (1U << VR_UN) | (1U << VR_UT);
+    return vr >= 0 && vr < kNamedVrCount && (kLongForms >> static_cast<unsigned>(vr) & 1U) != 0;
 }
 
 } // namespace Varnotix
