@@ -243,16 +243,10 @@ bool CClassicDecoder::DecodeElement(const STag& tag, CElementBody& elements, std
     return ReadValue(tag, length, elements, levelStart);
 }
 
-CDcmElement& CClassicDecoder::AddElement(const STag& tag, int vr, CElementBody& elements)
-{
-    std::unique_ptr<CDcmElement> element = m_elements.Make(tag.group, tag.element, vr, tag.entry);
-    element->SetRead();
-    return elements.AddElement(std::move(element));
-}
-
 bool CClassicDecoder::ReadPixelData(const STag& tag, DWORD length, CElementBody& elements)
 {
-    CClassicPixelDecoder(m_cursor, IsBigEndian()).Read(AddElement(tag, tag.vr, elements), length);
+    const DWORD number = Tag::Make(tag.group, tag.element);
+    CClassicPixelDecoder(m_cursor, IsBigEndian()).Read(elements.AddRead(m_elements, number, tag.vr, tag.entry), length);
     return true;
 }
 
@@ -265,7 +259,8 @@ void CClassicDecoder::Note(EReadNote note, const STag& tag, DWORD count)
 /// element. An empty sequence of defined length therefore takes the element that follows it.
 bool CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CElementBody& elements)
 {
-    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements);
+    CDcmElement& element =
+        elements.AddRead(m_elements, Tag::Make(tag.group, tag.element), static_cast<int>(tag.entry->vr), tag.entry);
     element.SetForm(length == kUndefinedLength ? CDcmElement::FORM_UNDEFINED : CDcmElement::FORM_DEFINED);
     if (m_depth == Varnotix::kMaxDepth)
     {
@@ -310,7 +305,8 @@ bool CClassicDecoder::ReadValue(const STag& tag, DWORD length, CElementBody& ele
         return Fail(PARSE_SHORT_VALUE);
     }
     // The stream's VR chose the header form and the swapping; the value itself takes its VR from the dictionary.
-    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements);
+    CDcmElement& element =
+        elements.AddRead(m_elements, Tag::Make(tag.group, tag.element), static_cast<int>(tag.entry->vr), tag.entry);
     const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
     if (width > 1)
     {

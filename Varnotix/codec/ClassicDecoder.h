@@ -62,7 +62,6 @@ private:
     bool ReadPixelData(const STag& tag, DWORD length, CElementBody& elements);
 
     void ReadStart();
-    CDcmElement& AddElement(const STag& tag, int vr, CElementBody& elements);
     void Note(EReadNote note, const STag& tag, DWORD count);
     void NoteMetaElement(CDcmElement& element, std::size_t levelStart);
     void PassMetaEnd(std::size_t read);

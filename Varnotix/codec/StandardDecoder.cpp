@@ -260,11 +260,9 @@ void CStandardDecoder::ReadImplicit(SHeader& header, SLevel& level)
 CDcmElement& CStandardDecoder::AddElement(const SHeader& header, SLevel& level)
 {
     const CDcmEntry* entry = header.entry != nullptr ? header.entry : &CDcmRegistry::UnlistedEntry(header.vr);
-    std::unique_ptr<CDcmElement> element =
-        m_elements.Make(Tag::Group(header.tag), Tag::Element(header.tag), header.vr, entry);
-    element->SetRead();
-    element->SetLaterVr(header.laterVr);
-    return level.elements.AddElement(std::move(element));
+    CDcmElement& element = level.elements.AddRead(m_elements, header.tag, header.vr, entry);
+    element.SetLaterVr(header.laterVr);
+    return element;
 }
 
 void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)

@@ -20,7 +20,10 @@ CDcmElement::CDcmElement(int group, int element, int vr, const CDcmEntry* entry)
       m_element(static_cast<WORD>(element)),
       m_vr(static_cast<BYTE>(vr >= 0 && vr < VR_UNKNOWN ? vr : static_cast<int>(VR_UNKNOWN)))
 {
-    CreateOwned();
+    if (m_vr == VR_SQ || IsPixelData())
+    {
+        CreateOwned();
+    }
 }
 
 CDcmElement::CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcmElementSet> items)
@@ -63,6 +66,7 @@ CDcmElement::CDcmElement(int group, int element, const CByteArray& value) : CDcm
 
 CDcmElement::CDcmElement(const CDcmElement& other)
     : CObject(other),
+      CBlockObject(other),
       m_entry(other.m_entry),
       m_group(other.m_group),
       m_element(other.m_element),
@@ -302,5 +306,6 @@ void CDcmElement::SetRawBytes(CSharedBytes bytes)
     }
     DropValues();
     m_raw = std::move(bytes);
-    m_valueFromRaw = VrKind(m_vr) != EVrKind::RawOnly && VrKind(m_vr) != EVrKind::Items;
+    const EVrKind kind = VrKind(m_vr);
+    m_valueFromRaw = kind != EVrKind::RawOnly && kind != EVrKind::Items;
 }

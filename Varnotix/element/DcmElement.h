@@ -1,6 +1,7 @@
 /// The working data element: one attribute of a data set with its value in every form the library needs.
 #pragma once
 
+#include "Varnotix/element/BlockObject.h"
 #include "Varnotix/element/DmElement.h"
 #include "Varnotix/element/SharedBytes.h"
 #include "Varnotix/element/ValueBytes.h"
@@ -8,9 +9,7 @@
 #include "Varnotix/registry/DcmEntry.h"
 #include "Varnotix/registry/Tag.h"
 
-#include <cstddef>
 #include <memory>
-#include <new>
 
 class CDcmElementSet;
 class CDcmFrameList;
@@ -36,7 +35,7 @@ enum ESyntax : int
 ///
 /// An element whose tag the dictionary does not know has no entry: it keeps raw bytes, takes no typed value and is not
 /// encoded. No operation throws for a bad value; setters return false and change nothing.
-class VARNOTIX_EXPORT CDcmElement : public CObject
+class VARNOTIX_EXPORT CDcmElement : public CObject, public CBlockObject
 {
     DECLARE_DYNCREATE(CDcmElement)
 
@@ -72,19 +71,6 @@ public:
     CDcmElement& operator=(const CDcmElement& other);
 
     ~CDcmElement() override;
-
-    /// Memory for one element. It is marked as such: those that a read makes lie in blocks of many (CElementBlocks).
-    static void* operator new(std::size_t size);
-    /// As above; null when there is no memory.
-    static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
-    /// Makes the element in memory that the caller provides and frees.
-    static void* operator new(std::size_t, void* place) noexcept { return place; }
-    /// Gives back memory of one element, its own or its place in a block. Any thread may do so.
-    static void operator delete(void* place) noexcept;
-    /// For a constructor that threw.
-    static void operator delete(void* place, const std::nothrow_t& tag) noexcept;
-    /// For a constructor that threw; the memory stays the caller's.
-    static void operator delete(void*, void*) noexcept {}
 
     /// Equal tags, VR codes and typed values. Raw bytes and encoded forms are not compared. Texts compare up to their
     /// first zero byte, so a padded UID equals its unpadded form. Frame lists compare by frame sizes.
@@ -273,6 +259,7 @@ public:
     void Dump(CDumpContext& context) const override;
 
 private:
+    friend class CElementBlocks;
     friend class CElementBody;
     friend class CElementEncoder;
 

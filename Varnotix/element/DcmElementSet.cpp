@@ -21,6 +21,8 @@ CDcmElementSet::CDcmElementSet(CElementBody& body) : CDcmList(&body)
     body.references.Add();
 }
 
+CDcmElementSet::CDcmElementSet(std::unique_ptr<CElementBody> body) : CDcmList(body.release()) {}
+
 CDcmElementSet::~CDcmElementSet() = default;
 
 CElementBody& CDcmElementSet::Elements() const

@@ -18,7 +18,7 @@ class CElementShape;
 /// A set also keeps the tags that a module declared, in order of declaration. A body that a module's member sequence
 /// shares with an SQ element remembers this shape: replacing its items keeps every declared element in place and every
 /// nested sequence bound to its member object.
-class VARNOTIX_EXPORT CDcmElementSet : public CDcmList
+class VARNOTIX_EXPORT CDcmElementSet : public CDcmList, public CBlockObject
 {
     DECLARE_DYNCREATE(CDcmElementSet)
 
@@ -189,10 +189,13 @@ protected:
     bool EqualLists(const CObArray& left, const CObArray& right) const override;
 
 private:
+    friend class CElementBlocks;
     friend class CElementBody;
 
     /// Shares a body.
     explicit CDcmElementSet(CElementBody& body);
+    /// Takes over a body.
+    explicit CDcmElementSet(std::unique_ptr<CElementBody> body);
 
     CElementBody& Elements() const;
     CElementBody& ElementsAsIs() const;

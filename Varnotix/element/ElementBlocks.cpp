@@ -1,14 +1,17 @@
 #include "Varnotix/element/ElementBlocks.h"
 
+#include "Varnotix/element/DcmElement.h"
+#include "Varnotix/platform/RefCount.h"
+
 #include <algorithm>
-#include <atomic>
 #include <new>
 
-/// The beginning of a block. Its places follow.
+/// The beginning of a block. The places of its objects follow.
 struct CElementBlocks::SBlock
 {
-    /// Elements that are alive, and places that may still be taken.
-    std::atomic<int> holders;
+    explicit SBlock(std::size_t count) : holders(count) {}
+
+    CRefCount holders;
 };
 
 namespace
@@ -17,51 +20,54 @@ namespace
 using SBlock = CElementBlocks::SBlock;
 
 #if defined(__SANITIZE_ADDRESS__)
-// The sanitizer sees the use of a destroyed element only where its memory is freed.
-constexpr int kMostElements = 1;
+// The sanitizer sees the use of a destroyed object only where its memory is freed.
+constexpr std::size_t kLargestBlock = 0;
 #else
-constexpr int kMostElements = 64;
+constexpr std::size_t kLargestBlock = 8000;
 #endif
 
-// Of an element with memory of its own, as operator new aligns it for any class that is derived from it.
+// Of an object with memory of its own; it is aligned as by the operator new that any class has.
 constexpr std::size_t kOwnHeader = __STDCPP_DEFAULT_NEW_ALIGNMENT__;
-constexpr std::size_t kBlockHeader = std::max(sizeof(SBlock), alignof(CDcmElement));
+constexpr std::size_t kBlockHeader = std::max<std::size_t>(sizeof(SBlock), 8);
 
-SBlock*& BlockOf(void* element)
+// Counting each object when it is made would cost a locked instruction: a block counts more than it can hold, and those
+// that were not made are taken off when it is left.
+constexpr std::size_t kCountedAhead = 1U << 20U;
+
+SBlock*& BlockOf(void* object)
 {
-    return *(static_cast<SBlock**>(element) - 1);
+    return *(static_cast<SBlock**>(object) - 1);
 }
 
-void Release(SBlock* block, int count) noexcept
+void Release(SBlock* block, std::size_t count) noexcept
 {
-    if (block->holders.fetch_sub(count, std::memory_order_acq_rel) == count)
+    if (block->holders.Release(count))
     {
-        block->~SBlock();
         ::operator delete(block);
     }
 }
 
 void* MarkOwn(void* memory) noexcept
 {
-    void* element = static_cast<BYTE*>(memory) + kOwnHeader;
-    BlockOf(element) = nullptr;
-    return element;
+    void* object = static_cast<BYTE*>(memory) + kOwnHeader;
+    BlockOf(object) = nullptr;
+    return object;
 }
 
 } // namespace
 
-void* CDcmElement::operator new(std::size_t size)
+void* CBlockObject::operator new(std::size_t size)
 {
     return MarkOwn(::operator new(kOwnHeader + size));
 }
 
-void* CDcmElement::operator new(std::size_t size, const std::nothrow_t& tag) noexcept
+void* CBlockObject::operator new(std::size_t size, const std::nothrow_t& tag) noexcept
 {
     void* memory = ::operator new(kOwnHeader + size, tag);
     return memory != nullptr ? MarkOwn(memory) : nullptr;
 }
 
-void CDcmElement::operator delete(void* place) noexcept
+void CBlockObject::operator delete(void* place) noexcept
 {
     if (place == nullptr)
     {
@@ -77,36 +83,37 @@ void CDcmElement::operator delete(void* place) noexcept
     }
 }
 
-void CDcmElement::operator delete(void* place, const std::nothrow_t&) noexcept
+void CBlockObject::operator delete(void* place, const std::nothrow_t&) noexcept
 {
     operator delete(place);
 }
 
-CElementBlocks::CElementBlocks(int count) : m_nextSize(std::max(count, 1)) {}
-
-void CElementBlocks::AddBlock()
+void CElementBlocks::AddBlock(std::size_t least)
 {
-    const int size = std::min(m_nextSize, kMostElements);
-    auto* memory = static_cast<BYTE*>(::operator new(kBlockHeader + static_cast<std::size_t>(size) * kStride));
-    m_block = new (memory) SBlock{size};
+    const std::size_t size = std::max(std::min(m_nextSize, kLargestBlock), least);
+    auto* memory = static_cast<BYTE*>(::operator new(kBlockHeader + size));
+    LeaveBlock();
+    m_block = new (memory) SBlock(kCountedAhead);
+    m_next = memory + kBlockHeader;
     m_left = size;
     m_nextSize = size * 2;
-    m_next = memory + kBlockHeader + kOwnerSize;
 }
 
-void CElementBlocks::GiveUpBlock() noexcept
+void CElementBlocks::LeaveBlock() noexcept
 {
-    if (m_left > 0)
+    if (m_block != nullptr)
     {
-        Release(m_block, m_left);
-        m_left = 0;
+        Release(m_block, kCountedAhead - static_cast<std::size_t>(m_made));
+        m_block = nullptr;
+        m_made = 0;
     }
 }
 
 void CElementBlocks::Destroy(const CObArray& elements) noexcept
 {
     SBlock* block = nullptr;
-    int destroyed = 0;
+    std::size_t destroyed = 0;
+    CViewRelease values; // Those of one read lie in few blocks, too.
     for (CObject* object : elements)
     {
         auto* element = static_cast<CDcmElement*>(object);
@@ -123,6 +130,7 @@ void CElementBlocks::Destroy(const CObArray& elements) noexcept
         }
         block = owner;
         ++destroyed;
+        values.Take(element->m_raw);
         element->CDcmElement::~CDcmElement(); // No class that is derived from it lies in a block.
     }
     if (destroyed > 0)

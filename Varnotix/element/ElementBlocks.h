@@ -1,43 +1,45 @@
 /// Memory for elements that are made together.
 #pragma once
 
-#include "Varnotix/element/DcmElement.h"
+#include "Varnotix/element/BlockObject.h"
+#include "Varnotix/platform/Arrays.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <type_traits>
 #include <utility>
 
-/// Makes the elements of one read or copy, many in one block of memory.
+/// Makes the elements of one read or copy, with their sets and bodies, many in one block of memory.
 ///
-/// A block is freed with its last element, so elements outlive the object that made them, and each is deleted like any
-/// other, on any thread. Places are not used again: an element that is kept for long keeps its block, so blocks are
-/// small. Distinct objects may be used on distinct threads.
+/// A block is freed with its last object, so objects outlive what made them. Places are not used again: an element that
+/// is kept for long keeps its block, so blocks are small. Distinct objects may be used on distinct threads.
 class CElementBlocks
 {
 public:
     struct SBlock;
 
     CElementBlocks() = default;
-    /// @param count how many elements are expected; the first block has room for them, if they are not too many.
-    explicit CElementBlocks(int count);
     CElementBlocks(const CElementBlocks&) = delete;
     CElementBlocks& operator=(const CElementBlocks&) = delete;
-    ~CElementBlocks() { GiveUpBlock(); }
+    ~CElementBlocks() { LeaveBlock(); }
 
-    /// Makes an element from the arguments of a constructor. Throws std::bad_alloc when there is no memory.
-    template <class... ARGUMENTS>
-    std::unique_ptr<CDcmElement> Make(ARGUMENTS&&... arguments)
+    /// Makes an object from the arguments of a constructor. Throws std::bad_alloc when there is no memory.
+    template <class OBJECT, class... ARGUMENTS>
+    std::unique_ptr<OBJECT> Make(ARGUMENTS&&... arguments)
     {
-        if (m_left == 0)
+        static_assert(std::is_base_of_v<CBlockObject, OBJECT> && alignof(OBJECT) <= kOwnerSize);
+        constexpr std::size_t kStride = kOwnerSize + (sizeof(OBJECT) + kOwnerSize - 1) / kOwnerSize * kOwnerSize;
+        if (m_left < kStride)
         {
-            AddBlock();
+            AddBlock(kStride);
         }
-        // A constructor that throws leaves the place to the next element.
-        *(reinterpret_cast<SBlock**>(m_next) - 1) = m_block;
-        std::unique_ptr<CDcmElement> made(::new (m_next) CDcmElement(std::forward<ARGUMENTS>(arguments)...));
+        BYTE* place = m_next + kOwnerSize;
+        *(reinterpret_cast<SBlock**>(place) - 1) = m_block;
+        // A constructor that throws leaves the place to the next object.
+        std::unique_ptr<OBJECT> made(::new (place) OBJECT(std::forward<ARGUMENTS>(arguments)...));
         m_next += kStride;
-        --m_left;
+        m_left -= kStride;
+        ++m_made;
         return made;
     }
 
@@ -45,15 +47,15 @@ public:
     static void Destroy(const CObArray& elements) noexcept;
 
 private:
-    // Each element has its block, or null, right in front of it.
-    static constexpr std::size_t kOwnerSize = std::max(sizeof(SBlock*), alignof(CDcmElement));
-    static constexpr std::size_t kStride = kOwnerSize + sizeof(CDcmElement);
+    static constexpr std::size_t kOwnerSize = 8; // The block of an object, or null, is right in front of it.
+    static constexpr std::size_t kFirstSize = 960;
 
-    void AddBlock();
-    void GiveUpBlock() noexcept;
+    void AddBlock(std::size_t least);
+    void LeaveBlock() noexcept;
 
-    BYTE* m_next = nullptr; // Where the next element goes.
-    int m_left = 0;         // Places that are left in the block.
     SBlock* m_block = nullptr;
-    int m_nextSize = 8;
+    BYTE* m_next = nullptr; // Where the next object goes.
+    std::size_t m_left = 0; // In the block, in bytes.
+    int m_made = 0;         // Objects in the block.
+    std::size_t m_nextSize = kFirstSize;
 };

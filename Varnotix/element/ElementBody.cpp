@@ -117,7 +117,8 @@ CDcmElement& CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
     {
         list.Reserve(kFirstRoom);
     }
-    Append(std::move(added));
+    list.Add(element);
+    static_cast<void>(added.release());
     m_sorted = m_sorted && inOrder;
     if (m_firstOfTag)
     {
@@ -131,6 +132,22 @@ CDcmElement& CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
         }
     }
     return *element;
+}
+
+CDcmElement& CElementBody::AddRead(CElementBlocks& blocks, DWORD tag, int vr, const CDcmEntry* entry)
+{
+    std::unique_ptr<CDcmElement> element;
+    if (vr == VR_SQ && entry != nullptr && tag != Tag::kPixelData)
+    {
+        auto items = blocks.Make<CDcmElementSet>(blocks.Make<CElementBody>());
+        element = blocks.Make<CDcmElement>(tag, entry, std::move(items));
+    }
+    else
+    {
+        element = blocks.Make<CDcmElement>(Tag::Group(tag), Tag::Element(tag), vr, entry);
+    }
+    element->SetRead();
+    return AddElement(std::move(element));
 }
 
 int CElementBody::IndexOf(const CDcmElement* element) const

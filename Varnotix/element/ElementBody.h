@@ -29,6 +29,7 @@ inline int ItemOf(const CDcmElement& element)
     return element.Item() > 0 ? element.Item() : 1;
 }
 
+class CElementBlocks;
 class CElementBody;
 
 /// One count of a body. It can be moved, so that bodies hold it in arrays.
@@ -56,7 +57,7 @@ private:
 ///
 /// A body with a shape is unfilled at first: elements of the shape that nobody gave a value are left out of its list.
 /// They are added when somebody looks at the list; most of most modules' are never looked at.
-class CElementBody : public CDcmListBody
+class CElementBody : public CDcmListBody, public CBlockObject
 {
 public:
     ~CElementBody() override { DestroyElements(); }
@@ -71,6 +72,9 @@ public:
 
     /// Appends an element and takes it over, also when there is no memory for it.
     CDcmElement& AddElement(std::unique_ptr<CDcmElement> element);
+
+    /// Appends an element that a decoder has met, without a value.
+    CDcmElement& AddRead(CElementBlocks& blocks, DWORD tag, int vr, const CDcmEntry* entry);
 
     /// Unlinks the element from the list; the caller then owns it. False when it is not in the list.
     bool Unlink(const CDcmElement* element);

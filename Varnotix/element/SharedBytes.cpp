@@ -44,14 +44,26 @@ CSharedBytes CSharedBytes::Allocate(std::size_t size, BYTE*& bytes)
     return {block, bytes, size};
 }
 
-CSharedBytes CSharedBytes::Copy(const BYTE* data, std::size_t size)
+CSharedBytes CSharedBytes::Own(const BYTE* data, std::size_t size)
 {
-    BYTE* bytes = nullptr;
-    CSharedBytes result = Allocate(size, bytes);
+    CSharedBytes result;
     if (size > 0)
     {
-        std::memcpy(bytes, data, size);
+        std::memcpy(result.m_place.own, data, size);
+        result.m_size = static_cast<DWORD>(size);
     }
+    return result;
+}
+
+CSharedBytes CSharedBytes::Copy(const BYTE* data, std::size_t size)
+{
+    if (size <= kMostOwn)
+    {
+        return Own(data, size);
+    }
+    BYTE* bytes = nullptr;
+    CSharedBytes result = Allocate(size, bytes);
+    std::memcpy(bytes, data, size);
     return result;
 }
 
@@ -62,29 +74,26 @@ void CSharedBytes::Free(SBlock* block)
 
 CSharedBytes CSharedBytes::Part(std::size_t offset, std::size_t size) const
 {
+    if (size <= kMostOwn)
+    {
+        return Own(Data() + offset, size);
+    }
     CSharedBytes part(*this);
-    part.m_data += offset;
+    part.m_place.view.data += offset; // More bytes than a view has of its own.
     part.m_size = static_cast<DWORD>(size);
     return part;
 }
 
 bool CSharedBytes::SameBytes(const CSharedBytes& other) const
 {
-    return m_size == other.m_size && (m_data == other.m_data || std::memcmp(m_data, other.m_data, m_size) == 0);
-}
-
-void CSharedBytes::Swap(CSharedBytes& other) noexcept
-{
-    std::swap(m_block, other.m_block);
-    std::swap(m_data, other.m_data);
-    std::swap(m_size, other.m_size);
+    return m_size == other.m_size && (Data() == other.Data() || std::memcmp(Data(), other.Data(), m_size) == 0);
 }
 
 CSharedBytes CByteChunks::Store(const BYTE* data, std::size_t size)
 {
-    if (size == 0)
+    if (size <= CSharedBytes::kMostOwn)
     {
-        return {};
+        return CSharedBytes::Own(data, size);
     }
     if (size >= kLargeValue)
     {

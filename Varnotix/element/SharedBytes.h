@@ -8,8 +8,9 @@
 
 #include <cstddef>
 #include <string_view>
+#include <utility>
 
-/// A view of bytes in a counted block; the block goes with its last view.
+/// A view of bytes in a counted block, which goes with its last view; or a few bytes of its own.
 ///
 /// Raw values and frames are held this way, so that copying an element or a frame, or handing pixel data from a
 /// stream to a store to a module and back, never copies the bytes. Views of one block may be on different threads; one
@@ -18,11 +19,14 @@ class VARNOTIX_EXPORT CSharedBytes
 {
 public:
     CSharedBytes() = default;
-    CSharedBytes(const CSharedBytes& other) : m_block(other.m_block), m_data(other.m_data), m_size(other.m_size)
+    CSharedBytes(const CSharedBytes& other) : m_place(other.m_place), m_size(other.m_size), m_isHeld(other.m_isHeld)
     {
-        Hold();
+        if (m_isHeld)
+        {
+            m_place.view.block->holders.Add();
+        }
     }
-    CSharedBytes(CSharedBytes&& other) noexcept : m_block(other.m_block), m_data(other.m_data), m_size(other.m_size)
+    CSharedBytes(CSharedBytes&& other) noexcept : m_place(other.m_place), m_size(other.m_size), m_isHeld(other.m_isHeld)
     {
         other.Forget();
     }
@@ -36,9 +40,15 @@ public:
         CSharedBytes(static_cast<CSharedBytes&&>(other)).Swap(*this);
         return *this;
     }
-    ~CSharedBytes() { Release(m_block, 1); }
+    ~CSharedBytes()
+    {
+        if (m_isHeld)
+        {
+            Release(m_place.view.block, 1);
+        }
+    }
 
-    /// A new block that holds a copy of the bytes. Throws CMemoryException when there is no memory.
+    /// A copy of the bytes; of more than a few, in a new block. Throws CMemoryException when there is no memory.
     static CSharedBytes Copy(const BYTE* data, std::size_t size);
 
     /// A new block whose bytes the caller fills through the returned pointer before sharing it further.
@@ -48,17 +58,23 @@ public:
     /// A view of part of this view. The range must lie inside it.
     CSharedBytes Part(std::size_t offset, std::size_t size) const;
 
-    const BYTE* Data() const { return m_data; }
+    /// Valid as long as this view is neither changed nor moved.
+    const BYTE* Data() const { return m_isHeld ? m_place.view.data : m_place.own; }
     std::size_t Size() const { return m_size; }
     bool IsEmpty() const { return m_size == 0; }
-    std::string_view Text() const { return {reinterpret_cast<const char*>(m_data), m_size}; }
+    std::string_view Text() const { return {reinterpret_cast<const char*>(Data()), m_size}; }
 
     /// Replaces the content of an array by a copy of the bytes.
-    void CopyTo(CByteArray& out) const { out.Assign(m_data, static_cast<int>(m_size)); }
+    void CopyTo(CByteArray& out) const { out.Assign(Data(), static_cast<int>(m_size)); }
 
     bool SameBytes(const CSharedBytes& other) const;
 
-    void Swap(CSharedBytes& other) noexcept;
+    void Swap(CSharedBytes& other) noexcept
+    {
+        std::swap(m_place, other.m_place);
+        std::swap(m_size, other.m_size);
+        std::swap(m_isHeld, other.m_isHeld);
+    }
 
 private:
     friend class CByteChunks;
@@ -71,25 +87,35 @@ private:
         CRefCount holders;
     };
 
-    /// A view that the block counts already.
-    CSharedBytes(SBlock* block, const BYTE* data, std::size_t size)
-        : m_block(block), m_data(data), m_size(static_cast<DWORD>(size))
+    // The bytes of a short view are its own: most values are short, and need neither a block nor a count.
+    static constexpr std::size_t kMostOwn = 16;
+
+    struct SView
     {
+        SBlock* block;
+        const BYTE* data;
+    };
+    union UPlace
+    {
+        BYTE own[kMostOwn];
+        SView view;
+    };
+
+    /// A view that the block counts already.
+    CSharedBytes(SBlock* block, const BYTE* data, std::size_t size) : m_size(static_cast<DWORD>(size)), m_isHeld(true)
+    {
+        m_place.view = {block, data};
     }
+    /// Bytes of its own.
+    /// @param size at most kMostOwn.
+    static CSharedBytes Own(const BYTE* data, std::size_t size);
+
     static SBlock* NewBlock(std::size_t size, std::size_t views);
     static BYTE* BytesOf(SBlock* block) { return reinterpret_cast<BYTE*>(block) + sizeof(SBlock); }
-    void Hold() const
-    {
-        if (m_block != nullptr)
-        {
-            m_block->holders.Add();
-        }
-    }
     void Forget() noexcept
     {
-        m_block = nullptr;
-        m_data = nullptr;
         m_size = 0;
+        m_isHeld = false;
     }
     static void Free(SBlock* block);
     /// Takes views off the count of a block, which may be null.
@@ -101,9 +127,9 @@ private:
         }
     }
 
-    SBlock* m_block = nullptr;
-    const BYTE* m_data = nullptr;
+    UPlace m_place{};
     DWORD m_size = 0;
+    bool m_isHeld = false; // The bytes lie in a block.
 };
 
 /// Keeps the many small values of one read together: a few blocks instead of one a value.
@@ -140,13 +166,17 @@ public:
     CViewRelease& operator=(const CViewRelease&) = delete;
     ~CViewRelease() { CSharedBytes::Release(m_block, m_views); }
 
-    /// Takes the view, which is empty afterwards. Its bytes are valid no longer.
+    /// Takes the view of a block, which is empty afterwards. Its bytes are valid no longer.
     void Take(CSharedBytes& view)
     {
-        if (view.m_block != m_block)
+        if (!view.m_isHeld)
+        {
+            return;
+        }
+        if (view.m_place.view.block != m_block)
         {
             CSharedBytes::Release(m_block, m_views);
-            m_block = view.m_block;
+            m_block = view.m_place.view.block;
             m_views = 0;
         }
         ++m_views;

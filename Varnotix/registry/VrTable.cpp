@@ -56,32 +56,6 @@ static_assert(
     }(),
     "both tables have the VRs in the order of their codes");
 
-constexpr std::size_t kLetters = 26;
-
-/// The place of two letters, counted from A, in a table of all pairs.
-constexpr std::size_t PlaceOf(int first, int second)
-{
-    return static_cast<std::size_t>(first) * kLetters + static_cast<std::size_t>(second);
-}
-
-// The decoder asks for a code once an element, so the two letters index a small table.
-constexpr auto kCodeOfLetters = []
-{
-    std::array<BYTE, kLetters * kLetters> codes{};
-    codes.fill(static_cast<BYTE>(VR_UNKNOWN));
-    for (std::size_t vr = 0; vr < kRows.size(); ++vr)
-    {
-        codes[PlaceOf(kRows[vr].text[0] - 'A', kRows[vr].text[1] - 'A')] = static_cast<BYTE>(vr);
-    }
-    return codes;
-}();
-
-constexpr int LetterIndex(BYTE character)
-{
-    const BYTE upper = character & 0xDFU;
-    return upper >= 'A' && upper <= 'Z' ? upper - 'A' : -1;
-}
-
 } // namespace
 
 const SVrRow& VrRow(int vr)
@@ -92,17 +66,6 @@ const SVrRow& VrRow(int vr)
 const char* VrText(int vr)
 {
     return vr == VR_NONE ? "NONE" : VrRow(vr).text;
-}
-
-int VrCodeOfBytes(BYTE first, BYTE second)
-{
-    const int row = LetterIndex(first);
-    const int column = LetterIndex(second);
-    if (row < 0 || column < 0)
-    {
-        return VR_UNKNOWN;
-    }
-    return kCodeOfLetters[PlaceOf(row, column)];
 }
 
 int VrCode(std::string_view text)

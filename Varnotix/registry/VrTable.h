@@ -8,6 +8,7 @@
 #include "Varnotix/platform/String.h"
 #include "Varnotix/platform/Types.h"
 
+#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -95,8 +96,30 @@ VARNOTIX_EXPORT const char* VrText(int vr);
 /// @return VR_UNKNOWN for any other text.
 VARNOTIX_EXPORT int VrCode(std::string_view text);
 
+/// The codes of all pairs of letters; VR_UNKNOWN for those that name no VR.
+inline constexpr auto kCodesOfLetters = []
+{
+    constexpr std::size_t kLetters = 26;
+    std::array<BYTE, kLetters * kLetters> codes{};
+    codes.fill(static_cast<BYTE>(VR_UNKNOWN));
+    for (std::size_t vr = 0; vr < kNamedVrCount; ++vr)
+    {
+        const auto first = static_cast<std::size_t>(kVrLetters[2 * vr] - 'A');
+        const auto second = static_cast<std::size_t>(kVrLetters[2 * vr + 1] - 'A');
+        codes[first * kLetters + second] = static_cast<BYTE>(vr);
+    }
+    return codes;
+}();
+
 /// The code of the two VR bytes of an explicit stream, without regard to case; VR_UNKNOWN for others.
-VARNOTIX_EXPORT int VrCodeOfBytes(BYTE first, BYTE second);
+inline int VrCodeOfBytes(BYTE first, BYTE second)
+{
+    const unsigned row = (first & 0xDFU) - 'A';
+    const unsigned column = (second & 0xDFU) - 'A';
+    constexpr unsigned kLetters = 26;
+    return row < kLetters && column < kLetters ? kCodesOfLetters[row * kLetters + column]
+                                               : static_cast<int>(VR_UNKNOWN);
+}
 
 /// The kind of value that a VR holds.
 inline EVrKind VrKind(int vr)
