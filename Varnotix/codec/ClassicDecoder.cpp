@@ -243,10 +243,15 @@ bool CClassicDecoder::DecodeElement(const STag& tag, CElementBody& elements, std
     return ReadValue(tag, length, elements, levelStart);
 }
 
+CDcmElement& CClassicDecoder::AddElement(const STag& tag, int vr, CElementBody& elements, CSharedBytes&& value)
+{
+    return elements.AddRead(m_elements, {Tag::Make(tag.group, tag.element), vr, ELaterVr::None, tag.entry},
+                            std::move(value));
+}
+
 bool CClassicDecoder::ReadPixelData(const STag& tag, DWORD length, CElementBody& elements)
 {
-    const DWORD number = Tag::Make(tag.group, tag.element);
-    CClassicPixelDecoder(m_cursor, IsBigEndian()).Read(elements.AddRead(m_elements, number, tag.vr, tag.entry), length);
+    CClassicPixelDecoder(m_cursor, IsBigEndian()).Read(AddElement(tag, tag.vr, elements, CSharedBytes()), length);
     return true;
 }
 
@@ -259,8 +264,7 @@ void CClassicDecoder::Note(EReadNote note, const STag& tag, DWORD count)
 /// element. An empty sequence of defined length therefore takes the element that follows it.
 bool CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CElementBody& elements)
 {
-    CDcmElement& element =
-        elements.AddRead(m_elements, Tag::Make(tag.group, tag.element), static_cast<int>(tag.entry->vr), tag.entry);
+    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements, CSharedBytes());
     element.SetForm(length == kUndefinedLength ? CDcmElement::FORM_UNDEFINED : CDcmElement::FORM_DEFINED);
     if (m_depth == Varnotix::kMaxDepth)
     {
@@ -305,20 +309,19 @@ bool CClassicDecoder::ReadValue(const STag& tag, DWORD length, CElementBody& ele
         return Fail(PARSE_SHORT_VALUE);
     }
     // The stream's VR chose the header form and the swapping; the value itself takes its VR from the dictionary.
-    CDcmElement& element =
-        elements.AddRead(m_elements, Tag::Make(tag.group, tag.element), static_cast<int>(tag.entry->vr), tag.entry);
+    CSharedBytes value;
     const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
     if (width > 1)
     {
         BYTE* swapped = nullptr;
-        CSharedBytes value = CSharedBytes::Allocate(length, swapped);
+        value = CSharedBytes::Allocate(length, swapped);
         CopySwapped(bytes, length, width, swapped);
-        element.SetRawBytes(std::move(value));
     }
     else
     {
-        element.SetRawBytes(length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length));
+        value = length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
     }
+    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements, std::move(value));
     if (tag.vr != element.Vr())
     {
         Note(READ_VR_OF_DICTIONARY, tag, static_cast<DWORD>(tag.vr));

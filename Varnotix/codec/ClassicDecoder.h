@@ -62,6 +62,7 @@ private:
     bool ReadPixelData(const STag& tag, DWORD length, CElementBody& elements);
 
     void ReadStart();
+    CDcmElement& AddElement(const STag& tag, int vr, CElementBody& elements, CSharedBytes&& value);
     void Note(EReadNote note, const STag& tag, DWORD count);
     void NoteMetaElement(CDcmElement& element, std::size_t levelStart);
     void PassMetaEnd(std::size_t read);

@@ -5,6 +5,7 @@
 #include "Varnotix/element/ElementBody.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
+#include <algorithm>
 #include <vector>
 
 using namespace Varnotix;
@@ -80,32 +81,37 @@ std::uint64_t RemakeGroupLengths(CElementBody& body, int syntax, int metaSyntax,
     {
         return total;
     }
+    const auto oldCount = static_cast<int>(std::count(isOld.begin(), isOld.end(), true));
     CObArray all;
     CObArray old;
-    all.Reserve(body.list.GetCount() + made.list.GetCount());
-    old.Reserve(body.list.GetCount());
+    all.SetSize(body.list.GetCount() + made.list.GetCount() - oldCount);
+    old.Reserve(oldCount);
+    CObject** place = all.GetData();
     const auto* next = made.list.begin();
     for (int i = 0; i < body.list.GetCount(); ++i)
     {
-        CDcmElement& element = ElementOf(body.list[i]);
-        for (; next != made.list.end() && ElementOf(*next).Tag() < element.Tag(); ++next)
+        CObject* object = body.list[i];
+        while (next != made.list.end() && ElementOf(*next).Tag() < ElementOf(object).Tag())
         {
-            all.Add(*next);
+            *place++ = *next++;
         }
-        const bool goes = !isOld.empty() && isOld[static_cast<std::size_t>(i)];
-        (goes ? old : all).Add(&element);
+        if (oldCount > 0 && isOld[static_cast<std::size_t>(i)])
+        {
+            old.Add(object);
+        }
+        else
+        {
+            *place++ = object;
+        }
     }
-    for (; next != made.list.end(); ++next)
-    {
-        all.Add(*next);
-    }
+    std::copy(next, static_cast<const CObArray&>(made.list).end(), place);
     for (CObject* object : made.list)
     {
         CDcmElement& length = ElementOf(object);
         length.SetItem(body.selectedItem);
         total += CElementEncoder::EncodedSize(length);
     }
-    body.SwapList(all);
+    body.SwapSorted(all);
     made.list.RemoveAll();
     CElementBlocks::Destroy(old);
     return total;

@@ -61,11 +61,6 @@ std::string_view BytesOf(const STypedValue& typed)
 
 } // namespace
 
-bool CElementEncoder::IsEncapsulated(const CDcmElement& element)
-{
-    return element.m_frames != nullptr && element.m_frames->GetCount() >= 2;
-}
-
 void CElementEncoder::Prepare(CDcmElement& element)
 {
     if (!element.HasEntry())
@@ -165,7 +160,8 @@ void CElementEncoder::WriteHeader(const CDcmElement& element, COutputBuffer& out
     const int syntax = element.m_encodedSyntax;
     const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
     const DWORD size = HeaderSize(syntax, element.m_vr);
-    const DWORD length = IsEncapsulated(element) ? kUndefinedLength : element.m_encodedValueSize;
+    const bool isEncapsulated = element.m_frames != nullptr && element.m_frames->GetCount() >= 2;
+    const DWORD length = isEncapsulated ? kUndefinedLength : element.m_encodedValueSize;
     BYTE* header = out.Room(size);
     if (syntax != SYNTAX_IMPLICIT_LITTLE && !IsExplicit(syntax))
     {

@@ -48,5 +48,4 @@ private:
     static void WriteValue(const CDcmElement& element, COutputBuffer& out);
     static void WriteText(const CDcmElement& element, COutputBuffer& out);
     static void WriteItems(const CDcmElement& element, COutputBuffer& out);
-    static bool IsEncapsulated(const CDcmElement& element);
 };

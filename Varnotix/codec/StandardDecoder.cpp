@@ -257,12 +257,10 @@ void CStandardDecoder::ReadImplicit(SHeader& header, SLevel& level)
     }
 }
 
-CDcmElement& CStandardDecoder::AddElement(const SHeader& header, SLevel& level)
+CDcmElement& CStandardDecoder::AddElement(const SHeader& header, SLevel& level, CSharedBytes&& value)
 {
     const CDcmEntry* entry = header.entry != nullptr ? header.entry : &CDcmRegistry::UnlistedEntry(header.vr);
-    CDcmElement& element = level.elements.AddRead(m_elements, header.tag, header.vr, entry);
-    element.SetLaterVr(header.laterVr);
-    return element;
+    return level.elements.AddRead(m_elements, {header.tag, header.vr, header.laterVr, entry}, std::move(value));
 }
 
 void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)
@@ -300,6 +298,21 @@ void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)
     ReadValue(header, level);
 }
 
+/// The bytes of a value as little endian ones.
+CSharedBytes CStandardDecoder::ValueOf(const SHeader& header, const SLevel& level, const BYTE* bytes)
+{
+    const DWORD length = header.length;
+    const std::size_t width = IsBigEndian(level.syntax) ? SwapWidthOf(header.vr, header.laterVr) : 1;
+    if (width > 1)
+    {
+        BYTE* swapped = nullptr;
+        CSharedBytes value = CSharedBytes::Allocate(length, swapped);
+        CopySwapped(bytes, length, width, swapped);
+        return value;
+    }
+    return length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
+}
+
 void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
 {
     const DWORD length = header.length;
@@ -308,7 +321,6 @@ void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
         Stop(PARSE_CUT_OFF, header.tag, header.position);
     }
     const BYTE* bytes = m_cursor.Take(length);
-    CDcmElement& element = AddElement(header, level);
     if (m_cursor.Position() > level.end)
     {
         Note(READ_BEYOND_ITEM, header.tag, header.position, static_cast<DWORD>(m_cursor.Position() - level.end));
@@ -317,34 +329,22 @@ void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
     {
         Note(READ_ODD_LENGTH, header.tag, header.position, length);
     }
-    CDcmFrameList* frames = element.Frames();
+    CSharedBytes value = ValueOf(header, level, bytes);
+    if (header.tag == Tag::kPixelData)
+    {
+        CDcmFrameList& frames = *AddElement(header, level, CSharedBytes()).Frames();
+        if (length > 0)
+        {
+            frames.AddFrame(value);
+        }
+        frames.SetReadForm(CDcmFrameList::FORM_NATIVE);
+        return;
+    }
+    CDcmElement& element = AddElement(header, level, std::move(value));
     if (length == 0)
     {
-        if (frames != nullptr)
-        {
-            frames->SetReadForm(CDcmFrameList::FORM_NATIVE);
-        }
         return;
     }
-    const std::size_t width = IsBigEndian(level.syntax) ? SwapWidthOf(header.vr, header.laterVr) : 1;
-    CSharedBytes value;
-    if (width > 1)
-    {
-        BYTE* swapped = nullptr;
-        value = CSharedBytes::Allocate(length, swapped);
-        CopySwapped(bytes, length, width, swapped);
-    }
-    else
-    {
-        value = length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
-    }
-    if (frames != nullptr)
-    {
-        frames->AddFrame(value);
-        frames->SetReadForm(CDcmFrameList::FORM_NATIVE);
-        return;
-    }
-    element.SetRawBytes(std::move(value));
     if (header.tag == Tag::kNumberOfFrames && level.numberOfFrames == nullptr)
     {
         level.numberOfFrames = &element;
@@ -362,7 +362,7 @@ void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)
 
 void CStandardDecoder::ReadFragments(const SHeader& header, SLevel& level)
 {
-    CDcmElement& element = AddElement(header, level);
+    CDcmElement& element = AddElement(header, level, CSharedBytes());
     const CDcmElement* count = level.numberOfFrames; // A search in a set of many items would take long.
     CFragmentReader reader(m_cursor, IsBigEndian(level.syntax));
     const bool whole = reader.Read();

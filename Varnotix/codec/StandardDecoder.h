@@ -70,7 +70,8 @@ private:
     void ReadItems(SLevel& level, CElementBody& items, std::size_t end, bool isDelimited, int syntax);
     DWORD ItemLength(const BYTE* header, int syntax) const;
     bool BeginsWithItem(DWORD length, int syntax) const;
-    CDcmElement& AddElement(const SHeader& header, SLevel& level);
+    CDcmElement& AddElement(const SHeader& header, SLevel& level, CSharedBytes&& value);
+    CSharedBytes ValueOf(const SHeader& header, const SLevel& level, const BYTE* bytes);
     void Note(EReadNote note, DWORD tag, std::size_t offset, DWORD count = 0);
     [[noreturn]] void Stop(EParseFault fault, DWORD tag, std::size_t offset);
     int NumberOf(SLevel& level);

@@ -126,7 +126,7 @@ void CStandardDecoder::ReadSequence(const SHeader& header, SLevel& level)
     SHeader sequence = header;
     sequence.vr = VR_SQ;
     sequence.laterVr = Varnotix::ELaterVr::None;
-    CDcmElement& element = AddElement(sequence, level);
+    CDcmElement& element = AddElement(sequence, level, CSharedBytes());
     if (isUndefined)
     {
         element.SetForm(isUnknown ? CDcmElement::FORM_UNKNOWN : CDcmElement::FORM_UNDEFINED);

@@ -35,6 +35,18 @@ CDcmElement::CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcm
 {
 }
 
+CDcmElement::CDcmElement(DWORD tag, int vr, Varnotix::ELaterVr laterVr, const CDcmEntry* entry, CSharedBytes&& raw)
+    : m_entry(entry),
+      m_group(static_cast<WORD>(Tag::Group(tag))),
+      m_element(static_cast<WORD>(Tag::Element(tag))),
+      m_vr(static_cast<BYTE>(vr)),
+      m_read(true),
+      m_laterVr(laterVr),
+      m_valueFromRaw(!raw.IsEmpty() && VrKind(vr) != EVrKind::RawOnly),
+      m_raw(std::move(raw))
+{
+}
+
 CDcmElement::CDcmElement(int group, int element, int vr)
     : CDcmElement(group, element, vr, CDcmRegistry::Global().LookUpTag(group, element))
 {
@@ -226,11 +238,6 @@ CString CDcmElement::GroupText() const
 CString CDcmElement::ElementText() const
 {
     return HexText(m_element);
-}
-
-bool CDcmElement::HoldsFrames() const
-{
-    return m_frames != nullptr && (m_vr == VR_OB || m_vr == VR_OW);
 }
 
 void CDcmElement::SetLaterVr(Varnotix::ELaterVr vr)

@@ -266,9 +266,12 @@ private:
     /// An SQ element with these items.
     CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcmElementSet> items);
 
+    /// An element that a decoder has read, neither a sequence nor Pixel Data.
+    CDcmElement(DWORD tag, int vr, Varnotix::ELaterVr laterVr, const CDcmEntry* entry, CSharedBytes&& raw);
+
     void CreateOwned();
     bool TakesValue(EVrKind kind) const { return m_entry != nullptr && Varnotix::VrKind(m_vr) == kind; }
-    bool HoldsFrames() const;
+    bool HoldsFrames() const { return m_frames != nullptr && (m_vr == VR_OB || m_vr == VR_OW); }
     void BuildValue() const;
     CValueBytes BuiltValueBytes() const;
     void DropValues();

@@ -134,19 +134,26 @@ CDcmElement& CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
     return *element;
 }
 
-CDcmElement& CElementBody::AddRead(CElementBlocks& blocks, DWORD tag, int vr, const CDcmEntry* entry)
+CDcmElement& CElementBody::AddRead(CElementBlocks& blocks, const SHeader& header, CSharedBytes&& value)
 {
+    if (header.vr != VR_SQ && header.tag != Tag::kPixelData)
+    {
+        return AddElement(
+            blocks.Make<CDcmElement>(header.tag, header.vr, header.laterVr, header.entry, std::move(value)));
+    }
     std::unique_ptr<CDcmElement> element;
-    if (vr == VR_SQ && entry != nullptr && tag != Tag::kPixelData)
+    if (header.tag != Tag::kPixelData && header.entry != nullptr)
     {
         auto items = blocks.Make<CDcmElementSet>(blocks.Make<CElementBody>());
-        element = blocks.Make<CDcmElement>(tag, entry, std::move(items));
+        element = blocks.Make<CDcmElement>(header.tag, header.entry, std::move(items));
     }
     else
     {
-        element = blocks.Make<CDcmElement>(Tag::Group(tag), Tag::Element(tag), vr, entry);
+        element = blocks.Make<CDcmElement>(Tag::Group(header.tag), Tag::Element(header.tag), header.vr, header.entry);
     }
     element->SetRead();
+    element->SetLaterVr(header.laterVr);
+    element->SetRawBytes(std::move(value));
     return AddElement(std::move(element));
 }
 
@@ -187,6 +194,13 @@ void CElementBody::SwapList(CObArray& elements) noexcept
 {
     list.Swap(elements);
     ListChanged();
+}
+
+void CElementBody::SwapSorted(CObArray& elements) noexcept
+{
+    list.Swap(elements);
+    m_firstOfTag.reset();
+    m_sorted = true;
 }
 
 void CElementBody::NumberItems()

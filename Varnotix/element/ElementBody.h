@@ -73,14 +73,24 @@ public:
     /// Appends an element and takes it over, also when there is no memory for it.
     CDcmElement& AddElement(std::unique_ptr<CDcmElement> element);
 
-    /// Appends an element that a decoder has met, without a value.
-    CDcmElement& AddRead(CElementBlocks& blocks, DWORD tag, int vr, const CDcmEntry* entry);
+    /// What a decoder knows of an element before it reads the value.
+    struct SHeader
+    {
+        DWORD tag;
+        int vr; ///< At most VR_UNKNOWN.
+        Varnotix::ELaterVr laterVr;
+        const CDcmEntry* entry;
+    };
+    /// Appends an element that a decoder has read, in a block. For Pixel Data, the bytes are a frame.
+    CDcmElement& AddRead(CElementBlocks& blocks, const SHeader& header, CSharedBytes&& value);
 
     /// Unlinks the element from the list; the caller then owns it. False when it is not in the list.
     bool Unlink(const CDcmElement* element);
 
     /// Exchanges the whole list. Elements that were in it and are not any more belong to the caller. Never fails.
     void SwapList(CObArray& elements) noexcept;
+    /// As above, for a list that is in tag order.
+    void SwapSorted(CObArray& elements) noexcept;
 
     /// Adds an empty element for each tag of the shape that is not in the list.
     void Fill() override;

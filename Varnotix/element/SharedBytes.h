@@ -37,16 +37,17 @@ public:
     }
     CSharedBytes& operator=(CSharedBytes&& other) noexcept
     {
-        CSharedBytes(static_cast<CSharedBytes&&>(other)).Swap(*this);
+        if (this != &other)
+        {
+            LeaveBlock();
+            m_place = other.m_place;
+            m_size = other.m_size;
+            m_isHeld = other.m_isHeld;
+            other.Forget();
+        }
         return *this;
     }
-    ~CSharedBytes()
-    {
-        if (m_isHeld)
-        {
-            Release(m_place.view.block, 1);
-        }
-    }
+    ~CSharedBytes() { LeaveBlock(); }
 
     /// A copy of the bytes; of more than a few, in a new block. Throws CMemoryException when there is no memory.
     static CSharedBytes Copy(const BYTE* data, std::size_t size);
@@ -112,6 +113,13 @@ private:
 
     static SBlock* NewBlock(std::size_t size, std::size_t views);
     static BYTE* BytesOf(SBlock* block) { return reinterpret_cast<BYTE*>(block) + sizeof(SBlock); }
+    void LeaveBlock() noexcept
+    {
+        if (m_isHeld)
+        {
+            Release(m_place.view.block, 1);
+        }
+    }
     void Forget() noexcept
     {
         m_size = 0;
