@@ -38,7 +38,7 @@ TEST(FrameList, EqualityComparesFrameSizesOnly)
 TEST(FrameList, CopyOfAFrameThatWasHandedOutHasBytesOfItsOwn)
 {
     CDcmFrameList source;
-    source.AddFrame(Bytes({1, 2, 3}));
+    source.AddFrame(Join({Bytes({1, 2, 3}), Zeros(20)}));
     source.SetOffsetTable(Bytes({0, 0, 0, 0}));
     const CDcmFrameList shared(source);
     EXPECT_EQ(shared.GetFrame(0)->Data(), source.GetFrame(0)->Data());
