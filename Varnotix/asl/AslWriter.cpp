@@ -42,6 +42,12 @@ void AppendHex(std::string& line, int number)
     }
 }
 
+void AppendNumber(std::string& line, DWORD number)
+{
+    char text[16];
+    line.append(text, std::to_chars(std::begin(text), std::end(text), number).ptr);
+}
+
 template <class NUMBER, class ARRAY>
 void AppendNumbers(std::string& line, const ARRAY* values)
 {
@@ -94,7 +100,7 @@ void AppendFrames(std::string& line, const CDcmFrameList& frames)
 }
 
 /// The values between the brackets. False for an element whose line has no value list.
-bool AppendValues(std::string& line, const CDcmElement& element)
+bool AppendValues(std::string& line, const CDcmElement& element, bool isStandard)
 {
     const EVrKind kind = VrKind(element.Vr());
     if (element.Frames() != nullptr &&
@@ -110,9 +116,19 @@ bool AppendValues(std::string& line, const CDcmElement& element)
         return true;
     case EVrKind::Words:
     case EVrKind::OtherWords:
+        if (isStandard && element.HasVr(VR_SS))
+        {
+            AppendNumbers<short>(line, element.Words());
+            return true;
+        }
         AppendNumbers<int>(line, element.Words());
         return true;
     case EVrKind::Integers:
+        if (isStandard && element.HasVr(VR_UL))
+        {
+            AppendNumbers<DWORD>(line, element.Integers());
+            return true;
+        }
         // UL is printed signed, for compatibility.
         AppendNumbers<int>(line, element.Integers());
         return true;
@@ -137,18 +153,18 @@ bool AppendValues(std::string& line, const CDcmElement& element)
     return false;
 }
 
-void AppendElements(const CDcmElementSet& set, int depth, CStringArray& lines);
+void AppendElements(const CDcmElementSet& set, int depth, bool isStandard, CStringArray& lines);
 
-void AppendElement(const CDcmElement& element, int depth, CStringArray& lines)
+void AppendElement(const CDcmElement& element, int depth, bool isStandard, CStringArray& lines)
 {
     const CString indent(' ', depth * kIndent);
-    lines.Add(indent + AslElementLine(element));
+    lines.Add(indent + AslElementLine(element, isStandard));
     if (element.HasVr(VR_SQ))
     {
         lines.Add(indent + "#SEQUENCE_BEGIN");
         if (element.Items() != nullptr)
         {
-            AppendElements(*element.Items(), depth + 1, lines);
+            AppendElements(*element.Items(), depth + 1, isStandard, lines);
         }
         lines.Add(indent + "#SEQUENCE_END");
     }
@@ -161,7 +177,7 @@ bool NeedsMarks(const CDcmElementSet& set)
 }
 
 /// Appends the lines of each item after its mark.
-void AppendItems(const CDcmElementSet& set, int depth, CStringArray& lines)
+void AppendItems(const CDcmElementSet& set, int depth, bool isStandard, CStringArray& lines)
 {
     const int count = set.ItemCount();
     std::vector<std::pair<int, const CDcmElement*>> elements;
@@ -181,27 +197,32 @@ void AppendItems(const CDcmElementSet& set, int depth, CStringArray& lines)
         lines.Add(indent + mark);
         for (; next != elements.end() && next->first == item; ++next)
         {
-            AppendElement(*next->second, depth, lines);
+            AppendElement(*next->second, depth, isStandard, lines);
         }
     }
 }
 
-void AppendElements(const CDcmElementSet& set, int depth, CStringArray& lines)
+void AppendElements(const CDcmElementSet& set, int depth, bool isStandard, CStringArray& lines)
 {
     if (NeedsMarks(set))
     {
-        AppendItems(set, depth, lines);
+        AppendItems(set, depth, isStandard, lines);
         return;
     }
     for (int i = 0; i < set.GetCount(); ++i)
     {
-        AppendElement(*set.GetAt(i), depth, lines);
+        AppendElement(*set.GetAt(i), depth, isStandard, lines);
     }
 }
 
 } // namespace
 
 CString AslElementLine(const CDcmElement& element)
+{
+    return AslElementLine(element, false);
+}
+
+CString AslElementLine(const CDcmElement& element, bool isStandard)
 {
     if (!element.HasEntry() || element.HasVr(VR_UNKNOWN))
     {
@@ -212,14 +233,16 @@ CString AslElementLine(const CDcmElement& element)
     line += ',';
     AppendHex(line, element.Element());
     line += ',';
-    line += VrText(element.Vr());
+    const bool hasOwnVr =
+        isStandard && element.LaterVr() != ELaterVr::None && element.Entry()->laterVr == element.LaterVr();
+    line += hasOwnVr ? LaterVrText(element.LaterVr()) : VrText(element.Vr());
     line += ',';
     AppendNumber(line, element.Vm());
     line += ',';
     line += element.Name().CText();
     const std::size_t beforeList = line.size();
     line += ",[";
-    if (AppendValues(line, element))
+    if (AppendValues(line, element, isStandard))
     {
         line += ']';
     }
@@ -230,9 +253,9 @@ CString AslElementLine(const CDcmElement& element)
     return CString(line);
 }
 
-void AslLines(const CDcmElementSet& set, CStringArray& lines)
+void AslLines(const CDcmElementSet& set, CStringArray& lines, bool isStandard)
 {
-    AppendElements(set, 0, lines);
+    AppendElements(set, 0, isStandard, lines);
 }
 
 void WriteAslFile(const CString& path, const CStringArray& lines)

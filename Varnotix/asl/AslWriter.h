@@ -11,10 +11,16 @@ namespace Varnotix
 /// know.
 VARNOTIX_EXPORT CString AslElementLine(const CDcmElement& element);
 
+/// The line of an element in one of two forms. The standard one prints SS as signed and UL as unsigned numbers, and the
+/// element's own VR where that is a later one than the VR codes name (CDcmElement::LaterVr) and the dictionary gives
+/// the tag this VR. Readers take both forms.
+VARNOTIX_EXPORT CString AslElementLine(const CDcmElement& element, bool isStandard);
+
 /// Appends the line of each element in list order. The elements of a sequence follow it between "#SEQUENCE_BEGIN" and
 /// "#SEQUENCE_END", indented by three blanks per level. In a set that keeps its items (CDcmElementSet::KeepsItems) the
 /// lines of each item follow a mark, "#ITEM=1", when there are several items or an empty one.
-VARNOTIX_EXPORT void AslLines(const CDcmElementSet& set, CStringArray& lines);
+/// @param isStandard chooses the form of the lines, as in AslElementLine.
+VARNOTIX_EXPORT void AslLines(const CDcmElementSet& set, CStringArray& lines, bool isStandard = false);
 
 /// Creates or truncates a file and writes the lines, each followed by a line feed. A file that cannot be created or
 /// written is not reported; it may be missing or cut short.

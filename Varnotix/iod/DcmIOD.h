@@ -143,8 +143,8 @@ public:
     /// @param index from 0 to ModuleCount() - 1; it is not checked.
     CDcmModule& ModuleAt(int index) const { return m_modules[index]; }
 
-    /// Replaces the lines by the object's text document. Of an object that was read by the standard stream rules it
-    /// marks the items of sequences (see AslLines).
+    /// Replaces the lines by the object's text document. By the standard stream rules it marks the items of
+    /// sequences and has the standard form of lines (see AslLines).
     void Export(CStringArray& lines) const;
     /// Writes the text document to a file, with an empty line at its end. A file that cannot be written is not
     /// reported.

@@ -65,7 +65,7 @@ void CDcmIOD::Export(CStringArray& lines) const
     lines.Add(CountLine("COUNT", GetCount()));
     lines.Add(CountLine("COUNT_ALL", GetCountAll()));
     lines.Add("#ATTRIBUTE_SET_BEGIN");
-    Varnotix::AslLines(*m_store, lines);
+    Varnotix::AslLines(*m_store, lines, m_streamRules == STREAM_RULES_STANDARD);
     lines.Add("#ATTRIBUTE_SET_END");
 }
 

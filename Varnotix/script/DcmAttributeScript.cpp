@@ -134,7 +134,8 @@ CDcmElement* CDcmAttributeScript::ReadElement(const SAslEvent& event, CDcmAttrib
         m_notes.Add(event.line, SCRIPT_REPEATED_TAG);
     }
     // The VR of Pixel Data depends on its content: OB or OW.
-    if (!line.vr.empty() && VrCode(line.vr) != element->Vr() && !element->IsPixelData())
+    if (!line.vr.empty() && VrCode(line.vr) != element->Vr() && line.vr != LaterVrText(element->LaterVr()) &&
+        !element->IsPixelData())
     {
         m_notes.Add(event.line, SCRIPT_OTHER_VR);
     }
@@ -207,12 +208,15 @@ bool CDcmAttributeScript::Record(const SAslCommand& command)
                   {"REMOVE_EMPTY_GROUP", &CDcmAttributeScript::m_removeEmptyGroups, EForm::Text},
                   {"REMOVE_GROUP", &CDcmAttributeScript::m_removeGroups, EForm::Text},
                   {"ANONYMIZE_GROUP", &CDcmAttributeScript::m_anonymizeGroups, EForm::Text}};
+    // Names of files are taken in lower case, for compatibility; the standard rules try them as written first. Names of
+    // outputs have nothing to be found by.
+    const bool keepsCase = m_streamRules == STREAM_RULES_STANDARD && !EqualNoCase(command.keyword, "TARGET_FILE");
     CString argument(command.argument);
     for (const auto& single : kSingle)
     {
         if (EqualNoCase(command.keyword, single.keyword))
         {
-            if (single.form == EForm::Path)
+            if (single.form == EForm::Path && !keepsCase)
             {
                 argument.MakeLower();
             }
@@ -226,7 +230,10 @@ bool CDcmAttributeScript::Record(const SAslCommand& command)
         {
             if (list.form == EForm::Path)
             {
-                argument.MakeLower();
+                if (!keepsCase)
+                {
+                    argument.MakeLower();
+                }
                 (this->*list.field).Add(argument);
             }
             else

@@ -154,10 +154,10 @@ TEST_F(Apply, ReplacesAddsAndEmpties)
     Write("s.asl", "0008,0119,UT,1,Long Code Value,[new,]\n0008,0008,CS,-1,Image Type,[ORIGINAL,PRIMARY,AXIAL,]\n"
                    "0009,1001,OB,1,Private Data Element,[1,200,]\n"
                    "0010,0020,LO,1,Patient ID,[]\n"
-                   "0010,4000,LT,1,Patient Comments,[short,]\n"
+                   "0010,4000,LT,1,Patient Comments,[short, with a comma,]\n"
                    "0028,0106,US,1,,[]\n"
                    "0028,0106,SS,1,,[-3,]\n"
-                   "0018,1010,LO,1,Secondary Capture Device ID,[new,]\n"
+                   "0018,1010,LO,1,Secondary Capture Device ID,[new, too,]\n"
                    "0008,2112,SQ,1,Source Image Sequence,[1]\n"
                    "#SEQUENCE_BEGIN\n"
                    "   0008,1155,UI,1,Referenced SOP Instance UID,[1.7,]\n"
@@ -168,8 +168,9 @@ TEST_F(Apply, ReplacesAddsAndEmpties)
            "in.dcm: 6 values changed, 2 attributes added");
     EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY\\AXIAL"), longCode("new "),
                       Explicit(0x00091001, "OB", "\x01\xC8"), Explicit(0x00100020, "LO", ""),
-                      Explicit(0x00104000, "LT", "short "), Explicit(0x00280106, "SS", LittleEndian(0xFFFD, 2)),
-                      Explicit(0x00181010, "LO", "new "), Explicit(0x00081155, "UI", PaddedUid("1.7"))));
+                      Explicit(0x00104000, "LT", "short, with a comma "),
+                      Explicit(0x00280106, "SS", LittleEndian(0xFFFD, 2)), Explicit(0x00181010, "LO", "new, too"),
+                      Explicit(0x00081155, "UI", PaddedUid("1.7"))));
 }
 
 TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
@@ -186,7 +187,7 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
          "FD values cannot be read from text"},
         {"[772,258,]", "[772,259,]", "OW values cannot be read from text"},
         {"[Smith, [J],]", "[Smith, [K],]", "text outside the value list"},
-        {"[Smith, [J],]", "[Smith,John,]", "2 values, but the attribute takes 1"},
+        {"Rows,[1,]", "Rows,[1,2,]", "2 values, but the attribute takes 1"},
         {"[one", "[two", "a text with line breaks cannot be changed"},
         {"[5001,]", "[1,]", "the line only has the length"},
         {"[12AB]", "[12CD]", "bytes are numbers from 0 to 255, or one text without commas"},

@@ -23,14 +23,18 @@ const std::string kSmall = "0008,0016,UI,1,SOP Class UID,[1.2.840.10008.5.1.4.1.
 
 } // namespace
 
-TEST_F(Build, EachNewScriptBuildsAsItIs)
+TEST_F(Build, ANewScriptIsRefusedUntilItIsFilledIn)
 {
     for (const std::string kind : {"CT", "MR", "CR", "NM", "US", "US-MF", "SC", "SC-MF"})
     {
         Expect(0, "new " + kind + " -o s.asl");
-        EXPECT_EQ(Expect(0, "build s.asl -o out.dcm").err, "") << kind;
+        Expect(20, "build s.asl -o out.dcm", "(0028,0004) Photometric Interpretation needs a value (type 1)",
+               "out.dcm: not written");
+        EXPECT_FALSE(std::filesystem::exists("out.dcm")) << kind;
+        Expect(0, "build --force s.asl -o out.dcm");
         EXPECT_EQ(TextsOf("out.dcm", {0x00020010, 0x00100010}), "[" + kExplicitUid + "][]") << kind;
         EXPECT_EQ(TextsOf("out.dcm", {0x00020002, 0x00020003}), TextsOf("out.dcm", {0x00080016, 0x00080018})) << kind;
+        std::filesystem::remove("out.dcm");
     }
 }
 
@@ -178,3 +182,59 @@ TEST_F(Build, CompressedSourcesKeepTheirTransferSyntax)
     Expect(20, "build s.asl -o out.dcm",
            "frames of different transfer syntaxes: " + kBaselineUid + ", " + kJpeg2000Uid);
 }
+
+TEST_F(Build, APictureSaysHowItIsStored)
+{
+    // A frame of three components, the first with the given sampling factors.
+    const auto color = [](int marker, char sampling, const std::string& before)
+    {
+        return "\xFF\xD8" + before + "\xFF" + static_cast<char>(marker) +
+               std::string("\0\x11\x08\0\x08\0\x10\x03\x01", 9) + sampling + std::string("\0\x02\x11\0\x03\x11\0", 7) +
+               "\xFF\xD9";
+    };
+    const std::string adobeRgb = std::string("\xFF\xEE\0\x0E"
+                                             "Adobe\0\x64\0\0\0\0\0",
+                                             16);
+    const struct
+    {
+        std::string picture;
+        const char* described; // Transfer syntax, photometric interpretation, lossy compression and its method.
+    } cases[] = {
+        {Jpeg(0xC0, 8, 8), "[1.2.840.10008.1.2.4.50][MONOCHROME2][01][ISO_10918_1]"},
+        {color(0xC0, 0x22, ""), "[1.2.840.10008.1.2.4.50][YBR_FULL_422][01][ISO_10918_1]"},
+        {color(0xC1, 0x11, ""), "[1.2.840.10008.1.2.4.51][YBR_FULL][01][ISO_10918_1]"},
+        {color(0xC0, 0x11, adobeRgb), "[1.2.840.10008.1.2.4.50][RGB][01][ISO_10918_1]"},
+        {color(0xC3, 0x11, ""), "[1.2.840.10008.1.2.4.57][RGB]--"},
+    };
+    Write("s.asl", kSmall + "0028,0002,US,1,Samples per Pixel,[4,]\n#PIXEL_DATA_FILE=Pic.JPG\n");
+    for (const auto& one : cases)
+    {
+        Write("Pic.JPG", one.picture);
+        Expect(0, "build s.asl -o out.dcm", "Samples per Pixel: 4 replaced by ");
+        EXPECT_EQ(TextsOf("out.dcm", {0x00020010, 0x00280004, 0x00282110, 0x00282114}), one.described);
+        EXPECT_EQ(TextsOf("out.dcm", {0x00280008}), "-");
+    }
+    Write("Pic.JPG", Jpeg(0xC2, 8, 8));
+    Expect(20, "build s.asl -o out.dcm", "'Pic.JPG': it is a progressive JPEG");
+    Write("b.jpg", Jpeg(0xC0, 8, 9));
+    Write("Pic.JPG", Jpeg(0xC0, 8, 8));
+    Write("s.asl", Read("s.asl") + "#PIXEL_DATA_FILE=b.jpg\n");
+    Expect(20, "build s.asl -o out.dcm",
+           "'b.jpg': 8 x 9 pixels, 8 bits, MONOCHROME2; the pictures before it have 8 x 8");
+}
+
+#if !defined(_WIN32)
+
+TEST_F(Build, ANameIsTriedAsWrittenAndRefusedWhereCaseDecidesNothing)
+{
+    Write("Scan.jpg", Jpeg(0xC0, 16, 8));
+    Write("scan.jpg", Jpeg(0xC0, 8, 8));
+    Write("s.asl", kSmall + "#PIXEL_DATA_FILE=.\\Scan.jpg\n");
+    Expect(0, "build s.asl -o out.dcm");
+    EXPECT_TRUE(Holds(Read("out.dcm"), Us(0x00280011, 16)));
+    Expect(20, "--classic build s.asl -o out.dcm", "several names differ from it only in case: ./Scan.jpg, ./scan.jpg");
+    Write("s.asl", kSmall + "#PIXEL_DATA_FILE=SCAN.jpg\n");
+    Expect(20, "build s.asl -o out.dcm", "'SCAN.jpg': several names differ from it only in case: Scan.jpg, scan.jpg");
+}
+
+#endif

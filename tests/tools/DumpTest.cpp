@@ -110,6 +110,28 @@ TEST_F(Dump, ReadsInABatchAsAlone)
     }
 }
 
+TEST_F(Dump, ShowsSignedValuesAndLaterVrs)
+{
+    const auto later = [](unsigned long tag, const std::string& vr, const std::string& value)
+    { return Tag(tag) + vr + LittleEndian(0, 2) + LittleEndian(value.size(), 4) + value; };
+    Write("in.dcm", Part10(kExplicitUid,
+                           later(0x00080119, "UC", "long") + Explicit(0x00081161, "UL", LittleEndian(0xFFFFFFFF, 4)) +
+                               Explicit(0x00186020, "SL", LittleEndian(0xFFFFFFFE, 4)) +
+                               Explicit(0x00280106, "SS", LittleEndian(0xFFFD, 2)) +
+                               later(0x00720082, "SV", LittleEndian(0xFFFFFFFC, 4) + "\xFF\xFF\xFF\xFF")));
+    EXPECT_TRUE(Holds(Expect(0, "dump in.dcm").out, "0008,0119,UC,1,Long Code Value,[long,]",
+                      "0008,1161,UL,-1,Simple Frame List,[4294967295,]", "Reference Pixel X0,[-2,]",
+                      "0028,0106,SS,1,Smallest Image Pixel Value,[-3,]"));
+    EXPECT_TRUE(Holds(Expect(0, "modules in.dcm").out, "(0008,0119) UC: long", "UL: 4294967295", "SL: -2", "SS: -3",
+                      "(0072,0082) SV: -4"));
+    Run("dump in.dcm", "script");
+    Expect(0, "apply script in.dcm -o out.dcm", "0 values changed, 0 attributes added");
+    EXPECT_EQ(Read("out.dcm"), Read("in.dcm"));
+    // The form of the classic rules is understood as well.
+    Write("script", "0008,0119,UT,1,,[long,]\n0008,1161,UL,-1,,[-1,]\n0028,0106,SS,1,,[65533,]\n");
+    Expect(0, "apply script in.dcm -o out.dcm", "0 values changed, 0 attributes added");
+}
+
 TEST_F(Dump, AFullDeviceIsAnOutputThatCannotBeWritten)
 {
     if (!std::filesystem::exists("/dev/full"))

@@ -1,8 +1,7 @@
 #include "commands/Commands.h"
 #include "files/Input.h"
-#include "rewrite/CheckedWrite.h"
-#include "rewrite/FileMeta.h"
 #include "rewrite/Identity.h"
+#include "rewrite/Rewrite.h"
 #include "run/InputRun.h"
 
 #include <algorithm>
@@ -24,6 +23,7 @@ struct SAnonymizeOptions
     CString output;             // A folder, or, for a single input, a file or "-" for standard output.
     CString text = "ANONYMOUS"; // Goes into the identifying attributes; empty: they are removed.
     bool deep = false;          // Also in items; private groups go.
+    bool force = false;         // Also what other readers would refuse.
 };
 
 constexpr UINT kPreambleSize = 128;
@@ -53,16 +53,18 @@ private:
 int CAnonymizer::Write(CDcmIOD& object, const CString& output)
 {
     const SObjectForm form = FormOf(object);
-    if (form.isDirectory)
+    if (form.isDirectory && !m_wanted.force)
     {
-        m_report.Error(m_name +
-                       ": it is a DICOMDIR, and is not anonymised because the file offsets in it would be wrong");
-        return STATUS_UNREADABLE;
+        throw CWriteFailure(std::string((m_name + kChangedDirectory).View()));
     }
     const CString uid = UidToKeep(form, m_name, m_report);
     if (uid.IsEmpty())
     {
         return STATUS_UNREADABLE;
+    }
+    if (!MayWrite(object, uid, m_wanted.force, m_name, m_report))
+    {
+        return STATUS_UNWRITTEN;
     }
     CLossReport losses;
     losses.AddReadNotes(object);
@@ -206,6 +208,7 @@ void AddAnonymize(CCommandLine& line)
               "Folder to write to; for a single FILE also a file, or '-' for standard output");
     verb.TextWithDefault("--text", options->text, "Text for the attributes; an empty text removes them");
     verb.Flag("--deep", options->deep, "Include sequence items, drop private groups, and record both in the file");
+    verb.Flag("--force", options->force, "Write an output that other readers would refuse");
     verb.MessageFlags();
     verb.Action(options, Anonymize);
 }

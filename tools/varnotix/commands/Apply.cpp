@@ -21,6 +21,7 @@ struct SApplyOptions
     CString script;
     SInputs inputs;
     CString output;
+    bool force = false; // Also what other readers would refuse.
 };
 
 CString Counted(int count, const char* one, const char* many)
@@ -46,7 +47,8 @@ void ReportChanges(const CScriptMerge& merge, const CString& script, const CStri
         (merge.AddedItems() == 0 ? CString() : ", " + Counted(merge.AddedItems(), "%d item added", "%d items added")));
 }
 
-int ApplyOne(const CString& scriptName, const CStringArray& lines, const SInput& input, const CReport& report)
+int ApplyOne(const CString& scriptName, const CStringArray& lines, bool force, const SInput& input,
+             const CReport& report)
 {
     const CString name = ShownName(input.path);
     CDcmIOD object;
@@ -55,13 +57,17 @@ int ApplyOne(const CString& scriptName, const CStringArray& lines, const SInput&
         return STATUS_UNREADABLE;
     }
     const SObjectForm form = FormOf(object);
-    STarget target{CString(), form.syntax, input.output, input.path, form.isBare};
+    STarget target{CString(), form.syntax, input.output, input.path, form.isBare, force};
     if (!target.staysBare)
     {
         target.uid = UidToKeep(form, name, report);
         if (target.uid.IsEmpty())
         {
             return STATUS_UNREADABLE;
+        }
+        if (!MayWrite(object, target.uid, force, name, report))
+        {
+            return STATUS_UNWRITTEN;
         }
     }
     CLossReport losses;
@@ -105,7 +111,7 @@ int Apply(SApplyOptions& options, const CReport& report)
     const auto apply = [&](const SJob& job)
     {
         return ReportWriteFailures(job.input.output, job.report,
-                                   [&] { return ApplyOne(scriptName, lines, job.input, job.report); });
+                                   [&] { return ApplyOne(scriptName, lines, options.force, job.input, job.report); });
     };
     return RunInputs(options.inputs, report, "were not changed", apply);
 }
@@ -119,6 +125,7 @@ void AddApply(CCommandLine& line)
     verb.Text("SCRIPT", options->script, "Script to read; '-' is standard input");
     verb.Inputs(options->inputs, "Files to read; '-' is standard input");
     verb.Text("-o,--output", options->output, "File to write, or folder for several; '-' is standard output");
+    verb.Flag("--force", options->force, "Write an OUT that other readers would refuse");
     verb.MessageFlags();
     verb.Action(options, Apply);
 }

@@ -2,6 +2,8 @@
 #include "files/Input.h"
 #include "json/JsonReader.h"
 #include "json/TextEncoding.h"
+#include "object/Attributes.h"
+#include "object/ObjectKinds.h"
 #include "rewrite/CheckedWrite.h"
 #include "rewrite/FileMeta.h"
 #include "rewrite/Identity.h"
@@ -19,11 +21,11 @@ namespace
 
 constexpr const char* kFooter =
     "The script's lines are the attributes; its commands name the files that pixel data comes from, what to anonymise\n"
-    "and what to remove. The file meta information is completed. Each lost line and each file that gives no pixel\n"
-    "data is named with the reason; nothing is written then, unless --force is given. A script opens the files\n"
-    "that it names, so trust it as you trust a program. A document in the DICOM JSON model may come in its place; it "
-    "opens\n"
-    "the files of its references.";
+    "and what to remove. The file meta information is completed. Each lost line, each line without a value that must\n"
+    "have one, and each file that gives no pixel data is named with the reason; nothing is written then, unless\n"
+    "--force is given. JPEG pictures become encapsulated frames, and what their headers say replaces what the script\n"
+    "says. A script opens the files that it names, so trust it as you trust a program. A document in the DICOM JSON\n"
+    "model may come in its place; it opens the files of its references.";
 
 struct SBuildOptions
 {
@@ -33,6 +35,41 @@ struct SBuildOptions
     bool force = false;          // Also when lines or sources are lost.
     CString characterSet;        // Of the texts of a JSON document; empty: the one that it names.
 };
+
+/// The attributes that must have values in an object of this SOP class (PS3.3 type 1), of those modules for which the
+/// script has a line for each; none for a class without rules here.
+std::set<DWORD> NeededValues(const CDcmElementSet& store, const SScriptLine& root)
+{
+    std::set<DWORD> given;
+    for (const SScriptLine& line : root.inner)
+    {
+        given.insert(line.tag);
+    }
+    const CString sopClass = TextOf(store, Varnotix::Tag::kSopClassUid);
+    std::set<DWORD> needed;
+    for (const SObjectKind& kind : ObjectKinds())
+    {
+        if (std::find(kind.sopClasses.begin(), kind.sopClasses.end(), sopClass.View()) == kind.sopClasses.end())
+        {
+            continue;
+        }
+        for (const SModuleFacts& facts : MandatoryModules(kind))
+        {
+            const std::vector<DWORD>& values = facts.values;
+            if (std::all_of(values.begin(), values.end(), [&](DWORD tag) { return given.contains(tag); }))
+            {
+                needed.insert(values.begin(), values.end());
+            }
+        }
+    }
+    return needed;
+}
+
+bool HasNoValue(const CDcmElementSet& store, DWORD tag)
+{
+    const CDcmElement* element = store.Find(tag);
+    return element == nullptr || element->IsEmptyValue();
+}
 
 /// Builds one object.
 class CBuilder
@@ -89,7 +126,7 @@ int CBuilder::Write()
     const bool anonymizes = !m_script.Anonymize55First().IsEmpty() || !m_script.AnonymizeGroups().IsEmpty();
     const int status = anonymizes ? ReportUncovered(object.ElementStore(), false, m_name, m_report) : STATUS_DONE;
 
-    const int result = WriteNewObject(object, {m_wanted.syntax, output}, m_name, m_report);
+    const int result = WriteNewObject(object, {m_wanted.syntax, output, m_wanted.force}, m_name, m_report);
     return std::max(status, result);
 }
 
@@ -112,6 +149,7 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
     const CDcmElement* pixels = object.ElementStore().Find(Varnotix::Tag::kPixelData);
     const bool hasPixels = pixels != nullptr && !pixels->IsEmptyValue();
     const CScriptTree tree(m_lines, CDcmElementSet(), m_script.StreamRules());
+    const std::set<DWORD> needed = NeededValues(object.ElementStore(), tree.Root());
     std::set<int> replaced;
     std::vector<SScriptFault> faults;
     for (const SScriptLine& line : tree.Root().inner)
@@ -124,6 +162,11 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
         if (Varnotix::Tag::Group(line.tag) < kFirstGroup)
         {
             faults.push_back({line.line, kNoPlaceInFile});
+        }
+        if (needed.contains(line.tag) && Varnotix::TrimBlanks(line.parts.values).empty() &&
+            HasNoValue(object.ElementStore(), line.tag))
+        {
+            faults.push_back({line.line, TagAndName(line.tag) + " needs a value (type 1)"});
         }
     }
     for (const SScriptNote& note : m_script.Notes())
@@ -195,7 +238,7 @@ int BuildFromJson(std::string_view json, const SBuildOptions& options, const CSt
         return STATUS_UNREADABLE;
     }
     CompleteFileMeta(object, name, report);
-    return WriteNewObject(object, {options.syntax, options.output}, name, report);
+    return WriteNewObject(object, {options.syntax, options.output, options.force}, name, report);
 }
 
 int Build(const SBuildOptions& options, const CReport& report)

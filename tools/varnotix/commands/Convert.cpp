@@ -45,10 +45,8 @@ int ConvertOne(const SConvertOptions& options, const SInput& input, const CRepor
         {
             return STATUS_UNREADABLE;
         }
-        const CString mismatch = PixelDataMismatch(object.ElementStore(), target.uid);
-        if (!mismatch.IsEmpty() && !options.force)
+        if (!MayWrite(object, target.uid, options.force, name, report))
         {
-            report.Error(name + ": " + mismatch + "; other readers would refuse the output, which --force writes");
             return STATUS_UNWRITTEN;
         }
     }

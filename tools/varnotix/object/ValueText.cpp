@@ -3,6 +3,8 @@
 #include "console/Report.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 namespace
 {
@@ -67,12 +69,38 @@ CString LongNumbers(const CDcmElement& element, const CUIntArray& integers)
     return List(integers, "\\", Format<unsigned>("%u"));
 }
 
+/// The numbers of 64 bits that a later VR has.
+CString HugeNumbers(const CDcmElement& element, const CByteArray& bytes)
+{
+    constexpr int kWidth = 8;
+    std::vector<unsigned long long> numbers(static_cast<std::size_t>(bytes.GetSize() / kWidth));
+    for (int i = 0; i < static_cast<int>(numbers.size()) * kWidth; ++i)
+    {
+        numbers[static_cast<std::size_t>(i / kWidth)] |= static_cast<unsigned long long>(bytes[i]) << (i % kWidth * 8);
+    }
+    const bool isSigned = element.LaterVr() == Varnotix::ELaterVr::SV;
+    CString text;
+    for (std::size_t i = 0; i < numbers.size() && i < kShownValues; ++i)
+    {
+        const std::string digits =
+            isSigned ? std::to_string(static_cast<long long>(numbers[i])) : std::to_string(numbers[i]);
+        text += (i > 0 ? "\\" : "") + CString(std::string_view(digits));
+    }
+    if (numbers.size() > kShownValues)
+    {
+        text += CString(std::string_view("\\... (" + std::to_string(numbers.size()) + " values)"));
+    }
+    return text;
+}
+
 } // namespace
 
 CString AttributeName(const CDcmElement& element)
 {
     const CString name = element.Name();
-    return (name.IsEmpty() ? CString() : name + " ") + TagName(element.Tag()) + " " + element.VrName();
+    return (name.IsEmpty() ? CString() : name + " ") + TagName(element.Tag()) + " " +
+           (element.LaterVr() == Varnotix::ELaterVr::None ? element.VrName()
+                                                          : CString(Varnotix::LaterVrText(element.LaterVr())));
 }
 
 CString ValueText(const CDcmElement& element)
@@ -110,6 +138,10 @@ CString ValueText(const CDcmElement& element)
     }
     if (const CByteArray* bytes = element.Bytes())
     {
+        if (element.LaterVr() == Varnotix::ELaterVr::SV || element.LaterVr() == Varnotix::ELaterVr::UV)
+        {
+            return HugeNumbers(element, *bytes);
+        }
         return List(*bytes, " ", Format<unsigned>("%02X"));
     }
     CString size;

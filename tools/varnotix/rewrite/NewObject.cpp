@@ -12,7 +12,9 @@ int WriteNewObject(CDcmIOD& object, const SNewTarget& target, const CString& nam
         syntax = form.compressed ? SYNTAX_UNKNOWN : Varnotix::SyntaxOfUid(form.transferSyntax);
         syntax = syntax == SYNTAX_UNKNOWN ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : syntax;
     }
-    const CString uid = UidToWrite(form, name, syntax, report);
+    // Without a wanted syntax, that compressed frames keep theirs is no news.
+    const bool keepsFrames = form.compressed && target.syntax == SYNTAX_UNKNOWN && !form.transferSyntax.IsEmpty();
+    const CString uid = keepsFrames ? form.transferSyntax : UidToWrite(form, name, syntax, report);
     if (uid.IsEmpty())
     {
         return STATUS_UNREADABLE;
@@ -21,8 +23,14 @@ int WriteNewObject(CDcmIOD& object, const SNewTarget& target, const CString& nam
     {
         SetPixelDataVr(object.ElementStore(), name, report);
     }
+    if (!MayWrite(object, uid, target.isForced, name, report))
+    {
+        return STATUS_UNWRITTEN;
+    }
     ReportMetaMismatch(object, name, report);
     CLossReport losses;
-    Rewrite(object, form, {uid, syntax, target.output}, name, losses, report);
+    STarget rewritten{uid, syntax, target.output};
+    rewritten.isForced = target.isForced;
+    Rewrite(object, form, rewritten, name, losses, report);
     return STATUS_DONE;
 }

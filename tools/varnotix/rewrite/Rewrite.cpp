@@ -14,12 +14,22 @@ void RefuseChangedDirectory(const CString& source, const CString& input, CFile& 
     if (source.IsEmpty() || source == "-" || !file.Open(source, CFile::modeRead | CFile::shareDenyWrite) ||
         !(BytesOf(file) == BytesOf(written)))
     {
-        throw CWriteFailure(std::string(input.View()) +
-                            ": it is a DICOMDIR, and is not rewritten because the file offsets in it would be wrong");
+        throw CWriteFailure(std::string(input.View()) + kChangedDirectory);
     }
 }
 
 } // namespace
+
+bool MayWrite(const CDcmIOD& object, const CString& uid, bool isForced, const CString& input, const CReport& report)
+{
+    const CString mismatch = PixelDataMismatch(object.ElementStore(), uid);
+    if (mismatch.IsEmpty() || isForced)
+    {
+        return true;
+    }
+    report.Error(input + ": " + mismatch + "; other readers would refuse the output, which --force writes");
+    return false;
+}
 
 void Rewrite(CDcmIOD& object, const SObjectForm& form, const STarget& target, const CString& input, CLossReport& losses,
              const CReport& report)

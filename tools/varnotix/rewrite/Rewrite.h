@@ -15,6 +15,15 @@ struct STarget
     bool isForced = false;  ///< Also a DICOMDIR whose offsets would be wrong.
 };
 
+/// Reports why other readers would refuse an object that is written with a Transfer Syntax UID: the form of its pixel
+/// data is that of another one.
+/// @return true when they would not, or when the user wants the output all the same.
+bool MayWrite(const CDcmIOD& object, const CString& uid, bool isForced, const CString& input, const CReport& report);
+
+/// Why a DICOMDIR that changes is not written; its name goes before it.
+inline constexpr const char* kChangedDirectory =
+    ": it is a DICOMDIR, and is not rewritten because the file offsets in it would be wrong";
+
 /// Sets the file meta information, writes the object and reports what was lost. Throws as
 /// WriteChecked, and for a DICOMDIR that would change.
 /// @param form the object's, taken before anything was changed.

@@ -48,6 +48,27 @@ bool HasComma(const CDcmElement& element)
            std::any_of(texts->begin(), texts->end(), [](const CString& text) { return text.Find(',') >= 0; });
 }
 
+/// True when all of a list is one value: of an attribute that takes one text, in which commas are part of the text.
+bool IsSingleText(const CDcmElement& shape)
+{
+    const bool isLong = shape.HasVr(VR_LT) || shape.HasVr(VR_ST) || shape.HasVr(VR_UT);
+    return Varnotix::VrKind(shape.Vr()) == EVrKind::Text && (shape.Vm() == 1 || isLong) && !shape.HasVr(VR_UI);
+}
+
+/// The one text of a list. The comma after it is not a part of it.
+CDcmElement WithSingleText(const CDcmElement& shape, std::string_view list)
+{
+    list = Varnotix::TrimBlanks(list);
+    std::string text(list.substr(0, list.size() - (list.ends_with(',') ? 1 : 0)));
+    if (text.size() % 2 == 1)
+    {
+        text += ' ';
+    }
+    CDcmElement made(shape.Group(), shape.Element(), shape.Vr());
+    made.SetRawBytes(CSharedBytes::Copy(reinterpret_cast<const BYTE*>(text.data()), text.size()));
+    return made;
+}
+
 /// True when the lines of a sequence, and of those in it, are all the object's own. Some may be missing.
 bool IsUnchanged(const SScriptLine& line)
 {
@@ -174,7 +195,11 @@ void CScriptMerge::Change(const SScriptLine& line)
     }
     CDcmElement changed(element.Group(), element.Element(), element.Vr());
     changed.SetLaterVr(element.LaterVr());
-    if (!IsClear(line))
+    if (IsSingleText(element) && CountValues(line.parts.values) > 1)
+    {
+        changed.SetRawBytes(WithSingleText(element, line.parts.values).RawBytes());
+    }
+    else if (!IsClear(line))
     {
         CDcmAttributeModule module;
         if (!Read(line, module))
@@ -210,8 +235,13 @@ void CScriptMerge::Add(const SScriptLine& line, CDcmElementSet& set)
     if (Read(line, module))
     {
         EncodeRawValues(module.GetDcmElementSet());
+        CDcmElement& made = *module.GetDcmElementSet().GetAt(0);
+        if (IsSingleText(made) && CountValues(line.parts.values) > 1)
+        {
+            made.SetRawBytes(WithSingleText(made, line.parts.values).RawBytes());
+        }
         set.SelectItem(line.item);
-        set.Add(new CDcmElement(*module.GetDcmElementSet().GetAt(0)));
+        set.Add(new CDcmElement(made));
         m_changes.push_back({line.line, line.tag, true});
     }
 }
@@ -271,7 +301,7 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line) const
         return "pixel data cannot be read from text; remove the line";
     }
     const CDcmElement* element = line.element;
-    if (element != nullptr && !Varnotix::EqualNoCase(line.parts.vr, Varnotix::VrText(element->Vr())))
+    if (element != nullptr && !IsVrOf(line.parts.vr, *element))
     {
         return CString("in this object its VR is ") + Varnotix::VrText(element->Vr()) + ", and that cannot be changed";
     }
@@ -303,6 +333,10 @@ CString CScriptMerge::ReasonAgainst(const SScriptLine& line) const
     {
         return CString(Varnotix::VrText(shape.Vr())) +
                " values cannot be read from text; restore the printed line or remove it";
+    }
+    if (IsSingleText(shape))
+    {
+        return "";
     }
     if (shape.Vm() > 0 && count > shape.Vm() && kind != EVrKind::Items && !shape.HasVr(VR_OF))
     {

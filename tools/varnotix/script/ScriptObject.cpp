@@ -1,9 +1,13 @@
 #include "script/ScriptObject.h"
 
 #include "files/Input.h"
+#include "object/Attributes.h"
 #include "rewrite/FileMeta.h"
+#include "script/JpegFacts.h"
+#include "script/SourceNames.h"
 
 #include <algorithm>
+#include <optional>
 #include <set>
 
 namespace
@@ -31,6 +35,7 @@ public:
 private:
     bool ReportOne(const SScriptSource& source, bool isNamed) const;
     CString UidOf(const SScriptSource& source) const;
+    bool ReadPicture(const SScriptSource& source, std::optional<SJpegFacts>& common) const;
     CString Place(const CString& source) const { return m_name + ": '" + source + "': "; }
 
     const CDcmAttributeScript& m_script;
@@ -105,27 +110,62 @@ bool CSourceReport::ReportUntried() const
     return missing == 0;
 }
 
-/// The transfer syntax of a source's frames; empty for an uncompressed one.
+/// The transfer syntax of the frames of an object's file; empty for an uncompressed one.
 CString CSourceReport::UidOf(const SScriptSource& source) const
 {
-    if (IsPicture(source.name))
-    {
-        return CDcmRegistry::Global().UidString(Varnotix::UID_JPEG_BASELINE);
-    }
     CDcmIOD file;
     const SObjectForm form = ReadObject(source.name, file, m_report) ? FormOf(file) : SObjectForm();
     return form.compressed ? form.transferSyntax : CString();
 }
 
-/// Frames come without their transfer syntax, so it is declared for all of them. False when they have several.
+/// False, after a message, for a picture that cannot be a frame, or not one of the same object as those before it.
+bool CSourceReport::ReadPicture(const SScriptSource& source, std::optional<SJpegFacts>& common) const
+{
+    CByteArray bytes;
+    ReadBytes(source.name, bytes);
+    SJpegFacts facts;
+    const CString fault = ReadJpegFacts(bytes, facts);
+    if (!fault.IsEmpty())
+    {
+        m_report.Error(Place(source.name) + fault);
+        return false;
+    }
+    if (common && *common != facts)
+    {
+        CString text;
+        text.Format("%d x %d pixels, %d bits, %s", facts.columns, facts.rows, facts.precision,
+                    static_cast<const char*>(facts.photometric));
+        CString other;
+        other.Format("; the pictures before it have %d x %d pixels, %d bits, %s", common->columns, common->rows,
+                     common->precision, static_cast<const char*>(common->photometric));
+        m_report.Error(Place(source.name) + text + other);
+        return false;
+    }
+    common = facts;
+    return true;
+}
+
+/// Frames come without what describes them, so it is declared for all of them. False when they differ.
 bool CSourceReport::Declare(CDcmIOD& object) const
 {
     std::set<std::string> uids;
+    std::optional<SJpegFacts> common;
+    bool areUsable = true;
     for (const SScriptSource& source : m_object.ScriptSources())
     {
-        if (source.state == SCRIPT_SOURCE_TAKEN)
+        if (source.state != SCRIPT_SOURCE_TAKEN)
+        {
+            continue;
+        }
+        if (!IsPicture(source.name))
         {
             uids.emplace(UidOf(source).CText());
+            continue;
+        }
+        areUsable = ReadPicture(source, common) && areUsable;
+        if (common)
+        {
+            uids.emplace(common->transferSyntax.CText());
         }
     }
     if (uids.size() > 1)
@@ -138,7 +178,44 @@ bool CSourceReport::Declare(CDcmIOD& object) const
     {
         DeclareTransferSyntax(object, CString(*uids.begin()), m_name, m_report);
     }
-    return true;
+    if (common && areUsable)
+    {
+        DescribeJpeg(*common, object.ElementStore(), m_name, m_report);
+    }
+    return areUsable;
+}
+
+/// The library counts frames that it gathers. An object of one frame needs no count, unless the script gives one.
+void RemoveAddedCount(const CStringArray& lines, CDcmIOD& object)
+{
+    CDcmAttributeScript script;
+    CDcmAttributeModule given;
+    script.StreamRules(object.StreamRules());
+    script.Run(lines, given);
+    CDcmElementSet& store = object.ElementStore();
+    if (given.GetDcmElementSet().Find(Varnotix::Tag::kNumberOfFrames) == nullptr &&
+        TextOf(store, Varnotix::Tag::kNumberOfFrames) == "1")
+    {
+        store.Remove(store.Find(Varnotix::Tag::kNumberOfFrames));
+    }
+}
+
+/// False, after messages, when a name in the script leads to several files.
+bool AreClear(const CDcmAttributeScript& script, const CString& name, const CReport& report)
+{
+    CStringArray names(script.PixelDataFiles());
+    names.Add(script.SourceFile());
+    bool areClear = true;
+    for (const CString& source : names)
+    {
+        const CString candidates = AmbiguousNames(source, script.StreamRules() == STREAM_RULES_STANDARD);
+        if (!candidates.IsEmpty())
+        {
+            report.Error(name + ": '" + source + "': several names differ from it only in case: " + candidates);
+            areClear = false;
+        }
+    }
+    return areClear;
 }
 
 } // namespace
@@ -147,6 +224,7 @@ bool BuildObject(const CDcmAttributeScript& script, const CStringArray& lines, C
                  const CString& name, const CReport& report)
 {
     const CSourceReport sources(script, object, name, report);
+    const bool areClear = AreClear(script, name, report);
     try
     {
         object.CreateFromASL(lines);
@@ -157,5 +235,10 @@ bool BuildObject(const CDcmAttributeScript& script, const CStringArray& lines, C
         return sources.ReportUntried() && areAllTaken;
     }
     const bool isWhole = sources.ReportAll();
-    return sources.Declare(object) && isWhole;
+    const bool isDeclared = sources.Declare(object);
+    if (script.SourceFile().IsEmpty())
+    {
+        RemoveAddedCount(lines, object);
+    }
+    return isDeclared && isWhole && areClear;
 }

@@ -19,6 +19,33 @@ CElementPlaces Unmatched(const CDcmElementSet* set, bool byItem)
     return places;
 }
 
+/// True when the lines at the index are those of a text, which has one for each of its line breaks.
+bool IsLine(const CStringArray& lines, int index, const CString& own, const CDcmElement& element, int& count)
+{
+    std::string_view rest = own.CText();
+    for (count = 0;; ++count)
+    {
+        const std::size_t end = rest.find('\n');
+        const std::string_view expected = TrimBlanks(rest.substr(0, end));
+        if (index + count >= lines.GetSize())
+        {
+            return false;
+        }
+        const std::string_view line = TrimBlanks(lines[index + count].CText());
+        const bool isSame = count > 0 ? line == expected : SplitAslElement(line).tail == SplitAslElement(expected).tail;
+        if (!isSame || (count == 0 && !IsVrOf(SplitAslElement(line).vr, element)))
+        {
+            return false;
+        }
+        if (end == std::string_view::npos)
+        {
+            ++count;
+            return true;
+        }
+        rest.remove_prefix(end + 1);
+    }
+}
+
 } // namespace
 
 CElementPlaces ElementPlaces(const CDcmElementSet& set, bool byItem)
@@ -35,31 +62,16 @@ CElementPlaces ElementPlaces(const CDcmElementSet& set, bool byItem)
     return found;
 }
 
+bool IsVrOf(std::string_view letters, const CDcmElement& element)
+{
+    return EqualNoCase(letters, VrText(element.Vr())) ||
+           (element.LaterVr() != ELaterVr::None && EqualNoCase(letters, LaterVrText(element.LaterVr())));
+}
+
 bool IsOwnLine(const CStringArray& lines, int index, const CDcmElement& element, int& count)
 {
-    const CString own = AslElementLine(element);
-    std::string_view rest = own.CText();
-    for (count = 0;; ++count)
-    {
-        const std::size_t end = rest.find('\n');
-        const std::string_view expected = TrimBlanks(rest.substr(0, end));
-        if (index + count >= lines.GetSize())
-        {
-            return false;
-        }
-        const std::string_view line = TrimBlanks(lines[index + count].CText());
-        const bool isSame = count > 0 ? line == expected : SplitAslElement(line).tail == SplitAslElement(expected).tail;
-        if (!isSame || (count == 0 && !EqualNoCase(SplitAslElement(line).vr, VrText(element.Vr()))))
-        {
-            return false;
-        }
-        if (end == std::string_view::npos)
-        {
-            ++count;
-            return true;
-        }
-        rest.remove_prefix(end + 1);
-    }
+    return IsLine(lines, index, AslElementLine(element, true), element, count) ||
+           IsLine(lines, index, AslElementLine(element), element, count);
 }
 
 CScriptTree::CScriptTree(const CStringArray& lines, const CDcmElementSet& store, EStreamRules rules)

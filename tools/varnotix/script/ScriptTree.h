@@ -32,6 +32,9 @@ using CElementPlaces = std::map<std::pair<int, DWORD>, std::vector<CDcmElement*>
 /// @param byItem whether items are distinguished; otherwise all elements are in item 0.
 CElementPlaces ElementPlaces(const CDcmElementSet& set, bool byItem);
 
+/// True for the letters of the element's VR, also where these are those of a later VR than the text form knows.
+bool IsVrOf(std::string_view letters, const CDcmElement& element);
+
 /// True when the line, with those after it, is what the object prints for the element.
 /// @param count set to the number of lines: a text may hold line breaks.
 bool IsOwnLine(const CStringArray& lines, int index, const CDcmElement& element, int& count);
