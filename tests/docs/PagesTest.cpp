@@ -130,12 +130,28 @@ TEST(ManPage, NamesEveryVerbAndOption)
     for (const std::string& verb : verbs)
     {
         EXPECT_TRUE(std::regex_search(page, std::regex("\n\\.SS \"?" + verb + "\\b"))) << verb;
+        EXPECT_TRUE(std::regex_search(page.substr(page.find("\n.SH EXAMPLES")), std::regex("varnotix " + verb + "\\b")))
+            << "an example of " << verb;
         StatusOf("varnotix", verb + " --help");
         for (const std::string& option : Matches(ReadOutput(), "[ ,](--?[a-zA-Z][-a-z]*)"))
         {
             EXPECT_TRUE(std::regex_search(page, std::regex("[^-a-z]" + option + "\\b"))) << verb << ' ' << option;
         }
     }
+}
+
+TEST(ManPage, HasTheExitStatusesOfHelpAndReadme)
+{
+    ASSERT_EQ(StatusOf("varnotix", "--help"), 0);
+    const auto numbersBetween = [](const std::string& text, const std::string& from, const std::string& to)
+    {
+        const std::size_t start = text.find(from);
+        return Matches(text.substr(start, text.find(to, start + from.size()) - start), "\\b([0-9]+)\\b");
+    };
+    const std::set<std::string> statuses = numbersBetween(ReadOutput(), "Exit status:", ".\n");
+    EXPECT_GT(statuses.size(), 5U);
+    EXPECT_EQ(numbersBetween(TextOf("docs/man/varnotix.1"), ".SH EXIT STATUS", "\n.SH"), statuses);
+    EXPECT_EQ(numbersBetween(TextOf("README.md"), "| Exit status", "\n\n"), statuses);
 }
 
 TEST(Conformance, ListsSopClassesAsTheHostToolTakesThem)

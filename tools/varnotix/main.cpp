@@ -11,7 +11,7 @@ namespace
 constexpr const char* kFooter =
     "Data goes to standard output, everything else to standard error.\n"
     "Exit status: 0 done, 1 wrong usage, 10 done with findings, 20 an input could not be read,\n"
-    "40 an output could not be written, 141 the reader of the output closed it.\n"
+    "40 an output could not be written, 129, 130 or 143 ended by a signal, 141 the reader of the output closed it.\n"
     "The data dictionary is looked for in the current directory, in the folder that VARNOTIX_DATA names,\n"
     "beside the library and in the share folder.";
 

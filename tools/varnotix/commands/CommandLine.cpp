@@ -17,16 +17,20 @@ namespace
 constexpr const char* kClassic = "Read and write by the class library's own rules instead of DICOM's";
 
 /// Help and version are data; complaints about the command line are not.
-int PrintParseResult(const CLI::App& app, const CLI::ParseError& result)
+/// @param verb empty where the arguments name none.
+int PrintParseResult(const CLI::App& app, const CLI::ParseError& result, const std::string& verb)
 {
     std::ostringstream out;
     std::ostringstream complaint;
     const int code = app.exit(result, out, complaint);
     if (code != 0)
     {
-        CString text{std::string_view(complaint.view())};
-        text.TrimRight();
-        CReport(false, false).Error(text);
+        // The first line of the parser's complaint is what is wrong; the next one does not name the verb.
+        const std::string text = complaint.str();
+        const CReport report(false, false);
+        report.Error(CString(std::string_view(text.substr(0, text.find('\n')))));
+        report.ErrorLine(
+            CString(std::string_view("'varnotix " + verb + (verb.empty() ? "" : " ") + "--help' shows the usage.")));
         return STATUS_USAGE;
     }
     WriteStandardOutput(out.view());
@@ -161,9 +165,8 @@ CVerb CCommandLine::AddVerb(const char* name, const char* summary, const char* f
     return {*verb, *this};
 }
 
-/// The parser only reports a missing verb, for an unknown one, too.
-/// @param reversed the arguments, last first.
-bool CCommandLine::KnowsVerb(const std::vector<std::string>& reversed) const
+/// Reports a missing or unknown verb; the parser does not distinguish them.
+bool CCommandLine::KnowsVerb(const std::string& given) const
 {
     std::vector<std::string> verbs;
     std::string list;
@@ -172,34 +175,39 @@ bool CCommandLine::KnowsVerb(const std::vector<std::string>& reversed) const
         verbs.push_back(verb->get_name());
         list += (list.empty() ? "" : ", ") + verb->get_name();
     }
-    const auto isWord = [](const std::string& text) { return !text.starts_with("-"); };
-    const auto given = std::find_if(reversed.rbegin(), reversed.rend(), isWord);
-    const bool isMissing = given == reversed.rend();
-    if (isMissing || std::find(verbs.begin(), verbs.end(), *given) != verbs.end())
+    if (std::find(verbs.begin(), verbs.end(), given) != verbs.end())
     {
         return true;
     }
+    const std::string wrong =
+        given.empty() ? "there is no verb on the command line"
+                      : "there is no verb '" + given + "'; the nearest one is '" + NearestWord(given, verbs) + "'";
     const CReport report(false, false);
-    report.Error(CString(std::string_view("there is no verb '" + *given + "'; the nearest one is '" +
-                                          NearestWord(*given, verbs) + "'")));
+    report.Error(CString(std::string_view(wrong)));
     report.ErrorLine(CString(std::string_view("The verbs are " + list + ".")));
+    report.ErrorLine("'varnotix --help' shows what they do.");
     return false;
 }
 
 int CCommandLine::Run(int count, char** texts)
 {
+    std::vector<std::string> reversed = ReversedArguments(count, texts);
+    const auto isWord = [](const std::string& text) { return !text.starts_with("-"); };
+    const auto isHelp = [](const std::string& text) { return text == "-h" || text == "--help" || text == "--version"; };
+    const auto word = std::find_if(reversed.rbegin(), reversed.rend(), isWord);
+    const std::string verb = word == reversed.rend() ? std::string() : *word;
+    const bool asksForHelp = verb.empty() && std::any_of(reversed.begin(), reversed.end(), isHelp);
+    if (!asksForHelp && !KnowsVerb(verb))
+    {
+        return STATUS_USAGE;
+    }
     try
     {
-        const std::vector<std::string> reversed = ReversedArguments(count, texts);
-        if (!KnowsVerb(reversed))
-        {
-            return STATUS_USAGE;
-        }
-        m_app->parse(std::vector<std::string>(reversed));
+        m_app->parse(std::move(reversed));
         return m_status;
     }
     catch (const CLI::ParseError& result)
     {
-        return PrintParseResult(*m_app, result);
+        return PrintParseResult(*m_app, result, verb);
     }
 }

@@ -88,7 +88,7 @@ public:
 private:
     friend class CVerb;
 
-    bool KnowsVerb(const std::vector<std::string>& reversed) const;
+    bool KnowsVerb(const std::string& given) const;
 
     std::unique_ptr<CLI::App> m_app;
     bool m_quiet = false;
