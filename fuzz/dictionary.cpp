@@ -56,7 +56,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         {
             return 0;
         }
-        Promise(first || again.size() < text.size(), "a dictionary loaded from its text differs by what is lost alone");
+        Promise(first || again.size() < text.size(), "a dictionary loaded from its text differs only by what is lost");
         text = std::move(again);
     }
 }

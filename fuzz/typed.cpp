@@ -1,5 +1,5 @@
 // Any bytes as a typed object: the first byte chooses the class and a syntax. Modules, frames and run length decoding
-// behind them.
+// after them.
 
 #include "Objects.h"
 

@@ -3,7 +3,7 @@
 #include "Varnotix/modules/AttributeRows.h"
 #include "Varnotix/modules/DcmSequence.h"
 
-/// Item of the Coding Scheme Identification Sequence (PS3.3 C.12.1): what a coding scheme designator stands for.
+/// Item of the Coding Scheme Identification Sequence (PS3.3 C.12.1): what a coding scheme designator means.
 class VARNOTIX_EXPORT CDcmCodingSchemeIdSequence : public CDcmSequence
 {
     // clang-format off

@@ -1,5 +1,5 @@
 // bench_load LIBRARY: the time to load the library, both data files included. Each load takes place in a process of
-// its own, because a library that was unloaded can leave things behind that make the next load cheaper.
+// its own, because a library that was unloaded can leave things that make the next load cheaper.
 
 #include <algorithm>
 #include <chrono>

@@ -1,4 +1,4 @@
-// A filled object of each typed class, behind the number that chooses the class.
+// A filled object of each typed class, after the number that chooses the class.
 
 #include "Seeds.h"
 #include "Varnotix/Varnotix.h"

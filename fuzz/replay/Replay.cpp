@@ -59,7 +59,7 @@ try
     }
     for (const std::filesystem::path& seed : seeds)
     {
-        // Told before it is fed: the last line names the seed of a crash.
+        // Printed before it is fed: the last line names the seed of a crash.
         std::printf("%s\n", seed.filename().string().c_str());
         std::fflush(stdout);
         Replay(seed);

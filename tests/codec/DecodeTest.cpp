@@ -25,7 +25,7 @@ const CByteArray& Little()
                                            "4000 60A1 'UT' 0000 04000000 'text'"    // (0040,A160) UT, long form
                                            "4800 1E02 'SL' 0400 02000100"           // (0048,021E) SL 65538
                                            "6400 0900 'OF' 0000 08000000 0000003F 000000C0" // (0064,0009) OF 0.5 -2
-                                           "6600 2901 'OB' 0000 03000000 010203"); // (0066,0129) OB, odd as it stands
+                                           "6600 2901 'OB' 0000 03000000 010203");          // (0066,0129) OB, odd
     return bytes;
 }
 
@@ -151,7 +151,7 @@ TEST(Decode, OnlyMetaInformationThatBeginsWithItsLengthSwitches)
         {"the first element ends the group unless it is the length", version + bigUid, 2, SYNTAX_EXPLICIT_LITTLE},
         {"a length that comes later ends nothing", version + length(28) + bigUid, 3, SYNTAX_EXPLICIT_LITTLE},
         {"the first known UID counts", length(12 + 28 + 28) + unknownUid + bigUid + littleUid, 4, SYNTAX_EXPLICIT_BIG},
-        {"a length that ends inside an element switches behind it", length(1) + bigUid, 2, SYNTAX_EXPLICIT_BIG},
+        {"a length that ends inside an element switches after it", length(1) + bigUid, 2, SYNTAX_EXPLICIT_BIG},
         {"a length of zero ends the group before a syntax is known", length(0) + bigUid, 2, SYNTAX_EXPLICIT_LITTLE}};
     for (const auto& each : cases)
     {
@@ -163,7 +163,7 @@ TEST(Decode, OnlyMetaInformationThatBeginsWithItsLengthSwitches)
 
 TEST(Decode, ValuesTakeTheirVrFromTheDictionary)
 {
-    // The stream's VR chooses header form and swapping alone.
+    // The stream's VR chooses only header form and swapping.
     const SRead little(Stream("0800 6000 'UN' 0000 02000000 'MR'" // CS written as UN
                               "2800 0200 'SS' 0200 0300"          // US written as SS
                               "2800 0601 'ss' 0200 FFFF"));       // usss; the letters' case does not count
@@ -190,7 +190,7 @@ TEST(Decode, LearnsPrivateTagsAndKeepsThemAfterASuccessfulRead)
     // Without a VR in the stream a tag never met before holds bytes; one that was learned keeps its VR.
     const SRead implicit(Stream("0B00 1010 04000000 'priv' 0B00 1210 02000000 0800 0B00 1310 02000000 0800"));
     EXPECT_EQ(Show(implicit.set), "000b1010 LO priv; 000b1012 US 8; 000b1013 OB 0800");
-    // The entry that stands is not replaced by what a later stream says.
+    // An existing entry is not replaced by what a later stream says.
     EXPECT_EQ(Show(SRead(Stream("0B00 1010 'SH' 0200 'ab'")).set), "000b1010 LO ab");
 }
 
@@ -219,7 +219,7 @@ TEST(Decode, GathersTheElementsOfAllItemsInOneSet)
         EXPECT_EQ(withoutPad(Show(read.set)), expected);
         EXPECT_EQ(NoteOf(read), std::pair(READ_ITEMS_GATHERED + 0, 2U));
     }
-    // A sequence without delimiter takes the rest of the stream. Bytes behind its last element are told all the same.
+    // A sequence without delimiter takes the rest of the stream. Bytes after its last element are noted all the same.
     CByteArray open = undefined;
     open.SetSize(open.GetSize() - 8);
     EXPECT_EQ(SRead(open + after).set.GetCount(), 1);
@@ -235,9 +235,9 @@ TEST(Decode, SequenceEndsAreLookedAtBehindEachElement)
     const SRead empty(Stream("0800 4011 'SQ' 0000 00000000 1000 2000 'LO' 0200 'AB' 1000 3000 'DA' 0000"));
     EXPECT_EQ(Show(empty.set), "00081140 SQ {00100020 LO AB}; 00100030 DA");
     EXPECT_EQ(NoteOf(empty), std::pair(READ_BEYOND_LENGTH + 0, 10U));
-    // At top level a delimiter ends the read, and what stands behind it is not looked at.
+    // At top level a delimiter ends the read, and what follows it is not read.
     EXPECT_EQ(Show(SRead(Stream("0800 6000 'CS' 0200 'MR' FEFF DDE0 00000000 FFFFFFFF")).set), "00080060 CS MR");
-    // Items of a tag that is no sequence are dropped.
+    // Items of a tag that is not a sequence are dropped.
     const SRead dropped(Stream("0800 6000 'SQ' 0000 FFFFFFFF FEFF 00E0 0A000000 1000 2000 'LO' 0200 'AB'"
                                "FEFF DDE0 00000000 1000 3000 'DA' 0000"));
     EXPECT_EQ(Show(dropped.set), "00080060 CS; 00100030 DA");

@@ -38,7 +38,7 @@ TEST(Fault, EachCodeComesWithTheOffsetWhereTheTrialEnded)
     // 5: the stream ends inside a value that is no longer than the stream.
     EXPECT_EQ(Faults(kLittle + Stream("1000 2000 'LO' 0400 'AB'")), "4:2@6 2:5@20");
     EXPECT_EQ(Faults(kLittle + Stream("E07F 1000 'OW' 0000 04000000 0102")), "4:2@6 2:5@24");
-    // 10: a private tag that was entered without a VR is no delimiter.
+    // 10: a private tag that was entered without a VR is not a delimiter.
     CDcmRegistry::Global().AddSharedPrivateEntry(0x0801, 0x0001, "none", 1);
     EXPECT_EQ(Faults("0108 0100 00000000"), "4:2@6 2:10@4");
     EXPECT_EQ(Faults("0801 0001 00000000"), "4:10@4");
@@ -61,10 +61,10 @@ TEST(Fault, FaultsOfEncapsulatedPixelDataEndTheRead)
     EXPECT_EQ(behindStart(Stream("FEFF 00E0 04000000 0000")), "4:2@6 2:8@32");
     EXPECT_EQ(Faults(kLittle + kPixels + Stream("FEFF 00E0 00")), "4:2@6 2:8@35");
     EXPECT_EQ(Faults(kLittle + kPixels), "4:2@6 2:8@30");
-    // 11: a fragment is no item, or ends early.
+    // 11: a fragment is not an item, or ends early.
     EXPECT_EQ(Faults(kLittle + kPixels + Stream("0800 6000 'CS' 0000")), "4:2@6 2:11@38");
     EXPECT_EQ(Faults(kLittle + kPixels + Stream("FEFF 00E0 04000000 0102")), "4:2@6 2:11@40");
-    // 0: a fragment longer than the stream. Implicit syntax finds the same pixel data behind the wrong element.
+    // 0: a fragment longer than the stream. Implicit syntax finds the same pixel data after the wrong element.
     EXPECT_EQ(Faults(kLittle + kPixels + Stream("FEFF 00E0 00000001 0102")), "4:2@6 2:0@38 1:0@8");
 }
 

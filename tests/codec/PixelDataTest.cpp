@@ -77,7 +77,7 @@ TEST(PixelData, FragmentIsStoredBeforeTheFrameNumberMovesOn)
     // The fragments are remembered, so the offsets still hold when the frames are written.
     EXPECT_EQ(Through(stream, stream), "7fe00010 OB 0:0102 1:03040506 2:0708");
     // An offset where no fragment begins keeps all that follows in one frame; so does a table that is used up. A table
-    // that is no whole number of entries is never read past its end.
+    // that is not a whole number of entries is never read past its end.
     for (const auto& [offsets, frames] :
          {std::pair("01000000", "0:010203"), {"00000000", "0:01 1:0203"}, {"0000", "0:010203"}})
     {

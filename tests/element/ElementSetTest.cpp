@@ -65,12 +65,12 @@ TEST(ElementSetSort, OrdersByGroupThenElementAndKeepsTheOrderOfEqualTags)
                MakeText(0x0010, 0x0010, "A"), MakeText(0x0008, 0x0016, "3")});
     set.Sort();
     EXPECT_EQ(Listing(set), (Texts{"00080016=3", "00080018=2", "00100010=B", "00100010=A", "0020000d=1"}));
-    // A few elements behind a sorted list are put in their places.
+    // A few elements after a sorted list are put in their places.
     Fill(set, {MakeText(0x0010, 0x0010, "C"), MakeText(0x0008, 0x0018, "4")});
     set.Sort();
     EXPECT_EQ(Listing(set), (Texts{"00080016=3", "00080018=2", "00080018=4", "00100010=B", "00100010=A", "00100010=C",
                                    "0020000d=1"}));
-    // Groups beyond 7FFF stand behind the lower ones.
+    // Groups beyond 7FFF come after the lower ones.
     CDcmElementSet high;
     Fill(high, {new CDcmElement(0xFFFC, 0xFFFC), new CDcmElement(0x7FE0, 0x0010)});
     high.Sort();
@@ -84,7 +84,7 @@ TEST(ElementSetDeclare, NotesEachTagOnceInTheOrderOfDeclaration)
     set.Declare("0008", "103e");
     set.Declare("0010", "0040");
     set.Add(MakeText(0x0010, 0x0020, "1"));
-    set.Declare("0010", "0020"); // Already there, so nobody declares it.
+    set.Declare("0010", "0020"); // Already there, so it is not declared.
     EXPECT_EQ(set.GetCount(), 3);
     set.Sort();
     CStringArray texts;
@@ -95,7 +95,7 @@ TEST(ElementSetDeclare, NotesEachTagOnceInTheOrderOfDeclaration)
     EXPECT_EQ(set.FindDeclared(2), set.Find(0x0008, 0x103E));
     EXPECT_EQ(set.FindDeclared(-2), nullptr);
     EXPECT_EQ(set.FindDeclared(4), nullptr);
-    // A tag that is no sequence has no items to declare.
+    // A tag that is not a sequence has no items to declare.
     CDcmElementSet noSequence;
     CDcmElementSet member;
     noSequence.BindSequence("0010", "0010", member);

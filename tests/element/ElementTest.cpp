@@ -154,7 +154,7 @@ TEST(Assignment, BetweenDifferentVrsTakesRawBytesOnly)
 {
     CDcmElement single(0x0018, 0x9079, VR_FL);
     single.SetRawBytes(Bytes({0, 0, 0x80, 0x3F}));
-    // A value that still stands in the target's raw bytes stays too, although those bytes go.
+    // A value that is still in the target's raw bytes stays too, although those bytes go.
     CDcmElement unread(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0x1C, 0x40}));
     CDcmElement built(0x0018, 0x9079);
     built.AddDouble(7);
@@ -210,9 +210,9 @@ TEST(Equality, ComparesTagVrAndTypedValueOnly)
     EXPECT_FALSE(read == set);
     EXPECT_FALSE(CDcmElement(0x0010, 0x0010) == CDcmElement(0x0010, 0x0010, VR_LO));
     EXPECT_TRUE(CDcmElement(0x0028, 0x0010, Bytes({1, 0, 9})) == CDcmElement(0x0028, 0x0010, Bytes({1, 0})));
-    // The padding byte of a UID is no part of it.
+    // The padding byte of a UID is not a part of it.
     EXPECT_TRUE(CDcmElement(0x0008, 0x0018, TextBytes({"1.2\0", 4})) == CDcmElement(0x0008, 0x0018, TextBytes("1.2")));
-    // Bytes handed to OW count, also beside words that nobody has looked at.
+    // Bytes handed to OW count, also beside words that were not accessed.
     CDcmElement words(0x0028, 0x3006, Bytes({1, 2}));
     EXPECT_TRUE(words == CDcmElement(words));
     words.SetBytes(Bytes({9}));
@@ -220,7 +220,7 @@ TEST(Equality, ComparesTagVrAndTypedValueOnly)
     // Both hold nothing, one because it was emptied.
     read.EmptyValue();
     EXPECT_TRUE(read == CDcmElement(0x0010, 0x0010));
-    // What is no number equals itself only.
+    // What is not a number equals only itself.
     const CDcmElement notANumber(0x0018, 0x9079, Bytes({0, 0, 0, 0, 0, 0, 0xF8, 0x7F}));
     EXPECT_FALSE(notANumber == CDcmElement(notANumber));
     EXPECT_TRUE(notANumber == notANumber);

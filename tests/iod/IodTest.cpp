@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-/// Patient Name and ID, and a sequence that nobody fills.
+/// Patient Name and ID, and a sequence that stays empty.
 class CNameModule : public CDcmModule
 {
     // clang-format off
@@ -54,7 +54,7 @@ protected:
         m_given.Name("GIVEN");
     }
 
-    /// The store, and behind it name and ID of the registered module.
+    /// The store, and after it name and ID of the registered module.
     Texts State()
     {
         Texts state = Listing(m_iod.ElementStore());
@@ -177,10 +177,10 @@ TEST(IodModules, OfAClassAreReplacedByTheirOwnKind)
     iod.AddIodModule(patient);
     iod.AddIodModule(second);
     EXPECT_EQ(iod.FindIodModule(first), nullptr);
-    // A module of a derived class stands beside one of its base class ...
+    // A module of a derived class is kept beside one of its base class ...
     iod.AddIodModule(derived);
     EXPECT_EQ(iod.FindIodModule(second), &second);
-    // ... and goes when one of the base class is added behind it, be it the one that is there already.
+    // ... and goes when one of the base class is added after it, be it the one that is there already.
     iod.AddIodModule(second);
     EXPECT_EQ(iod.FindIodModule(derived), nullptr);
     EXPECT_EQ(iod.FindIodModule(RUNTIME_CLASS(CDcmModule)), &patient);

@@ -129,7 +129,7 @@ TEST(CreateFromAsl, APictureIsAFrame)
     EXPECT_EQ(TextOf(object.ElementStore(), 0x0028, 0x0008), "3");
     EXPECT_TRUE(object.ElementStore().Find(Varnotix::Tag::kPixelData)->HasVr(VR_OB));
 
-    // A size in the script goes before the pictures'; what is no number does not.
+    // A size in the script goes before the pictures'; what is not a number does not.
     CDcmCompositeIOD sized;
     Create(sized, {"#PIXEL_DATA_FILE=first.jpg", "#PIXEL_DATA_COLS=-500", "#PIXEL_DATA_ROWS=many"});
     EXPECT_EQ(SizeOf(sized), "500 x 480");

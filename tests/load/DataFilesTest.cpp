@@ -1,5 +1,5 @@
 // The registry reads its files when its first instance is made. These tests end the library's own instance and make it
-// anew in a folder with files of their own, so they have a program to themselves.
+// again in a folder with files of their own, so they have a program to themselves.
 
 #include "StreamBytes.h"
 #include "Varnotix/registry/DcmRegistry.h"
@@ -27,7 +27,7 @@ protected:
         std::filesystem::remove_all("own_files");
     }
 
-    /// Loads the registry anew from the texts.
+    /// Loads the registry again from the texts.
     static CDcmRegistry& Load(std::string_view dictionary, std::string_view uids)
     {
         std::ofstream("own_files/dictionary.txt", std::ios::binary) << dictionary;
@@ -47,7 +47,7 @@ private:
 TEST_F(DataFiles, LinesAreTrimmedCommentsSkippedAndTheFirstOfATagStands)
 {
     const CDcmRegistry& registry = Load("# a comment\r\n"
-                                        "   # another, behind blanks\n"
+                                        "   # another, after blanks\n"
                                         "\r\n"
                                         "\n"
                                         " 0010 ,\t0020 , lo , 1-n , Patient ID , [a,b] rest\r\n"

@@ -24,7 +24,7 @@ SRequests TakeRequests();
 /// Which requests are refused.
 enum class ERefuse
 {
-    One,     ///< The one alone: what follows works again, as when another program lets go of memory.
+    One,     ///< Only that one: what follows works again, as when another program lets go of memory.
     AllAfter ///< The one and all that follow.
 };
 
@@ -40,7 +40,7 @@ protected:
     void SetUp() override;
 
     /// Makes a subject and runs an operation on it with its first request for memory refused, then its second, and so
-    /// on, until it needs no more. What the subject then is must pass the check, and nothing may be left behind.
+    /// on, until it needs no more. What the subject then is must pass the check, and nothing may leak.
     template <class MAKE, class RUN, class CHECK>
     static void AtEveryRequest(const MAKE& make, const RUN& run, const CHECK& check)
     {

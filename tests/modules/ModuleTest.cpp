@@ -93,7 +93,7 @@ TEST(Rows, GiveReferencesIntoTheirElementAndIgnoreAValueOfAnotherKind)
     module.DestroyModule();
     module.Comments("x");
     module.Rows(1);
-    // Somebody writes to the empty value against the contract; the next reader finds it empty all the same.
+    // A caller writes to the empty value against the contract; the next reader finds it empty all the same.
     module.Comments() = "spoilt";
     module.Version().Add(1);
     EXPECT_TRUE(module.Comments().IsEmpty());
@@ -248,7 +248,7 @@ TEST(AttributeModule, GetsWhatWasSetByTag)
     EXPECT_FALSE(module.GetValueField("0008", "0060", frames));
     EXPECT_EQ(frames.GetCount(), 1);
 
-    // A module may become its own item; the record still tells of the sequence.
+    // A module may become its own item; the record still describes the sequence.
     CDmElement record;
     ASSERT_TRUE(module.GetValueField("0008", "1140", module, &record));
     EXPECT_TRUE(record.IsEqualGroupElement(0x0008, 0x1140));

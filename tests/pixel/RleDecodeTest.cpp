@@ -33,7 +33,7 @@ TEST(RleDecode, TheLastSegmentEnds64BytesBeforeTheInput)
     // The segments before it end where the next one starts.
     all.insert(all.end(), cut.begin(), cut.end());
     EXPECT_EQ(Decoded(Image(8, 10, 8, "YBR_FULL"), RleFrame({runs, runs}, 0)), all);
-    // A literal may reach beyond its segment: the first one holds the control byte alone.
+    // A literal may reach beyond its segment: the first one holds only the control byte.
     EXPECT_EQ(Decoded(Image(1, 4, 8, "RGB"), RleFrame({Bytes({3}), Bytes({1, 2, 3, 4})})),
               (Row{1, 2, 3, 4, 2, 3, 0, 0}));
 }
@@ -45,7 +45,7 @@ TEST(RleDecode, InterleavesTwoSegmentsOfAGreyOrPaletteImageAndAppendsOthers)
     {
         EXPECT_EQ(Decoded(Image(1, 2, 8, photometric), frame), (Row{1, 9, 2, 9})) << photometric;
     }
-    // Each segment has the capacity of the whole 16-bit image: high bytes first, and as many zeros behind.
+    // Each segment has the capacity of the whole 16-bit image: high bytes first, then as many zeros.
     EXPECT_EQ(Decoded(Image(1, 2, 16, "MONOCHROME2"), frame), (Row{1, 9, 2, 9, 0, 0, 0, 0}));
     // Any other segments are appended.
     const CByteArray one(Bytes({1, 1, 2}));

@@ -5,7 +5,7 @@
 namespace
 {
 
-/// The segment of a monochrome frame, behind a header that is checked here. A run of 100 zeros follows the bytes, which
+/// The segment of a monochrome frame, after a header that is checked here. A run of 100 zeros follows the bytes, which
 /// gives the encoder room to spare; what it is encoded as is taken off again.
 std::vector<int> Segment(const CByteArray& bytes)
 {
@@ -32,13 +32,13 @@ TEST(RleEncode, RunsAndLiteralsFollowEachOther)
         {Bytes({1, 2, 3}), {2, 1, 2, 3}},
         {Bytes({5, 5, 5, 6, 6}), {0xFE, 5, 0xFF, 6}},
         {Bytes({1, 2, 7, 7, 7, 3}), {1, 1, 2, 0xFE, 7, 0, 3}},
-        // A run of two is folded between literals alone.
+        // A run of two is folded only between literals.
         {Bytes({1, 2, 7, 7, 3}), {4, 1, 2, 7, 7, 3}},
         {Bytes({1, 7, 7, 2, 8, 8, 3}), {6, 1, 7, 7, 2, 8, 8, 3}},
         {Bytes({1, 2, 7, 7, 8, 8, 8}), {1, 1, 2, 0xFF, 7, 0xFE, 8}},
         {Bytes({7, 7, 1}), {0xFF, 7, 0, 1}},
         {Bytes({1, 7, 7, 8, 8, 2}), {0, 1, 0xFF, 7, 0xFF, 8, 0, 2}},
-        // Long runs are cut at 128. Behind a literal, the rest of a run is no run of two that could be folded.
+        // Long runs are cut at 128. After a literal, the rest of a run is not a run of two that could be folded.
         {Repeated(5, 128), {0x81, 5}},
         {Repeated(5, 129), {0x81, 5, 0, 5}},
         {Repeated(5, 130), {0x81, 5, 0xFF, 5}},
@@ -82,7 +82,7 @@ TEST(RleEncode, InputThatDoesNotShrinkStartsOverItsOwnOutput)
     EXPECT_EQ(data[kRleHeader + 1], 128);
     EXPECT_EQ(data[kRleHeader + 128], 255);
 
-    // The room for less than a step is no room for a run either: each run goes to the start.
+    // The room for less than a step is not enough for a run either: each run goes to the start.
     data = Bytes({1, 1, 2, 2});
     Image(2, 2, 8, "MONOCHROME1").DcmRleEncode(data);
     ASSERT_EQ(data.GetSize(), kRleHeader + 4);
@@ -127,7 +127,7 @@ TEST(RleEncode, AnRgbFrameThatIsTooShortGivesEmptySegmentsAndOthersStay)
     data = Repeated(7, 100);
     Image(65535, 65535, 8, "RGB").DcmRleEncode(data);
     EXPECT_EQ(Numbers(data), Numbers(expected));
-    // Other photometric interpretations are left alone.
+    // Other photometric interpretations stay as they are.
     for (const char* photometric : {"YBR_FULL", ""})
     {
         data = Repeated(7, 60);

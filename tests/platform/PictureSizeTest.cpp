@@ -24,7 +24,7 @@ std::vector<BYTE> Header(BYTE frameMarker)
 }
 
 /// The size as columns times 65536 plus rows; 0 when there is none. The bytes are copied into a vector of exactly
-/// their number, so that the address sanitizer sees a read behind them.
+/// their number, so that the address sanitizer sees a read past them.
 int SizeOf(const std::vector<BYTE>& bytes)
 {
     const std::vector<BYTE> exact(bytes.begin(), bytes.end());

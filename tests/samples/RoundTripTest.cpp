@@ -3,8 +3,8 @@
 namespace
 {
 
-/// Places that differ, a blank between them: "-" behind one that is gone, "+" behind a new one, "~" behind another
-/// value and "^" behind another VR.
+/// Places that differ, a blank between them: "-" after one that is gone, "+" after a new one, "~" after another
+/// value and "^" after another VR.
 std::string Differences(const Lines& before, const Lines& after)
 {
     std::string differences;
@@ -49,7 +49,7 @@ const std::map<std::string, SLoss> kLosses = {
     {"reportsi.dcm", {"", "00100010- 0040A491- 00081111/00100010+ 0040A372/0040A491+"}},
 };
 
-/// An implicit stream does not tell that pixel data was OW: it comes back as OB, with the same bytes.
+/// An implicit stream does not state that pixel data was OW: it comes back as OB, with the same bytes.
 void ExpectPixelVrOfDictionary(Lines& lines)
 {
     for (auto& [place, value] : lines)
@@ -64,7 +64,7 @@ void ExpectPixelVrOfDictionary(Lines& lines)
 Lines LinesWithoutMetaLength(const CDcmIOD& object)
 {
     Lines lines = LinesOf(object);
-    lines.erase("00020000"); // Made anew by each write.
+    lines.erase("00020000"); // Made again by each write.
     return lines;
 }
 

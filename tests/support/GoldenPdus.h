@@ -1,4 +1,4 @@
-// One PDU of each type, byte by byte (PS3.8 section 9.3), with the object that it stands for.
+// One PDU of each type, byte by byte (PS3.8 section 9.3), with the object that it encodes.
 #pragma once
 
 #include "Bytes.h"

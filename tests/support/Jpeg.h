@@ -3,7 +3,7 @@
 
 #include <string>
 
-/// A JPEG of an even number of bytes that holds no picture: the segments that tell its size, and its end.
+/// A JPEG of an even number of bytes that holds no picture: the segments that give its size, and its end.
 /// @param frameMarker 0xC0 baseline, 0xC2 progressive (ISO/IEC 10918-1, table B.1).
 /// @param application text of an application segment, as cameras write it before the size.
 inline std::string Jpeg(int frameMarker, int columns, int rows, const std::string& application = "")

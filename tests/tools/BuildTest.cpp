@@ -106,7 +106,7 @@ TEST_F(Build, DoesWhatTheLibraryLeavesToItsCaller)
     Expect(1, "build t.asl");
     Write("t.asl", kSmall + "#REMOVE_GROUP=patient\n");
     Expect(20, "build t.asl -o t.dcm", "t.asl: 'patient' in a command is not a group");
-    // Nobody may take an object for anonymised whose script only looks as if it asked for that.
+    // A script that only looks as if it asked for anonymisation must not pass for one that did.
     for (const std::string argument : {"-1,X", ",X"})
     {
         Write("t.asl", kSmall + "#ANONYMIZE_55=" + argument + "\n");

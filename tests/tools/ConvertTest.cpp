@@ -109,7 +109,7 @@ TEST_F(Convert, AFailureKeepsTheOldOutputAndLeavesNothingElse)
     Expect(20, "convert -s big short.dcm out.dcm");
     Expect(20, "convert -s big missing.dcm out.dcm");
 
-    // What 32-bit lengths of implicit VR can tell, the 16 bits of explicit VR cannot.
+    // 32-bit lengths of implicit VR can exceed the 16 bits of explicit VR.
     Write("long.dcm", Part10(kImplicitUid, Implicit(0x00081140, Item(Implicit(0x00081150, std::string(70000, '1'))))));
     Expect(0, "convert -v -s explicit long.dcm kept.dcm",
            "(0008,1150) Referenced SOP Class UID: VR UI is written as UN, because 70000 bytes are too long for it");

@@ -9,7 +9,7 @@ namespace
 const std::string kPatient =
     Explicit(0x00080060, "CS", "MR") + Explicit(0x00100010, "PN", "Doe^Jane") + Explicit(0x00100020, "LO", "P1");
 
-// A value that ends behind the end of the stream.
+// A value that ends after the end of the stream.
 const std::string kCutShort = kPatient.substr(0, kPatient.size() - 1);
 
 } // namespace

@@ -25,7 +25,7 @@ struct SImage
     unsigned sign = 0;
     std::string frames = {};
     unsigned planar = 0;
-    std::string more = {}; ///< Elements behind (0028,0103).
+    std::string more = {}; ///< Elements after (0028,0103).
 
     std::string Elements() const
     {
@@ -136,7 +136,7 @@ TEST_F(FramesTest, WithoutAFrameSizeTheValueIsOneFrame)
 
 TEST_F(FramesTest, OffsetTableOrNumberOfFramesGathersFragments)
 {
-    // The second frame begins at the third item, 8 + 4 + 8 + 2 bytes behind the first.
+    // The second frame begins at the third item, 8 + 4 + 8 + 2 bytes after the first.
     const std::string table = LittleEndian(0, 4) + LittleEndian(22, 4);
     const std::vector<std::string> fragments = {"aabb", "cc", "ddee"};
     EXPECT_EQ(FramesOf(Compressed(kJpegUid, {.frames = "2"}, table, fragments), "").err, "");
@@ -169,7 +169,7 @@ TEST_F(PictureTest, GrayGoesThroughRescaleAndTheFirstWindow)
 
 TEST_F(PictureTest, WithoutAWindowTheRangeOfTheValuesIsShown)
 {
-    // Pixel padding -2000 is no part of the range.
+    // Pixel padding -2000 is not a part of the range.
     const SImage padded{.bits = 16, .sign = 1, .more = Us(0x00280120, 63536)};
     EXPECT_EQ(Draw(Native(padded, Words({-2000, -100, 0, 100}))).bytes, (Bytes{0, 0, 128, 255}));
     EXPECT_EQ(Draw(Native({}, std::string(4, 'x'))).bytes, (Bytes{0, 0, 0, 0}));
@@ -210,7 +210,7 @@ TEST_F(PictureTest, PaletteIndicesStartAtTheFirstMappedValueAndStayInside)
 
     image.more = palette;
     EXPECT_TRUE(Holds(Refusal(Native(image, Words({-1, 5}))), "Data is missing"));
-    // No entries stands for 65536 of them.
+    // 0 entries means 65536 of them.
     image.more = Explicit(0x00281101, "US", Words({0, 0, 8})) + data;
     EXPECT_TRUE(Holds(Refusal(Native(image, Words({-1, 5}))), "too few for 65536 entries"));
 }

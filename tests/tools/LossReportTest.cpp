@@ -41,7 +41,7 @@ TEST_F(LossReport, OneLineSumsUpAndVerboseGivesALineAnElement)
 
 TEST_F(LossReport, AnEmptySequenceIsNoLossForWhatFollowsIt)
 {
-    // Undefined length, for an empty sequence of defined length takes in the element behind it when it is read.
+    // Undefined length, for an empty sequence of defined length takes in the element after it when it is read.
     const auto emptySequence = [](unsigned long tag)
     { return Tag(tag) + "SQ" + LittleEndian(0, 2) + LittleEndian(0xFFFFFFFF, 4) + Implicit(0xFFFEE0DD, ""); };
     const std::string name = Explicit(0x00100010, "PN", "Doe^Jane") + Explicit(0x00100020, "LO", "P1");

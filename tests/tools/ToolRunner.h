@@ -84,7 +84,7 @@ inline std::string Part10(const std::string& uid, const std::string& dataSet)
 class ToolTest : public testing::Test
 {
 protected:
-    /// What a run left behind.
+    /// What a run left.
     struct SRun
     {
         int status;

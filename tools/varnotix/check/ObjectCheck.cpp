@@ -79,7 +79,7 @@ void CheckVr(const SWalkPlace& place, CFindings& findings)
     {
         return;
     }
-    // An element that the dictionary alone made has the VR, or one of the VRs, that the standard gives the tag.
+    // An element made from its tag has the dictionary's VR, or one of them where there is a choice.
     const CDcmElement listed(element.Group(), element.Element());
     const bool isChoice = entry->choice != Varnotix::EVrChoice::None;
     if (!isChoice && letters != listed.VrLetters())

@@ -35,7 +35,7 @@ char32_t SystemCharacterOf(ECodeSet set, std::string_view code)
     std::string form(code);
     if (set == ECodeSet::Kanji2 && form.size() == 2)
     {
-        // The page tells the two kanji sets apart by the high bit of the second byte.
+        // The page distinguishes the two kanji sets by the high bit of the second byte.
         form[1] = static_cast<char>(form[1] & 0x7F);
     }
     std::array<wchar_t, 4> units{};
