@@ -31,6 +31,8 @@ TEST_F(CommandLine, HelpAndVersionAreData)
     EXPECT_EQ(help.err, "");
     EXPECT_TRUE(Holds(help.out, "dump", "VARNOTIX_DATA", "Exit status"));
     EXPECT_EQ(Run("--version").out.substr(0, 9), "varnotix ");
+    EXPECT_EQ(Expect(0, "help").out, help.out);
+    EXPECT_EQ(Expect(0, "help dump").out, Run("dump --help").out);
 }
 
 TEST_F(CommandLine, WhereNamesTheFilesThatWereLoaded)

@@ -113,7 +113,7 @@ int CBuilder::Write()
     if (!isWhole && !m_wanted.force)
     {
         m_report.Error(output +
-                       ": not written, because parts of the script could not be followed; --force writes the rest");
+                       ": not written, because of what is missing or could not be followed; --force writes the rest");
         return STATUS_UNREADABLE;
     }
     ApplyGroupCommands(m_script, object.ElementStore(), m_name, m_report);
@@ -180,7 +180,14 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
             faults.push_back({note.line, Varnotix::ScriptNoteText(note.kind)});
         }
     }
-    return ReportFaults(m_name, faults, m_report) == 0;
+    const int count = ReportFaults(m_name, faults, m_report);
+    if (count > 0 && !hasPixels && needed.contains(Varnotix::Tag::kRows))
+    {
+        m_report.ErrorLine(
+            "There is no pixel data: #SOURCE_FILE, #PIXEL_DATA_FILE or #PIXEL_DATA_DIR names it, and what "
+            "describes it comes with it.");
+    }
+    return count == 0;
 }
 
 /// By the classic rules a reader takes the element after an empty sequence for one of its items.

@@ -192,6 +192,12 @@ bool CCommandLine::KnowsVerb(const std::string& given) const
 int CCommandLine::Run(int count, char** texts)
 {
     std::vector<std::string> reversed = ReversedArguments(count, texts);
+    if (!reversed.empty() && reversed.back() == "help")
+    {
+        // "help dump" is what many programs take for "dump --help".
+        reversed.pop_back();
+        reversed.insert(reversed.begin(), "--help");
+    }
     const auto isWord = [](const std::string& text) { return !text.starts_with("-"); };
     const auto isHelp = [](const std::string& text) { return text == "-h" || text == "--help" || text == "--version"; };
     const auto word = std::find_if(reversed.rbegin(), reversed.rend(), isWord);
