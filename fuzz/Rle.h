@@ -14,8 +14,9 @@ struct SRleInput
     explicit SRleInput(CInput& input)
     {
         static constexpr unsigned kBits[] = {8, 16, 1, 7, 0, 12, 24, 32};
-        const unsigned rows = input.Take();
-        const unsigned columns = input.Take();
+        // Larger pictures only cost time: what matters is how they compare with their frame.
+        const unsigned rows = input.Take() % 32;
+        const unsigned columns = input.Take() % 32;
         const unsigned bits = kBits[input.Take() % std::size(kBits)];
         photometric = static_cast<int>(input.Take() % 13); // One more than there are names.
         image.Rows(static_cast<WORD>(rows));

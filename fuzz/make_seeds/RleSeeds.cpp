@@ -45,6 +45,6 @@ void MakeRleSeeds()
     encode("pairs", Input(1, 1, kBits16, kPalette, Join({Bytes({1, 2, 2, 3, 3, 3, 4, 4, 5, 5, 6}), Repeated(0, 40)})));
     encode("grows", Input(1, 1, kBits8, kMonochrome, Counting(0, 256)));
     encode("rgb", Input(8, 15, kBits8, kRgb, smooth));
-    encode("rgb_short", Input(200, 200, kBits8, kRgb, smooth));
+    encode("rgb_short", Input(31, 31, kBits8, kRgb, smooth));
     encode("other", Input(4, 4, kBits8, kOther, smooth));
 }
