@@ -19,7 +19,16 @@ namespace
 
 using SBlock = CElementBlocks::SBlock;
 
+// Both ways in which compilers name the sanitizer.
 #if defined(__SANITIZE_ADDRESS__)
+#define VARNOTIX_SINGLE_OBJECTS
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define VARNOTIX_SINGLE_OBJECTS
+#endif
+#endif
+
+#if defined(VARNOTIX_SINGLE_OBJECTS)
 // The sanitizer sees the use of a destroyed object only where its memory is freed.
 constexpr std::size_t kLargestBlock = 0;
 #else
