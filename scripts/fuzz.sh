@@ -54,7 +54,7 @@ for target in "$@"; do
     # Inputs that the shorter ones replaced are gone from the corpus.
     rm -rf "$place/corpus" && mv "$scratch/corpus" "$place/corpus"
     executed=$(number "$place/log" stat::number_of_executed_units:)
-    rate=$(awk -v runs="$executed" '$1 == "processor" { used = $2 + $3 } END { printf "%d", used > 0 ? runs / used : 0 }' \
+    rate=$(awk -v runs="$executed" '$1 == "processor" { used = $2 + $3 } END { printf "%d", (used > 0 ? runs / used : 0) }' \
         "$place/log")
     printf '%-12s %12s %10s %8s %16s  %s\n' "$target" "$executed" "$rate" "$(number "$place/log" cov:)" \
         "$(number "$place/log" corp:)" "$verdict"
