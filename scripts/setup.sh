@@ -6,7 +6,8 @@ set -euo pipefail
 
 [ $# -gt 0 ] || set -- release asan tsan installed windows clang bench coverage fuzz hostile style reference
 
-packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libasio-dev libpng-dev zlib1g-dev)
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libasio-dev zlib1g-dev
+    libpng-dev libjpeg62-turbo-dev libopenjp2-7-dev libcharls-dev)
 for stage in "$@"; do
     case $stage in
         release | asan | tsan) packages+=(libgtest-dev dcmtk libgdcm-tools dicom3tools python3-pydicom) ;;
