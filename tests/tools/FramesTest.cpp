@@ -1,114 +1,4 @@
-#include "PngReader.h"
-#include "ToolRunner.h"
-
-namespace
-{
-
-using Bytes = std::vector<int>;
-
-const std::string kJpegUid = "1.2.840.10008.1.2.4.50";
-const std::string kMonochrome2 = "MONOCHROME2 ";
-
-std::string Text(unsigned long tag, const std::string& vr, const std::string& value)
-{
-    return Explicit(tag, vr, value.size() % 2 == 0 ? value : value + " ");
-}
-
-/// The image pixel attributes of a test image, and what is to stand beside them.
-struct SImage
-{
-    unsigned samples = 1;
-    std::string photometric = kMonochrome2;
-    unsigned rows = 2;
-    unsigned columns = 2;
-    unsigned bits = 8;
-    unsigned sign = 0;
-    std::string frames = {};
-    unsigned planar = 0;
-    std::string more = {}; ///< Elements after (0028,0103).
-
-    std::string Elements() const
-    {
-        return Us(0x00280002, samples) + Text(0x00280004, "CS", photometric) + Us(0x00280006, planar) +
-               (frames.empty() ? "" : Text(0x00280008, "IS", frames)) + Us(0x00280010, rows) + Us(0x00280011, columns) +
-               Us(0x00280100, bits) + Us(0x00280101, bits) + Us(0x00280102, bits - 1) + Us(0x00280103, sign) + more;
-    }
-};
-
-std::string Native(const SImage& image, const std::string& pixels)
-{
-    return Part10(kExplicitUid, image.Elements() + Explicit(0x7FE00010, "OW", pixels));
-}
-
-std::string Compressed(const std::string& uid, const SImage& image, const std::string& table,
-                       const std::vector<std::string>& fragments)
-{
-    return Part10(uid, image.Elements() + Encapsulated(table, fragments));
-}
-
-/// An RLE frame of literal runs, one segment a text of at most 128 bytes (PS3.5 Annex G).
-std::string RleFrame(const std::vector<std::string>& segments)
-{
-    std::string header = LittleEndian(segments.size(), 4);
-    std::string body;
-    for (const std::string& segment : segments)
-    {
-        header += LittleEndian(64 + body.size(), 4);
-        body += static_cast<char>(segment.size() - 1) + segment;
-    }
-    header.resize(64);
-    return header + body + (body.size() % 2 == 0 ? "" : std::string(1, '\0'));
-}
-
-std::string Words(const std::vector<int>& values)
-{
-    std::string text;
-    for (const int value : values)
-    {
-        text += LittleEndian(static_cast<unsigned long>(value) & 0xFFFFU, 2);
-    }
-    return text;
-}
-
-class FramesTest : public ToolTest
-{
-protected:
-    static SRun FramesOf(const std::string& file, const std::string& arguments, int status = 0)
-    {
-        std::filesystem::remove_all("out");
-        Write("in.dcm", file);
-        return Expect(status, "frames in.dcm -o out " + arguments);
-    }
-
-    /// The first picture of an object; empty, with the message shown, when none was drawn.
-    SReadPicture Draw(const std::string& file)
-    {
-        FramesOf(file, "--png");
-        return ReadPicture("out/frame-0001.png");
-    }
-
-    /// The message with which an object is not drawn.
-    std::string Refusal(const std::string& file)
-    {
-        const SRun run = FramesOf(file, "--png", 20);
-        EXPECT_FALSE(std::filesystem::exists("out/frame-0001.png"));
-        return run.err;
-    }
-};
-
-class PictureTest : public FramesTest
-{
-protected:
-    void SetUp() override
-    {
-        if (!kHasPng)
-        {
-            GTEST_SKIP() << "built without the PNG library";
-        }
-    }
-};
-
-} // namespace
+#include "FrameInputs.h"
 
 TEST_F(FramesTest, UncompressedFramesLieBackToBack)
 {
@@ -153,115 +43,43 @@ TEST_F(FramesTest, OffsetTableOrNumberOfFramesGathersFragments)
     EXPECT_EQ(Read("out/frame-0003.bin"), "ddee");
 }
 
-TEST_F(PictureTest, GrayGoesThroughRescaleAndTheFirstWindow)
+TEST_F(FramesTest, ManyObjectsGetNamesThatDoNotMix)
 {
-    const std::string scale = Text(0x00281050, "DS", "10.5\\7") + Text(0x00281051, "DS", "21\\9") +
-                              Text(0x00281052, "DS", "-100") + Text(0x00281053, "DS", "2");
-    // Modality values -120, 0, 10 and 900; the window is linear from 0 to 20.
-    const std::string pixels = Words({-10, 50, 55, 500});
-    const SReadPicture picture = Draw(Native({.rows = 4, .columns = 1, .bits = 16, .sign = 1, .more = scale}, pixels));
-    EXPECT_FALSE(picture.isColour);
-    EXPECT_EQ(std::pair(picture.width, picture.height), std::pair(1U, 4U));
-    EXPECT_EQ(picture.bytes, (Bytes{0, 0, 128, 255}));
-    EXPECT_EQ(Draw(Native({.photometric = "MONOCHROME1 ", .bits = 16, .sign = 1, .more = scale}, pixels)).bytes,
-              (Bytes{255, 255, 127, 0}));
-}
-
-TEST_F(PictureTest, WithoutAWindowTheRangeOfTheValuesIsShown)
-{
-    // Pixel padding -2000 is not a part of the range.
-    const SImage padded{.bits = 16, .sign = 1, .more = Us(0x00280120, 63536)};
-    EXPECT_EQ(Draw(Native(padded, Words({-2000, -100, 0, 100}))).bytes, (Bytes{0, 0, 128, 255}));
-    EXPECT_EQ(Draw(Native({}, std::string(4, 'x'))).bytes, (Bytes{0, 0, 0, 0}));
-
-    const SImage strange{.more = Text(0x00281050, "DS", "1") + Text(0x00281051, "DS", "0")};
-    EXPECT_EQ(Draw(Native(strange, std::string("\0\1\0\1", 4))).bytes, (Bytes{0, 255, 0, 255}));
-    EXPECT_TRUE(Holds(Read("err.txt"), "Window Width '0' cannot be used"));
-}
-
-TEST_F(PictureTest, ColourIsDrawnByPixelAndByPlane)
-{
-    const Bytes wanted = {1, 2, 3, 4, 5, 6};
-    const SImage rgb{.samples = 3, .photometric = "RGB", .rows = 1};
-    EXPECT_EQ(Draw(Native(rgb, "\1\2\3\4\5\6")).bytes, wanted);
-    SImage byPlane = rgb;
-    byPlane.planar = 1;
-    EXPECT_EQ(Draw(Native(byPlane, "\1\4\2\5\3\6")).bytes, wanted);
-
-    // Full luminance without colour is white; red difference at its top is red.
-    const SImage ybr{.samples = 3, .photometric = "YBR_FULL", .rows = 1};
-    EXPECT_EQ(Draw(Native(ybr, "\xFF\x80\x80\x4C\x55\xFF")).bytes, (Bytes{255, 255, 255, 254, 0, 0}));
-    const SImage shared{.samples = 3, .photometric = "YBR_FULL_422", .rows = 1};
-    EXPECT_EQ(Draw(Native(shared, std::string("\xFF\0\x80\x80", 4))).bytes, (Bytes{255, 255, 255, 0, 0, 0}));
-}
-
-TEST_F(PictureTest, PaletteIndicesStartAtTheFirstMappedValueAndStayInside)
-{
-    std::string palette;
-    std::string data;
-    for (unsigned long channel = 0; channel < 3; ++channel)
+    const auto write = [](const std::string& name, const std::string& uid, const std::string& frames)
     {
-        palette += Explicit(0x00281101 + channel, "US", Words({2, -1, 16}));
-        const int first = static_cast<int>(channel + 1) * 0x1000;
-        data += Explicit(0x00281201 + channel, "OW", Words({first, first + 0x0800}));
-    }
-    SImage image{.photometric = "PALETTE COLOR ", .rows = 1, .bits = 16, .sign = 1, .more = palette + data};
-    EXPECT_EQ(Draw(Native(image, Words({-1, 5}))).bytes, (Bytes{0x10, 0x20, 0x30, 0x18, 0x28, 0x38}));
+        const std::string instance = uid.empty() ? "" : Explicit(0x00080018, "UI", PaddedUid(uid));
+        Write(name, Part10(kExplicitUid, instance + Text(0x00200013, "IS", "7") + SImage{.frames = frames}.Elements() +
+                                             Explicit(0x7FE00010, "OW", "abcdefgh")));
+    };
+    std::filesystem::create_directories("in/deep");
+    write("in/a.dcm", "1.2.3", "2 ");
+    write("in/deep/b.dcm", "1.2.4", "1 ");
+    Write("in/note.txt", "no object");
+    Expect(0, "frames -r in -o out");
+    EXPECT_EQ(Read("out/1.2.3-0002.bin"), "efgh");
+    EXPECT_EQ(Read("out/1.2.4-0001.bin"), "abcd");
+    Expect(0, "frames -r in -o out --name {file}/{number}-{frame}");
+    EXPECT_EQ(Read("out/a/0007-0002.bin"), "efgh");
+    Expect(0, "frames in/a.dcm -o out --frame 2");
+    EXPECT_EQ(Read("out/frame-0002.bin"), "efgh");
+    EXPECT_FALSE(std::filesystem::exists("out/frame-0001.bin"));
+    Expect(0, "frames in/a.dcm -o - --frame 2");
+    EXPECT_EQ(ReadText("out.txt"), "efgh");
 
-    image.more = palette;
-    EXPECT_TRUE(Holds(Refusal(Native(image, Words({-1, 5}))), "Data is missing"));
-    // 0 entries means 65536 of them.
-    image.more = Explicit(0x00281101, "US", Words({0, 0, 8})) + data;
-    EXPECT_TRUE(Holds(Refusal(Native(image, Words({-1, 5}))), "too few for 65536 entries"));
-}
-
-TEST_F(PictureTest, RunLengthEncodedFramesAreDrawnWholeToTheirLastByte)
-{
-    // High bytes, then low bytes: 0, 255, 256, 510.
-    const std::string words = RleFrame({std::string("\0\0\1\1", 4), std::string("\0\xFF\0\xFE", 4)});
-    EXPECT_EQ(Draw(Compressed(kRleUid, {.bits = 16}, "", {words})).bytes, (Bytes{0, 128, 128, 255}));
-    // Segments are planes whatever the planar configuration is.
-    const SImage rgb{.samples = 3, .photometric = "RGB", .rows = 1, .planar = 0};
-    EXPECT_EQ(Draw(Compressed(kRleUid, rgb, "", {RleFrame({"\1\4", "\2\5", "\3\6"})})).bytes,
-              (Bytes{1, 2, 3, 4, 5, 6}));
-    const SImage shared{.samples = 3, .photometric = "YBR_FULL_422", .rows = 1, .planar = 1};
-    EXPECT_EQ(Draw(Compressed(kRleUid, shared, "", {RleFrame({{"\xFF\0", 2}, "\x80\x80", "\x80\x80"})})).bytes,
-              (Bytes{255, 255, 255, 0, 0, 0}));
-}
-
-TEST_F(PictureTest, RunLengthEncodedSamplesLookAsAnotherToolDecodesThem)
-{
-    const char* folder = std::getenv("VARNOTIX_SAMPLES");
-    if (folder == nullptr || std::system("which dcmdrle >which.txt 2>&1") != 0)
-    {
-        GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder, or dcmdrle is not installed";
-    }
-    for (const char* name : {"MR_small_RLE", "CT0012.bot_rle", "SC_rgb_rle", "SC_rgb_rle_2frame"})
-    {
-        const std::string sample = "\"" + (std::filesystem::path(folder) / name).string() + ".dcm\"";
-        ASSERT_EQ(std::system(("dcmdrle " + sample + " decoded.dcm").c_str()), 0) << name;
-        Expect(0, "frames -q --png -o mine " + sample);
-        Expect(0, "frames -q --png -o theirs decoded.dcm");
-        for (const auto& picture : std::filesystem::directory_iterator("mine"))
-        {
-            const std::string file = picture.path().filename().string();
-            EXPECT_EQ(Read("mine/" + file), Read("theirs/" + file)) << name << ' ' << file;
-        }
-        EXPECT_NE(Read("theirs/frame-0001.png"), "");
-    }
-}
-
-TEST_F(PictureTest, WhatCannotBeDrawnIsRefusedWithTheReason)
-{
-    const std::string frame = RleFrame({"abcd"});
-    EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {.rows = 65535, .columns = 65535}, "", {frame})), "too few for"));
-    EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {.bits = 16}, "", {frame})), "1 RLE segments"));
-    EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {}, "", {"ab"})), "too few for the header"));
-    EXPECT_TRUE(Holds(Refusal(Compressed(kJpegUid, {}, "", {"abcd"})), "only RLE is decompressed"));
-    EXPECT_TRUE(Holds(Refusal(Native({.rows = 65535, .columns = 65535}, "abcd")), "a picture needs"));
-    EXPECT_TRUE(Holds(Refusal(Native({.bits = 12}, "abcdef")), "samples of 12 bits"));
-    EXPECT_TRUE(Holds(Refusal(Native({.bits = 65535}, "abcdef")), "samples of 65535 bits"));
-    EXPECT_TRUE(Holds(Refusal(Native({.photometric = "HSV "}, "abcd")), "'HSV' are not supported"));
-    EXPECT_TRUE(Holds(Refusal(Native({.samples = 3}, "abcdabcdabcd")), "3 samples per pixel do not fit"));
-    EXPECT_TRUE(Holds(Refusal(Native({.more = Text(0x00281053, "DS", "1e999")}, "abcd")), "'1e999' cannot be used"));
+    // Whatever would mix two objects, or lead out of the folder, is refused or reported.
+    Expect(40, "frames in/a.dcm in/deep/b.dcm -o out2 --name frame-{frame}", "frame-0001.bin holds in/a.dcm, frame 1");
+    EXPECT_EQ(Read("out2/frame-0002.bin"), "efgh");
+    Expect(40, "frames in/a.dcm -o out3 --name one", "frame 2: not written: ", "one.bin holds in/a.dcm, frame 1");
+    Expect(0, "frames in/deep/b.dcm -o out2", "frame-0002.bin and those after it are not of this object");
+    write("nameless.dcm", "", "1 ");
+    Expect(40, "frames nameless.dcm in/a.dcm -o out4", "it has no (0008,0018)");
+    write("strange.dcm", "../../1", "1 ");
+    Expect(0, "frames strange.dcm -o out5 --name {uid}");
+    EXPECT_TRUE(std::filesystem::exists("out5/_._.._1.bin"));
+    Expect(1, "frames in/a.dcm -o out --name ../{frame}", "leads out of the output folder");
+    Expect(1, "frames in/a.dcm -o out --name {patient}", "has the field 'patient'");
+    Expect(1, "frames in/a.dcm -o out --frame 0", "is not a number of a frame");
+    Expect(1, "frames -r in -o -", "standard output takes one frame");
+    Expect(20, "frames in/a.dcm -o -", "choose it with --frame");
+    Expect(20, "frames in/a.dcm -o out --frame 3", "it has no frame 3; it has 2");
 }

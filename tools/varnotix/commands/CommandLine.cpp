@@ -96,9 +96,10 @@ void CVerb::Inputs(SInputs& inputs, const char* help, ENeed need)
         ->check(CLI::Range(0, kMostJobs));
 }
 
-void CVerb::Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help)
+void CVerb::Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help,
+                   ENeed need)
 {
-    AddText(m_verb, name, value, help, ENeed::Required).check(CLI::IsMember(words));
+    AddText(m_verb, name, value, help, need).check(CLI::IsMember(words));
 }
 
 void CVerb::Syntax(int& syntax, const char* help, ENeed need)

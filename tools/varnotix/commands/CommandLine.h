@@ -43,7 +43,8 @@ public:
     /// @param inputs whose entersFolders is set takes folders without "--recursive", too.
     void Inputs(SInputs& inputs, const char* help, ENeed need = ENeed::Required);
     /// One of the words.
-    void Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help);
+    void Choice(const char* name, CString& value, const std::vector<std::string>& words, const char* help,
+                ENeed need = ENeed::Required);
     /// The option "--syntax" and its words. The value is one of ESyntax, or kSyntaxDeflated.
     void Syntax(int& syntax, const char* help, ENeed need);
     void Flag(const char* name, bool& value, const char* help);

@@ -1,13 +1,11 @@
-#include "Varnotix/platform/FileSearch.h"
 #include "commands/Commands.h"
-#include "console/Progress.h"
 #include "files/Input.h"
-#include "files/OutputFolder.h"
-#include "picture/FrameSource.h"
+#include "object/Attributes.h"
+#include "picture/FrameExport.h"
 #include "picture/PngWriter.h"
-#include "picture/RleFrame.h"
 #include "rewrite/CheckedWrite.h"
 #include "rewrite/FileMeta.h"
+#include "run/InputRun.h"
 
 #include <algorithm>
 #include <memory>
@@ -16,183 +14,131 @@ namespace
 {
 
 constexpr const char* kFooter =
-    "The files are frame-0001 and so on, with the extension jpg, j2k or jls for what these decoders read, and bin\n"
-    "for the rest. Uncompressed samples of more than one byte are in little endian, whatever the file has.\n"
-    "Pictures (--png) have eight bits per channel. Grayscale is shown through the first window, or over the range of\n"
-    "the values in the frame; MONOCHROME1, RGB, YBR_FULL, YBR_FULL_422 and PALETTE COLOR are understood,\n"
-    "uncompressed or run length encoded. Overlays are not drawn. Standard error reports what cannot be drawn.";
+    "The frames of a single FILE are frame-0001 and so on; those of several are named by their SOP Instance UID.\n"
+    "--name chooses other names: {uid}, {series}, {study}, {number}, {file} and {frame} are replaced. The extension "
+    "is\n"
+    "jpg, j2k or jls for what these decoders read, and bin for the rest. Uncompressed samples of more than one byte\n"
+    "are in little endian, whatever the file has. No frame replaces that of another object of the run.\n"
+    "Pictures (--png) are drawn of uncompressed, RLE, JPEG, JPEG-LS and JPEG 2000 frames. Grayscale is shown through\n"
+    "the first window, or the first VOI LUT, or over the range of the values in the frame. Standard error reports\n"
+    "what cannot be drawn.";
 
 struct SFramesOptions
 {
-    CString input;
+    SInputs inputs;
     CString folder;
+    CString name;
+    CString frame;
+    CString window;
+    CString depth = "8";
     bool asPictures = false;
+    bool withOverlays = false;
 };
 
-const char* ExtensionOf(int uidRow)
+/// @return empty, or what is wrong with the text.
+CString ReadWindowChoice(const CString& text, SWindowChoice& choice)
 {
-    using namespace Varnotix;
-    if (uidRow >= UID_JPEG_BASELINE && uidRow <= UID_JPEG_LOSSLESS_FIRST_ORDER)
+    using EKind = SWindowChoice::EKind;
+    if (text.IsEmpty() || text == "range" || text == "lut")
     {
-        return "jpg";
+        choice.kind = text.IsEmpty() ? EKind::Object : text == "range" ? EKind::Range : EKind::Table;
+        return CString();
     }
-    if (uidRow == UID_JPEG_LS_LOSSLESS || uidRow == UID_JPEG_LS_NEAR_LOSSLESS)
+    const int comma = text.Find(',');
+    const std::optional<double> center = DecimalNumber(comma < 0 ? text : text.Left(comma));
+    const std::optional<double> width = comma < 0 ? std::nullopt : DecimalNumber(text.Mid(comma + 1));
+    if (!center.has_value() || !width.has_value() || *width <= 0)
     {
-        return "jls";
+        return "--window: '" + text + "' is neither CENTER,WIDTH nor 'range' nor 'lut'";
     }
-    const bool isJpeg2000 = uidRow >= UID_JPEG_2000_LOSSLESS && uidRow <= UID_JPEG_2000_PART2;
-    return isJpeg2000 || (uidRow >= UID_HTJ2K_LOSSLESS && uidRow <= UID_HTJ2K) ? "j2k" : "bin";
+    choice = {EKind::Given, *center, *width};
+    return CString();
 }
 
-/// Writes the frames of one object.
-class CFrameWriter
+bool HasManyInputs(const SFramesOptions& options)
 {
-public:
-    CFrameWriter(const CString& name, const CString& folder, const CReport& report)
-        : m_name(name), m_folder(folder), m_report(report)
+    return options.inputs.names.size() > 1 || options.inputs.entersFolders;
+}
+
+/// @return empty, or what is wrong with the command line.
+CString ReadOptions(const SFramesOptions& options, SFrameExport& wanted)
+{
+    constexpr int kHighestWord = 65535;
+    const int frame = options.frame.IsEmpty() ? 0 : WholeNumber(options.frame).value_or(-1);
+    if (frame < 0 || (frame == 0 && !options.frame.IsEmpty()))
     {
+        return "--frame: '" + options.frame + "' is not a number of a frame; the first is 1";
     }
-
-    int WriteAll(const CDcmIOD& object, bool asPictures);
-
-private:
-    bool WriteOne(const CFrameSource& source, std::size_t index) const;
-    void Save(const CString& fileName, const void* bytes, std::size_t size) const;
-
-    CString m_name;
-    CString m_folder;
-    const CReport& m_report;
-    SImageHeader m_header;
-    const CPainter* m_painter = nullptr; // Null: frames are written as stored.
-    bool m_isRle = false;
-    CString m_extension;
-};
-
-int CFrameWriter::WriteAll(const CDcmIOD& object, bool asPictures)
-{
-    const CDcmElement* element = object.ElementStore().Find(Varnotix::Tag::kPixelData);
-    const CDcmFrameList* stored = element != nullptr ? element->Frames() : nullptr;
-    if (stored == nullptr || stored->GetCount() == 0)
+    if (!options.asPictures && (options.withOverlays || !options.window.IsEmpty() || options.depth != "8"))
     {
-        m_report.Error(m_name + ": it has no pixel data");
+        return "--overlays, --window and --depth are for pictures, and need --png";
+    }
+    if (options.asPictures && !HasPngWriter())
+    {
+        return "this build has no PNG writer; without --png frames are written as stored";
+    }
+    if (options.folder == "-" && HasManyInputs(options))
+    {
+        return "-o: standard output takes one frame of a single FILE";
+    }
+    wanted.folder = options.folder;
+    wanted.asPictures = options.asPictures;
+    wanted.withOverlays = options.withOverlays;
+    wanted.frame = static_cast<std::size_t>(frame);
+    wanted.showsProgress = !HasManyInputs(options);
+    wanted.style.highest = options.depth == "16" ? kHighestWord : wanted.style.highest;
+    return ReadWindowChoice(options.window, wanted.style.window);
+}
+
+int FramesOf(const SJob& job, const SFrameExport& wanted, const CFrameNames& names, CTakenNames& taken)
+{
+    const CString& path = job.input.path;
+    CDcmIOD object;
+    SReadStop stop;
+    if (!ReadObjectPart(path, object, stop, job.report))
+    {
         return STATUS_UNREADABLE;
     }
-    m_header = ReadImageHeader(object);
-    const SObjectForm form = FormOf(object);
-    const int row = CDcmRegistry::Global().UidEnum(form.transferSyntax);
-    m_isRle = form.compressed && row == Varnotix::UID_RLE;
-    m_extension = asPictures ? "png" : ExtensionOf(form.compressed ? row : 0);
-    const CFrameSource source(*stored, m_header, form.compressed, m_name, m_report);
-    if (m_isRle)
+    if (!stop.IsEmpty() && object.ElementStore().Find(Varnotix::Tag::kPixelData) == nullptr)
     {
-        // A decoded frame has whole samples, pixel by pixel, regardless of the attributes (PS3.5 Annex G).
-        m_header.byPlane = false;
-        m_header.photometricNumber =
-            m_header.photometricNumber == PHOTOMETRIC_YBR_FULL_422 ? PHOTOMETRIC_YBR_FULL : m_header.photometricNumber;
+        return ReportStop(path, stop, job.report);
     }
-
-    std::unique_ptr<CPainter> painter;
-    if (asPictures)
+    const auto write = [&]
     {
-        if (form.compressed && !m_isRle)
-        {
-            m_report.Error(m_name + ": no picture is drawn: its pixel data is compressed (transfer syntax " +
-                           form.transferSyntax + "), and only RLE is decompressed here");
-            m_report.ErrorLine("Without --png its frames are written as stored.");
-            return STATUS_UNREADABLE;
-        }
-        painter = std::make_unique<CPainter>(object.ElementStore(), m_header, m_name, m_report);
-        if (!painter->Refusal().IsEmpty())
-        {
-            m_report.Error(m_name + ": no picture is drawn: " + painter->Refusal());
-            return STATUS_UNREADABLE;
-        }
-    }
-    m_painter = painter.get();
-    if (source.Count() == 0)
-    {
-        m_report.Error(m_name + ": it has no complete frame");
-        return STATUS_UNREADABLE;
-    }
-
-    MakeFolder(m_folder);
-    CProgress progress(source.Count(), m_report);
-    int status = STATUS_DONE;
-    for (std::size_t i = 0; i < source.Count(); ++i)
-    {
-        progress.Step(i);
-        status = WriteOne(source, i) ? status : STATUS_UNREADABLE;
-    }
-    return status;
-}
-
-bool CFrameWriter::WriteOne(const CFrameSource& source, std::size_t index) const
-{
-    CString fileName;
-    fileName.Format("frame-%04lu.", static_cast<unsigned long>(index + 1));
-    fileName += m_extension;
-    CByteArray frame = source.Frame(index);
-    if (m_painter == nullptr)
-    {
-        Save(fileName, frame.GetData(), static_cast<std::size_t>(frame.GetSize()));
-        return true;
-    }
-    CString reason;
-    if (m_isRle)
-    {
-        CByteArray pixels;
-        reason = DecodeRleFrame(m_header, frame, pixels);
-        frame.Swap(pixels);
-    }
-    SPicture picture;
-    std::vector<BYTE> file;
-    reason = reason.IsEmpty() ? m_painter->Paint(frame, picture) : reason;
-    reason = reason.IsEmpty() ? EncodePng(picture, file) : reason;
-    if (!reason.IsEmpty())
-    {
-        CString number;
-        number.Format(": frame %lu is not drawn: ", static_cast<unsigned long>(index + 1));
-        m_report.Error(m_name + number + reason);
-        return false;
-    }
-    Save(fileName, file.data(), file.size());
-    return true;
-}
-
-void CFrameWriter::Save(const CString& fileName, const void* bytes, std::size_t size) const
-{
-    const CString path = Varnotix::JoinPath(m_folder, fileName);
-    COutputFile target(path);
-    target.File().Write(bytes, static_cast<UINT>(size));
-    target.Commit();
-    m_report.Detail(m_name + ": written to " + path);
+        const SObjectForm form = FormOf(object);
+        const int status = ExportFrames({object, path, ShownName(path), form.transferSyntax, form.compressed}, wanted,
+                                        names, taken, job.report);
+        return std::max(status, ReportStop(path, stop, job.report));
+    };
+    return ReportWriteFailures(wanted.folder, job.report, write);
 }
 
 int Frames(const SFramesOptions& options, const CReport& report)
 {
-    if (options.asPictures && !HasPngWriter())
+    SFrameExport wanted;
+    CString reason = ReadOptions(options, wanted);
+    CString pattern = options.name;
+    if (pattern.IsEmpty())
     {
-        report.Error("this build has no PNG writer; without --png frames are written as stored");
+        pattern = HasManyInputs(options) ? "{uid}-{frame}" : "frame-{frame}";
+    }
+    const CFrameNames names(pattern);
+    if (reason.IsEmpty() && !names.Refusal().IsEmpty())
+    {
+        reason = "--name: '" + pattern + "': " + names.Refusal();
+    }
+    if (!reason.IsEmpty())
+    {
+        report.Error(reason);
         return STATUS_USAGE;
     }
     if (!HasDataFiles(report, true))
     {
         return STATUS_UNREADABLE;
     }
-    CDcmIOD object;
-    SReadStop stop;
-    if (!ReadObjectPart(options.input, object, stop, report))
-    {
-        return STATUS_UNREADABLE;
-    }
-    return ReportWriteFailures(
-        options.folder, report,
-        [&]
-        {
-            const int status =
-                CFrameWriter(ShownName(options.input), options.folder, report).WriteAll(object, options.asPictures);
-            return std::max(status, ReportStop(options.input, stop, report));
-        });
+    CTakenNames taken;
+    return RunInputs(options.inputs, report, "could not be written whole",
+                     [&](const SJob& job) { return FramesOf(job, wanted, names, taken); });
 }
 
 } // namespace
@@ -201,9 +147,19 @@ void AddFrames(CCommandLine& line)
 {
     const auto options = std::make_shared<SFramesOptions>();
     CVerb verb = line.AddVerb("frames", "Write each frame of the pixel data to a file", kFooter);
-    verb.Text("FILE", options->input, "File to read; '-' is standard input");
-    verb.Text("-o,--output", options->folder, "Output folder; created if missing");
+    verb.Inputs(options->inputs, "Files to read; '-' is standard input");
+    verb.Text("-o,--output", options->folder,
+              "Output folder, created if missing; '-' is standard output, for one frame");
+    verb.Text("--name", options->name, "Names of the files, without extension: '{series}/{uid}-{frame}'",
+              CVerb::ENeed::Optional);
+    verb.Text("--frame", options->frame, "Write this frame only; the first is 1", CVerb::ENeed::Optional);
     verb.Flag("--png", options->asPictures, "Write PNG pictures instead of the stored frames");
+    verb.Text("--window", options->window,
+              "Show gray through this window, CENTER,WIDTH; 'range': over the range of the values; 'lut': through the "
+              "first VOI LUT",
+              CVerb::ENeed::Optional);
+    verb.Flag("--overlays", options->withOverlays, "Draw overlays into the pictures");
+    verb.Choice("--depth", options->depth, {"8", "16"}, "Bits per channel of the pictures", CVerb::ENeed::Optional);
     verb.MessageFlags();
     verb.Action(options, Frames);
 }

@@ -14,7 +14,9 @@ enum EPhotometric : int
     PHOTOMETRIC_PALETTE = 2,
     PHOTOMETRIC_RGB = 3,
     PHOTOMETRIC_YBR_FULL = 4,
-    PHOTOMETRIC_YBR_FULL_422 = 5
+    PHOTOMETRIC_YBR_FULL_422 = 5,
+    PHOTOMETRIC_YBR_ICT = 7,
+    PHOTOMETRIC_YBR_RCT = 8
 };
 
 /// The attributes, unchecked. Missing ones are zero.

@@ -1,9 +1,7 @@
 /// Palette colour lookup tables (PS3.3 C.7.6.3.1.5 and C.7.6.3.1.6).
 #pragma once
 
-#include "Varnotix/Varnotix.h"
-
-#include <cstdint>
+#include "picture/LookupTable.h"
 
 /// The three tables of an object.
 class CPalette
@@ -14,19 +12,9 @@ public:
     CString Read(const CDcmElementSet& store, bool isSigned);
 
     /// Writes red, green and blue of a stored value. A value outside a table takes the table's first or last entry.
-    void Colour(std::int64_t value, BYTE* rgb) const;
+    /// @param highest the number of full intensity: 255 or 65535.
+    void Colour(std::int64_t value, int highest, std::uint16_t* rgb) const;
 
 private:
-    struct STable
-    {
-        std::int64_t entries = 0;
-        std::int64_t first = 0;
-        std::size_t entrySize = 1; ///< Bytes from entry to entry.
-        std::size_t shownByte = 0; ///< The byte of an entry that a picture of eight bits shows.
-        CSharedBytes data;
-    };
-
-    static CString ReadTable(const CDcmElementSet& store, int channel, bool isSigned, STable& table);
-
-    STable m_tables[3];
+    CLookupTable m_tables[3];
 };

@@ -1,6 +1,7 @@
 #include "picture/Picture.h"
 
 #include "object/Attributes.h"
+#include "picture/Colour.h"
 #include "picture/SampleReader.h"
 
 #include <algorithm>
@@ -10,30 +11,36 @@
 namespace
 {
 
-constexpr int kBlack = 0;
-constexpr int kWhite = 255;
+constexpr int kByte = 255;
 
-/// Full range colour difference values as colours (PS3.3 C.7.6.3.1.2).
-void FromYbr(int luminance, int blue, int red, BYTE* rgb)
+/// Values of eight bits become those of the picture's depth.
+void SpreadBytes(SPicture& picture)
 {
-    constexpr int kZero = 128;
-    const auto channel = [](double value)
-    { return static_cast<BYTE>(std::clamp(std::lround(value), static_cast<long>(kBlack), static_cast<long>(kWhite))); };
-    rgb[0] = channel(luminance + 1.402 * (red - kZero));
-    rgb[1] = channel(luminance - 0.344136 * (blue - kZero) - 0.714136 * (red - kZero));
-    rgb[2] = channel(luminance + 1.772 * (blue - kZero));
+    for (std::uint16_t& value : picture.values)
+    {
+        value = static_cast<std::uint16_t>(value * (picture.highest / kByte));
+    }
 }
 
 } // namespace
 
-CPainter::CPainter(const CDcmElementSet& store, const SImageHeader& header, const CString& name, const CReport& report)
-    : m_header(header)
+CPainter::CPainter(const CDcmElementSet& store, const SImageHeader& header, const SPictureStyle& style,
+                   const CString& name, const CReport& report)
+    : m_store(store), m_groups(store), m_header(header), m_style(style), m_name(name), m_report(report)
 {
     m_refusal = FindRefusal();
     const bool isGray = header.photometricNumber <= PHOTOMETRIC_MONOCHROME2;
     if (m_refusal.IsEmpty() && isGray)
     {
-        m_refusal = m_gray.Read(store, name, report);
+        if (m_groups.IsEmpty())
+        {
+            CString note;
+            m_refusal = ReadScale(0, m_gray, note);
+            if (!note.IsEmpty())
+            {
+                report.Say(name + ": " + note);
+            }
+        }
         if (const std::optional<int> padding = WordOf(store, Varnotix::Tag::kPixelPaddingValue))
         {
             m_padding = header.isSigned ? static_cast<std::int16_t>(*padding) : *padding;
@@ -43,6 +50,11 @@ CPainter::CPainter(const CDcmElementSet& store, const SImageHeader& header, cons
     {
         m_refusal = m_palette.Read(store, header.isSigned);
     }
+}
+
+CString CPainter::ReadScale(int index, CGrayScale& scale, CString& note) const
+{
+    return scale.Read(CFrameAttributes(m_store, m_groups, index), m_style.window, m_header.isSigned, note);
 }
 
 CString CPainter::FindRefusal() const
@@ -94,24 +106,41 @@ CString CPainter::FindRefusal() const
     return reason;
 }
 
-CString CPainter::Paint(const CByteArray& frame, SPicture& picture) const
+CString CPainter::Paint(const CByteArray& frame, int index, SPicture& picture) const
 {
     const std::uint64_t wanted = m_header.FrameSize();
+    CString reason;
     if (static_cast<std::uint64_t>(frame.GetSize()) < wanted)
     {
-        CString reason;
         reason.Format("it has %d bytes, a picture needs %llu", frame.GetSize(),
                       static_cast<unsigned long long>(wanted));
         return reason;
     }
     const bool isGray = m_header.photometricNumber <= PHOTOMETRIC_MONOCHROME2;
+    CGrayScale scale = m_gray;
+    if (isGray && !m_groups.IsEmpty())
+    {
+        CString note;
+        reason = ReadScale(index, scale, note);
+        if (!note.IsEmpty())
+        {
+            CString number;
+            number.Format(": frame %d: ", index + 1);
+            m_report.Say(m_name + number + note);
+        }
+        if (!reason.IsEmpty())
+        {
+            return reason;
+        }
+    }
     picture.width = m_header.columns;
     picture.height = m_header.rows;
     picture.channels = isGray ? 1 : 3;
-    picture.bytes.resize(static_cast<std::size_t>(m_header.Pixels()) * static_cast<std::size_t>(picture.channels));
+    picture.highest = m_style.highest;
+    picture.values.resize(static_cast<std::size_t>(m_header.Pixels()) * static_cast<std::size_t>(picture.channels));
     if (isGray)
     {
-        PaintGray(frame, picture);
+        PaintGray(frame, scale, picture);
     }
     else if (m_header.photometricNumber == PHOTOMETRIC_PALETTE)
     {
@@ -125,74 +154,83 @@ CString CPainter::Paint(const CByteArray& frame, SPicture& picture) const
     {
         PaintColour(frame, picture);
     }
-    return CString();
+    return reason;
 }
 
-void CPainter::PaintGray(const CByteArray& frame, SPicture& picture) const
+void CPainter::PaintGray(const CByteArray& frame, CGrayScale scale, SPicture& picture) const
 {
     const CSampleReader samples(m_header, frame);
-    CGrayScale scale = m_gray;
-    const std::size_t count = picture.bytes.size();
+    const std::size_t count = picture.values.size();
     if (scale.NeedsRange())
     {
-        std::int64_t lowest = std::numeric_limits<std::int64_t>::max();
-        std::int64_t highest = std::numeric_limits<std::int64_t>::min();
+        double lowest = std::numeric_limits<double>::infinity();
+        double highest = -lowest;
         for (std::size_t i = 0; i < count; ++i)
         {
-            const std::int64_t value = samples.At(i);
-            if (value != m_padding)
+            const std::int64_t stored = samples.At(i);
+            if (stored != m_padding)
             {
+                const double value = scale.ModalityValue(stored);
                 lowest = std::min(lowest, value);
                 highest = std::max(highest, value);
             }
         }
         // Without any value outside the padding, the range has no effect.
-        scale.SetRange(static_cast<double>(lowest), static_cast<double>(highest));
+        scale.SetRange(lowest, highest);
     }
-    const int inversion = m_header.photometricNumber == PHOTOMETRIC_MONOCHROME1 ? kWhite : kBlack;
+    const bool isInverse = m_header.photometricNumber == PHOTOMETRIC_MONOCHROME1;
     for (std::size_t i = 0; i < count; ++i)
     {
-        picture.bytes[i] = static_cast<BYTE>(scale.Gray(static_cast<double>(samples.At(i))) ^ inversion);
+        const double gray = scale.Gray(scale.ModalityValue(samples.At(i)));
+        const long value = std::lround(gray * picture.highest);
+        picture.values[i] = static_cast<std::uint16_t>(isInverse ? picture.highest - value : value);
     }
 }
 
 void CPainter::PaintPalette(const CByteArray& frame, SPicture& picture) const
 {
     const CSampleReader samples(m_header, frame);
-    for (std::size_t i = 0; i < picture.bytes.size() / 3; ++i)
+    for (std::size_t i = 0; i < picture.values.size() / 3; ++i)
     {
-        m_palette.Colour(samples.At(i), picture.bytes.data() + 3 * i);
+        m_palette.Colour(samples.At(i), picture.highest, picture.values.data() + 3 * i);
     }
 }
 
 void CPainter::PaintColour(const CByteArray& frame, SPicture& picture) const
 {
     const CSampleReader samples(m_header, frame);
-    const std::size_t pixels = picture.bytes.size() / 3;
+    const std::size_t pixels = picture.values.size() / 3;
     const std::size_t pixelStep = m_header.byPlane ? 1 : 3;
     const std::size_t channelStep = m_header.byPlane ? pixels : 1;
+    const bool isYbr = m_header.photometricNumber == PHOTOMETRIC_YBR_FULL;
     const std::int64_t highest = (std::int64_t{1} << m_header.stored) - 1;
+    const int wanted = isYbr ? kByte : picture.highest;
     for (std::size_t i = 0; i < pixels; ++i)
     {
-        BYTE* rgb = picture.bytes.data() + 3 * i;
+        std::uint16_t* rgb = picture.values.data() + 3 * i;
         for (std::size_t channel = 0; channel < 3; ++channel)
         {
             const std::int64_t value = samples.At(i * pixelStep + channel * channelStep);
-            rgb[channel] = static_cast<BYTE>((value * kWhite + highest / 2) / highest);
+            rgb[channel] = static_cast<std::uint16_t>((value * wanted + highest / 2) / highest);
         }
-        if (m_header.photometricNumber == PHOTOMETRIC_YBR_FULL)
+        if (isYbr)
         {
             FromYbr(rgb[0], rgb[1], rgb[2], rgb);
         }
+    }
+    if (isYbr)
+    {
+        SpreadBytes(picture);
     }
 }
 
 void CPainter::PaintSharedChrominance(const CByteArray& frame, SPicture& picture) const
 {
     const BYTE* pair = frame.GetData();
-    for (std::size_t i = 0; i < picture.bytes.size(); i += 6, pair += 4)
+    for (std::size_t i = 0; i < picture.values.size(); i += 6, pair += 4)
     {
-        FromYbr(pair[0], pair[2], pair[3], picture.bytes.data() + i);
-        FromYbr(pair[1], pair[2], pair[3], picture.bytes.data() + i + 3);
+        FromYbr(pair[0], pair[2], pair[3], picture.values.data() + i);
+        FromYbr(pair[1], pair[2], pair[3], picture.values.data() + i + 3);
     }
+    SpreadBytes(picture);
 }

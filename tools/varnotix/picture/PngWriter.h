@@ -3,9 +3,9 @@
 
 #include "picture/Picture.h"
 
-/// False in a build without the PNG library.
+/// False in a build that has neither a PNG library nor the Windows Imaging Component.
 bool HasPngWriter();
 
-/// Encodes the picture as a PNG file.
+/// Encodes the picture as a PNG file of its depth.
 /// @return empty, or why it could not be encoded.
 CString EncodePng(const SPicture& picture, std::vector<BYTE>& file);

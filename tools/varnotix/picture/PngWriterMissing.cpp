@@ -1,4 +1,4 @@
-// Replaces PngWriter.cpp in a build without the PNG library.
+// Replaces PngWriter.cpp in a build without a PNG writer.
 
 #include "picture/PngWriter.h"
 

@@ -20,12 +20,12 @@ public:
     /// The sample at a place of the frame.
     std::int64_t At(std::size_t index) const
     {
-        const std::int64_t value = (Raw(index) >> m_shift) & m_mask;
+        const std::int64_t value = (Cell(index) >> m_shift) & m_mask;
         return (value & m_signBit) != 0 ? value - m_mask - 1 : value;
     }
 
-private:
-    std::int64_t Raw(std::size_t index) const
+    /// All bits that are allocated for a sample.
+    std::int64_t Cell(std::size_t index) const
     {
         switch (m_allocated)
         {
@@ -41,6 +41,7 @@ private:
         }
     }
 
+private:
     const BYTE* m_bytes;
     int m_allocated;
     int m_shift;
