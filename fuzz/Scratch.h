@@ -1,15 +1,14 @@
-/// A file for what the library reads by path. Where the system has files without a folder, it is one of these: a file on
-/// a disk would take most of the time of a run.
+/// A file for what the library reads by path. Where the system has files without a folder, it is one of these: a file
+/// on a disk would take most of the time of a run.
 #pragma once
 
 #include "Promise.h"
 
 #if defined(__linux__)
 
+#include <string>
 #include <sys/mman.h>
 #include <unistd.h>
-
-#include <string>
 
 /// Writes the bytes to the file.
 /// @return its path.
