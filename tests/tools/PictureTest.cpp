@@ -16,7 +16,7 @@ TEST_F(PictureTest, GrayGoesThroughRescaleAndTheFirstWindow)
 
 TEST_F(PictureTest, WithoutAWindowTheRangeOfTheValuesIsShown)
 {
-    // Pixel padding -2000 is no part of the range.
+    // Pixel padding -2000 is not a part of the range.
     const SImage padded{.bits = 16, .sign = 1, .more = Us(0x00280120, 63536)};
     EXPECT_EQ(Draw(Native(padded, Words({-2000, -100, 0, 100}))).bytes, (Bytes{0, 0, 128, 255}));
     EXPECT_EQ(Draw(Native({}, std::string(4, 'x'))).bytes, (Bytes{0, 0, 0, 0}));
@@ -57,7 +57,7 @@ TEST_F(PictureTest, PaletteIndicesStartAtTheFirstMappedValueAndStayInside)
 
     image.more = palette;
     EXPECT_TRUE(Holds(Refusal(Native(image, Words({-1, 5}))), "Data is missing"));
-    // No entries stands for 65536 of them.
+    // 0 entries means 65536 of them.
     image.more = Explicit(0x00281101, "US", Words({0, 0, 8})) + data;
     EXPECT_TRUE(Holds(Refusal(Native(image, Words({-1, 5}))), "too few for 65536 entries"));
 }
