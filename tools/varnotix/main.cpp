@@ -27,6 +27,8 @@ int Run(int count, char** texts)
     AddNew(line);
     AddBuild(line);
     AddApply(line);
+    AddSet(line);
+    AddDiff(line);
     AddPdu(line);
     AddWhere(line);
     return line.Run(count, texts);

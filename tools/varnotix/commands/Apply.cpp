@@ -2,6 +2,7 @@
 #include "files/Input.h"
 #include "rewrite/Rewrite.h"
 #include "run/InputRun.h"
+#include "script/EditCommands.h"
 #include "script/ScriptMerge.h"
 
 #include <algorithm>
@@ -31,7 +32,8 @@ CString Counted(int count, const char* one, const char* many)
     return text;
 }
 
-void ReportChanges(const CScriptMerge& merge, const CString& script, const CString& input, const CReport& report)
+void ReportChanges(const CScriptMerge& merge, int commands, const CString& script, const CString& input,
+                   const CReport& report)
 {
     int added = 0;
     for (const CScriptMerge::SChange& change : merge.Changes())
@@ -44,7 +46,8 @@ void ReportChanges(const CScriptMerge& merge, const CString& script, const CStri
     report.Say(
         input + ": " + Counted(changed, "%d value changed", "%d values changed") + ", " +
         Counted(added, "%d attribute added", "%d attributes added") +
-        (merge.AddedItems() == 0 ? CString() : ", " + Counted(merge.AddedItems(), "%d item added", "%d items added")));
+        (merge.AddedItems() == 0 ? CString() : ", " + Counted(merge.AddedItems(), "%d item added", "%d items added")) +
+        (commands == 0 ? CString() : ", " + Counted(commands, "%d command followed", "%d commands followed")));
 }
 
 int ApplyOne(const CString& scriptName, const CStringArray& lines, bool force, const SInput& input,
@@ -73,20 +76,35 @@ int ApplyOne(const CString& scriptName, const CStringArray& lines, bool force, c
     CLossReport losses;
     losses.AddReadNotes(object);
     const CScriptMerge merge(lines, object);
-    for (const int command : merge.Commands())
+    const CEditCommands edits(lines, merge.Commands(), object.ElementStore());
+    for (const int command : edits.Others())
     {
-        report.Say(ScriptPlace(scriptName, command) + ": commands have no effect on an existing object");
+        report.Say(ScriptPlace(scriptName, command) + ": the command has no effect on an existing object");
     }
-    const int faults = ReportFaults(scriptName, merge.Faults(), report);
+    std::vector<SScriptFault> found = merge.Faults();
+    found.insert(found.end(), edits.Faults().begin(), edits.Faults().end());
+    const int faults = ReportFaults(scriptName, found, report);
     if (faults > 0)
     {
         report.Error("nothing is written, because " +
                      Counted(faults, "%d line cannot be applied", "%d lines cannot be applied"));
         return STATUS_UNREADABLE;
     }
+    if (!edits.TransferSyntax().IsEmpty())
+    {
+        target.uid = edits.TransferSyntax();
+        target.syntax = Varnotix::SyntaxOfUid(target.uid);
+        target.staysBare = false;
+    }
+    const CString mismatch = edits.Count() > 0 ? PixelDataMismatch(object.ElementStore(), target.uid) : CString();
+    if (!mismatch.IsEmpty())
+    {
+        report.Error(name + ": nothing is written: " + mismatch);
+        return STATUS_UNREADABLE;
+    }
     Rewrite(object, form, target, name, losses, report);
     ReportMetaMismatch(object, name, report);
-    ReportChanges(merge, scriptName, name, report);
+    ReportChanges(merge, edits.Count(), scriptName, name, report);
     return STATUS_DONE;
 }
 

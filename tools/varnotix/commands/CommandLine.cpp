@@ -86,6 +86,16 @@ void CVerb::Texts(const char* name, std::vector<CString>& values, const char* he
     m_verb.add_option_function<std::vector<std::string>>(name, take, help)->required(need == ENeed::Required);
 }
 
+void CVerb::Repeated(const char* name, std::vector<CString>& values, const char* help)
+{
+    const auto take = [&values](const std::vector<std::string>& texts)
+    {
+        std::transform(texts.begin(), texts.end(), std::back_inserter(values),
+                       [](std::string_view text) { return CString(text); });
+    };
+    m_verb.add_option_function<std::vector<std::string>>(name, take, help)->allow_extra_args(false);
+}
+
 void CVerb::Inputs(SInputs& inputs, const char* help, ENeed need)
 {
     constexpr int kMostJobs = 256;

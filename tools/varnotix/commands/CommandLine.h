@@ -39,6 +39,8 @@ public:
     void TextWithDefault(const char* name, CString& value, const char* help);
     /// One or more values, or any number of an optional one.
     void Texts(const char* name, std::vector<CString>& values, const char* help, ENeed need = ENeed::Required);
+    /// As Texts for an option that takes one value each time that it is given.
+    void Repeated(const char* name, std::vector<CString>& values, const char* help);
     /// The inputs of a verb that takes many: "FILE..." and the options "--recursive" and "--jobs".
     /// @param inputs whose entersFolders is set takes folders without "--recursive", too.
     void Inputs(SInputs& inputs, const char* help, ENeed need = ENeed::Required);

@@ -1,29 +1,11 @@
 #include "console/Progress.h"
 
+#include "console/Terminal.h"
+
 #include <cstdio>
 
-#if defined(_WIN32)
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
-
-namespace
-{
-
-bool IsTerminal()
-{
-#if defined(_WIN32)
-    return _isatty(_fileno(stderr)) != 0;
-#else
-    return isatty(fileno(stderr)) != 0;
-#endif
-}
-
-} // namespace
-
 CProgress::CProgress(std::size_t steps, const CReport& report)
-    : m_steps(steps), m_isShown(steps != 1 && !report.IsQuiet() && IsTerminal())
+    : m_steps(steps), m_isShown(steps != 1 && !report.IsQuiet() && IsTerminal(EStandardStream::Error))
 {
 }
 

@@ -18,6 +18,15 @@ void RefuseChangedDirectory(const CString& source, const CString& input, CFile& 
     }
 }
 
+void Copy(const CString& from, const CString& to)
+{
+    CByteArray bytes;
+    ReadBytes(from, bytes);
+    COutputFile copy(to);
+    copy.File().Write(bytes.GetData(), static_cast<UINT>(bytes.GetSize()));
+    copy.Commit();
+}
+
 } // namespace
 
 bool MayWrite(const CDcmIOD& object, const CString& uid, bool isForced, const CString& input, const CReport& report)
@@ -49,6 +58,10 @@ void Rewrite(CDcmIOD& object, const SObjectForm& form, const STarget& target, co
     if (form.isDirectory && !target.isForced)
     {
         RefuseChangedDirectory(target.source, input, file.File());
+    }
+    if (!target.backup.IsEmpty())
+    {
+        Copy(target.output, target.backup);
     }
     file.Commit();
     losses.Print(input, report);

@@ -13,6 +13,7 @@ struct STarget
     CString source = {};    ///< The path of the input that a DICOMDIR must stay equal to; empty when it was changed.
     bool staysBare = false; ///< Neither preamble nor file meta information is added.
     bool isForced = false;  ///< Also a DICOMDIR whose offsets would be wrong.
+    CString backup = {};    ///< Where the file at the output's path is kept before it is replaced; empty: nowhere.
 };
 
 /// Reports why other readers would refuse an object that is written with a Transfer Syntax UID: the form of its pixel

@@ -1,0 +1,158 @@
+#include "ToolRunner.h"
+
+#include <cstdlib>
+#include <utility>
+
+using namespace std::string_literals;
+
+class Diff : public ToolTest
+{
+protected:
+    static std::string File(const std::string& dataSet, const std::string& uid = kExplicitUid)
+    {
+        return Part10(uid, dataSet);
+    }
+
+    static std::string Reference(const std::string& uid) { return Item(Explicit(0x00081155, "UI", PaddedUid(uid))); }
+
+    /// Makes a script from two files, and follows it.
+    static void ExpectScript(const std::string& left, const std::string& right)
+    {
+        SCOPED_TRACE(left + " " + right);
+        const SRun script = Run("diff --script " + left + " " + right);
+        EXPECT_EQ(script.status, 10) << script.err;
+        Write("s.asl", script.out);
+        Expect(0, "apply -q s.asl " + left + " -o made.dcm");
+        const SRun rest = Run("diff made.dcm " + right);
+        EXPECT_EQ(rest.status, 0) << rest.out << rest.err;
+    }
+};
+
+TEST_F(Diff, ShowsWhatDiffersByPath)
+{
+    const std::string bytes(300, 'x');
+    const auto image = [&](const std::string& name, const std::string& references, const std::string& pixels)
+    {
+        return File(Explicit(0x00080005, "CS", "ISO_IR 100") + Explicit(0x00081140, "SQ", references) +
+                    Explicit(0x00090010, "LO", "ACME") + Explicit(0x00091001, "UN", "ab") +
+                    Explicit(0x00100010, "PN", name) + Explicit(0x00280008, "IS", "2 ") +
+                    Explicit(0x7FE00010, "OB", pixels));
+    };
+    Write("a.dcm", image("J\xF6rg\x1B ", Reference("1.1") + Reference("1.2"), bytes));
+    std::string other = bytes;
+    other[200] = other[201] = 'y';
+    Write("b.dcm", image("Ann ", Reference("1.0") + Reference("1.1") + Reference("1.3"), other));
+    EXPECT_EQ(Expect(10, "diff a.dcm b.dcm").out,
+              "--- a.dcm\n+++ b.dcm\n"
+              "ReferencedImageSequence[1].ReferencedSOPInstanceUID (0008,1155) UI\n"
+              "  - '1.1'\n  + '1.0'\n"
+              "ReferencedImageSequence[2].ReferencedSOPInstanceUID (0008,1155) UI\n"
+              "  - '1.2'\n  + '1.1'\n"
+              "ReferencedImageSequence[3] (0008,1140) SQ\n"
+              "  + item with 1 attribute\n"
+              "PatientName (0010,0010) PN\n"
+              "  - 'J\xC3\xB6rg.'\n  + 'Ann'\n"
+              "PixelData (7FE0,0010) OB: 1 of 2 frames differ: 2 (2 of 150 bytes)\n");
+    Expect(0, "diff a.dcm a.dcm");
+    Expect(0, "diff a.dcm b.dcm --ignore PatientName --ignore 7FE0 --ignore ReferencedImageSequence");
+    Expect(20, "diff a.dcm missing.dcm", "missing.dcm");
+    Expect(1, "diff a.dcm b.dcm --ignore Nothing", "neither a path");
+
+    // An item in front does not make all after it differ.
+    Write("c.dcm", image("J\xF6rg\x1B ", Reference("1.0") + Reference("1.1") + Reference("1.2"), bytes));
+    EXPECT_TRUE(HoldsInOrder(Expect(10, "diff a.dcm c.dcm").out, "ReferencedImageSequence[1] (0008,1140) SQ\n"
+                                                                 "  + item with 1 attribute\n"));
+    // The form of a file is no difference.
+    Expect(0, "convert -q -s implicit a.dcm implicit.dcm");
+    Expect(0, "diff a.dcm implicit.dcm --ignore TransferSyntaxUID --ignore 0002");
+}
+
+TEST_F(Diff, PairsTheFilesOfFolders)
+{
+    const auto object = [](const std::string& uid, const std::string& name)
+    { return File(Explicit(0x00080018, "UI", PaddedUid(uid)) + Explicit(0x00100010, "PN", name)); };
+    std::filesystem::create_directories("a/deep");
+    std::filesystem::create_directories("b");
+    Write("a/1.dcm", object("1.1", "Same"));
+    Write("a/deep/2.dcm", object("1.2", "Jane"));
+    Write("a/3.dcm", object("1.3", "Gone"));
+    Write("a/notes.txt", "text");
+    Write("b/x", object("1.2", "Jim "));
+    Write("b/y", object("1.1", "Same"));
+    Write("b/z", object("1.4", "New "));
+    EXPECT_EQ(Expect(10, "diff a b").out,
+              "only in the first: a/3.dcm\nonly in the second: b/z\n--- a/deep/2.dcm\n+++ b/x\n"
+              "PatientName (0010,0010) PN\n  - 'Jane'\n  + 'Jim'\n");
+    Expect(1, "diff a b/x");
+}
+
+TEST_F(Diff, MakesScriptsForWhatTextDoesNotCarry)
+{
+    const std::string start = Explicit(0x00080005, "CS", "ISO_IR 100");
+    const std::string nested = Explicit(0x00081140, "SQ", Reference("1.1") + Reference("1.2"));
+    const std::string dataSets[] = {
+        start + nested + Explicit(0x00100010, "PN", "Doe^Jane") + Explicit(0x7FE00010, "OW", "abcd"),
+        start + Explicit(0x00081140, "SQ", Reference("1.1")) + Explicit(0x00090010, "LO", "ACME") +
+            Explicit(0x00091001, "FD", "12345678") + Explicit(0x00091002, "SQ", Item("") + Item(nested)) +
+            Explicit(0x00100010, "PN", "J\xF6rg^A") + Explicit(0x00100020, "LO", "a, [b]") +
+            Explicit(0x00104000, "LT", "one\r\ntwo") + Explicit(0x60023000, "OW", std::string(600, '\1')),
+        Explicit(0x00080005, "CS", "ISO_IR 192") +
+            Explicit(0x00081140, "SQ", Item("") + Reference("1.2") + Reference("1.3")) +
+            Explicit(0x00090010, "LO", "ACME") + Explicit(0x00091001, "LO", "text") +
+            Explicit(0x00100010, "PN", "J\xC3\xB6rg^Al") + Explicit(0x00100020, "LO", "not, a date ") +
+            Explicit(0x00280106, "SS", "\xFE\xFF") + Explicit(0x7FE00010, "OB", "wxyz"),
+    };
+    std::vector<std::string> names;
+    for (const std::string& dataSet : dataSets)
+    {
+        names.push_back("object" + std::to_string(names.size()) + ".dcm");
+        Write(names.back(), File(dataSet));
+    }
+    Write("rle.dcm", File(start + Encapsulated("", {"fragment", "s "}), kRleUid));
+    names.push_back("rle.dcm");
+    for (const std::string& left : names)
+    {
+        for (const std::string& right : names)
+        {
+            if (left != right)
+            {
+                ExpectScript(left, right);
+                EXPECT_EQ(Read("made.dcm"), Read(right));
+            }
+        }
+    }
+    Write("bare.dcm", start);
+    Expect(20, "diff --script object0.dcm bare.dcm", "there is no script", "file meta information");
+}
+
+TEST_F(Diff, ScriptsMakeOneSampleOfAnother)
+{
+    const char* folder = std::getenv("VARNOTIX_SAMPLES");
+    if (folder == nullptr || *folder == '\0')
+    {
+        GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder";
+    }
+    const std::pair<const char*, const char*> pairs[] = {
+        {"mr_0003__epi_pe_ap-00001.dcm", "mr_0004__epi_pe_pa-00001.dcm"},
+        {"CT_small.dcm", "MR_small.dcm"},
+        {"MR_small_implicit.dcm", "MR_small_bigendian.dcm"},
+        {"test-SR.dcm", "reportsi.dcm"},
+        {"CT_small.dcm", "JPEG2000.dcm"},
+    };
+    std::string lines;
+    for (const auto& [left, right] : pairs)
+    {
+        const std::string path = (std::filesystem::path(folder) / right).string();
+        ExpectScript("\"" + (std::filesystem::path(folder) / left).string() + "\"", "\"" + path + "\"");
+        const std::string made = "made-" + std::string(right);
+        std::filesystem::rename("made.dcm", made);
+        lines += path + "\n" + made + "\n";
+    }
+    if (std::system("/usr/bin/python3 -c \"import pydicom\" 2>err.txt") == 0)
+    {
+        Write("pairs.txt", lines);
+        const std::string script = (ProjectFolder() / "tests/samples/equal_objects.py").string();
+        EXPECT_EQ(std::system(("/usr/bin/python3 \"" + script + "\" <pairs.txt >out.txt 2>&1").c_str()), 0)
+            << Read("out.txt");
+    }
+}
