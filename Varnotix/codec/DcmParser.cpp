@@ -10,6 +10,8 @@
 
 #include <climits>
 
+#include <algorithm>
+
 IMPLEMENT_DYNCREATE(CDcmParser, CObject)
 
 namespace
@@ -17,18 +19,19 @@ namespace
 
 /// The bytes of an archive's file: a memory file's own, or a real file read once. A file is not mapped, for a file that
 /// is cut short while mapped kills the process.
-CStreamCursor OpenStream(CFile& file)
+/// @param most how many bytes of a real file to read.
+CStreamCursor OpenStream(CFile& file, ULONGLONG most = INT_MAX)
 {
     const ULONGLONG length = file.GetLength();
     if (length > static_cast<ULONGLONG>(INT_MAX))
     {
         throw CMemoryException();
     }
-    const auto size = static_cast<std::size_t>(length);
     if (const BYTE* memory = file.GetBufferPtr())
     {
-        return {memory, size, CSharedBytes()};
+        return {memory, static_cast<std::size_t>(length), CSharedBytes()};
     }
+    const auto size = static_cast<std::size_t>(std::min(length, most));
     BYTE* bytes = nullptr;
     const CSharedBytes block = CSharedBytes::Allocate(size, bytes);
     file.Seek(0, CFile::begin);
@@ -111,6 +114,11 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
     CFile& file = *archive.GetFile();
     // The first attempt reads on from where the archive is, every later one from the beginning of the file.
     const ULONGLONG start = file.GetPosition();
+    if (m_rules == STREAM_RULES_STANDARD && m_stopTag != 0)
+    {
+        LoadHead(file, static_cast<std::size_t>(start), set);
+        return;
+    }
     CStreamCursor cursor = OpenStream(file);
     cursor.Seek(static_cast<std::size_t>(start));
     m_trials.clear();
@@ -123,6 +131,26 @@ void CDcmParser::Load(CArchive& archive, CDcmElementSet& set)
         LoadClassic(cursor, set);
     }
     file.Seek(static_cast<long long>(cursor.Position()), CFile::begin);
+}
+
+/// Reads more of the file until the elements before the stop tag are whole.
+void CDcmParser::LoadHead(CFile& file, std::size_t start, CDcmElementSet& set)
+{
+    constexpr ULONGLONG kFirst = 1U << 15U;
+    constexpr ULONGLONG kGrowth = 8;
+    for (ULONGLONG most = std::max<ULONGLONG>(kFirst, start);; most *= kGrowth)
+    {
+        CStreamCursor cursor = OpenStream(file, most);
+        cursor.Seek(start);
+        m_trials.clear();
+        LoadStandard(cursor, set);
+        const bool isCut = ReadStopped() ? m_trials.back().fault == PARSE_CUT_OFF : cursor.Left() == 0;
+        if (!isCut || cursor.Length() >= file.GetLength())
+        {
+            file.Seek(static_cast<long long>(cursor.Position()), CFile::begin);
+            return;
+        }
+    }
 }
 
 void CDcmParser::Take(SReadResult& result)
@@ -164,7 +192,7 @@ void CDcmParser::LoadClassic(CStreamCursor& cursor, CDcmElementSet& set)
 
 void CDcmParser::LoadStandard(CStreamCursor& cursor, CDcmElementSet& set)
 {
-    CStandardDecoder decoder(cursor);
+    CStandardDecoder decoder(cursor, m_stopTag);
     decoder.Decode(set);
     Take(decoder.Result());
     m_outputSyntax = decoder.Result().syntax;

@@ -9,6 +9,7 @@
 #include <vector>
 
 class CArchive;
+class CFile;
 class CStreamCursor;
 
 /// Reads a DICOM stream (PS3.10 file or bare data set) into an element set, and writes one.
@@ -56,6 +57,10 @@ public:
     /// Whether a write by the standard rules adds a Transfer Syntax UID (0002,0010) that the set lacks.
     void SetMetaInformation(bool needed) { m_needsMeta = needed; }
 
+    /// Makes reads by the standard rules end before the first element of the object itself, not of an item, that has
+    /// this tag or a higher one; 0, as at first, lets them read all. Of a file no more is read than that takes.
+    void SetStopTag(DWORD tag) { m_stopTag = tag; }
+
     /// The first 128 bytes of the last stream read, whether or not a DICM prefix followed.
     void Preamble(CByteArray& bytes) const { bytes = m_preamble; }
 
@@ -80,12 +85,14 @@ private:
     void Load(CArchive& archive, CDcmElementSet& set);
     void LoadClassic(CStreamCursor& cursor, CDcmElementSet& set);
     void LoadStandard(CStreamCursor& cursor, CDcmElementSet& set);
+    void LoadHead(CFile& file, std::size_t start, CDcmElementSet& set);
     void Store(CArchive& archive, CDcmElementSet& set);
     void Take(SReadResult& result);
 
     EStreamRules m_rules = STREAM_RULES_CLASSIC;
     bool m_groupLengths = false;
     bool m_needsMeta = false;
+    DWORD m_stopTag = 0;
     Varnotix::EPixelForm m_outputForm = Varnotix::EPixelForm::Unknown;
     int m_outputSyntax = SYNTAX_EXPLICIT_LITTLE;
     CByteArray m_preamble;

@@ -20,7 +20,9 @@ class CDcmEntry;
 class CStandardDecoder
 {
 public:
-    explicit CStandardDecoder(CStreamCursor& cursor) : m_cursor(cursor) {}
+    /// @param stopTag ends the read before the first element of the object itself with this tag or a higher one;
+    ///        0: none.
+    explicit CStandardDecoder(CStreamCursor& cursor, DWORD stopTag = 0) : m_cursor(cursor), m_stopTag(stopTag) {}
 
     /// Replaces the elements of the set. Exceptions of memory pass through and leave the set empty.
     void Decode(CDcmElementSet& set);
@@ -77,6 +79,7 @@ private:
     int NumberOf(SLevel& level);
 
     CStreamCursor& m_cursor;
+    DWORD m_stopTag;
     std::size_t m_knownByte = 0; // Where IsPadding last found a byte that is not zero.
     CElementBlocks m_elements;
     CByteChunks m_smallValues;

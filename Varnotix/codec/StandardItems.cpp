@@ -56,6 +56,10 @@ void CStandardDecoder::DecodeLevel(SLevel& level)
             Note(READ_BYTES_LEFT, 0, m_cursor.Position(), static_cast<DWORD>(left));
             m_cursor.Seek(level.end);
         }
+        else if (m_stopTag != 0 && level.depth == 0 && tag >= m_stopTag)
+        {
+            return;
+        }
         else
         {
             ReadElement(ReadHeader(level), level);

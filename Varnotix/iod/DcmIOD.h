@@ -93,6 +93,13 @@ public:
     EStreamRules StreamRules() const { return m_streamRules; }
     void StreamRules(EStreamRules rules) { m_streamRules = rules; }
 
+    /// The tag before which reads by the standard stream rules end; 0, as at first: they read all. An element of the
+    /// object itself that has this tag or a higher one, and all after it, are left in the stream, and of a file no more
+    /// is read than that takes: for hosts that look at the first attributes of many files. Do not write such an object
+    /// in place of the original. Copies do not have it.
+    DWORD StopTag() const { return m_stopTag; }
+    void StopBefore(DWORD tag) { m_stopTag = tag; }
+
     /// Number of top-level elements in the store.
     int GetCount() const;
     /// Number of elements at every depth.
@@ -205,6 +212,7 @@ private:
     void SetOutputSyntax(CDcmParser& parser) const;
 
     EStreamRules m_streamRules = STREAM_RULES_CLASSIC;
+    DWORD m_stopTag = 0;
     int m_emptyElements = EMPTY_ELEMENTS_EXCLUDED;
     bool m_groupLengths = false;
     bool m_fileFormat = true;

@@ -73,6 +73,7 @@ void CDcmIOD::Serialize(CArchive& archive)
     }
     else
     {
+        parser.SetStopTag(m_stopTag);
         parser.SerializeSet(archive, *m_store);
         m_syntax = parser.OutputSyntax();
         parser.Preamble(m_preamble);

@@ -134,6 +134,25 @@ TEST(StandardRules, SayWhereTheyStopAndKeepWhatIsWhole)
     EXPECT_EQ(SStandardRead(deflated + Stream("E20000000000")).Trials(), "2:16@162");
 }
 
+TEST(StandardRules, EndBeforeATagOfTheObjectItself)
+{
+    // The sequence holds the tag, too; what follows it in the object need not be whole.
+    const CByteArray stream = Stream("0800 6000 'CS' 0200 'MR' 0800 4011 'SQ' 0000 12000000 FEFF 00E0 0A000000"
+                                     " 1000 1000 'PN' 0200 'A ' 1000 1000 'PN' 0400 'Do'");
+    SStandardRead read(Stream("0800 6000 'CS' 0200 'MR'"));
+    for (const DWORD stop : {0x00100010U, 0x00081141U})
+    {
+        read.parser.SetStopTag(stop);
+        read.Again(stream);
+        EXPECT_FALSE(read.parser.ReadStopped());
+        EXPECT_EQ(read.Notes(), "");
+        EXPECT_EQ(Show(read.set), "00080060 CS MR; 00081140 SQ {00100010 PN A }");
+    }
+    read.parser.SetStopTag(0x00100020);
+    read.Again(stream);
+    EXPECT_TRUE(read.parser.ReadStopped());
+}
+
 TEST(StandardRules, ReadWhatBreaksThemWhereTheyCan)
 {
     struct SCase

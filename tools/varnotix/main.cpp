@@ -19,6 +19,7 @@ int Run(int count, char** texts)
 {
     CCommandLine line("Reads and writes DICOM files.", kFooter);
     AddDump(line);
+    AddList(line);
     AddConvert(line);
     AddAnonymize(line);
     AddFrames(line);

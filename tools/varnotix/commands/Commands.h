@@ -11,6 +11,7 @@ void AddConvert(CCommandLine& line);
 void AddDiff(CCommandLine& line);
 void AddDump(CCommandLine& line);
 void AddFrames(CCommandLine& line);
+void AddList(CCommandLine& line);
 void AddModules(CCommandLine& line);
 void AddNew(CCommandLine& line);
 void AddPdu(CCommandLine& line);

@@ -61,6 +61,7 @@ bool CInputWalk::Next(SInput& input)
         }
         if (m_levels.empty() ? NextNamed(input) : NextFound(input))
         {
+            input.number = m_count++;
             return true;
         }
     }

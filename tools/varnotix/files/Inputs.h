@@ -23,6 +23,7 @@ struct SInput
 {
     CString path;             ///< What to read; "-" is standard input.
     CString relative;         ///< Its name, or its path below the folder that the command line named.
+    std::size_t number = 0;   ///< Of the input among all, from 0.
     CString output;           ///< Where its output goes; empty where inputs have none.
     bool isFound = false;     ///< It was found in a folder. Such a file is skipped when it is not DICOM.
     CString fault = {};       ///< Why it cannot be worked on, as a whole message; mostly empty.
@@ -67,6 +68,7 @@ private:
 
     const SInputs& m_inputs;
     std::size_t m_next = 0;
+    std::size_t m_count = 0; // How many inputs were given.
     std::vector<SLevel> m_levels;
     std::set<std::string> m_outputs;
 };

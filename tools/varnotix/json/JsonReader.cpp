@@ -109,16 +109,15 @@ void CJsonReader::TakeScalar(SJsonValue value)
     }
     else if (place == EPlace::Name && (isText || value.kind == SJsonValue::EKind::Null))
     {
-        const SAttribute& attribute = m_attributes.back();
-        // The groups in their places, whatever order they come in.
-        m_groups[attribute.member == "Alphabetic" ? 0 : attribute.member == "Ideographic" ? 1 : 2] = value.text;
+        const std::string& group = m_attributes.back().member;
+        m_groups[group == "Alphabetic" ? 0 : group == "Ideographic" ? 1 : 2] = value.text; // They come in any order.
     }
     else if (place == EPlace::Attribute)
     {
         SAttribute& attribute = m_attributes.back();
-        const bool isKnown = attribute.member == "vr" || attribute.member == "InlineBinary" ||
-                             attribute.member == "BulkDataURI" || attribute.member == "Value";
-        if (isKnown && (!isText || attribute.member == "Value"))
+        const bool isTextMember =
+            attribute.member == "vr" || attribute.member == "InlineBinary" || attribute.member == "BulkDataURI";
+        if ((isTextMember && !isText) || attribute.member == "Value")
         {
             throw CJsonFault("\"" + attribute.member + "\" has a value of the wrong kind");
         }

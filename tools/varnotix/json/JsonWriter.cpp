@@ -5,10 +5,9 @@
 #include "json/BulkUri.h"
 #include "json/JsonText.h"
 #include "json/PixelItems.h"
+#include "text/Numbers.h"
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <type_traits>
 
 namespace Tag = Varnotix::Tag;
@@ -19,51 +18,32 @@ namespace
 constexpr std::size_t kPrintSize = 1U << 16U;
 constexpr DWORD kSpecificCharacterSet = 0x00080005;
 
-bool IsAmong(std::string_view vr, std::string_view vrs)
-{
-    const std::size_t found = vrs.find(vr);
-    return vr.size() == 2 && found != std::string_view::npos && found % 3 == 0;
-}
-
-bool IsText(std::string_view vr)
-{
-    return IsAmong(vr, "AE AS CS DA DS DT IS LO LT PN SH ST TM UC UI UR UT");
-}
-
-/// Blanks do not count around values, but for the VRs in which those at the beginning do (PS3.5 table 6.2-1).
-std::string_view WithoutPadding(std::string_view value, std::string_view vr)
-{
-    constexpr std::string_view kPadding(" \0", 2);
-    value = value.substr(0, value.find_last_not_of(kPadding) + 1);
-    if (!IsAmong(vr, "LT ST UC UR UT"))
-    {
-        value.remove_prefix(std::min(value.find_first_not_of(' '), value.size()));
-    }
-    return value;
-}
-
-/// Calls the action with each number of a little-endian value; a partial one at the end is left out.
-template <class NUMBER, class ACTION>
-void ForNumbers(std::string_view bytes, const ACTION& action)
-{
-    using CBits = std::conditional_t<sizeof(NUMBER) == 2, std::uint16_t,
-                                     std::conditional_t<sizeof(NUMBER) == 4, std::uint32_t, std::uint64_t>>;
-    for (; bytes.size() >= sizeof(NUMBER); bytes.remove_prefix(sizeof(NUMBER)))
-    {
-        CBits bits = 0;
-        for (std::size_t i = sizeof(NUMBER); i-- > 0;)
-        {
-            bits = static_cast<CBits>(static_cast<CBits>(bits << 8U) | static_cast<unsigned char>(bytes[i]));
-        }
-        action(std::bit_cast<NUMBER>(bits));
-    }
-}
-
 std::string TagDigits(DWORD tag)
 {
     CString digits;
     digits.Format("%08lX", static_cast<unsigned long>(tag));
     return std::string(digits.View());
+}
+
+template <class NUMBER>
+void AppendNumber(std::string& json, const NUMBER& number)
+{
+    if constexpr (std::is_same_v<NUMBER, STagNumber>)
+    {
+        json += '"' + TagDigits(number.tag) + '"';
+    }
+    else if constexpr (std::is_floating_point_v<NUMBER>)
+    {
+        AppendJsonNumber(json, number);
+    }
+    else if constexpr (std::is_signed_v<NUMBER>)
+    {
+        AppendJsonInteger(json, std::int64_t{number});
+    }
+    else
+    {
+        AppendJsonInteger(json, std::uint64_t{number});
+    }
 }
 
 int ItemOf(const CDcmElement& element)
@@ -176,7 +156,7 @@ void CJsonWriter::WriteElement(const CDcmElement& element, const CCharacterSet& 
     {
         WriteItems(element, characters);
     }
-    else if (IsText(vr))
+    else if (Varnotix::VrKind(element.Vr()) == EVrKind::Text)
     {
         WriteTexts(element, vr, characters);
     }
@@ -219,7 +199,7 @@ void CJsonWriter::WriteTexts(const CDcmElement& element, const std::string& vr, 
 {
     const SDecodedText text = characters.ToUtf8(element.ValueBytes().View(), vr);
     NoteReplaced(text.replaced);
-    if (text.values.size() == 1 && WithoutPadding(text.values.front(), vr).empty())
+    if (text.values.size() == 1 && CCharacterSet::WithoutPadding(text.values.front(), vr).empty())
     {
         return;
     }
@@ -228,7 +208,7 @@ void CJsonWriter::WriteTexts(const CDcmElement& element, const std::string& vr, 
     for (const std::string& value : text.values)
     {
         m_json += separator;
-        WriteText(WithoutPadding(value, vr), vr);
+        WriteText(CCharacterSet::WithoutPadding(value, vr), vr);
         separator = ',';
     }
     m_json += ']';
@@ -289,8 +269,7 @@ void CJsonWriter::WriteName(std::string_view name)
 bool CJsonWriter::WriteNumbers(const CDcmElement& element, const std::string& vr)
 {
     char separator = '[';
-    const CValueBytes value = element.ValueBytes();
-    const auto begin = [&]
+    const auto write = [&](const auto& number)
     {
         if (separator == '[')
         {
@@ -298,81 +277,12 @@ bool CJsonWriter::WriteNumbers(const CDcmElement& element, const std::string& vr
         }
         m_json += separator;
         separator = ',';
+        AppendNumber(m_json, number);
     };
-    const auto number = [&](auto each)
-    {
-        begin();
-        if constexpr (std::is_floating_point_v<decltype(each)>)
-        {
-            AppendJsonNumber(m_json, each);
-        }
-        else if constexpr (std::is_signed_v<decltype(each)>)
-        {
-            AppendJsonInteger(m_json, std::int64_t{each});
-        }
-        else
-        {
-            AppendJsonInteger(m_json, std::uint64_t{each});
-        }
-    };
-    DWORD group = 0;
-    bool isGroup = true;
-    const auto halfTag = [&](std::uint16_t word)
-    {
-        if (!isGroup)
-        {
-            begin();
-            m_json += '"' + TagDigits(group << 16U | word) + '"';
-        }
-        group = word;
-        isGroup = !isGroup;
-    };
-    const std::string_view bytes = value.View();
-    if (vr == "AT")
-    {
-        ForNumbers<std::uint16_t>(bytes, halfTag);
-    }
-    else if (vr == "US")
-    {
-        ForNumbers<std::uint16_t>(bytes, number);
-    }
-    else if (vr == "SS")
-    {
-        ForNumbers<std::int16_t>(bytes, number);
-    }
-    else if (vr == "UL")
-    {
-        ForNumbers<std::uint32_t>(bytes, number);
-    }
-    else if (vr == "SL")
-    {
-        ForNumbers<std::int32_t>(bytes, number);
-    }
-    else if (vr == "UV")
-    {
-        ForNumbers<std::uint64_t>(bytes, number);
-    }
-    else if (vr == "SV")
-    {
-        ForNumbers<std::int64_t>(bytes, number);
-    }
-    else if (vr == "FL")
-    {
-        ForNumbers<float>(bytes, number);
-    }
-    else if (vr == "FD")
-    {
-        ForNumbers<double>(bytes, number);
-    }
-    else
-    {
-        return false;
-    }
-    if (separator == ',')
-    {
-        m_json += ']';
-    }
-    return true;
+    const CValueBytes value = element.ValueBytes();
+    const bool areNumbers = ForNumbersOf(vr, value.View(), write);
+    m_json += separator == ',' ? "]" : "";
+    return areNumbers;
 }
 
 void CJsonWriter::WriteBytes(const CDcmElement& element)

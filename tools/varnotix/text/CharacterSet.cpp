@@ -106,3 +106,14 @@ bool CCharacterSet::HasManyValues(std::string_view vr)
 {
     return !IsAmong(vr, std::array<std::string_view, 4>{"ST", "LT", "UT", "UR"});
 }
+
+std::string_view CCharacterSet::WithoutPadding(std::string_view value, std::string_view vr)
+{
+    constexpr std::string_view kPadding(" \0", 2);
+    value = value.substr(0, value.find_last_not_of(kPadding) + 1);
+    if (!IsAmong(vr, std::array<std::string_view, 5>{"LT", "ST", "UC", "UR", "UT"}))
+    {
+        value.remove_prefix(std::min(value.find_first_not_of(' '), value.size()));
+    }
+    return value;
+}

@@ -60,6 +60,9 @@ public:
     static bool AppliesTo(std::string_view vr);
     /// Whether a backslash separates values of a VR of text.
     static bool HasManyValues(std::string_view vr);
+    /// A value without padding: blanks and zeros at its end, and blanks before it but for the VRs in which those count
+    /// (PS3.5 table 6.2-1).
+    static std::string_view WithoutPadding(std::string_view value, std::string_view vr);
 
 private:
     friend class CTextDecoder;
