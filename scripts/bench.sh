@@ -12,7 +12,7 @@ cd "$top"
 scripts/setup.sh bench
 mkdir -p build/bench
 cmake --preset bench >build/bench/configure.log 2>&1 || { cat build/bench/configure.log >&2; exit 1; }
-cmake --build --preset bench --parallel "$(nproc)" --target varnotix_bench bench_load
+cmake --build --preset bench --parallel "$(nproc)" --target varnotix_bench bench_allocations bench_load
 
 program=build/bench/bin/varnotix_bench
 log=build/bench/bench.log
@@ -109,6 +109,8 @@ END {
 }' "$log"
 
 if [ $# -eq 0 ]; then
+    echo
+    build/bench/bin/bench_allocations
     echo
     build/bench/bin/bench_load build/bench/bin/libVarnotix.so
 fi

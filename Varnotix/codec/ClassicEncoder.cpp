@@ -1,11 +1,11 @@
 #include "Varnotix/codec/ClassicEncoder.h"
 
 #include "Varnotix/codec/ElementEncoder.h"
-#include "Varnotix/element/ElementBlocks.h"
 #include "Varnotix/element/ElementBody.h"
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 using namespace Varnotix;
@@ -25,7 +25,7 @@ struct SGroup
 /// Makes the group length of each group that wants one.
 template <class WANTED>
 void MakeGroupLengths(const std::vector<SGroup>& groups, int syntax, int metaSyntax, const WANTED& wanted,
-                      CDcmListBody& made)
+                      std::vector<std::unique_ptr<CDcmElement>>& made)
 {
     for (const SGroup& group : groups)
     {
@@ -38,7 +38,7 @@ void MakeGroupLengths(const std::vector<SGroup>& groups, int syntax, int metaSyn
         length->AddInteger(group.size);
         length->SetSyntax(group.group == Tag::kMetaGroup ? metaSyntax : syntax);
         length->Encode();
-        made.Append(std::move(length));
+        made.push_back(std::move(length));
     }
 }
 
@@ -75,25 +75,33 @@ std::uint64_t RemakeGroupLengths(CElementBody& body, int syntax, int metaSyntax,
             total += size;
         }
     }
-    CDcmListBody made; // Owns the new lengths until they are in the set.
+    std::vector<std::unique_ptr<CDcmElement>> made;
     MakeGroupLengths(groups, syntax, metaSyntax, wanted, made);
-    if (isOld.empty() && made.list.IsEmpty())
+    if (isOld.empty() && made.empty())
     {
         return total;
     }
     const auto oldCount = static_cast<int>(std::count(isOld.begin(), isOld.end(), true));
     CObArray all;
     CObArray old;
-    all.SetSize(body.list.GetCount() + made.list.GetCount() - oldCount);
+    all.SetSize(body.list.GetCount() + static_cast<int>(made.size()) - oldCount);
     old.Reserve(oldCount);
     CObject** place = all.GetData();
-    const auto* next = made.list.begin();
+    // Nothing fails from here on, so the elements may be in two places for a moment.
+    auto next = made.begin();
+    const auto addLength = [&]
+    {
+        CDcmElement& length = **next;
+        length.SetItem(body.selectedItem);
+        total += CElementEncoder::EncodedSize(length);
+        *place++ = (next++)->release();
+    };
     for (int i = 0; i < body.list.GetCount(); ++i)
     {
         CObject* object = body.list[i];
-        while (next != made.list.end() && ElementOf(*next).Tag() < ElementOf(object).Tag())
+        while (next != made.end() && (*next)->Tag() < ElementOf(object).Tag())
         {
-            *place++ = *next++;
+            addLength();
         }
         if (oldCount > 0 && isOld[static_cast<std::size_t>(i)])
         {
@@ -104,16 +112,15 @@ std::uint64_t RemakeGroupLengths(CElementBody& body, int syntax, int metaSyntax,
             *place++ = object;
         }
     }
-    std::copy(next, static_cast<const CObArray&>(made.list).end(), place);
-    for (CObject* object : made.list)
+    while (next != made.end())
     {
-        CDcmElement& length = ElementOf(object);
-        length.SetItem(body.selectedItem);
-        total += CElementEncoder::EncodedSize(length);
+        addLength();
     }
     body.SwapSorted(all);
-    made.list.RemoveAll();
-    CElementBlocks::Destroy(old);
+    for (const CObject* object : old)
+    {
+        delete object;
+    }
     return total;
 }
 

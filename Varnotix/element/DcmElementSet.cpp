@@ -1,5 +1,6 @@
 #include "Varnotix/element/DcmElementSet.h"
 
+#include "Varnotix/element/ElementBlocks.h"
 #include "Varnotix/element/ElementBody.h"
 #include "Varnotix/platform/DumpContext.h"
 #include "Varnotix/registry/DcmRegistry.h"
@@ -71,15 +72,7 @@ CDcmElement* CDcmElementSet::Find(const CDcmElement& sameTag) const
 
 bool CDcmElementSet::IsEmptyOfValues() const
 {
-    const CObArray& values = ListOfValues();
-    return std::all_of(values.begin(), values.end(),
-                       [](const CObject* object) { return ElementOf(object).IsEmptyValue(); });
-}
-
-/// A list that may lack elements which count as empty.
-const CObArray& CDcmElementSet::ListOfValues() const
-{
-    return ElementsAsIs().HoldsAllValues() ? ElementsAsIs().list : Body().list;
+    return ElementsAsIs().IsEmptyOfValues();
 }
 
 void CDcmElementSet::Add(CDcmElement* element)
@@ -221,18 +214,7 @@ void CDcmElementSet::ForgetAll()
 
 void CDcmElementSet::EmptyValues()
 {
-    const CElementBody& body = ElementsAsIs();
-    for (CObject* object : body.list)
-    {
-        ElementOf(object).EmptyValue();
-    }
-    if (body.unfilled)
-    {
-        for (const CBodyHandle& member : body.Members())
-        {
-            CDcmElementSet(*member).EmptyValues();
-        }
-    }
+    ElementsAsIs().EmptyValues();
 }
 
 void CDcmElementSet::EmptyValue(int group, int element)
@@ -250,72 +232,7 @@ void CDcmElementSet::Sort()
 
 bool CDcmElementSet::operator==(const CDcmElementSet& other) const
 {
-    if (SharesBodyWith(other))
-    {
-        return true;
-    }
-    const CElementBody& mine = ElementsAsIs();
-    const CElementBody& others = other.ElementsAsIs();
-    if (mine.IsUnfilledLike(others) && mine.list.IsEmpty() && others.list.IsEmpty())
-    {
-        return std::equal(mine.Members().begin(), mine.Members().end(), others.Members().begin(),
-                          [](const CBodyHandle& left, const CBodyHandle& right)
-                          { return CDcmElementSet(*left) == CDcmElementSet(*right); });
-    }
-    return EqualLists(Body().list, other.Body().list);
-}
-
-void CDcmElementSet::CopyElementsInto(CDcmListBody& target) const
-{
-    target.list.Reserve(target.list.GetCount() + GetCount());
-    for (const CObject* object : Body().list)
-    {
-        target.Append(std::make_unique<CDcmElement>(ElementOf(object)));
-    }
-}
-
-bool CDcmElementSet::EqualLists(const CObArray& left, const CObArray& right) const
-{
-    if (left.GetCount() != right.GetCount())
-    {
-        return false;
-    }
-    // Equal elements have equal tags, so both lists are brought into tag order and matched tag by tag.
-    const auto inTagOrder = [](const CObArray& list)
-    {
-        std::vector<const CDcmElement*> ordered;
-        ordered.reserve(static_cast<std::size_t>(list.GetCount()));
-        for (const CObject* object : list)
-        {
-            ordered.push_back(&ElementOf(object));
-        }
-        std::stable_sort(ordered.begin(), ordered.end(),
-                         [](const CDcmElement* a, const CDcmElement* b) { return a->Tag() < b->Tag(); });
-        return ordered;
-    };
-    const std::vector<const CDcmElement*> mine = inTagOrder(left);
-    std::vector<const CDcmElement*> unmatched = inTagOrder(right);
-    std::size_t first = 0; // All before it are matched; in lists of one order every search ends here at once.
-    for (const CDcmElement* element : mine)
-    {
-        std::size_t candidate = first;
-        while (candidate < unmatched.size() &&
-               (unmatched[candidate] == nullptr ||
-                (unmatched[candidate]->Tag() <= element->Tag() && !(*unmatched[candidate] == *element))))
-        {
-            ++candidate;
-        }
-        if (candidate == unmatched.size() || unmatched[candidate]->Tag() != element->Tag())
-        {
-            return false;
-        }
-        unmatched[candidate] = nullptr;
-        while (first < unmatched.size() && unmatched[first] == nullptr)
-        {
-            ++first;
-        }
-    }
-    return true;
+    return ElementsAsIs().IsEqual(other.ElementsAsIs());
 }
 
 void CDcmElementSet::Dump(CDumpContext& context) const

@@ -141,7 +141,8 @@ public:
     /// @param item 1 to the other's ItemCount(); any other number gives no values.
     void UpdateValuesFromItem(const CDcmElementSet& other, int item);
     /// Adds copies of the other's elements whose tags are not here, before this set's own elements; the others update
-    /// the values here. The body is replaced. Callers sort afterwards.
+    /// the values here. The body is replaced. Callers sort afterwards. Where both sets keep items (KeepsItems), this
+    /// holds for each item by itself, and the items stay in order.
     void Merge(const CDcmElementSet& other);
     /// The given elements, which this set may take over, replace the first elements of their tags, and the set is
     /// sorted: as RemoveTagsOf, Merge and Sort, in one pass over sets in which each tag stands once.
@@ -184,10 +185,6 @@ public:
     /// Diagnostic text: body identity, count and each element.
     void Dump(CDumpContext& context) const override;
 
-protected:
-    void CopyElementsInto(CDcmListBody& target) const override;
-    bool EqualLists(const CObArray& left, const CObArray& right) const override;
-
 private:
     friend class CElementBlocks;
     friend class CElementBody;
@@ -199,7 +196,6 @@ private:
 
     CElementBody& Elements() const;
     CElementBody& ElementsAsIs() const;
-    const CObArray& ListOfValues() const;
     void Declare(DWORD tag);
     void ForgetDeclared();
     void RemoveTags(const CDcmElementSet& other, bool every);

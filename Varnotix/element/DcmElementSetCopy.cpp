@@ -1,11 +1,13 @@
 // How element sets share, copy, merge and take over elements.
 
 #include "Varnotix/element/DcmElementSet.h"
+#include "Varnotix/element/ElementBlocks.h"
 #include "Varnotix/element/ElementBody.h"
 
 #include <algorithm>
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace
 {
@@ -37,7 +39,7 @@ void CDcmElementSet::CopyByValue(const CDcmElementSet& other)
     if (this != &other)
     {
         auto body = std::make_unique<CElementBody>();
-        other.CopyElementsInto(*body);
+        other.Elements().CopyElementsInto(*body);
         body->ListChanged();
         body->CopyItemForms(other.ElementsAsIs());
         CopyDeclared(other);
@@ -51,38 +53,16 @@ void CDcmElementSet::CopyIntoBody(const CDcmElementSet& other)
     {
         return;
     }
-    CElementBody& mine = ElementsAsIs();
-    const CElementBody& others = other.ElementsAsIs();
-    const CBodyHandle kept(other.ElementsAsIs()); // The other set may lie in an element that goes.
-    if (mine.IsUnfilledLike(others))
-    {
-        mine.CopyUnfilled(others);
-        CopyDeclared(other);
-        return;
-    }
-    CDcmListBody copies;
-    other.CopyElementsInto(copies);
-    CopyDeclared(other);
-    mine.Clear();
-    mine.SwapList(copies.list);
-    mine.CopyItemForms(others);
-    mine.Rebind(false);
-    mine.CopyUnshownMembers(others);
+    CDWordArray declared(other.m_declared); // The other set may lie in an element that goes.
+    const CElementShape* classShape = other.m_classShape;
+    ElementsAsIs().CopyFrom(other.ElementsAsIs());
+    m_declared.Swap(declared);
+    m_classShape = classShape;
 }
 
 void CDcmElementSet::ReplaceItems(const CDcmElementSet& items)
 {
-    if (SharesBodyWith(items))
-    {
-        return;
-    }
-    CDcmListBody copies;
-    items.CopyElementsInto(copies);
-    CElementBody& mine = ElementsAsIs();
-    mine.Clear();
-    mine.SwapList(copies.list);
-    mine.CopyItemForms(items.ElementsAsIs());
-    mine.Rebind(true);
+    ElementsAsIs().ReplaceItems(items.ElementsAsIs());
 }
 
 void CDcmElementSet::UpdateValuesFrom(const CDcmElementSet& other)
@@ -126,18 +106,31 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
     {
         return;
     }
+    // Where both keep items, an element belongs to that of its tag in the same item.
+    const bool byItem = KeepsItems() && other.KeepsItems();
+    const auto keyOf = [byItem](const CDcmElement& element)
+    { return element.Tag() | (byItem ? static_cast<std::uint64_t>(ItemOf(element)) << 32U : 0U); };
+    std::unordered_set<std::uint64_t, STagHash> mine; // Where Find does not answer.
+    for (const CObject* object : Body().list)
+    {
+        if (byItem)
+        {
+            mine.insert(keyOf(ElementOf(object)));
+        }
+    }
     CDcmListBody merged;
-    std::unordered_map<DWORD, const CDcmElement*, STagHash> known;
+    CElementBlocks blocks;
+    std::unordered_map<std::uint64_t, const CDcmElement*, STagHash> known;
     for (const CObject* object : other.Body().list)
     {
         const CDcmElement& element = ElementOf(object);
-        if (Find(element) != nullptr)
+        if (byItem ? mine.contains(keyOf(element)) : Find(element) != nullptr)
         {
-            known.emplace(element.Tag(), &element);
+            known.emplace(keyOf(element), &element);
         }
         else
         {
-            merged.Append(std::make_unique<CDcmElement>(element));
+            merged.Append(blocks.Make<CDcmElement>(element));
         }
     }
     auto body = std::make_unique<CElementBody>();
@@ -155,7 +148,13 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
     }
     else
     {
-        CopyElementsInto(merged);
+        Elements().CopyElementsInto(merged);
+    }
+    if (byItem)
+    {
+        std::stable_sort(merged.list.begin(), merged.list.end(),
+                         [](const CObject* left, const CObject* right)
+                         { return ItemOf(ElementOf(left)) < ItemOf(ElementOf(right)); });
     }
     body->SwapList(merged.list);
     body->CopyItemForms(ElementsAsIs());
@@ -167,7 +166,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
     ReplaceBody(std::move(body));
     for (CObject* object : Body().list)
     {
-        const auto source = known.find(ElementOf(object).Tag());
+        const auto source = known.find(keyOf(ElementOf(object)));
         if (source != known.end())
         {
             ElementOf(object) = *source->second;
@@ -223,11 +222,12 @@ void CDcmElementSet::CopyNonEmptyInto(CDcmElementSet& target) const
 {
     // Elements that a read by the standard rules found empty are part of their item.
     const bool keepsItems = ElementsAsIs().keepsItems;
-    for (const CObject* object : keepsItems ? Body().list : ListOfValues())
+    CElementBlocks blocks;
+    for (const CObject* object : keepsItems ? Body().list : ElementsAsIs().ListOfValues())
     {
         if (!ElementOf(object).IsEmptyValue() || (keepsItems && ElementOf(object).IsRead()))
         {
-            auto copy = std::make_unique<CDcmElement>(ElementOf(object));
+            std::unique_ptr<CDcmElement> copy = blocks.Make<CDcmElement>(ElementOf(object));
             copy->PruneEmptyItems();
             target.Add(copy.release());
         }

@@ -28,7 +28,7 @@ CDcmFrameList::CDcmFrameList() : CDcmList(new CDcmListBody) {}
 CDcmFrameList::CDcmFrameList(const CDcmFrameList& other)
     : CDcmList(new CDcmListBody), m_offsetTable(other.m_offsetTable), m_readForm(other.m_readForm)
 {
-    other.CopyElementsInto(Body());
+    other.CopyFramesInto(Body());
 }
 
 CDcmFrameList& CDcmFrameList::operator=(const CDcmFrameList& other)
@@ -36,7 +36,7 @@ CDcmFrameList& CDcmFrameList::operator=(const CDcmFrameList& other)
     if (this != &other)
     {
         CDcmListBody copies;
-        other.CopyElementsInto(copies);
+        other.CopyFramesInto(copies);
         m_offsetTable = other.m_offsetTable;
         m_readForm = other.m_readForm;
         Body().list.Swap(copies.list);
@@ -48,22 +48,20 @@ CDcmFrameList::~CDcmFrameList() = default;
 
 bool CDcmFrameList::operator==(const CDcmFrameList& other) const
 {
-    return SharesBodyWith(other) || EqualLists(Body().list, other.Body().list);
+    const CObArray& mine = Body().list;
+    const CObArray& others = other.Body().list;
+    return SharesBodyWith(other) ||
+           std::equal(mine.begin(), mine.end(), others.begin(), others.end(),
+                      [](const CObject* a, const CObject* b) { return Frame(a).Size() == Frame(b).Size(); });
 }
 
-void CDcmFrameList::CopyElementsInto(CDcmListBody& target) const
+void CDcmFrameList::CopyFramesInto(CDcmListBody& target) const
 {
     target.list.Reserve(target.list.GetCount() + GetCount());
     for (const CObject* frame : Body().list)
     {
         target.Append(std::make_unique<CDcmFrame>(Frame(frame)));
     }
-}
-
-bool CDcmFrameList::EqualLists(const CObArray& left, const CObArray& right) const
-{
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](const CObject* a, const CObject* b) { return Frame(a).Size() == Frame(b).Size(); });
 }
 
 void CDcmFrameList::AddFrame(const CSharedBytes& bytes)

@@ -68,11 +68,9 @@ public:
     /// The description, each text in brackets.
     void Dump(CDumpContext& context) const override;
 
-protected:
-    void CopyElementsInto(CDcmListBody& target) const override;
-    bool EqualLists(const CObArray& left, const CObArray& right) const override;
-
 private:
+    void CopyFramesInto(CDcmListBody& target) const;
+
     CByteArray m_offsetTable;
     EForm m_readForm = FORM_UNKNOWN;
 };

@@ -35,7 +35,10 @@ void CDcmListBody::DestroyObjects()
 
 CDcmList::~CDcmList()
 {
-    TakeBody(nullptr);
+    if (m_body != nullptr)
+    {
+        TakeBody(nullptr);
+    }
 }
 
 void CDcmList::TakeBody(CDcmListBody* body)

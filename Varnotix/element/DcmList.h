@@ -5,6 +5,7 @@
 #include "Varnotix/platform/RefCount.h"
 
 #include <memory>
+#include <utility>
 
 /// The body behind one or more CDcmList handles. It owns the objects of its list.
 class VARNOTIX_EXPORT CDcmListBody : public CObject
@@ -29,6 +30,12 @@ public:
     /// Adds the objects that were left out of the list until somebody looks at it. Memory that ran out leaves them out.
     virtual void Fill();
 
+private:
+    friend class CDcmElementSet;
+    friend class CDcmFrameList;
+    friend class CDcmList;
+    friend class CElementBody;
+
     CObArray list;
     CRefCount references;
     bool unfilled = false;
@@ -40,7 +47,7 @@ class VARNOTIX_EXPORT CDcmList : public CObject
     DECLARE_DYNAMIC(CDcmList)
 
 public:
-    /// A class of lists decides for itself what its copies share.
+    /// Derived classes define copying.
     CDcmList(const CDcmList&) = delete;
     CDcmList& operator=(const CDcmList&) = delete;
     ~CDcmList() override;
@@ -55,11 +62,6 @@ protected:
     /// Takes over a fresh body.
     explicit CDcmList(CDcmListBody* body) : m_body(body) {}
 
-    /// Appends a newly made copy of each object, in order. When memory runs out, the target owns those that were made.
-    virtual void CopyElementsInto(CDcmListBody& target) const = 0;
-    /// Compares the objects of two lists.
-    virtual bool EqualLists(const CObArray& left, const CObArray& right) const = 0;
-
     CDcmListBody& Body() const
     {
         if (m_body->unfilled)
@@ -73,6 +75,9 @@ protected:
 
     /// Releases the body and takes over another one, which is already counted for this handle.
     void TakeBody(CDcmListBody* body);
+
+    /// Gives up the body, which the caller takes over; the handle can only be destroyed then.
+    CDcmListBody* LeaveBody() noexcept { return std::exchange(m_body, nullptr); }
 
     /// Releases the body and shares the other handle's.
     void ShareBody(const CDcmList& other);

@@ -43,11 +43,6 @@ constexpr std::size_t kBlockHeader = std::max<std::size_t>(sizeof(SBlock), 8);
 // that were not made are taken off when it is left.
 constexpr std::size_t kCountedAhead = 1U << 20U;
 
-SBlock*& BlockOf(void* object)
-{
-    return *(static_cast<SBlock**>(object) - 1);
-}
-
 void Release(SBlock* block, std::size_t count) noexcept
 {
     if (block->holders.Release(count))
@@ -56,24 +51,25 @@ void Release(SBlock* block, std::size_t count) noexcept
     }
 }
 
-void* MarkOwn(void* memory) noexcept
-{
-    void* object = static_cast<BYTE*>(memory) + kOwnHeader;
-    BlockOf(object) = nullptr;
-    return object;
-}
-
 } // namespace
 
 void* CBlockObject::operator new(std::size_t size)
 {
-    return MarkOwn(::operator new(kOwnHeader + size));
+    void* object = static_cast<BYTE*>(::operator new(kOwnHeader + size)) + kOwnHeader;
+    CElementBlocks::OwnerOf(object) = nullptr;
+    return object;
 }
 
-void* CBlockObject::operator new(std::size_t size, const std::nothrow_t& tag) noexcept
+void* CBlockObject::operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
-    void* memory = ::operator new(kOwnHeader + size, tag);
-    return memory != nullptr ? MarkOwn(memory) : nullptr;
+    try
+    {
+        return operator new(size);
+    }
+    catch (const std::bad_alloc&)
+    {
+        return nullptr;
+    }
 }
 
 void CBlockObject::operator delete(void* place) noexcept
@@ -82,7 +78,7 @@ void CBlockObject::operator delete(void* place) noexcept
     {
         return;
     }
-    if (SBlock* block = BlockOf(place))
+    if (SBlock* block = CElementBlocks::OwnerOf(place))
     {
         Release(block, 1);
     }
@@ -95,6 +91,11 @@ void CBlockObject::operator delete(void* place) noexcept
 void CBlockObject::operator delete(void* place, const std::nothrow_t&) noexcept
 {
     operator delete(place);
+}
+
+CElementBlocks::CElementBlocks(int count)
+    : m_nextSize(static_cast<std::size_t>(std::max(count, 1)) * (kOwnerSize + sizeof(CDcmElement)))
+{
 }
 
 void CElementBlocks::AddBlock(std::size_t least)
@@ -118,32 +119,11 @@ void CElementBlocks::LeaveBlock() noexcept
     }
 }
 
-void CElementBlocks::Destroy(const CObArray& elements) noexcept
+void CElementBlocks::CRelease::LeaveBlock() noexcept
 {
-    SBlock* block = nullptr;
-    std::size_t destroyed = 0;
-    CViewRelease values; // Those of one read lie in few blocks, too.
-    for (CObject* object : elements)
+    if (m_destroyed > 0)
     {
-        auto* element = static_cast<CDcmElement*>(object);
-        SBlock* owner = BlockOf(element);
-        if (owner == nullptr)
-        {
-            delete element;
-            continue;
-        }
-        if (owner != block && destroyed > 0)
-        {
-            Release(block, destroyed);
-            destroyed = 0;
-        }
-        block = owner;
-        ++destroyed;
-        values.Take(element->m_raw);
-        element->CDcmElement::~CDcmElement(); // No class that is derived from it lies in a block.
-    }
-    if (destroyed > 0)
-    {
-        Release(block, destroyed);
+        Release(m_block, m_destroyed);
+        m_destroyed = 0;
     }
 }

@@ -5,6 +5,7 @@
 #include "Varnotix/platform/Arrays.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <type_traits>
 #include <utility>
@@ -19,6 +20,8 @@ public:
     struct SBlock;
 
     CElementBlocks() = default;
+    /// @param count how many elements are expected; the first block has room for them, unless they are too many.
+    explicit CElementBlocks(int count);
     CElementBlocks(const CElementBlocks&) = delete;
     CElementBlocks& operator=(const CElementBlocks&) = delete;
     ~CElementBlocks() { LeaveBlock(); }
@@ -34,7 +37,7 @@ public:
             AddBlock(kStride);
         }
         BYTE* place = m_next + kOwnerSize;
-        *(reinterpret_cast<SBlock**>(place) - 1) = m_block;
+        OwnerOf(place) = m_block;
         // A constructor that throws leaves the place to the next object.
         std::unique_ptr<OBJECT> made(::new (place) OBJECT(std::forward<ARGUMENTS>(arguments)...));
         m_next += kStride;
@@ -43,13 +46,60 @@ public:
         return made;
     }
 
-    /// Destroys elements. Those that lie in one block, one after the other, give it back in one step.
-    static void Destroy(const CObArray& elements) noexcept;
+    /// Destroys objects in blocks: one change of a block's count for all that follow each other in it.
+    class CRelease
+    {
+    public:
+        CRelease() = default;
+        CRelease(const CRelease&) = delete;
+        CRelease& operator=(const CRelease&) = delete;
+        ~CRelease() { LeaveBlock(); }
+
+        /// Destroys the object, whose class is the given one if it lies in a block.
+        template <class OBJECT>
+        void Destroy(OBJECT* object) noexcept
+        {
+            SBlock* block = BlockOf(object);
+            if (block == nullptr)
+            {
+                delete object;
+                return;
+            }
+            if (block != m_block)
+            {
+                LeaveBlock();
+                m_block = block;
+            }
+            ++m_destroyed;
+            object->OBJECT::~OBJECT();
+        }
+
+    private:
+        void LeaveBlock() noexcept;
+
+        SBlock* m_block = nullptr;
+        std::size_t m_destroyed = 0;
+    };
+
+    /// The block that an object lies in; null for one with memory of its own. Its class may be derived from the given
+    /// one, and have other bases in front of it.
+    template <class OBJECT>
+    static SBlock* BlockOf(OBJECT* object)
+    {
+        return OwnerOf(dynamic_cast<void*>(object));
+    }
 
 private:
+    friend class CBlockObject;
+
     static constexpr std::size_t kOwnerSize = 8; // The block of an object, or null, is right in front of it.
     static constexpr std::size_t kFirstSize = 960;
 
+    static SBlock*& OwnerOf(void* place)
+    {
+        // As a number: compilers know that the memory in front of an object is none of its own.
+        return *reinterpret_cast<SBlock**>(reinterpret_cast<std::uintptr_t>(place) - sizeof(SBlock*));
+    }
     void AddBlock(std::size_t least);
     void LeaveBlock() noexcept;
 

@@ -218,13 +218,55 @@ void CElementBody::BeginItem(bool undefinedLength)
     selectedItem = itemForms.Count();
 }
 
+/// The body of the element's items, if no other handle shares it; the element must be destroyed then.
+CElementBody* CElementBody::TakeItems(CDcmElement& element) noexcept
+{
+    CDcmElementSet* items = element.Items();
+    if (items == nullptr || items->BodyAsIs().list.IsEmpty() || !items->BodyAsIs().references.IsOne())
+    {
+        return nullptr;
+    }
+    return static_cast<CElementBody*>(items->LeaveBody());
+}
+
+/// Sequences are destroyed one after the other and not from within each other, which takes longer, and stack.
 void CElementBody::DestroyElements() noexcept
 {
-    if (!list.IsEmpty())
+    if (list.IsEmpty())
     {
-        CObArray doomed;
-        doomed.Swap(list);
-        CElementBlocks::Destroy(doomed);
+        return;
+    }
+    CElementBlocks::CRelease places;
+    CViewRelease values; // Those of one read lie in few chunks, too.
+    CObArray doomed;
+    doomed.Swap(list);
+    CElementBody* waiting = nullptr;
+    while (true)
+    {
+        for (CObject* object : doomed)
+        {
+            auto* element = static_cast<CDcmElement*>(object);
+            if (CElementBlocks::BlockOf(element) != nullptr)
+            {
+                values.Take(element->m_raw);
+                if (CElementBody* items = TakeItems(*element))
+                {
+                    items->m_next = waiting;
+                    waiting = items;
+                }
+            }
+            places.Destroy(element);
+        }
+        if (waiting == nullptr)
+        {
+            return;
+        }
+        CElementBody* body = waiting;
+        waiting = body->m_next;
+        CObArray elements;
+        elements.Swap(body->list);
+        doomed.Swap(elements);
+        places.Destroy(body);
     }
 }
 
@@ -262,238 +304,4 @@ void CElementBody::Sort()
     list.Assign(elements.data(), static_cast<int>(elements.size()));
     m_firstOfTag.reset();
     m_sorted = true;
-}
-
-void CElementBody::TakeShape(const CElementShape& shape)
-{
-    m_shape = &shape;
-    m_members.reserve(shape.Sequences().size());
-    unfilled = true;
-}
-
-CElementShape& CElementBody::OwnShape()
-{
-    if (!m_ownShape)
-    {
-        m_ownShape = m_shape != nullptr ? std::make_unique<CElementShape>(*m_shape) : std::make_unique<CElementShape>();
-        m_shape = m_ownShape.get();
-    }
-    return *m_ownShape;
-}
-
-void CElementBody::ForgetShape()
-{
-    m_members.clear();
-    m_shape = nullptr;
-    m_ownShape.reset();
-}
-
-bool CElementBody::HoldsAllValues() const
-{
-    if (!unfilled)
-    {
-        return true;
-    }
-    for (std::size_t i = 0; i < m_members.size(); ++i)
-    {
-        if (FindMember(i) == nullptr && !CDcmElementSet(*m_members[i]).IsEmptyOfValues())
-        {
-            return false;
-        }
-    }
-    return m_shape->BeginsEmpty();
-}
-
-bool CElementBody::IsUnfilledLike(const CElementBody& other) const
-{
-    return unfilled && other.unfilled && m_shape == other.m_shape && m_members.size() == other.m_members.size();
-}
-
-void CElementBody::BindNext(CElementBody& member)
-{
-    m_members.emplace_back(member);
-}
-
-std::unique_ptr<CDcmElement> CElementBody::MakeElement(const CElementShape::SElement& shape) const
-{
-    if (shape.vr == VR_SQ)
-    {
-        const std::vector<DWORD>& tags = m_shape->Sequences();
-        const auto place = static_cast<std::size_t>(std::find(tags.begin(), tags.end(), shape.tag) - tags.begin());
-        if (place < m_members.size())
-        {
-            std::unique_ptr<CDcmElementSet> items(new CDcmElementSet(*m_members[place]));
-            return std::unique_ptr<CDcmElement>(new CDcmElement(shape.tag, shape.entry, std::move(items)));
-        }
-    }
-    return std::make_unique<CDcmElement>(Tag::Group(shape.tag), Tag::Element(shape.tag), shape.vr, shape.entry);
-}
-
-void CElementBody::Rebind(bool restore)
-{
-    if (m_shape == nullptr)
-    {
-        return;
-    }
-    for (std::size_t i = 0; i < m_members.size(); ++i)
-    {
-        CDcmElement* sequence = FindMember(i);
-        CDcmElementSet member(*m_members[i]);
-        if (sequence != nullptr && sequence->Items() != nullptr)
-        {
-            if (restore)
-            {
-                member.ReplaceItems(*sequence->Items());
-            }
-            else
-            {
-                member.CopyIntoBody(*sequence->Items());
-            }
-            sequence->Items()->CopyByReference(member);
-        }
-        else if (restore && sequence == nullptr)
-        {
-            member.EmptyValues();
-        }
-    }
-    unfilled = unfilled || restore;
-}
-
-/// In a sorted list the new elements go to their places; after the items of a read, which keep the stream's order, they
-/// go to the end.
-/// @param make gives the element for a tag of the shape that is not in the list, or null for none.
-template <class MAKE>
-void CElementBody::AddMissing(const MAKE& make)
-{
-    CDcmListBody made; // Owns the new elements until they are in the list.
-    CObArray all;
-    all.Reserve(list.GetCount() + static_cast<int>(m_shape->Elements().size()));
-    const auto* next = list.begin();
-    if (!m_sorted)
-    {
-        all.Append(list);
-        next = list.end();
-    }
-    for (const CElementShape::SElement& element : m_shape->Elements())
-    {
-        while (next != list.end() && TagOf(*next) < element.tag)
-        {
-            all.Add(*next++);
-        }
-        const bool isInOrder = m_sorted && !keepsItems;
-        if (isInOrder ? next != list.end() && TagOf(*next) == element.tag : FindShown(element.tag) != nullptr)
-        {
-            continue;
-        }
-        if (std::unique_ptr<CDcmElement> missing = make(element))
-        {
-            all.Add(missing.get());
-            made.Append(std::move(missing));
-        }
-    }
-    if (!made.list.IsEmpty())
-    {
-        for (; next != list.end(); ++next)
-        {
-            all.Add(*next);
-        }
-        SwapList(all);
-        made.list.RemoveAll();
-    }
-}
-
-void CElementBody::Fill()
-{
-    AddMissing([this](const CElementShape::SElement& element) { return MakeElement(element); });
-    unfilled = false;
-}
-
-/// As Find, for tags in ascending order.
-/// @param start 0 at first; moves on with the tags.
-CDcmElement* CElementBody::FindFrom(DWORD tag, int& start) const
-{
-    if (!m_sorted)
-    {
-        return Find(tag);
-    }
-    int step = 1;
-    while (start + step < list.GetCount() && TagOf(list.begin()[start + step]) < tag)
-    {
-        start += step;
-        step *= 2;
-    }
-    const auto* end = list.begin() + std::min(start + step + 1, list.GetCount());
-    const auto* found = std::lower_bound(list.begin() + std::min(start, list.GetCount()), end, tag,
-                                         [](const CObject* element, DWORD value) { return TagOf(element) < value; });
-    start = static_cast<int>(found - list.begin());
-    CDcmElement* element = ElementAt(start);
-    return element != nullptr && element->Tag() == tag ? element : nullptr;
-}
-
-void CElementBody::TakeValues(const CElementBody& other)
-{
-    for (CObject* object : list)
-    {
-        if (const CDcmElement* value = other.Find(TagOf(object)))
-        {
-            ElementOf(object) = *value;
-        }
-    }
-    int start = 0;
-    AddMissing(
-        [&](const CElementShape::SElement& element)
-        {
-            std::unique_ptr<CDcmElement> taken;
-            if (const CDcmElement* value = other.FindFrom(element.tag, start))
-            {
-                taken = MakeElement(element);
-                *taken = *value;
-            }
-            return taken;
-        });
-}
-
-void CElementBody::CopyUnfilled(const CElementBody& other)
-{
-    CDcmListBody copies;
-    for (const CObject* object : other.list)
-    {
-        copies.Append(std::make_unique<CDcmElement>(ElementOf(object)));
-    }
-    Clear();
-    SwapList(copies.list);
-    CopyItemForms(other);
-    unfilled = true;
-    Rebind(false);
-    CopyUnshownMembers(other);
-}
-
-void CElementBody::CopyUnshownMembers(const CElementBody& other)
-{
-    for (std::size_t i = 0; i < m_members.size(); ++i)
-    {
-        if (FindMember(i) != nullptr)
-        {
-            continue;
-        }
-        CDcmElementSet member(*m_members[i]);
-        if (i < other.m_members.size() && m_shape->Sequences()[i] == other.m_shape->Sequences()[i])
-        {
-            member.CopyIntoBody(CDcmElementSet(*other.m_members[i]));
-        }
-        else
-        {
-            member.EmptyValues();
-        }
-    }
-}
-
-void CElementBody::TakeBindings(CElementBody& replaced) noexcept
-{
-    if (replaced.references.IsOne() && !replaced.m_members.empty())
-    {
-        m_shape = replaced.m_shape;
-        m_ownShape.swap(replaced.m_ownShape);
-        m_members.swap(replaced.m_members);
-    }
 }

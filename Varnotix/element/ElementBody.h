@@ -60,6 +60,10 @@ private:
 class CElementBody : public CDcmListBody, public CBlockObject
 {
 public:
+    using CDcmListBody::list;
+    using CDcmListBody::references;
+    using CDcmListBody::unfilled;
+
     ~CElementBody() override { DestroyElements(); }
 
     /// The body that a set shows, with all its elements in the list.
@@ -126,6 +130,29 @@ public:
     /// Stable, ascending by tag.
     void Sort();
 
+    // Values. What is said of sets in DcmElementSet.h holds for their bodies.
+
+    /// The list, with the elements that were left out of it.
+    const CObArray& WholeList()
+    {
+        if (unfilled)
+        {
+            Fill();
+        }
+        return list;
+    }
+    /// A list that may lack elements which count as empty.
+    const CObArray& ListOfValues();
+    bool IsEmptyOfValues();
+    void EmptyValues();
+    bool IsEqual(CElementBody& other);
+    /// Appends copies of all elements. When memory runs out, the target owns those that were made.
+    void CopyElementsInto(CDcmListBody& target);
+    /// Replaces the elements by copies of the other's; bound sequences stay bound.
+    void CopyFrom(CElementBody& other);
+    /// As CopyFrom; declared elements that the other lacks stay in place, empty.
+    void ReplaceItems(CElementBody& items);
+
     // What a module or sequence class declared for this body.
 
     /// Takes the shape of a class for an empty body; its elements are made when somebody looks at the list.
@@ -140,8 +167,6 @@ public:
     bool IsUnfilledLike(const CElementBody& other) const;
     /// The elements of an unfilled body, in the list or not, take the values of the other's elements of their tags.
     void TakeValues(const CElementBody& other);
-    /// Replaces the elements by copies of those of a body that is unfilled like this one.
-    void CopyUnfilled(const CElementBody& other);
     /// Members that no element shows take the values of the other's member in their place, or become empty without
     /// one: an accessor must not show what was there before a copy.
     void CopyUnshownMembers(const CElementBody& other);
@@ -161,16 +186,19 @@ private:
     using CTagIndex = std::unordered_map<DWORD, CDcmElement*, STagHash>;
 
     /// An empty element of the shape, bound if it is a sequence with a member.
-    std::unique_ptr<CDcmElement> MakeElement(const CElementShape::SElement& shape) const;
+    std::unique_ptr<CDcmElement> MakeElement(const CElementShape::SElement& shape, CElementBlocks& blocks) const;
     template <class MAKE>
     void AddMissing(const MAKE& make);
     /// The element that shows a member, if it is in the list.
     CDcmElement* FindMember(std::size_t member) const { return FindShown(m_shape->Sequences()[member]); }
     CDcmElement* FindFrom(DWORD tag, int& start) const;
+    void CopyListInto(CDcmListBody& target) const;
     int IndexOf(const CDcmElement* element) const;
+    static CElementBody* TakeItems(CDcmElement& element) noexcept;
     void DestroyElements() noexcept;
     int LowerBound(DWORD tag) const;
 
+    CElementBody* m_next = nullptr; // The next one that waits to be destroyed.
     bool m_sorted = true;
     mutable std::unique_ptr<CTagIndex> m_firstOfTag;
     const CElementShape* m_shape = nullptr;

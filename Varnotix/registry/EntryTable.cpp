@@ -12,20 +12,8 @@ namespace
 
 constexpr std::size_t kKeyLength = 8;
 constexpr std::size_t kFirstSlots = 64;
-constexpr std::uint64_t kRepeatingMark = std::uint64_t{1} << 32U;
-
-bool IsRepeatingGroup(int group)
-{
-    const int family = group & 0xFF00;
-    return family == 0x5000 || family == 0x6000;
-}
 
 } // namespace
-
-CEntryTable::Code CEntryTable::CodeOfTag(int group, int element)
-{
-    return IsRepeatingGroup(group) ? kRepeatingMark | Tag::Make(group & 0xFF00, element) : Tag::Make(group, element);
-}
 
 bool CEntryTable::CodeOfKey(std::string_view key, Code& code)
 {
@@ -58,22 +46,6 @@ std::string CEntryTable::KeyOfTag(int group, int element)
     char key[kKeyLength + 1];
     std::snprintf(key, sizeof key, "%08X", static_cast<unsigned>(Tag::Make(group, element)));
     return key;
-}
-
-std::size_t CEntryTable::SlotOf(Code code) const
-{
-    const std::size_t mask = m_slots.size() - 1;
-    std::size_t slot = static_cast<std::size_t>(HashNumber(code, m_spread)) & mask;
-    while (m_slots[slot].entry != nullptr && m_slots[slot].code != code)
-    {
-        slot = (slot + 1) & mask;
-    }
-    return slot;
-}
-
-const CDcmEntry* CEntryTable::FindCode(Code code) const
-{
-    return m_slots.empty() ? nullptr : m_slots[SlotOf(code)].entry;
 }
 
 const CDcmEntry* CEntryTable::Find(std::string_view key) const

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Varnotix/registry/DcmEntry.h"
+#include "Varnotix/registry/Tag.h"
 #include "Varnotix/registry/TagHash.h"
 
 #include <cstdint>
@@ -59,10 +60,34 @@ private:
         const CDcmEntry* entry = nullptr;
     };
 
-    static Code CodeOfTag(int group, int element);
+    static constexpr Code kRepeatingMark = Code{1} << 32U;
+
+    static bool IsRepeatingGroup(int group)
+    {
+        const int family = group & 0xFF00;
+        return family == 0x5000 || family == 0x6000;
+    }
+    static Code CodeOfTag(int group, int element)
+    {
+        using namespace Varnotix;
+        return IsRepeatingGroup(group) ? kRepeatingMark | Tag::Make(group & 0xFF00, element)
+                                       : Tag::Make(group, element);
+    }
     static bool CodeOfKey(std::string_view key, Code& code);
-    const CDcmEntry* FindCode(Code code) const;
-    std::size_t SlotOf(Code code) const;
+    const CDcmEntry* FindCode(Code code) const { return m_slots.empty() ? nullptr : m_slots[SlotOf(code)].entry; }
+    std::size_t SlotOf(Code code) const
+    {
+        const std::size_t mask = m_slots.size() - 1;
+        // Neighbours are looked up one after the other, so eight of them have slots side by side.
+        constexpr unsigned kNeighbourBits = 3;
+        const Code place = HashNumber(code >> kNeighbourBits, m_spread) << kNeighbourBits;
+        std::size_t slot = static_cast<std::size_t>(place | (code & ((1U << kNeighbourBits) - 1))) & mask;
+        while (m_slots[slot].entry != nullptr && m_slots[slot].code != code)
+        {
+            slot = (slot + 1) & mask;
+        }
+        return slot;
+    }
     void Grow();
 
     std::vector<SItem> m_items;

@@ -19,10 +19,10 @@ constexpr std::uint64_t HashNumber(std::uint64_t number, std::uint64_t spread)
     return ((product ^ (product >> 32U)) * 0x9E3779B97F4A7C15U) >> 32U;
 }
 
-/// For hash tables of the standard library whose keys are tags.
+/// For hash tables of the standard library whose keys are tags, or numbers that begin with one.
 struct STagHash
 {
     std::uint64_t spread = TagSpread();
 
-    std::size_t operator()(DWORD tag) const { return static_cast<std::size_t>(HashNumber(tag, spread)); }
+    std::size_t operator()(std::uint64_t tag) const { return static_cast<std::size_t>(HashNumber(tag, spread)); }
 };

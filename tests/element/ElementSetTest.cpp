@@ -149,6 +149,30 @@ TEST(ElementSetMerge, PutsNewTagsInFrontOfABodyOfItsOwn)
     EXPECT_EQ(Listing(sharing), (Texts{"00100020=1", "00080060=CT"}));
 }
 
+TEST(ElementSetMerge, MergesEachItemByItselfWhereBothSetsKeepItems)
+{
+    const auto fill = [](CDcmElementSet& set, std::initializer_list<std::initializer_list<CDcmElement*>> items)
+    {
+        set.SetKeepsItems(true);
+        for (const auto& elements : items)
+        {
+            set.BeginItem();
+            Fill(set, elements);
+        }
+        set.SelectItem(0);
+    };
+    CDcmElementSet target;
+    fill(target, {{MakeText(0x0008, 0x0100, "a"), MakeText(0x0008, 0x0104, "A")}, {MakeText(0x0008, 0x0104, "B")}});
+    CDcmElementSet source;
+    fill(source, {{MakeText(0x0008, 0x0104, "new")}, {MakeText(0x0008, 0x0100, "b")}, {MakeText(0x0008, 0x0100, "c")}});
+    target.Merge(source);
+    EXPECT_EQ(Listing(target), (Texts{"00080100=a", "00080104=new", "00080100=b", "00080104=B", "00080100=c"}));
+    EXPECT_EQ(target.ItemCount(), 3);
+    const CDcmElement* second = target.FindInItem(2, 0x0008, 0x0100);
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->JoinedText(), "b");
+}
+
 TEST(ElementSetEquality, IgnoresOrderButMatchesEachElementOnce)
 {
     const auto equal = [](const char* left, const char* right)
