@@ -16,6 +16,7 @@ void Sequences();
 void Texts();
 void Scripts();
 void Anonymising();
+void Deidentifying();
 void Associations();
 void Failures();
 void Threads();

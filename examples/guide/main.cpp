@@ -20,6 +20,7 @@ try
     Texts();
     Scripts();
     Anonymising();
+    Deidentifying();
     Associations();
     Failures();
     Threads();

@@ -1,29 +1,16 @@
 #include "object/NewUid.h"
 
-#include <array>
-#include <cstdint>
 #include <random>
 
 CString NewUid()
 {
     std::random_device device;
-    std::array<std::uint32_t, 4> uuid{device(), device(), device(), device()};
-    uuid[1] = (uuid[1] & 0xFFFF0FFFU) | 0x4000U;     // Version: random.
-    uuid[2] = (uuid[2] & 0x3FFFFFFFU) | 0x80000000U; // Variant.
-
-    // The most digits that 128 bits can have.
-    constexpr int kDigits = 39;
-    std::string digits(kDigits, '0');
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit)
+    Varnotix::CUuid uuid{};
+    for (BYTE& byte : uuid)
     {
-        std::uint64_t rest = 0;
-        for (std::uint32_t& word : uuid)
-        {
-            rest = rest << 32U | word;
-            word = static_cast<std::uint32_t>(rest / 10);
-            rest %= 10;
-        }
-        *digit = static_cast<char>('0' + rest);
+        byte = static_cast<BYTE>(device());
     }
-    return CString("2.25." + digits.substr(digits.find_first_not_of('0')));
+    uuid[6] = static_cast<BYTE>((uuid[6] & 0x0FU) | 0x40U); // Version: random.
+    uuid[8] = static_cast<BYTE>((uuid[8] & 0x3FU) | 0x80U); // Variant.
+    return Varnotix::UidOfUuid(uuid);
 }
