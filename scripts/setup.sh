@@ -6,7 +6,7 @@ set -euo pipefail
 
 [ $# -gt 0 ] || set -- release asan tsan installed windows clang bench coverage fuzz hostile style reference
 
-packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libasio-dev zlib1g-dev
+packages=(g++ cmake ninja-build libcli11-dev nlohmann-json3-dev libasio-dev zlib1g-dev libssl-dev
     libpng-dev libjpeg62-turbo-dev libopenjp2-7-dev libcharls-dev)
 for stage in "$@"; do
     case $stage in

@@ -22,6 +22,7 @@ int Run(int count, char** texts)
     AddList(line);
     AddConvert(line);
     AddAnonymize(line);
+    AddDeidentify(line);
     AddFrames(line);
     AddModules(line);
     AddCheck(line);

@@ -15,7 +15,7 @@ constexpr const char* kFooter =
     "dates of the study and what the pixels show stay: this is not a de-identification profile of PS3.15. Standard\n"
     "error reports what an object holds that is not covered, also with -q: the same attributes in sequence items,\n"
     "private groups, burned-in annotation. The exit status is then 10. --deep covers the first two. The preamble of\n"
-    "the file is cleared.";
+    "the file is cleared. 'deidentify' is the verb for that profile.";
 
 struct SAnonymizeOptions
 {

@@ -83,7 +83,9 @@ void CVerb::Texts(const char* name, std::vector<CString>& values, const char* he
             values.emplace_back(std::string_view(text));
         }
     };
-    m_verb.add_option_function<std::vector<std::string>>(name, take, help)->required(need == ENeed::Required);
+    m_verb.add_option_function<std::vector<std::string>>(name, take, help)
+        ->required(need == ENeed::Required)
+        ->allow_extra_args(*name != '-'); // What follows the value of an option may be a FILE.
 }
 
 void CVerb::Repeated(const char* name, std::vector<CString>& values, const char* help)

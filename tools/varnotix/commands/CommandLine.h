@@ -37,7 +37,7 @@ public:
     void Text(const char* name, CString& value, const char* help, ENeed need = ENeed::Required);
     /// As Text, and help shows what the variable holds now.
     void TextWithDefault(const char* name, CString& value, const char* help);
-    /// One or more values, or any number of an optional one.
+    /// One or more values, or any number of an optional one. An option takes one value each time that it is given.
     void Texts(const char* name, std::vector<CString>& values, const char* help, ENeed need = ENeed::Required);
     /// As Texts for an option that takes one value each time that it is given.
     void Repeated(const char* name, std::vector<CString>& values, const char* help);

@@ -9,6 +9,7 @@ void AddBuild(CCommandLine& line);
 void AddCheck(CCommandLine& line);
 void AddConvert(CCommandLine& line);
 void AddDiff(CCommandLine& line);
+void AddDeidentify(CCommandLine& line);
 void AddDump(CCommandLine& line);
 void AddFrames(CCommandLine& line);
 void AddList(CCommandLine& line);

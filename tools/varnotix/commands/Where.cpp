@@ -41,7 +41,9 @@ int Where(const CReport& /*report*/)
     const CDcmRegistry& registry = CDcmRegistry::Global();
     const CString text = FileLine("dictionary.txt", CDcmRegistry::DictionaryPath(), Rows(registry.DictionarySize())) +
                          FileLine("UidTable.txt", CDcmRegistry::UidTablePath(), Rows(registry.UidDictionarySize())) +
-                         FileLine("objects.txt", ObjectRulesPath(), CString()) + Places();
+                         FileLine("objects.txt", ObjectRulesPath(), CString()) +
+                         FileLine("deidentification.txt", Varnotix::ProfilePath(), Rows(Varnotix::ProfileSize())) +
+                         Places();
     WriteStandardOutput(text.View());
     FlushStandardOutput();
     return STATUS_DONE;

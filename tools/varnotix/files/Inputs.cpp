@@ -142,6 +142,10 @@ bool CInputWalk::NextFound(SInput& input)
 
 void CInputWalk::Place(SInput& input)
 {
+    if (!m_inputs.namesOutputs)
+    {
+        return;
+    }
     input.output = m_inputs.intoFolder ? Varnotix::JoinPath(m_inputs.output, input.relative) : m_inputs.output;
     if (m_inputs.intoFolder && !m_outputs.insert(OutputKey(input.output)).second)
     {

@@ -16,6 +16,7 @@ struct SInputs
     int jobs = 1;               ///< How many inputs may be worked on at a time; 0: one per processor.
     CString output;             ///< Set by PlaceOutputs: the folder or file to write to; empty: no outputs.
     bool intoFolder = false;    ///< Set by PlaceOutputs: output is a folder.
+    bool namesOutputs = true;   ///< Outputs in a folder have the names of their inputs; the verb names others.
 };
 
 /// One input.

@@ -36,7 +36,7 @@ int DoJob(const SInputs& inputs, const CJobFunction& job, const SJob& what)
             status = kSkipped;
             return true;
         }
-        if (inputs.intoFolder)
+        if (inputs.intoFolder && !input.output.IsEmpty())
         {
             MakeFolder(FolderNameOf(input.output));
         }

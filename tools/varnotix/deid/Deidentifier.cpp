@@ -1,0 +1,263 @@
+#include "deid/Deidentifier.h"
+
+#include "deid/DateShift.h"
+#include "deid/HiddenItems.h"
+#include "deid/PixelRisk.h"
+#include "deid/Values.h"
+#include "object/Attributes.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace Tag = Varnotix::Tag;
+using Varnotix::EProfileAction;
+using Varnotix::EWalk;
+
+namespace
+{
+
+constexpr DWORD kLengthToEnd = 0x00080001;
+constexpr DWORD kOverlayData = 0x60003000;
+constexpr int kCurveGroups = 0x50; // The high bytes of repeating groups.
+constexpr int kOverlayGroups = 0x60;
+constexpr DWORD kEncapsulatedDocument = 0x00420011;
+
+// Attributes that the profile does not list, whose UIDs name classes, syntaxes, schemes and templates, and nothing that
+// belongs to a patient. Other UIDs are replaced wherever they are, so that references still match.
+constexpr DWORD kPublicUids[] = {0x00000002, 0x00000003, 0x00041432, 0x00041510, 0x00041512, 0x0004151A,
+                                 0x00080016, 0x0008001A, 0x0008001B, 0x00080062, 0x0008010C, 0x0008010D,
+                                 0x00080117, 0x00080118, 0x0008040E, 0x00081150, 0x0008115A, 0x00083002,
+                                 0x00340003, 0x04000010, 0x04000510, 0x3010001F, 0x30100052, 0x30100053};
+
+bool IsPublicUid(DWORD tag)
+{
+    return std::find(std::begin(kPublicUids), std::end(kPublicUids), tag) != std::end(kPublicUids);
+}
+
+Varnotix::EAttributeNeed NeedOf(const CAttributeRules* rules, const Varnotix::CElementPath& path)
+{
+    const SAttributeRules* found = rules != nullptr ? RulesOfAttribute(*rules, path) : nullptr;
+    if (found == nullptr)
+    {
+        return Varnotix::EAttributeNeed::Unknown;
+    }
+    switch (found->type)
+    {
+    case EAttributeType::Type1:
+    case EAttributeType::Type1C:
+        return Varnotix::EAttributeNeed::Value;
+    case EAttributeType::Type2:
+    case EAttributeType::Type2C:
+        return Varnotix::EAttributeNeed::Present;
+    default:
+        return Varnotix::EAttributeNeed::Optional;
+    }
+}
+
+/// Leaves the first item of a sequence only. Removing the others one by one would take a pass over all elements for
+/// each.
+void KeepFirstItem(CDcmElement& sequence)
+{
+    const CDcmElementSet& items = *sequence.Items();
+    CDcmElementSet first;
+    first.SetKeepsItems(true);
+    first.BeginItem(items.HasUndefinedLength(1));
+    CObList elements;
+    items.GetItem(1, elements);
+    for (POSITION place = elements.GetHeadPosition(); place != nullptr;)
+    {
+        first.Add(new CDcmElement(*static_cast<const CDcmElement*>(elements.GetNext(place))));
+    }
+    sequence.SetItems(first);
+}
+
+/// Numbers and texts of an item that the profile does not list; codes of the standard's own kinds stay valid only as
+/// they are.
+bool BecomesDummy(const CDcmElement& element)
+{
+    return element.Items() == nullptr && VrOf(element) != VR_CS && VrOf(element) != VR_UI;
+}
+
+} // namespace
+
+void CDeidentifier::Apply(CDcmElementSet& store)
+{
+    const CString sopClass = TextOf(store, Tag::kSopClassUid);
+    m_rules = RulesOfClass(sopClass.View());
+    m_isDocument = m_profile.keepsDocuments && IsDocumentClass(sopClass);
+    ShowHiddenItems(store);
+    m_known.Gather(store, m_profile.options);
+    Varnotix::WalkElements(store, [this](const SPlace& place) { return Visit(place); });
+    SetText(store, Tag::kPatientName, m_patient.name.View(), ' ');
+    SetText(store, Tag::kPatientId, m_patient.id.View(), ' ');
+}
+
+EWalk CDeidentifier::Visit(const SPlace& place)
+{
+    const DWORD tag = place.element.Tag();
+    const std::size_t depth = place.path.Steps().size();
+    m_dummyDepth = depth <= m_dummyDepth ? 0 : m_dummyDepth;
+    m_cleanDepth = depth <= m_cleanDepth ? 0 : m_cleanDepth;
+    if (depth == 1 && place.element.HasGroup(Tag::kMetaGroup))
+    {
+        return EWalk::Skip;
+    }
+    if (Tag::IsGroupLength(tag) || tag == kLengthToEnd)
+    {
+        return EWalk::Remove; // It would be wrong.
+    }
+    if (Tag::IsPrivate(tag))
+    {
+        return VisitPrivate(place);
+    }
+    // What cannot be read cannot be searched either.
+    const bool isHidden = HidesItems(place.element) || (place.element.HasVr(VR_UN) && VrOf(place.element) == VR_SQ);
+    // An overlay plane is no overlay without its data.
+    const bool isOverlay = place.element.Group() >> 8 == kOverlayGroups &&
+                           Varnotix::ProfileAction(kOverlayData, m_profile.options) == EAction::Remove;
+    if (CDcmRegistry::Global().LookUpPublicTag(tag) == nullptr || isHidden || isOverlay)
+    {
+        return Do(EAction::Remove, place);
+    }
+    if (tag == Tag::kPatientId)
+    {
+        const CValueBytes old = place.element.ValueBytes();
+        const CString id = m_profile.patients.NewIdOf(old.View().substr(0, old.View().find('\0')));
+        return Set(EDeidDone::Replaced, depth == 1 ? m_patient.id.View() : id.View(), place);
+    }
+    return Do(ActionFor(place, m_profile.options), place);
+}
+
+EWalk CDeidentifier::VisitPrivate(const SPlace& place)
+{
+    if ((m_profile.options & Varnotix::PROFILE_RETAIN_SAFE_PRIVATE) == 0)
+    {
+        return Do(EAction::Remove, place);
+    }
+    const CDcmElement& element = place.element;
+    const bool isCreator = CSafePrivate::IsCreator(element.Tag());
+    const int block = isCreator ? element.Element() : element.Element() >> 8;
+    std::string& creator = m_creators[{&place.set, place.item, element.Group(), block}];
+    if (isCreator)
+    {
+        creator = Varnotix::TrimBlanks(element.ValueBytes().View());
+    }
+    const bool isSafe = m_profile.safePrivate.Holds(element.Tag(), creator) && !HidesItems(element);
+    return Do(isSafe ? EAction::Keep : EAction::Remove, place);
+}
+
+EProfileAction CDeidentifier::ActionFor(const SPlace& place, unsigned options) const
+{
+    const DWORD tag = place.element.Tag();
+    const EAction listed = Varnotix::ProfileAction(tag, options);
+    if (tag == kEncapsulatedDocument && m_isDocument && place.path.Steps().size() == 1)
+    {
+        return EAction::Keep;
+    }
+    if (listed == EAction::None && VrOf(place.element) == VR_UI && !IsPublicUid(tag))
+    {
+        return (options & Varnotix::PROFILE_RETAIN_UIDS) != 0 ? EAction::None : EAction::NewUid;
+    }
+    return Varnotix::ActionForType(listed, NeedOf(m_rules, place.path));
+}
+
+EWalk CDeidentifier::Do(EAction action, const SPlace& place)
+{
+    switch (action)
+    {
+    case EAction::Remove:
+        m_record.Add(EDeidDone::Removed, place.path);
+        return EWalk::Remove;
+    case EAction::Empty:
+        return Set(EDeidDone::Emptied, "", place);
+    case EAction::Dummy:
+        return MakeDummy(place);
+    case EAction::NewUid:
+        if (place.element.Items() == nullptr && m_profile.uids.Replace(place.element))
+        {
+            m_record.Add(EDeidDone::NewUid, place.path);
+        }
+        return EWalk::Enter;
+    case EAction::Clean:
+        return Clean(place);
+    case EAction::Keep:
+        m_record.Add(EDeidDone::KeptByOption, place.path);
+        return EWalk::Enter;
+    default:
+        return Leave(place);
+    }
+}
+
+EWalk CDeidentifier::Set(EDeidDone done, std::string_view text, const SPlace& place)
+{
+    SetValue(place.element, text);
+    m_record.Add(done, place.path);
+    return EWalk::Skip;
+}
+
+EWalk CDeidentifier::MakeDummy(const SPlace& place)
+{
+    CDcmElement& element = place.element;
+    if (const CDcmElementSet* items = element.Items())
+    {
+        // One item says what the sequence is; its values become dummies.
+        if (items->ItemCount() > 1)
+        {
+            KeepFirstItem(element);
+        }
+        m_dummyDepth = m_dummyDepth == 0 ? place.path.Steps().size() : m_dummyDepth;
+        m_record.Add(EDeidDone::Replaced, place.path);
+        return EWalk::Enter;
+    }
+    if (VrOf(element) == VR_UI && m_profile.uids.Replace(element))
+    {
+        m_record.Add(EDeidDone::NewUid, place.path);
+        return EWalk::Skip;
+    }
+    return Set(EDeidDone::Replaced, DummyText(element), place);
+}
+
+EWalk CDeidentifier::Clean(const SPlace& place)
+{
+    CDcmElement& element = place.element;
+    const int vr = VrOf(element);
+    if (element.Items() != nullptr)
+    {
+        m_cleanDepth = m_cleanDepth == 0 ? place.path.Steps().size() : m_cleanDepth;
+        m_record.Add(EDeidDone::Cleaned, place.path);
+        return EWalk::Enter;
+    }
+    if (vr == VR_DA || vr == VR_DT || vr == VR_TM)
+    {
+        const auto moved = ShiftDates(element.ValueBytes().View(), vr, m_patient.days);
+        return moved ? Set(EDeidDone::Shifted, *moved, place)
+                     : Do(ActionFor(place, m_profile.options & ~Varnotix::PROFILE_RETAIN_MODIFIED_DATES), place);
+    }
+    const std::string old(element.ValueBytes().View());
+    const int highByte = element.Group() >> 8;
+    const bool isGraphic = !HoldsWords(element) && (highByte == kCurveGroups || highByte == kOverlayGroups);
+    if (isGraphic || (vr == VR_CS && !m_known.AreIn(old)))
+    {
+        m_record.Add(EDeidDone::Cleaned, place.path);
+        return EWalk::Skip;
+    }
+    return HoldsWords(element) ? Set(EDeidDone::Cleaned, m_known.Cleaned(old), place) : Do(ActionFor(place, 0), place);
+}
+
+/// An attribute that the profile does not list.
+EWalk CDeidentifier::Leave(const SPlace& place)
+{
+    if (m_dummyDepth != 0 && BecomesDummy(place.element))
+    {
+        return Set(EDeidDone::Replaced, DummyText(place.element), place);
+    }
+    if (m_cleanDepth != 0 && HoldsWords(place.element))
+    {
+        return Clean(place);
+    }
+    if (place.element.Items() == nullptr)
+    {
+        m_record.Add(EDeidDone::Kept, place.path);
+    }
+    return EWalk::Enter;
+}

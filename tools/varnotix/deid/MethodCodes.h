@@ -1,0 +1,11 @@
+/// What an object says about its own de-identification.
+#pragma once
+
+#include "Varnotix/Varnotix.h"
+
+/// Sets Patient Identity Removed, De-identification Method and its codes (PS3.3 C.7.1.1, PS3.16 CID 7050), and
+/// Longitudinal Temporal Information Modified (PS3.3 C.12.1).
+/// @param options values of EProfileOption.
+/// @param cleanedPixels rectangles of the pixels were cleared, and a person has seen that this is enough; Burned In
+///        Annotation becomes NO.
+void SetMethod(CDcmElementSet& store, unsigned options, bool cleanedPixels);
