@@ -21,7 +21,7 @@ TEST_F(CommandLine, WrongUsageIsStatusOneWithAComplaintOnStandardError)
     {
         EXPECT_EQ(Expect(1, arguments, "varnotix: ").out, "") << arguments;
     }
-    Expect(1, "dmup in.dcm", "there is no verb 'dmup'; the nearest one is 'dump'", "The verbs are dump, convert, ");
+    Expect(1, "dmup in.dcm", "there is no verb 'dmup'; the nearest one is 'dump'", "The verbs are dump, list, convert, ");
     Expect(1, "--classic Anon in.dcm", "the nearest one is 'anonymize'");
 }
 
