@@ -3,6 +3,7 @@
 #include "Varnotix/platform/FileSearch.h"
 #include "files/FileKinds.h"
 
+#include <algorithm>
 #include <windows.h>
 
 // The standard library's paths do not take program arguments in the encoding of the system; the system's calls do.
@@ -54,6 +55,8 @@ CString ListFolder(const CString& folder, std::vector<CString>& names)
             names.push_back(name);
         }
     }
+    std::sort(names.begin(), names.end(),
+              [](const CString& left, const CString& right) { return left.View() < right.View(); });
     // Every folder that can be read holds "." and "..".
     return found.IsEmpty() ? CString("the folder cannot be read") : CString();
 }

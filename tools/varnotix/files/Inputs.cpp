@@ -1,6 +1,5 @@
 #include "files/Inputs.h"
 
-#include "Varnotix/platform/FileSearch.h"
 #include "files/FileKinds.h"
 #include "files/OutputFolder.h"
 
@@ -20,6 +19,12 @@ std::string OutputKey(const CString& path)
     key.MakeLower();
 #endif
     return std::string(key.View());
+}
+
+/// A name in a folder, as users write it on every system.
+CString Joined(const CString& folder, const CString& name)
+{
+    return FolderNameOf(folder) == folder ? folder + name : folder + "/" + name;
 }
 
 /// True when a name of the command line means the files in a folder.
@@ -121,8 +126,8 @@ bool CInputWalk::NextFound(SInput& input)
         return false;
     }
     const CString& name = level.names[level.next++];
-    const CString path = Varnotix::JoinPath(level.path, name);
-    const CString relative = Varnotix::JoinPath(level.relative, name);
+    const CString path = Joined(level.path, name);
+    const CString relative = Joined(level.relative, name);
     const EFileKind kind = FileKindOf(path);
     if (kind == EFileKind::Folder)
     {
@@ -146,7 +151,7 @@ void CInputWalk::Place(SInput& input)
     {
         return;
     }
-    input.output = m_inputs.intoFolder ? Varnotix::JoinPath(m_inputs.output, input.relative) : m_inputs.output;
+    input.output = m_inputs.intoFolder ? Joined(m_inputs.output, input.relative) : m_inputs.output;
     if (m_inputs.intoFolder && !m_outputs.insert(OutputKey(input.output)).second)
     {
         input.fault =
