@@ -132,6 +132,12 @@ TEST(StandardRules, SayWhereTheyStopAndKeepWhatIsWhole)
     }
     const CByteArray deflated = Part10(Stream("0200 1000 'UI' 1600 '1.2.840.10008.1.2.1.99'")) + Stream("4BB26060");
     EXPECT_EQ(SStandardRead(deflated + Stream("E20000000000")).Trials(), "2:16@162");
+    std::string deep;
+    for (int level = 0; level <= CDcmParser::kMaxDepth; ++level)
+    {
+        deep += "0800 4011 'SQ' 0000 FFFFFFFF FEFF 00E0 FFFFFFFF ";
+    }
+    EXPECT_EQ(SStandardRead(Stream(deep.c_str())).Trials(), "2:14@1280");
 }
 
 TEST(StandardRules, EndBeforeATagOfTheObjectItself)
@@ -169,6 +175,13 @@ TEST(StandardRules, ReadWhatBreaksThemWhereTheyCan)
         {"0800 6000 'CS' 0200 'MR' 0800 4011 'SQ' 0000 04000000 'abcd'", "13:00081140@10",
          "00080060 CS MR; 00081140 UN 61626364"},
         {"E07F 1000 'OB' 0000 FFFFFFFF FEFF DDE0 00000000", "15:7fe00010@0", "7fe00010 OB"},
+        {"0800 4011 'SQ' 0000 14000000 FEFF 00E0 0A000000 0800 6011 'IS' 0400 '1234'", "9:00081160@20",
+         "00081140 SQ {00081160 IS 1234}"},
+        {"0800 4011 'SQ' 0000 1A000000 FEFF 00E0 0A000000 0800 6011 'IS' 0200 '1 ' FEFF 0DE0 00000000",
+         "10:fffee00d@30", "00081140 SQ {00081160 IS 1 }"},
+        {"0800 4011 'SQ' 0000 26000000 FEFF 00E0 1E000000 0800 9911 'SQ' 0000 FFFFFFFF FEFF 00E0 0A000000"
+         " 0800 6011 'IS' 0200 '1 ' 1000 1000 'PN' 0000",
+         "10:fffee0dd@50", "00081140 SQ {00081199 SQ {00081160 IS 1 }}; 00100010 PN"},
         {"0800 6000 'CS' 0200 'MR' FEFF DDE0 00000000 1000 1000 'PN' 0000", "10:fffee0dd@10",
          "00080060 CS MR; 00100010 PN"},
         {"0800 6000 'CS' 0200 'MR' 0000000000000000000000", "4:00000000@10", "00080060 CS MR"},
@@ -187,6 +200,14 @@ TEST(StandardRules, PadAndLengthenByTheRulesOfTheVr)
     EXPECT_EQ(HexText(WrittenByStandard(read.set, SYNTAX_EXPLICIT_LITTLE)),
               HexText(Stream("0800 2000 'DA' 0600 '19991 ' 1800 1610 'UI' 0200 '1' 00"
                              " 6600 2901 'OB' 0000 02000000 0700")));
+    for (const auto& [odd, even] :
+         {std::pair("E07F 1000 'OB' 0000 01000000 07", "E07F 1000 'OB' 0000 02000000 0700"),
+          {"E07F 1000 'OB' 0000 FFFFFFFF FEFF 00E0 00000000 FEFF 00E0 01000000 07 FEFF DDE0 00000000",
+           "E07F 1000 'OB' 0000 FFFFFFFF FEFF 00E0 00000000 FEFF 00E0 02000000 0700 FEFF DDE0 00000000"}})
+    {
+        SStandardRead pixels(Stream(odd));
+        EXPECT_EQ(HexText(WrittenByStandard(pixels.set, SYNTAX_EXPLICIT_LITTLE)), HexText(Stream(even)));
+    }
     CDcmElementSet longText;
     longText.Add(new CDcmElement(0x0010, 0x4000)); // LT, a short form
     longText.GetAt(0)->AddText(CString('x', 65536));
