@@ -4,8 +4,8 @@
 #include "deid/KeyedHash.h"
 
 // clang-format off: the second header needs the types of the first.
-#include <bcrypt.h>
 #include <windows.h>
+#include <bcrypt.h>
 // clang-format on
 
 namespace

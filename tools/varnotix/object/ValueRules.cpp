@@ -73,6 +73,12 @@ const SVrRule* RuleOf(std::string_view vr)
     return rule != std::end(kRules) ? rule : nullptr;
 }
 
+/// A size for a format.
+unsigned long long Number(std::size_t size)
+{
+    return size;
+}
+
 /// Characters of a UTF-8 text.
 std::size_t CountCharacters(std::string_view text)
 {
@@ -104,7 +110,8 @@ public:
     {
         if (size % m_rule.size != 0)
         {
-            Add(ESeverity::Error, 0, "%zu bytes are not a whole number of values of %zu bytes", size, m_rule.size);
+            Add(ESeverity::Error, 0, "%llu bytes are not a whole number of values of %llu bytes", Number(size),
+                Number(m_rule.size));
         }
         CheckCount(m_rule.isSingle ? 1 : size / m_rule.size);
     }
@@ -186,7 +193,7 @@ private:
         const std::vector<std::string_view> groups = Split(value, '=');
         if (groups.size() > 3)
         {
-            Add(ESeverity::Error, number, "%zu component groups are more than 3", groups.size());
+            Add(ESeverity::Error, number, "%llu component groups are more than 3", Number(groups.size()));
         }
         for (const std::string_view group : groups)
         {
@@ -196,7 +203,7 @@ private:
             }
             if (const std::size_t components = Split(group, '^').size(); components > 5)
             {
-                Add(ESeverity::Error, number, "%zu components of a name are more than 5", components);
+                Add(ESeverity::Error, number, "%llu components of a name are more than 5", Number(components));
             }
         }
     }
@@ -223,15 +230,16 @@ private:
         if (!m_multiplicity.Allows(count))
         {
             CString what;
-            what.Format(count == 1 ? "%zu value, where the multiplicity is " : "%zu values, where the multiplicity is ",
-                        count);
+            what.Format(count == 1 ? "%llu value, where the multiplicity is "
+                                   : "%llu values, where the multiplicity is ",
+                        Number(count));
             faults.push_back({ESeverity::Error, 0, what + m_multiplicity.Text()});
         }
     }
 
     void AddTooLong(int number, std::size_t count, const char* unit)
     {
-        Add(ESeverity::Error, number, "%zu %s are more than %zu", count, unit, m_rule.size);
+        Add(ESeverity::Error, number, "%llu %s are more than %llu", Number(count), unit, Number(m_rule.size));
     }
 
     template <class... ARGUMENTS>
