@@ -5,6 +5,7 @@
 #include "console/StandardStreams.h"
 #include "files/FileKinds.h"
 #include "files/Input.h"
+#include "object/NearestKeyword.h"
 
 #include <algorithm>
 
@@ -126,7 +127,8 @@ int Diff(const SDiffOptions& options, const CReport& report)
     {
         if (!ignored.Add(text))
         {
-            fault = "--ignore: '" + text + "' is neither a path nor a group nor 'private'";
+            fault = "--ignore: '" + text + "' is neither a path nor a group nor 'private'" +
+                    NearestKeywordHint(text.View());
         }
     }
     const bool isLeftFolder = FileKindOf(options.left) == EFileKind::Folder;

@@ -2,6 +2,7 @@
 #include "edit/ObjectEdit.h"
 #include "files/FileKinds.h"
 #include "files/Input.h"
+#include "object/NearestKeyword.h"
 #include "rewrite/Rewrite.h"
 #include "run/InputRun.h"
 
@@ -44,8 +45,8 @@ bool SortArguments(SSetOptions& options, const CReport& report)
         }
         else if (kind == EArgument::BadPath && FileKindOf(argument) == EFileKind::Missing)
         {
-            report.Error("'" + argument + "' is neither a file nor an edit: no path is before its equals sign; the " +
-                         "nearest keyword is '" + NearestKeyword(argument.View()) + "'");
+            report.Error("'" + argument + "' is neither a file nor an edit: no path is before its equals sign" +
+                         NearestKeywordHint(argument.View()));
             return false;
         }
         else
@@ -59,8 +60,7 @@ bool SortArguments(SSetOptions& options, const CReport& report)
         const std::optional<Varnotix::CElementPath> path = Varnotix::CElementPath::Parse(text.View());
         if (!path)
         {
-            report.Error("-d: '" + text + "' is not a path; the nearest keyword is '" + NearestKeyword(text.View()) +
-                         "'");
+            report.Error("-d: '" + text + "' is not a path" + NearestKeywordHint(text.View()));
             return false;
         }
         options.deletions.push_back(*path);

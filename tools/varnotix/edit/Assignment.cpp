@@ -1,9 +1,5 @@
 #include "edit/Assignment.h"
 
-#include "console/NearestWord.h"
-
-#include <string>
-
 namespace
 {
 
@@ -63,24 +59,4 @@ EArgument ReadAssignment(std::string_view argument, SAssignment& assignment)
     }
     assignment.path = *read;
     return EArgument::Assignment;
-}
-
-CString NearestKeyword(std::string_view text)
-{
-    CStringArray lines;
-    CDcmRegistry::Global().ExportPublicDictionary(lines);
-    std::vector<std::string> keywords;
-    for (const CString& line : lines)
-    {
-        constexpr std::size_t kNumber = 4; // A line begins with "gggg,eeee,".
-        const std::string_view view = line.View();
-        const std::optional<DWORD> tag =
-            Varnotix::Tag::Parse(view.substr(0, kNumber), view.substr(kNumber + 1, kNumber));
-        const CString keyword = tag ? Varnotix::KeywordOf(*tag) : CString();
-        if (!keyword.IsEmpty())
-        {
-            keywords.emplace_back(keyword.View());
-        }
-    }
-    return CString(std::string_view(NearestWord(text.substr(0, text.find_first_of(".[:=")), keywords)));
 }

@@ -24,6 +24,3 @@ enum class EArgument
 
 /// Reads an assignment. An equals sign in the quotation marks of a private creator is part of the path.
 EArgument ReadAssignment(std::string_view argument, SAssignment& assignment);
-
-/// The keyword that the first word of a text that is not a path is nearest to.
-CString NearestKeyword(std::string_view text);

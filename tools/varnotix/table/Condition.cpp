@@ -1,6 +1,7 @@
 #include "table/Condition.h"
 
 #include "object/Attributes.h"
+#include "object/NearestKeyword.h"
 
 #include <algorithm>
 #include <array>
@@ -59,7 +60,7 @@ std::optional<CCondition> CCondition::Parse(std::string_view text, CString& faul
     const std::optional<Varnotix::CElementPath> path = Varnotix::CElementPath::Parse(text.substr(0, place));
     if (!path.has_value())
     {
-        fault = "'" + CString(text.substr(0, place)) + "' is not an attribute";
+        fault = "'" + CString(text.substr(0, place)) + "' is not an attribute" + NearestKeywordHint(text);
         return std::nullopt;
     }
     condition.m_path = *path;
