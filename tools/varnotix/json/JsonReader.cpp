@@ -5,6 +5,7 @@
 #include "json/BulkUri.h"
 #include "json/PixelItems.h"
 #include "object/Attributes.h"
+#include "object/ElementMaker.h"
 #include "text/CharacterSet.h"
 
 #include <algorithm>
@@ -291,19 +292,19 @@ std::unique_ptr<CDcmElement> CJsonReader::MakeElement(SAttribute& attribute)
     {
         throw CJsonFault("the group has no place in a file");
     }
-    const std::string letters = attribute.vr.empty() ? VrOfDictionary(tag) : attribute.vr;
-    const SJsonVr vr = VrOfLetters(letters);
-    const CDcmEntry* listed = CDcmRegistry::Global().LookUpPublicTag(tag);
-    auto element = std::make_unique<CDcmElement>(Tag::Group(tag), Tag::Element(tag), vr.code,
-                                                 listed != nullptr ? listed : &CDcmRegistry::UnlistedEntry(vr.code));
-    element->SetLaterVr(vr.laterVr);
+    const std::string letters(attribute.vr.empty() ? ListedVr(tag, false).View() : attribute.vr);
+    if (!letters.empty() && !IsVr(letters))
+    {
+        throw CJsonFault("'" + letters.substr(0, 60) + "' is not a VR");
+    }
+    std::unique_ptr<CDcmElement> element = ::MakeElement(tag, letters);
     const int forms =
         (attribute.values.empty() ? 0 : 1) + (attribute.hasBytes ? 1 : 0) + (attribute.uri.empty() ? 0 : 1);
     if (forms > 1)
     {
         throw CJsonFault("it has more than one of \"Value\", \"InlineBinary\" and \"BulkDataURI\"");
     }
-    if (vr.code == VR_SQ)
+    if (element->Vr() == VR_SQ)
     {
         FillSequence(*element, attribute);
     }
@@ -317,7 +318,7 @@ std::unique_ptr<CDcmElement> CJsonReader::MakeElement(SAttribute& attribute)
     }
     else
     {
-        element->SetRawBytes(Shared(BytesOfValues(letters, attribute.values)));
+        element->SetRawBytes(Shared(BytesOfValues(element->VrLetters(), attribute.values)));
     }
     return element;
 }

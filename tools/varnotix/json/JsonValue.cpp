@@ -1,5 +1,6 @@
 #include "json/JsonValue.h"
 
+#include "object/ElementMaker.h"
 #include "text/CharacterSet.h"
 
 #include <bit>
@@ -144,35 +145,6 @@ CAppend NumberWriterOf(const std::string& vr)
 
 } // namespace
 
-SJsonVr VrOfLetters(const std::string& letters)
-{
-    if (letters.size() == 2)
-    {
-        const BYTE first = static_cast<BYTE>(letters[0]);
-        const BYTE second = static_cast<BYTE>(letters[1]);
-        const Varnotix::ELaterVr later = Varnotix::LaterVrOfBytes(first, second);
-        const int code =
-            later != Varnotix::ELaterVr::None ? Varnotix::CarrierVr(later) : Varnotix::VrCodeOfBytes(first, second);
-        if (code != VR_UNKNOWN)
-        {
-            return {code, later};
-        }
-    }
-    throw CJsonFault("'" + letters.substr(0, 60) + "' is not a VR");
-}
-
-std::string VrOfDictionary(DWORD tag)
-{
-    const CDcmEntry* entry = CDcmRegistry::Global().LookUpPublicTag(tag);
-    if (entry == nullptr)
-    {
-        return "UN";
-    }
-    const CDcmElement element(tag);
-    const std::string letters = element.VrLetters();
-    return letters.empty() ? "UN" : letters;
-}
-
 std::string BytesOfValues(const std::string& vr, const std::vector<SJsonValue>& values)
 {
     std::string bytes;
@@ -184,7 +156,7 @@ std::string BytesOfValues(const std::string& vr, const std::vector<SJsonValue>& 
         }
         return bytes;
     }
-    const bool isText = Varnotix::VrKind(VrOfLetters(vr).code) == EVrKind::Text;
+    const bool isText = Varnotix::VrKind(CarrierCode(vr)) == EVrKind::Text;
     if (!isText && !values.empty())
     {
         throw CJsonFault("values of VR " + vr + " are bytes, in InlineBinary");

@@ -22,18 +22,5 @@ struct SJsonValue
     std::string text = {};
 };
 
-/// A VR of two letters.
-struct SJsonVr
-{
-    int code; ///< See EVr.
-    Varnotix::ELaterVr laterVr;
-};
-
-/// Throws CJsonFault for letters that are not a VR.
-SJsonVr VrOfLetters(const std::string& letters);
-
-/// The VR that the dictionary gives a tag; UN for one that it lacks.
-std::string VrOfDictionary(DWORD tag);
-
 /// The bytes of a value field in little endian; texts in UTF-8. Throws CJsonFault for values that the VR cannot have.
 std::string BytesOfValues(const std::string& vr, const std::vector<SJsonValue>& values);

@@ -10,7 +10,9 @@ ELaterVr LaterVrOf(std::string_view vr)
     return vr.size() == 2 ? LaterVrOfBytes(static_cast<BYTE>(vr[0]), static_cast<BYTE>(vr[1])) : ELaterVr::None;
 }
 
-int CodeOf(std::string_view vr)
+} // namespace
+
+int CarrierCode(std::string_view vr)
 {
     const ELaterVr later = LaterVrOf(vr);
     if (later != ELaterVr::None)
@@ -20,16 +22,14 @@ int CodeOf(std::string_view vr)
     return vr.size() == 2 ? VrCodeOfBytes(static_cast<BYTE>(vr[0]), static_cast<BYTE>(vr[1])) : VR_UNKNOWN;
 }
 
-} // namespace
-
 bool IsVr(std::string_view letters)
 {
-    return CodeOf(letters) < kNamedVrCount;
+    return CarrierCode(letters) < kNamedVrCount;
 }
 
 std::unique_ptr<CDcmElement> MakeElement(DWORD tag, std::string_view vr)
 {
-    const int code = IsVr(vr) ? CodeOf(vr) : static_cast<int>(VR_UN);
+    const int code = IsVr(vr) ? CarrierCode(vr) : static_cast<int>(VR_UN);
     const CDcmEntry* listed = CDcmRegistry::Global().LookUpPublicTag(tag);
     const CDcmEntry* entry = listed != nullptr ? listed : &CDcmRegistry::UnlistedEntry(code);
     auto element = std::make_unique<CDcmElement>(Tag::Group(tag), Tag::Element(tag), code, entry);

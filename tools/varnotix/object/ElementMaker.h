@@ -19,5 +19,8 @@ std::unique_ptr<CDcmElement> MakeElement(DWORD tag, std::string_view vr, std::st
 /// @return empty for other tags that the dictionary file does not list.
 CString ListedVr(DWORD tag, bool isSigned);
 
+/// The code of the VR that holds the values of a VR; VR_UNKNOWN for letters that are not one.
+int CarrierCode(std::string_view letters);
+
 /// True for the letters of a VR.
 bool IsVr(std::string_view letters);
