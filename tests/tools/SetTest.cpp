@@ -90,7 +90,7 @@ TEST_F(Set, RefusesWhatWouldNotBeAValueOrNotFit)
         {"'PixelSpacing=1'", "1 value, where the multiplicity is 2"},
         {"'PatientID=a\\b'", "2 values, where the multiplicity is 1"},
         {"SmallestImagePixelValue=40000", "-32768 to 32767"},
-        {"'PatientName=\xE5\xBC\xB5'", "PatientName"}, // Not in ISO_IR 100.
+        {"'PatientName=\xE5\xBC\xB5'", "ISO_IR 100; 'SpecificCharacterSet=ISO_IR 192' before it converts"},
         {"SpecificCharacterSet=LATIN", "there is no character set LATIN"},
         {"'ReferencedImageSequence[4].ReferencedSOPInstanceUID=1.2'", "has 1 item"},
         {"ReferencedImageSequence=x", "it is a sequence"},
@@ -133,6 +133,12 @@ TEST_F(Set, KeepsTheObjectInOnePiece)
     EXPECT_EQ(Read("in.dcm.bak"), original);
     Expect(0, "set --backup in.dcm PatientID=1");
     EXPECT_TRUE(std::filesystem::exists("in.dcm.bak2"));
+
+    // A folder is without its backups, but not without a file that only has such a name.
+    Write("other.bak", original);
+    const std::string first = Read("in.dcm.bak");
+    Expect(0, "set -r -j 3 . PatientID=2", "./in.dcm: 1 value changed", "./other.bak: 0 values changed, 1 attribute");
+    EXPECT_EQ(Read("in.dcm.bak"), first);
 
     // With --force the name of the character set is corrected, and the texts stay.
     Write("in.dcm", original);

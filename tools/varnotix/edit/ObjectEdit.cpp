@@ -313,7 +313,8 @@ void CObjectEdit::SetElement(CDcmElementSet& set, int item, DWORD tag, const CCh
     const SEncodedText value = EncodeValue(m_assignment->value.View(), vr.View(), characters);
     if (!value.reason.IsEmpty())
     {
-        AddFault(value.reason);
+        const bool canConvert = value.isForeign && CCharacterSet::AppliesTo(vr.View());
+        AddFault(value.reason + (canConvert ? "; 'SpecificCharacterSet=ISO_IR 192' before it converts to UTF-8" : ""));
         return;
     }
     const std::vector<SValueFault> wrong = CheckValue(vr.View(), MultiplicityOf(tag), value.bytes, characters);

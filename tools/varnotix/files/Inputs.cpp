@@ -21,6 +21,16 @@ std::string OutputKey(const CString& path)
     return std::string(key.View());
 }
 
+/// Whether a file is one that an edit has kept: NAME.bak, NAME.bak2 and so on beside NAME.
+bool IsBackup(std::string_view name, const std::vector<CString>& names)
+{
+    constexpr std::string_view kDigits = "0123456789";
+    constexpr std::string_view kEnd = ".bak";
+    const std::string_view rest = name.substr(0, name.find_last_not_of(kDigits) + 1);
+    return rest.ends_with(kEnd) &&
+           std::find(names.begin(), names.end(), CString(rest.substr(0, rest.size() - kEnd.size()))) != names.end();
+}
+
 /// A name in a folder, as users write it on every system.
 CString Joined(const CString& folder, const CString& name)
 {
@@ -134,7 +144,7 @@ bool CInputWalk::NextFound(SInput& input)
         const bool isEntered = !IsFolderLink(path) && !(m_inputs.intoFolder && IsSameFolder(path, m_inputs.output));
         return isEntered && Enter(path, relative, input);
     }
-    if (kind != EFileKind::File || name.View().starts_with(kTemporary))
+    if (kind != EFileKind::File || name.View().starts_with(kTemporary) || IsBackup(name.View(), level.names))
     {
         return false;
     }

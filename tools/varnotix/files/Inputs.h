@@ -38,7 +38,8 @@ struct SInput
 bool PlaceOutputs(SInputs& inputs, const CString& output, const CReport& report);
 
 /// Lists inputs one by one: in the order in which the command line names them, a folder's in byte order of their names.
-/// It reads one folder at a time, follows links to files but not to folders, and does not enter the output folder.
+/// It reads one folder at a time, follows links to files but not to folders, and does not enter the output folder. It
+/// passes over temporary files and the backups of the program.
 class CInputWalk
 {
 public:

@@ -22,7 +22,8 @@ struct SDecodedText
 struct SEncodedText
 {
     std::string bytes;
-    CString reason; ///< Empty when the text was encoded.
+    CString reason;         ///< Empty when the text was encoded.
+    bool isForeign = false; ///< The reason is a character that the set lacks.
 };
 
 /// The character sets that a Specific Character Set (0008,0005) declares, with code extensions (PS3.5 section 6.1.2.5).

@@ -45,7 +45,7 @@ SEncodedText CTextEncoder::Run()
         }
         if (!Put(character))
         {
-            return {{}, ReasonAgainst(character)};
+            return {{}, ReasonAgainst(character), true};
         }
     }
     Reset();
