@@ -54,6 +54,8 @@ TEST_F(List, ShowsAttributesByKeywordTagAndPath)
         EXPECT_EQ(Expect(0, "list --csv -t " + Quoted(attributes) + " in.dcm").out, std::string("File,") + csv);
     }
     Expect(1, "list -t NoSuchName in.dcm", "-t: 'NoSuchName' is not an attribute");
+    Expect(1, "list -t PatientName,RequestAttributesSequence[1].PatientNmae in.dcm",
+           "; the keyword nearest to 'PatientNmae' is 'PatientName'");
     Expect(1, "list -t PatientName, in.dcm", "-t: '' is not an attribute");
 }
 
@@ -115,6 +117,11 @@ TEST_F(List, HasAFormForPeopleAndTwoForPrograms)
               R"({"file":"study/inner/b.dcm","PatientName":"\u001b[31mred","ImageType":["ORIGINAL","AXIAL"],)"
               R"("InstanceNumber":12,"PatientID":null})"
               "\n");
+    EXPECT_EQ(Expect(0, "list -q --plain" + tail).out,
+              "Doe, \"J\"\tORIGINAL\\AXIAL\t7\t\n [31mred\tORIGINAL\\AXIAL\t12\t\n");
+    EXPECT_EQ(Expect(0, "list -q --plain -t InstanceNumber,File -w InstanceNumber=7 study").out, "7\tstudy/a.dcm\n");
+    EXPECT_EQ(Expect(0, "list -q --csv -t InstanceNumber,File study/a.dcm").out,
+              "InstanceNumber,File\r\n7,study/a.dcm\r\n");
     Expect(20, "list study/notes.txt", "not DICOM");
     Expect(1, "list --csv --jsonl study", "exclude each other");
 }

@@ -1,8 +1,12 @@
 #include "commands/Commands.h"
 #include "files/Input.h"
+#include "object/NearestKeyword.h"
 #include "run/InputRun.h"
 #include "table/Condition.h"
 #include "table/TableWriter.h"
+
+#include <algorithm>
+#include <functional>
 
 namespace
 {
@@ -26,6 +30,7 @@ struct SListOptions
     std::vector<CString> conditions;
     bool asCsv = false;
     bool asJson = false;
+    bool asPlain = false;
 };
 
 /// What to show, and of which files.
@@ -43,13 +48,19 @@ bool ReadListing(const SListOptions& options, SListing& listing, const CReport& 
     {
         if (!ParseColumns(text.View(), listing.columns, wrong))
         {
-            report.Error("-t: '" + CString(std::string_view(wrong)) + "' is not an attribute");
+            report.Error("-t: '" + CString(std::string_view(wrong)) + "' is not an attribute" +
+                         NearestKeywordHint(wrong));
             return false;
         }
     }
     if (options.columns.empty())
     {
         ParseColumns(kDefaultColumns, listing.columns, wrong);
+    }
+    const bool hasFile = std::any_of(listing.columns.begin(), listing.columns.end(), std::mem_fn(&SColumn::IsFile));
+    if (!hasFile && !options.asPlain)
+    {
+        listing.columns.insert(listing.columns.begin(), {kFileTitle, {}});
     }
     CString fault;
     for (const CString& text : options.conditions)
@@ -65,7 +76,10 @@ bool ReadListing(const SListOptions& options, SListing& listing, const CReport& 
     std::vector<const Varnotix::CElementPath*> paths;
     for (const SColumn& column : listing.columns)
     {
-        paths.push_back(&column.path);
+        if (!column.IsFile())
+        {
+            paths.push_back(&column.path);
+        }
     }
     for (const CCondition& condition : listing.conditions)
     {
@@ -92,10 +106,10 @@ int ListOne(const SJob& job, const SListing& listing, CTableWriter& table)
             return ReportStop(path, stop, job.report);
         }
     }
-    STableRow row{std::string(path.View()), {}};
+    CTableRow row;
     for (const SColumn& column : listing.columns)
     {
-        row.cells.push_back(CellOf(object.ElementStore(), column.path));
+        row.push_back(column.IsFile() ? SCell{{std::string(path.View())}} : CellOf(object.ElementStore(), column.path));
     }
     table.Add(job.input.number, row, job.console);
     return ReportStop(path, stop, job.report);
@@ -103,9 +117,9 @@ int ListOne(const SJob& job, const SListing& listing, CTableWriter& table)
 
 int List(const SListOptions& options, const CReport& report)
 {
-    if (options.asCsv && options.asJson)
+    if (options.asCsv + options.asJson + options.asPlain > 1)
     {
-        report.Error("--csv and --jsonl exclude each other");
+        report.Error("--csv, --jsonl and --plain exclude each other");
         return STATUS_USAGE;
     }
     SListing listing;
@@ -117,9 +131,10 @@ int List(const SListOptions& options, const CReport& report)
     {
         return STATUS_USAGE;
     }
-    const ETableForm form = options.asCsv    ? ETableForm::Csv
-                            : options.asJson ? ETableForm::JsonLines
-                                             : ETableForm::Aligned;
+    const ETableForm form = options.asCsv     ? ETableForm::Csv
+                            : options.asJson  ? ETableForm::JsonLines
+                            : options.asPlain ? ETableForm::Plain
+                                              : ETableForm::Aligned;
     CTableWriter table(form, listing.columns);
     table.Begin();
     const int status = RunInputs(options.inputs, report, "could not be read",
@@ -143,6 +158,8 @@ void AddList(CCommandLine& line)
         "expression) and a value; several must all be met");
     verb.Flag("--csv", options->asCsv, "Print comma-separated values (RFC 4180)");
     verb.Flag("--jsonl", options->asJson, "Print a JSON object per line");
+    verb.Flag("--plain", options->asPlain,
+              "Print the values only, with tabs between them; 'File' in -t is the file's name");
     verb.MessageFlags();
     verb.Action([options](const CReport& report) { return List(*options, report); });
 }

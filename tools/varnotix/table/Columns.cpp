@@ -48,12 +48,19 @@ bool ParseColumns(std::string_view text, std::vector<SColumn>& columns, std::str
         const std::size_t end = EndOfColumn(text, begin);
         const std::string_view part = text.substr(begin, end - begin);
         const std::optional<Varnotix::CElementPath> path = Varnotix::CElementPath::Parse(part);
-        if (!path.has_value())
+        if (part == kFileTitle)
+        {
+            columns.push_back({kFileTitle, {}});
+        }
+        else if (path.has_value())
+        {
+            columns.push_back({std::string(path->Text().View()), *path});
+        }
+        else
         {
             wrong = part;
             return false;
         }
-        columns.push_back({std::string(path->Text().View()), *path});
         begin = end + 1;
     }
     return true;

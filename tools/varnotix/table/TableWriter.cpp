@@ -4,11 +4,11 @@
 #include "json/JsonText.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace
 {
 
-constexpr const char* kFile = "File";
 constexpr const char* kJsonFile = "file";
 constexpr std::size_t kWidest = 60;
 
@@ -48,6 +48,28 @@ SShown ShownOf(std::string_view text, std::size_t widest)
         shown.width += width;
     }
     return shown;
+}
+
+std::string PlainLine(const std::vector<std::string>& texts)
+{
+    std::string line;
+    for (const std::string& text : texts)
+    {
+        line += text;
+        std::replace_if(
+            line.end() - static_cast<std::ptrdiff_t>(text.size()), line.end(),
+            [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+        line += '\t';
+    }
+    line.back() = '\n';
+    return line;
+}
+
+std::vector<std::string> TextsOf(const CTableRow& row)
+{
+    std::vector<std::string> texts(row.size());
+    std::transform(row.begin(), row.end(), texts.begin(), [](const SCell& cell) { return cell.Text(); });
+    return texts;
 }
 
 std::string CsvLine(const std::vector<std::string>& texts)
@@ -107,36 +129,21 @@ void AppendJsonCell(std::string& json, const SCell& cell)
 
 CTableWriter::CLine CTableWriter::Titles() const
 {
-    CLine titles = {kFile};
-    for (const SColumn& column : m_columns)
-    {
-        titles.push_back(column.title);
-    }
+    CLine titles(m_columns.size());
+    std::transform(m_columns.begin(), m_columns.end(), titles.begin(),
+                   [](const SColumn& column) { return column.title; });
     return titles;
 }
 
-CTableWriter::CLine CTableWriter::TextsOf(const STableRow& row) const
-{
-    CLine texts = {row.file};
-    for (const SCell& cell : row.cells)
-    {
-        texts.push_back(cell.Text());
-    }
-    return texts;
-}
-
-std::string CTableWriter::JsonLine(const STableRow& row) const
+std::string CTableWriter::JsonLine(const CTableRow& row) const
 {
     std::string json = "{";
-    AppendJsonString(json, kJsonFile);
-    json += ':';
-    AppendJsonString(json, row.file);
-    for (std::size_t i = 0; i < row.cells.size(); ++i)
+    for (std::size_t i = 0; i < row.size(); ++i)
     {
-        json += ',';
-        AppendJsonString(json, m_columns[i].title);
+        json += i > 0 ? "," : "";
+        AppendJsonString(json, m_columns[i].IsFile() ? kJsonFile : m_columns[i].title);
         json += ':';
-        AppendJsonCell(json, row.cells[i]);
+        AppendJsonCell(json, row[i]);
     }
     return json + "}\n";
 }
@@ -149,7 +156,7 @@ void CTableWriter::Begin()
     }
 }
 
-void CTableWriter::Add(std::size_t number, const STableRow& row, CConsole& console)
+void CTableWriter::Add(std::size_t number, const CTableRow& row, CConsole& console)
 {
     if (m_form == ETableForm::Aligned)
     {
@@ -158,7 +165,15 @@ void CTableWriter::Add(std::size_t number, const STableRow& row, CConsole& conso
         m_kept.emplace(number, std::move(texts));
         return;
     }
-    console.Print(m_form == ETableForm::Csv ? CsvLine(TextsOf(row)) : JsonLine(row));
+    console.Print(m_form == ETableForm::Csv     ? CsvLine(TextsOf(row))
+                  : m_form == ETableForm::Plain ? PlainLine(TextsOf(row))
+                                                : JsonLine(row));
+}
+
+/// Names of files are not cut.
+std::size_t CTableWriter::WidestOf(std::size_t column) const
+{
+    return m_columns[column].IsFile() ? std::numeric_limits<std::size_t>::max() : kWidest;
 }
 
 void CTableWriter::Finish()
@@ -173,7 +188,7 @@ void CTableWriter::Finish()
     {
         for (std::size_t i = 0; i < line.size(); ++i)
         {
-            widths[i] = std::max(widths[i], ShownOf(line[i], i == 0 ? line[i].size() + 1 : kWidest).width);
+            widths[i] = std::max(widths[i], ShownOf(line[i], WidestOf(i)).width);
         }
     };
     const auto print = [&](const CLine& line)
@@ -181,7 +196,7 @@ void CTableWriter::Finish()
         std::string text;
         for (std::size_t i = 0; i < line.size(); ++i)
         {
-            const SShown shown = ShownOf(line[i], i == 0 ? line[i].size() + 1 : kWidest);
+            const SShown shown = ShownOf(line[i], WidestOf(i));
             text += shown.text;
             text.append(widths[i] - shown.width + 2, ' ');
         }

@@ -12,15 +12,12 @@ enum class ETableForm
 {
     Aligned, ///< Columns as wide as their widest cells; long cells are cut.
     Csv,     ///< RFC 4180, with a line of titles.
-    JsonLines
+    JsonLines,
+    Plain ///< Without titles, with tabs between the values; their own line breaks and tabs are blanks.
 };
 
-/// A row: what the first column, "File", shows, and a cell for each other column.
-struct STableRow
-{
-    std::string file;
-    std::vector<SCell> cells;
-};
+/// A cell for each column.
+using CTableRow = std::vector<SCell>;
 
 /// Prints a table to standard output. Rows may come from several threads at a time.
 class CTableWriter
@@ -33,7 +30,7 @@ public:
 
     /// Prints a row on the console of its job; an aligned one is kept until the end.
     /// @param number of the row's input, which orders the kept ones.
-    void Add(std::size_t number, const STableRow& row, CConsole& console);
+    void Add(std::size_t number, const CTableRow& row, CConsole& console);
 
     /// Prints what was kept. Throws as WriteStandardOutput.
     void Finish();
@@ -41,9 +38,9 @@ public:
 private:
     using CLine = std::vector<std::string>;
 
-    CLine TextsOf(const STableRow& row) const;
     CLine Titles() const;
-    std::string JsonLine(const STableRow& row) const;
+    std::string JsonLine(const CTableRow& row) const;
+    std::size_t WidestOf(std::size_t column) const;
 
     ETableForm m_form;
     const std::vector<SColumn>& m_columns;
