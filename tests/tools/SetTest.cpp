@@ -90,7 +90,7 @@ TEST_F(Set, RefusesWhatWouldNotBeAValueOrNotFit)
         {"'PixelSpacing=1'", "1 value, where the multiplicity is 2"},
         {"'PatientID=a\\b'", "2 values, where the multiplicity is 1"},
         {"SmallestImagePixelValue=40000", "-32768 to 32767"},
-        {"'PatientName=\xE5\xBC\xB5'", "ISO_IR 100; 'SpecificCharacterSet=ISO_IR 192' before it converts"},
+        {"'PatientName=\xE5\xBC\xB5'", "ISO_IR 100; 'SpecificCharacterSet=ISO_IR 192' before this edit"},
         {"SpecificCharacterSet=LATIN", "there is no character set LATIN"},
         {"'ReferencedImageSequence[4].ReferencedSOPInstanceUID=1.2'", "has 1 item"},
         {"ReferencedImageSequence=x", "it is a sequence"},

@@ -45,7 +45,8 @@ bool SortArguments(SSetOptions& options, const CReport& report)
         }
         else if (kind == EArgument::BadPath && FileKindOf(argument) == EFileKind::Missing)
         {
-            report.Error("'" + argument + "' is neither a file nor an edit: no path is before its equals sign" +
+            report.Error("'" + argument +
+                         "' is neither a file nor an edit: what is before its equals sign is not a path" +
                          NearestKeywordHint(argument.View()));
             return false;
         }

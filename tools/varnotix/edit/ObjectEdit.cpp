@@ -314,7 +314,9 @@ void CObjectEdit::SetElement(CDcmElementSet& set, int item, DWORD tag, const CCh
     if (!value.reason.IsEmpty())
     {
         const bool canConvert = value.isForeign && CCharacterSet::AppliesTo(vr.View());
-        AddFault(value.reason + (canConvert ? "; 'SpecificCharacterSet=ISO_IR 192' before it converts to UTF-8" : ""));
+        AddFault(
+            value.reason +
+            (canConvert ? "; 'SpecificCharacterSet=ISO_IR 192' before this edit converts all texts to UTF-8" : ""));
         return;
     }
     const std::vector<SValueFault> wrong = CheckValue(vr.View(), MultiplicityOf(tag), value.bytes, characters);
