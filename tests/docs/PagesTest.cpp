@@ -127,8 +127,11 @@ TEST(ManPage, NamesEveryVerbAndOption)
     const std::string help = ReadOutput();
     const std::set<std::string> verbs = Matches(help.substr(help.find("\nSubcommands:")), "\n  ([a-z]+) ");
     EXPECT_GT(verbs.size(), 5U);
+    const std::string recipes = TextOf("docs/recipes.md");
     for (const std::string& verb : verbs)
     {
+        EXPECT_TRUE(std::regex_search(recipes, std::regex("\n[$>] .*varnotix " + verb + "\\b")))
+            << "a recipe of " << verb;
         EXPECT_TRUE(std::regex_search(page, std::regex("\n\\.SS \"?" + verb + "\\b"))) << verb;
         EXPECT_TRUE(std::regex_search(page.substr(page.find("\n.SH EXAMPLES")), std::regex("varnotix " + verb + "\\b")))
             << "an example of " << verb;
