@@ -1,6 +1,7 @@
 #include "commands/Commands.h"
 #include "deid/DeidRun.h"
 #include "files/Input.h"
+#include "files/OutputFolder.h"
 #include "rewrite/CheckedWrite.h"
 
 namespace
@@ -113,6 +114,15 @@ int Deidentify(SDeidentifyOptions& wanted, const CReport& report)
     if (!PlaceOutputs(wanted.inputs, wanted.output + "/", report))
     {
         return STATUS_USAGE;
+    }
+    for (const auto& [option, path] : {std::pair("--key", wanted.keyFile), std::pair("--id-map", wanted.idMap),
+                                       std::pair("--report", wanted.reportFile)})
+    {
+        if (!path.IsEmpty() && LeadsInto(path, wanted.output))
+        {
+            report.Error(CString(option) + ": " + path + " would be given away with the folder of -o");
+            return STATUS_USAGE;
+        }
     }
     wanted.inputs.namesOutputs = false;
     if (!HasDataFiles(report, true))

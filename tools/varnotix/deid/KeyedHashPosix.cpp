@@ -2,10 +2,13 @@
 
 #include "deid/KeyedHash.h"
 
+#include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <openssl/evp.h>
 #include <openssl/hmac.h>
 #include <openssl/rand.h>
+#include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -34,18 +37,22 @@ CDigest RandomBytes()
 
 bool CreateKeyFile(const CString& path, std::string_view text)
 {
-    const int file = open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    // A link appears with the whole key or not at all, also for another process that is about to make it.
+    std::string temporary = std::string(path.View()) + ".XXXXXX";
+    const int file = mkstemp(temporary.data());
     if (file < 0)
     {
         return false;
     }
     const bool isWritten = write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
     const bool isClosed = close(file) == 0;
-    if (!isWritten || !isClosed)
+    bool isMade = isWritten && isClosed && link(temporary.c_str(), path) == 0;
+    if (isWritten && isClosed && !isMade && errno != EEXIST && access(path, F_OK) != 0)
     {
-        unlink(path);
+        isMade = rename(temporary.c_str(), path) == 0; // Some file systems have no links.
     }
-    return isWritten && isClosed;
+    unlink(temporary.c_str());
+    return isMade;
 }
 
 #endif

@@ -1,6 +1,5 @@
 #if defined(_WIN32)
 
-#include "Varnotix/platform/FileSearch.h"
 #include "deid/KeyedHash.h"
 
 // clang-format off: the second header needs the types of the first.
@@ -66,21 +65,28 @@ CDigest RandomBytes()
 
 bool CreateKeyFile(const CString& path, std::string_view text)
 {
-    if (Varnotix::FileExists(path))
-    {
-        return false;
-    }
+    // The key appears whole or not at all, also for another process that is about to make it.
+    CString temporary;
+    temporary.Format(".%lu.tmp", GetCurrentProcessId());
+    temporary = path + temporary;
+    bool isWritten = false;
     try
     {
-        CFile file(path, CFile::modeCreate | CFile::modeReadWrite);
+        CFile file(temporary, CFile::modeCreate | CFile::modeReadWrite);
         file.Write(text.data(), static_cast<UINT>(text.size()));
         file.Close();
+        isWritten = true;
     }
     catch (const CFileException&)
     {
-        return false;
+        isWritten = false;
     }
-    return true;
+    const bool isMade = isWritten && MoveFileA(temporary, path) != 0; // Fails when the file exists.
+    if (!isMade)
+    {
+        DeleteFileA(temporary);
+    }
+    return isMade;
 }
 
 #endif

@@ -29,6 +29,17 @@ bool IsFolderPath(const CString& path)
     }
 }
 
+bool LeadsInto(const CString& path, const CString& folder)
+{
+    std::error_code error;
+    const fs::path outer = fs::weakly_canonical(std::string(folder.CText()), error);
+    // Of a path that cannot be followed, its text decides.
+    const fs::path inner = error ? fs::path() : fs::weakly_canonical(std::string(path.CText()), error);
+    const fs::path below = error ? fs::path(std::string(path.CText())).lexically_relative(std::string(folder.CText()))
+                                 : inner.lexically_relative(outer);
+    return !below.empty() && *below.begin() != "..";
+}
+
 void MakeFolder(const CString& path)
 {
     if (path.IsEmpty())

@@ -6,6 +6,9 @@
 /// True for an existing folder, and for a path that ends with a separator.
 bool IsFolderPath(const CString& path);
 
+/// True when a path leads into a folder, at any depth; neither needs to exist.
+bool LeadsInto(const CString& path, const CString& folder);
+
 /// Creates a folder and its parents. A failure shows when the first file is written to the folder.
 void MakeFolder(const CString& path);
 
