@@ -32,11 +32,25 @@ void CConsole::Flush()
     }
 }
 
+void CConsole::Do(const std::function<void()>& task)
+{
+    if (m_mode == EMode::Kept)
+    {
+        m_kept.push_back({false, {}, task});
+        return;
+    }
+    task();
+}
+
 void CConsole::Release()
 {
     for (const SPart& part : std::exchange(m_kept, {}))
     {
-        if (part.isMessage)
+        if (part.task)
+        {
+            part.task();
+        }
+        else if (part.isMessage)
         {
             // Data that came before a message must not follow it on a terminal that shows both.
             FlushStandardOutput();
@@ -52,7 +66,7 @@ void CConsole::Release()
 
 void CConsole::Keep(bool isMessage, std::string_view text)
 {
-    if (m_kept.empty() || m_kept.back().isMessage != isMessage)
+    if (m_kept.empty() || m_kept.back().isMessage != isMessage || m_kept.back().task)
     {
         m_kept.push_back({isMessage, {}});
     }

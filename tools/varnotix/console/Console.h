@@ -1,6 +1,7 @@
 /// What one job prints: data to standard output, messages to standard error.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,7 +14,7 @@ public:
     enum class EMode
     {
         Direct, ///< Prints at once.
-        Kept    ///< Keeps data and messages, in the order in which they come, until Release.
+        Kept    ///< Keeps data, messages and tasks, in the order in which they come, until Release.
     };
 
     explicit CConsole(EMode mode = EMode::Direct) : m_mode(mode) {}
@@ -27,6 +28,10 @@ public:
     /// Hands printed data on, before a message that follows it. Throws as FlushStandardOutput.
     void Flush();
 
+    /// Does a task in its turn, at once or by Release: what jobs write to a file that they share is then in the order
+    /// of what they print. Throws what the task throws.
+    void Do(const std::function<void()>& task);
+
     /// Prints what was kept, and keeps nothing any more. Throws as WriteStandardOutput.
     void Release();
 
@@ -35,6 +40,7 @@ private:
     {
         bool isMessage;
         std::string text;
+        std::function<void()> task = {}; // Done instead of printing.
     };
 
     void Keep(bool isMessage, std::string_view text);

@@ -92,7 +92,7 @@ int CDeidRun::Do(const SJob& job)
                                                           ? Write(object, outcome, job.report)
                                                           : STATUS_UNREADABLE;
                                            });
-    m_records.Add(outcome);
+    m_records.Add(outcome, job.console);
     return status;
 }
 

@@ -22,7 +22,13 @@ nlohmann::ordered_json JsonOf(const CDeidRecord& record, EDeidDone done)
 
 } // namespace
 
-void CRecordFile::Add(const SDeidOutcome& outcome)
+void CRecordFile::Open(const CString& path)
+{
+    m_path = path;
+    m_file.emplace(path);
+}
+
+void CRecordFile::Add(const SDeidOutcome& outcome, CConsole& console)
 {
     if (!m_file)
     {
@@ -43,8 +49,18 @@ void CRecordFile::Add(const SDeidOutcome& outcome)
     }
     // Names of files are bytes; those that are not UTF-8 are shown as far as they are.
     const std::string text = line.dump(-1, ' ', false, nlohmann::ordered_json::error_handler_t::replace) + "\n";
-    const std::lock_guard lock(m_mutex);
-    m_file->File().Write(text.data(), static_cast<UINT>(text.size()));
+    console.Do(
+        [this, text]
+        {
+            try
+            {
+                m_file->File().Write(text.data(), static_cast<UINT>(text.size()));
+            }
+            catch (const CFileException& failure)
+            {
+                throw WriteFailureOf(failure, m_path);
+            }
+        });
 }
 
 void CRecordFile::Commit()

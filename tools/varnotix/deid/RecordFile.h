@@ -1,10 +1,10 @@
 /// The report of a run: a line of JSON for each input.
 #pragma once
 
+#include "console/Console.h"
 #include "deid/DeidRecord.h"
 #include "files/OutputFile.h"
 
-#include <mutex>
 #include <optional>
 
 /// What became of an input.
@@ -18,20 +18,22 @@ struct SDeidOutcome
     CDeidRecord record; ///< Empty when nothing was written.
 };
 
-/// Writes the lines; several threads may add them. The file appears when it is complete.
+/// Writes the lines in the order of the inputs. The file appears when it is complete.
 class CRecordFile
 {
 public:
     /// Begins the file. Throws CWriteFailure.
-    void Open(const CString& path) { m_file.emplace(path); }
+    void Open(const CString& path);
 
-    /// Adds a line. Nothing happens before Open. Throws CFileException.
-    void Add(const SDeidOutcome& outcome);
+    /// Adds a line. Nothing happens before Open. Several threads may add them; throws CWriteFailure, as the console's
+    /// Do.
+    /// @param console of the input's job.
+    void Add(const SDeidOutcome& outcome, CConsole& console);
 
     /// Throws CWriteFailure.
     void Commit();
 
 private:
-    std::mutex m_mutex;
+    CString m_path;
     std::optional<COutputFile> m_file;
 };
