@@ -14,6 +14,8 @@ namespace
 constexpr BYTE kGrayChrominance = 128;
 constexpr DWORD kFloatPixelData = 0x7FE00008;
 constexpr DWORD kDoublePixelData = 0x7FE00009;
+// Places and lengths of encapsulated frames, optional attributes, which are others afterwards.
+constexpr DWORD kOffsetTables[] = {0x7FE00001, 0x7FE00002, 0x7FE00003};
 
 /// Clears pixels of one frame, which begins at a bit of the bytes.
 class CEraser
@@ -126,8 +128,8 @@ void ClearNative(CDcmFrameList& frames, const SImageHeader& header, const std::v
     frames.AddFrame(bytes);
 }
 
-CString ClearEncoded(CDcmFrameList& frames, const SImageHeader& header, const std::vector<SRectangle>& rectangles,
-                     const CString& name, const CReport& report)
+CString ClearEncoded(CDcmIOD& object, CDcmFrameList& frames, const SImageHeader& header,
+                     const std::vector<SRectangle>& rectangles, const CString& name, const CReport& report)
 {
     std::vector<CByteArray> cleared;
     const CFrameSource source(frames, header, true, name, report);
@@ -148,6 +150,10 @@ CString ClearEncoded(CDcmFrameList& frames, const SImageHeader& header, const st
             eraser.Clear(rectangle);
         }
         cleared.push_back(EncodeRleFrame(header, pixels));
+    }
+    for (const DWORD tag : kOffsetTables)
+    {
+        object.ElementStore().Remove(tag);
     }
     frames.RemoveAll();
     for (const CByteArray& frame : cleared)
@@ -196,6 +202,11 @@ CString BlackOut(CDcmIOD& object, const std::vector<SRectangle>& rectangles, con
     }
     const SImageHeader header = ReadImageHeader(object);
     const SObjectForm form = FormOf(object);
+    if (std::none_of(rectangles.begin(), rectangles.end(),
+                     [&](const SRectangle& one) { return one.x < header.columns && one.y < header.rows; }))
+    {
+        return "no rectangle of --black-out lies in its pixels";
+    }
     if (!IsKnownForm(header))
     {
         return "its pixels cannot be cleared: its attributes do not say where they are";
@@ -210,5 +221,5 @@ CString BlackOut(CDcmIOD& object, const std::vector<SRectangle>& rectangles, con
         return "its pixels cannot be cleared: its pixel data is compressed (transfer syntax " + form.transferSyntax +
                "), and only native and RLE pixel data can be";
     }
-    return ClearEncoded(*frames, header, rectangles, name, report);
+    return ClearEncoded(object, *frames, header, rectangles, name, report);
 }
