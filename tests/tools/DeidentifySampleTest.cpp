@@ -19,14 +19,6 @@ const std::set<std::string> kUnreadByOthers = {"image_dfl", "meta_missing_tsynta
 class DeidentifySample : public ToolTest
 {
 protected:
-    static void Read(const std::string& path, CDcmIOD& object)
-    {
-        CFile file(path.c_str(), CFile::modeRead);
-        CArchive archive(&file, CArchive::load);
-        object.StreamRules(STREAM_RULES_STANDARD);
-        object.Serialize(archive);
-    }
-
     /// The values of four characters or more that the profile removes or replaces.
     static std::set<std::string> IdentifyingTexts(CDcmIOD& object)
     {
@@ -117,9 +109,9 @@ TEST_F(DeidentifySample, NoIdentifyingTextIsLeftAndPixelsStay)
         ASSERT_EQ(Run("convert -s explicit --force \"" + entry.path().string() + "\" old.dcm").status, 0);
         CDcmIOD before;
         CDcmIOD after;
-        Read("plain.dcm", after);
-        Read("old.dcm", before);
-        const std::string bytes = ToolTest::Read("plain.dcm");
+        ReadByStandard("plain.dcm", after);
+        ReadByStandard("old.dcm", before);
+        const std::string bytes = Read("plain.dcm");
         const std::set<std::string> texts = IdentifyingTexts(before);
         for (const std::string& text : texts)
         {

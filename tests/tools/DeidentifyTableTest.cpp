@@ -89,15 +89,6 @@ std::string BytesOf(const CDcmElement& element)
 class DeidentifyTable : public ToolTest
 {
 protected:
-    static void Read(const std::string& path, CDcmIOD& object)
-    {
-        CFile file(path.c_str(), CFile::modeRead);
-        CArchive archive(&file, CArchive::load);
-        object.StreamRules(STREAM_RULES_STANDARD);
-        object.Serialize(archive);
-        EXPECT_FALSE(object.ReadStopped());
-    }
-
     /// An object with an attribute for each row, at the top and in an item.
     void WriteAll()
     {
@@ -130,7 +121,7 @@ protected:
         object.Serialize(archive);
         archive.Close();
         file.Close();
-        Read("in.dcm", m_before);
+        ReadByStandard("in.dcm", m_before);
     }
 
     /// Compares the attributes of the rows in two sets.
@@ -229,7 +220,7 @@ TEST_F(DeidentifyTable, EveryActionOfEveryOptionIsTaken)
             output = entry.is_regular_file() ? entry.path().string() : output;
         }
         CDcmIOD after;
-        Read(output, after);
+        ReadByStandard(output, after);
         const CDcmElementSet& top = after.ElementStore();
         // The name at the top is the new identity, which the profile allows.
         EXPECT_TRUE(BytesOf(*top.Find(kName)).starts_with("P-"));

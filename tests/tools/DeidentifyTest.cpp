@@ -2,12 +2,16 @@
 
 #include <map>
 #include <set>
+#include <sstream>
+
+using namespace std::string_literals;
 
 namespace
 {
 
 const std::string kMr = "1.2.840.10008.5.1.4.1.1.4";
 const std::string kUltrasound = "1.2.840.10008.5.1.4.1.1.6.1";
+const std::string kDocument = "1.2.840.10008.5.1.4.1.1.104.1";
 
 std::string Uid(unsigned long tag, const std::string& uid)
 {
@@ -73,11 +77,8 @@ protected:
     /// The text of an attribute at a path; "-" where there is none.
     static std::string At(const std::string& name, const char* path)
     {
-        CFile file(name.c_str(), CFile::modeRead);
-        CArchive archive(&file, CArchive::load);
         CDcmIOD object;
-        object.StreamRules(STREAM_RULES_STANDARD);
-        object.Serialize(archive);
+        ReadByStandard(name, object);
         const CDcmElement* found = Varnotix::CElementPath::Parse(path)->Find(object.ElementStore());
         CString text = found != nullptr ? CString(found->JoinedText().CText()) : CString("-");
         text.TrimRight();
@@ -98,6 +99,10 @@ TEST_F(Deidentify, OneKeyGivesOneSetOfNewNames)
     Write("in/c.dcm", File({.id = "0815", .series = "1.2.3.6", .instance = "1.2.3.6.1", .reference = kMr}));
     Write("in/readme.txt", "not an object");
     Expect(0, "deidentify in -o one --key key.txt --retain-dates modified -j 3", "a new key is in key.txt");
+#if !defined(_WIN32)
+    EXPECT_EQ(std::filesystem::status("key.txt").permissions(), std::filesystem::perms(0600));
+#endif
+    EXPECT_EQ(FilesIn(".").size(), 10U); // Nothing temporary is beside it.
     const SRun again = Expect(0, "deidentify in -o two --key key.txt --retain-dates modified");
     EXPECT_TRUE(Holds(again.err, "1 file in the folders is not DICOM"));
     Expect(0, "deidentify in -o three --key other.txt --retain-dates modified");
@@ -153,7 +158,11 @@ TEST_F(Deidentify, NothingOfThePatientIsLeftAnywhere)
                                      Explicit(0x00290010, "LO", "Secret") + Explicit(0x00291001, "UN", "Secret") +
                                      Explicit(0x00431234, "UN", "Secret") + Explicit(0x0018FFF1, "LO", "Secret") +
                                      Explicit(0x50003000, "OW", "Secret") + Us(0x60000010, 16) +
-                                     Explicit(0x60003000, "OW", "Secret") + Explicit(0xFFFCFFFC, "OB", "Secret"));
+                                     Explicit(0x60003000, "OW", "Secret") + Explicit(0xFFFCFFFC, "OB", "Secret") +
+                                     // A person whom the table does not list, a sequence whose items cannot be read,
+                                     // and an item with a title of the meta information.
+                                     Explicit(0x0040A067, "PN", "Secret^A") + Explicit(0x00400260, "OB", "Secret") +
+                                     Explicit(0x00081110, "SQ", Item(Explicit(0x00020016, "AE", "Secret"))));
     std::copy_n("Secret", 6, file.begin());
     const std::string output = Output(file, "--report r.json -v");
     EXPECT_FALSE(output.empty());
@@ -182,7 +191,43 @@ TEST_F(Deidentify, WhatAPersonHasToReadGivesAStatus)
     EXPECT_EQ(At(m_output, "DeidentificationMethodCodeSequence[2].CodeValue"), "113105");
     // A name in an attribute that nobody expects it in.
     Output(File({}, Explicit(0x00181020, "LO", "for Jane Doe")), "", 10);
-    EXPECT_TRUE(Holds(m_run.err, "SoftwareVersions has a text that identified the patient"));
+    EXPECT_TRUE(Holds(m_run.err, "has texts that were removed elsewhere in the object: SoftwareVersions"));
+    // All of them are named: old UIDs in addresses, names of three letters, in scripts without blanks, in long texts.
+    const std::string name = "\xE5\xB1\xB1\xE7\x94\xB0";
+    const std::string url = Explicit(0x00081190, "UT", "http://x/?studyUID=1.2.3.4.1");
+    const std::string model = Explicit(0x00081090, "LO", "of Mrs Doe");
+    const std::string label = Explicit(0x00181020, "LO", "x" + name + "y ");
+    const std::string profile = Explicit(0x00282000, "OB", std::string(70000, 'x') + " 4711");
+    Output(File({}, url + model + label + profile + Explicit(0x00101001, "PN", name)), "", 10);
+    EXPECT_TRUE(Holds(m_run.err, "object: ManufacturerModelName RetrieveURL SoftwareVersions ICCProfile"));
+    // So are kept documents and the comments of compressed frames.
+    Output(File({.sopClass = kDocument}, Explicit(0x00420011, "OB", "<name>Jane</name> ")), "--accept-pixels", 10);
+    EXPECT_TRUE(Holds(m_run.err, "EncapsulatedDocument"));
+    for (const auto& [syntax, frame] : {std::pair("1.2.840.10008.1.2.4.50", "\xFF\xD8\xFF\xFE\0\6Jane\xFF\xDA"s),
+                                        std::pair("1.2.840.10008.1.2.4.90", "\xFF\x4F\xFF\x64\0\6Jane\xFF\x90"s)})
+    {
+        Output(Part10(syntax, DataSet({}) + Encapsulated("", {frame})), "", 10);
+        EXPECT_TRUE(Holds(m_run.err, "PixelData"));
+    }
+}
+
+TEST_F(Deidentify, WhatNoTableListsFollowsTheOptions)
+{
+    const std::string block = Explicit(0x00190010, "LO", "ACME") + Explicit(0x00191001, "DA", "20240301") +
+                              Uid(0x00191002, "1.2.3.4.1") + Explicit(0x00191003, "DA", "unknown ");
+    const std::string dates = Explicit(0x00140102, "DA", "20240301") + Explicit(0x00141020, "DA", "unknown ");
+    Write("safe.txt", "(0019,\"ACME\",01)\n(0019,\"ACME\",02)\n(0019,\"ACME\",03)\n");
+    const std::string moved = Output(File({}, dates + block), "--retain-safe-private safe.txt --retain-dates modified");
+    EXPECT_EQ(moved.find("20240301"), std::string::npos);
+    EXPECT_EQ(moved.find("unknown"), std::string::npos);
+    EXPECT_EQ(At(m_output, "StudyDate"), At(m_output, "SecondaryReviewDate"));
+    EXPECT_EQ(At(m_output, "StudyDate"), At(m_output, "00191001"));
+    EXPECT_EQ(At(m_output, "SOPInstanceUID"), At(m_output, "00191002"));
+    Output(File({}, dates + block), "--retain-safe-private safe.txt --retain-uids");
+    EXPECT_EQ(At(m_output, "00191001") + At(m_output, "00191002"), "202403011.2.3.4.1");
+    // Where there is no study there is no patient.
+    Output(Part10(kExplicitUid, Uid(0x00080016, "1.2.840.10008.5.1.4.39.1") + Uid(0x00080018, "1.2.3.4.1")));
+    EXPECT_EQ(At(m_output, "PatientID"), "-");
 }
 
 TEST_F(Deidentify, PatientsOfAListGetItsNames)
@@ -203,10 +248,9 @@ TEST_F(Deidentify, PatientsOfAListGetItsNames)
 
 TEST_F(Deidentify, ObjectsThatMayShowThePatientAreRefused)
 {
-    const std::string document = "1.2.840.10008.5.1.4.1.1.104.1";
     const std::pair<std::string, std::string> risks[] = {
         {File({.sopClass = kUltrasound}), "Ultrasound Image Storage"},
-        {File({.sopClass = document}, Explicit(0x00420011, "OB", "%PDF")), "Encapsulated PDF"},
+        {File({.sopClass = kDocument}, Explicit(0x00420011, "OB", "%PDF")), "Encapsulated PDF"},
         {File({}, Explicit(0x00280301, "CS", "YES ")), "(0028,0301) Burned In Annotation is YES"},
         {File({}, Explicit(0x00280302, "CS", "YES ")), "(0028,0302)"},
         {Part10(kExplicitUid, Explicit(0x00080060, "CS", "US") + DataSet({})), "modality, US"},
@@ -227,6 +271,8 @@ TEST_F(Deidentify, ObjectsThatMayShowThePatientAreRefused)
     Write("short.txt", "abc\n");
     Expect(20, "deidentify in.dcm -o out --key short.txt", "fewer than 32 characters");
     Expect(1, "deidentify --classic in.dcm -o out", "--classic");
+    Expect(1, "deidentify in.dcm -o out --key ./out/deep/key", "--key", "would be given away");
+    Expect(1, "deidentify in.dcm -o ./out/ --report out/r.json", "--report", "would be given away");
 }
 
 TEST_F(Deidentify, RectanglesAreClearedInEveryFrame)
@@ -241,12 +287,15 @@ TEST_F(Deidentify, RectanglesAreClearedInEveryFrame)
     EXPECT_EQ(At(m_output, "BurnedInAnnotation"), "NO");
     EXPECT_EQ(At(m_output, "DeidentificationMethodCodeSequence[2].CodeValue"), "113101");
     EXPECT_TRUE(Output(native).ends_with("abcdefABCDEF"));
+    EXPECT_EQ(Output(native, "--black-out 3,0,1,1 --black-out 0,2,1,1", 20), ""); // Nothing would be cleared.
 
     // The same in RLE: a segment of literal bytes for each frame.
     const std::string begin = LittleEndian(1, 4) + LittleEndian(64, 4) + std::string(56, '\0') + '\5';
-    const std::string rle =
-        Part10(kRleUid, DataSet({}, header) + Encapsulated("", {begin + "abcdef" + '\0', begin + "ABCDEF" + '\0'}));
-    Output(rle, "--black-out 1,0,2,1 --black-out 1,1,2,1");
+    const std::string table = Explicit(0x7FE00001, "OB", std::string(16, '\0'));
+    Output(Part10(kRleUid,
+                  DataSet({}, header) + table + Encapsulated("", {begin + "abcdef" + '\0', begin + "ABCDEF" + '\0'})),
+           "--black-out 1,0,2,1 --black-out 1,1,2,1");
+    EXPECT_EQ(At(m_output, "7FE00001"), "-"); // The frames have other places now.
     Expect(0, "frames \"" + m_output + "\" -o frames");
     const std::string frame = Read("frames/frame-0002.bin");
     // Each row is a literal and a run: 00 41 FF 00, 00 44 FF 00.
@@ -274,6 +323,29 @@ TEST_F(Deidentify, ListedPrivateAttributesStay)
     EXPECT_EQ(At(m_output, "00290010"), "-");
     Write("safe.txt", "PatientName\n");
     Expect(1, "deidentify in.dcm -o out --retain-safe-private safe.txt", "safe.txt:1:", "not a private attribute");
+}
+
+TEST_F(Deidentify, TheReportHasTheOrderOfTheInputs)
+{
+    std::string names;
+    std::string order;
+    for (int i = 0; i < 12; ++i)
+    {
+        // The first takes longest, and one is not an object.
+        const std::string name = "o" + std::to_string(10 + i);
+        const std::string curve = Explicit(0x54001010, "OW", std::string(i == 0 ? 20000000 : 2, 'x'));
+        Write(name, i == 5 ? "text" : File({.instance = "1.2.3." + std::to_string(i)}, curve));
+        names += " " + name;
+        order += name + " ";
+    }
+    Expect(20, "deidentify" + names + " -o out -j 4 --report r.json");
+    std::istringstream report(Read("r.json"));
+    std::string lines;
+    for (std::string line; std::getline(report, line);)
+    {
+        lines += line.substr(10, 3) + " ";
+    }
+    EXPECT_EQ(lines, order);
 }
 
 TEST_F(Deidentify, TwoInputsNeverGoToOneOutput)

@@ -142,6 +142,14 @@ protected:
         object.Serialize(archive);
     }
 
+    /// By the standard stream rules.
+    static void ReadByStandard(const std::string& name, CDcmIOD& object)
+    {
+        object.StreamRules(STREAM_RULES_STANDARD);
+        ReadObject(name, object);
+        EXPECT_FALSE(object.ReadStopped()) << name;
+    }
+
     /// The text of each element without the blank that makes its length even, in brackets; "-" where there is none.
     static std::string TextsOf(const std::string& name, std::initializer_list<int> tags)
     {

@@ -49,20 +49,20 @@ void RemoveMeta(CDcmElementSet& store)
 CString LeftOf(const CDeidRecord& record, const CDeidentifier& deidentifier, CDcmElementSet& written, unsigned options)
 {
     std::vector<CString> parts;
-    const CString known = deidentifier.Known().FindLeft(written, options);
-    if (!known.IsEmpty())
+    for (const auto& [beginning, attributes] :
+         {std::pair("has texts that were removed elsewhere in the object:",
+                    deidentifier.Known().FindLeft(written, options)),
+          std::pair("cleaned of known texts only, read:", record.ListOf(EDeidDone::Cleaned))})
     {
-        parts.push_back(known + " has a text that identified the patient elsewhere in the object");
-    }
-    const auto cleaned = record.ListOf(EDeidDone::Cleaned);
-    if (!cleaned.empty())
-    {
-        CString part("cleaned of known texts only, read:");
-        for (const auto& [path, count] : cleaned)
+        CString part(beginning);
+        for (const auto& [path, count] : attributes)
         {
             part += " " + path;
         }
-        parts.push_back(part);
+        if (!attributes.empty())
+        {
+            parts.push_back(part);
+        }
     }
     if (TextOf(written, Tag::kBurnedInAnnotation) == "YES")
     {

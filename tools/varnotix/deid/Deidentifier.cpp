@@ -88,8 +88,16 @@ void CDeidentifier::Apply(CDcmElementSet& store)
     ShowHiddenItems(store);
     m_known.Gather(store, m_profile.options);
     Varnotix::WalkElements(store, [this](const SPlace& place) { return Visit(place); });
-    SetText(store, Tag::kPatientName, m_patient.name.View(), ' ');
-    SetText(store, Tag::kPatientId, m_patient.id.View(), ' ');
+    // Color palettes, hanging protocols and the like have neither study nor patient.
+    const bool hasStudy = store.Find(Tag::kStudyInstanceUid) != nullptr;
+    for (const auto& [tag, text] :
+         {std::pair(Tag::kPatientName, &m_patient.name), std::pair(Tag::kPatientId, &m_patient.id)})
+    {
+        if (hasStudy || store.Find(tag) != nullptr)
+        {
+            SetText(store, tag, text->View(), ' ');
+        }
+    }
 }
 
 EWalk CDeidentifier::Visit(const SPlace& place)
@@ -98,7 +106,8 @@ EWalk CDeidentifier::Visit(const SPlace& place)
     const std::size_t depth = place.path.Steps().size();
     m_dummyDepth = depth <= m_dummyDepth ? 0 : m_dummyDepth;
     m_cleanDepth = depth <= m_cleanDepth ? 0 : m_cleanDepth;
-    if (depth == 1 && place.element.HasGroup(Tag::kMetaGroup))
+    const bool isMeta = place.element.HasGroup(Tag::kMetaGroup);
+    if (depth == 1 && isMeta)
     {
         return EWalk::Skip;
     }
@@ -110,12 +119,16 @@ EWalk CDeidentifier::Visit(const SPlace& place)
     {
         return VisitPrivate(place);
     }
+    // Items have no file meta information; what the table lists of it is treated as such.
+    const bool isMisplaced = isMeta && Varnotix::ProfileAction(tag, 0) == EAction::None;
     // What cannot be read cannot be searched either.
-    const bool isHidden = HidesItems(place.element) || (place.element.HasVr(VR_UN) && VrOf(place.element) == VR_SQ);
+    const CDcmEntry* entry = CDcmRegistry::Global().LookUpPublicTag(tag);
+    const bool isHidden =
+        HidesItems(place.element) || (entry != nullptr && entry->vr == VR_SQ && place.element.Items() == nullptr);
     // An overlay plane is no overlay without its data.
     const bool isOverlay = place.element.Group() >> 8 == kOverlayGroups &&
                            Varnotix::ProfileAction(kOverlayData, m_profile.options) == EAction::Remove;
-    if (CDcmRegistry::Global().LookUpPublicTag(tag) == nullptr || isHidden || isOverlay)
+    if (entry == nullptr || isMisplaced || isHidden || isOverlay)
     {
         return Do(EAction::Remove, place);
     }
@@ -142,8 +155,31 @@ EWalk CDeidentifier::VisitPrivate(const SPlace& place)
     {
         creator = Varnotix::TrimBlanks(element.ValueBytes().View());
     }
-    const bool isSafe = m_profile.safePrivate.Holds(element.Tag(), creator) && !HidesItems(element);
-    return Do(isSafe ? EAction::Keep : EAction::Remove, place);
+    if (!m_profile.safePrivate.Holds(element.Tag(), creator) || HidesItems(element))
+    {
+        return Do(EAction::Remove, place);
+    }
+    // References have to match, and dates to move, in private attributes, too.
+    const EAction unlisted = VrOf(element) == VR_PN ? EAction::None : UnlistedAction(element, m_profile.options);
+    return Do(unlisted == EAction::None ? EAction::Keep : unlisted, place);
+}
+
+/// What is done with an attribute that neither the table nor an option names.
+EProfileAction CDeidentifier::UnlistedAction(const CDcmElement& element, unsigned options) const
+{
+    switch (VrOf(element))
+    {
+    case VR_UI:
+        return (options & Varnotix::PROFILE_RETAIN_UIDS) != 0 || IsPublicUid(element.Tag()) ? EAction::None
+                                                                                            : EAction::NewUid;
+    case VR_PN:
+        return EAction::RemoveEmptyOrDummy;
+    case VR_DA:
+    case VR_DT:
+        return (options & Varnotix::PROFILE_RETAIN_MODIFIED_DATES) != 0 ? EAction::Clean : EAction::None;
+    default:
+        return EAction::None;
+    }
 }
 
 EProfileAction CDeidentifier::ActionFor(const SPlace& place, unsigned options) const
@@ -154,11 +190,8 @@ EProfileAction CDeidentifier::ActionFor(const SPlace& place, unsigned options) c
     {
         return EAction::Keep;
     }
-    if (listed == EAction::None && VrOf(place.element) == VR_UI && !IsPublicUid(tag))
-    {
-        return (options & Varnotix::PROFILE_RETAIN_UIDS) != 0 ? EAction::None : EAction::NewUid;
-    }
-    return Varnotix::ActionForType(listed, NeedOf(m_rules, place.path));
+    return Varnotix::ActionForType(listed == EAction::None ? UnlistedAction(place.element, options) : listed,
+                                   NeedOf(m_rules, place.path));
 }
 
 EWalk CDeidentifier::Do(EAction action, const SPlace& place)
@@ -229,9 +262,16 @@ EWalk CDeidentifier::Clean(const SPlace& place)
     }
     if (vr == VR_DA || vr == VR_DT || vr == VR_TM)
     {
-        const auto moved = ShiftDates(element.ValueBytes().View(), vr, m_patient.days);
-        return moved ? Set(EDeidDone::Shifted, *moved, place)
-                     : Do(ActionFor(place, m_profile.options & ~Varnotix::PROFILE_RETAIN_MODIFIED_DATES), place);
+        if (const auto moved = ShiftDates(element.ValueBytes().View(), vr, m_patient.days))
+        {
+            return Set(EDeidDone::Shifted, *moved, place);
+        }
+        const unsigned others = m_profile.options & ~Varnotix::PROFILE_RETAIN_MODIFIED_DATES;
+        const bool isListed = Varnotix::ProfileAction(element.Tag(), others) != EAction::None;
+        return Do(isListed && !Tag::IsPrivate(element.Tag())
+                      ? ActionFor(place, others)
+                      : Varnotix::ActionForType(EAction::RemoveEmptyOrDummy, NeedOf(m_rules, place.path)),
+                  place);
     }
     const std::string old(element.ValueBytes().View());
     const int highByte = element.Group() >> 8;

@@ -48,6 +48,7 @@ private:
     Varnotix::EWalk MakeDummy(const SPlace& place);
     Varnotix::EWalk Leave(const SPlace& place);
     EAction ActionFor(const SPlace& place, unsigned options) const;
+    EAction UnlistedAction(const CDcmElement& element, unsigned options) const;
 
     const SDeidProfile& m_profile;
     const SNewPatient& m_patient;

@@ -14,6 +14,7 @@ namespace
 constexpr int kMostRounds = 8;
 
 constexpr std::string_view kItemTag("\xFE\xFF\x00\xE0", 4);
+constexpr std::string_view kBigEndianItemTag("\xFF\xFE\xE0\x00", 4);
 
 std::string LittleEndian(std::size_t number)
 {
@@ -97,7 +98,12 @@ bool ShowOnce(CDcmElementSet& store)
 
 bool HidesItems(const CDcmElement& element)
 {
-    return element.HasVr(VR_UN) && element.Items() == nullptr && element.ValueBytes().View().starts_with(kItemTag);
+    if (!element.HasVr(VR_UN) || element.Items() != nullptr)
+    {
+        return false;
+    }
+    const CValueBytes value = element.ValueBytes();
+    return value.View().starts_with(kItemTag) || value.View().starts_with(kBigEndianItemTag);
 }
 
 void ShowHiddenItems(CDcmElementSet& store)

@@ -1,6 +1,8 @@
 #include "deid/KnownTexts.h"
 
 #include "Varnotix/platform/Ascii.h"
+#include "codestream/Comments.h"
+#include "deid/DeidRecord.h"
 #include "deid/Values.h"
 
 #include <algorithm>
@@ -8,21 +10,28 @@
 namespace
 {
 
-constexpr std::size_t kShortest = 4;  // Shorter texts are found everywhere.
-constexpr std::size_t kLongest = 256; // Longer ones are not repeated word by word.
+constexpr std::size_t kShortest = 4;     // Shorter texts are found everywhere.
+constexpr std::size_t kShortestName = 3; // In letters of ASCII.
+constexpr std::size_t kLongest = 256;    // Longer ones are not repeated word by word.
 constexpr std::size_t kDigitsInRow = 6;
-constexpr std::string_view kSeparators(" \t\r\n^=\\,;()[]<>\"'\0", 17);
+constexpr std::string_view kSeparators(" \t\r\n^=\\,;()[]<>\"'\0", 18);
 
 bool IsDigit(char character)
 {
     return character >= '0' && character <= '9';
 }
 
-/// True for characters of words: two of them side by side are one word. Bytes beyond ASCII are letters.
-bool IsWord(char character)
+bool IsLetter(char character)
 {
     const char lower = Varnotix::Lower(character);
-    return IsDigit(character) || (lower >= 'a' && lower <= 'z') || static_cast<unsigned char>(character) >= 0x80;
+    return lower >= 'a' && lower <= 'z';
+}
+
+/// True for characters of words: two of them side by side are one word. Bytes beyond ASCII are not among them, because
+/// several scripts have no blanks between words.
+bool IsWord(char character)
+{
+    return IsDigit(character) || IsLetter(character);
 }
 
 std::string LowerCase(std::string_view text)
@@ -66,14 +75,18 @@ void CKnownTexts::Gather(CDcmElementSet& store, unsigned options)
         const bool isDescription =
             Varnotix::ProfileAction(element.Tag(), Varnotix::PROFILE_CLEAN_DESCRIPTORS) == EProfileAction::Clean;
         const int vr = VrOf(element);
-        if (!isListed || isDescription || Varnotix::Tag::IsPrivate(element.Tag()) || element.Items() != nullptr)
+        // The names of persons and the UIDs that the table does not list are replaced, too.
+        const bool isReplaced = action == EProfileAction::None &&
+                                (vr == VR_PN || (vr == VR_UI && (options & Varnotix::PROFILE_RETAIN_UIDS) == 0));
+        if ((!isListed && !isReplaced) || isDescription || Varnotix::Tag::IsPrivate(element.Tag()) ||
+            element.Items() != nullptr)
         {
             return Varnotix::EWalk::Enter;
         }
         const CValueBytes value = element.ValueBytes();
-        if (vr == VR_DA || HoldsWords(element))
+        if (vr == VR_DA || vr == VR_UI || HoldsWords(element))
         {
-            AddParts(value.View(), vr == VR_PN ? kSeparators : "\\");
+            AddParts(value.View(), vr);
         }
         return Varnotix::EWalk::Enter;
     };
@@ -82,45 +95,51 @@ void CKnownTexts::Gather(CDcmElementSet& store, unsigned options)
     m_texts.erase(std::unique(m_texts.begin(), m_texts.end()), m_texts.end());
 }
 
-CString CKnownTexts::FindLeft(CDcmElementSet& store, unsigned options) const
+std::vector<std::pair<CString, int>> CKnownTexts::FindLeft(CDcmElementSet& store, unsigned options) const
 {
-    // Larger values are pixels and the like.
-    constexpr std::size_t kLargest = 0x10000;
-    CString left;
-    Varnotix::WalkElements(store,
-                           [&](const Varnotix::SWalkPlace& place)
-                           {
-                               const CDcmElement& element = place.element;
-                               const bool isListed =
-                                   Varnotix::ProfileAction(element.Tag(), options) != Varnotix::EProfileAction::None;
-                               const bool isText = HoldsWords(element) || element.HasVr(VR_UN) || element.HasVr(VR_OB);
-                               const bool stays = !isListed || Varnotix::Tag::IsPrivate(element.Tag());
-                               if (stays && isText && element.Frames() == nullptr)
-                               {
-                                   const CValueBytes value = element.ValueBytes();
-                                   left = value.Size() <= kLargest && AreIn(value.View()) ? place.path.Text() : left;
-                               }
-                               return left.IsEmpty() ? Varnotix::EWalk::Enter : Varnotix::EWalk::Stop;
-                           });
-    return left;
+    constexpr DWORD kEncapsulatedDocument = 0x00420011;
+    CDeidRecord left;
+    const auto visit = [&](const Varnotix::SWalkPlace& place)
+    {
+        const CDcmElement& element = place.element;
+        const bool isListed = Varnotix::ProfileAction(element.Tag(), options) != Varnotix::EProfileAction::None;
+        const bool isText = HoldsWords(element) || element.HasVr(VR_UN) || element.HasVr(VR_OB);
+        const bool stays =
+            !isListed || Varnotix::Tag::IsPrivate(element.Tag()) || element.Tag() == kEncapsulatedDocument;
+        const CDcmFrameList* frames = element.Frames();
+        const bool isLeft = frames != nullptr
+                                ? AreInComments(*frames)
+                                : stays && isText && element.Items() == nullptr && AreIn(element.ValueBytes().View());
+        if (isLeft)
+        {
+            left.Add(EDeidDone::Kept, place.path);
+        }
+        return Varnotix::EWalk::Enter;
+    };
+    Varnotix::WalkElements(store, visit);
+    return left.ListOf(EDeidDone::Kept);
 }
 
-void CKnownTexts::Add(std::string_view text)
+void CKnownTexts::Add(std::string_view text, int vr)
 {
     text = Varnotix::TrimBlanks(text.substr(0, text.find('\0')));
+    const bool isShortName = vr == VR_PN && std::all_of(text.begin(), text.end(), IsLetter);
     std::string lower = LowerCase(text);
-    if (text.size() >= kShortest && text.size() <= kLongest && lower != LowerCase(kDummyWord))
+    const bool isPublic = vr == VR_UI && CDcmRegistry::Global().UidEnum(CString(text)) >= 0;
+    if (text.size() >= (isShortName ? kShortestName : kShortest) && text.size() <= kLongest && !isPublic &&
+        lower != LowerCase(kDummyWord))
     {
         m_texts.push_back(std::move(lower));
     }
 }
 
-void CKnownTexts::AddParts(std::string_view value, std::string_view separators)
+void CKnownTexts::AddParts(std::string_view value, int vr)
 {
+    const std::string_view separators = vr == VR_PN ? kSeparators : "\\";
     while (!value.empty())
     {
         const std::size_t end = std::min(value.find_first_of(separators), value.size());
-        Add(value.substr(0, end));
+        Add(value.substr(0, end), vr);
         value.remove_prefix(std::min(end + 1, value.size()));
     }
 }
@@ -156,6 +175,18 @@ bool CKnownTexts::AreIn(std::string_view text) const
     for (std::size_t place = 0; place < lower.size(); ++place)
     {
         if (MatchAt(lower, place) > 0)
+        {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool CKnownTexts::AreInComments(const CDcmFrameList& frames) const
+{
+    for (int i = 0; i < frames.GetCount(); ++i)
+    {
+        if (AreIn(CommentsOf(frames.GetFrame(i)->Data(), frames.GetFrame(i)->Size())))
         {
             return true;
         }

@@ -5,19 +5,21 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// What the profile removes from an object, to be looked for in texts that stay.
 class CKnownTexts
 {
 public:
-    /// Gathers the words of names, and the identifiers, addresses and dates that the profile removes or replaces, at
-    /// every depth. Descriptions are not identifying as such.
+    /// Gathers the words of names, and the identifiers, addresses, dates and UIDs that the profile removes or replaces,
+    /// at every depth. Descriptions are not identifying as such.
     /// @param options values of EProfileOption.
     void Gather(CDcmElementSet& store, unsigned options);
 
-    /// The first attribute that the profile leaves as it is and that has one of them; empty when there is none.
-    CString FindLeft(CDcmElementSet& store, unsigned options) const;
+    /// The attributes that the profile leaves as they are and that have one of them, and how often: texts, bytes, kept
+    /// documents, and comments of compressed frames. Attributes in all items of a sequence are one.
+    std::vector<std::pair<CString, int>> FindLeft(CDcmElementSet& store, unsigned options) const;
 
     /// True when a text has one of them as a word, in either case.
     bool AreIn(std::string_view text) const;
@@ -26,8 +28,9 @@ public:
     std::string Cleaned(std::string_view text) const;
 
 private:
-    void Add(std::string_view text);
-    void AddParts(std::string_view value, std::string_view separators);
+    bool AreInComments(const CDcmFrameList& frames) const;
+    void Add(std::string_view text, int vr);
+    void AddParts(std::string_view value, int vr);
 
     /// The size of the longest one that is whole words at a place of a text in lower case; 0 when there is none.
     std::size_t MatchAt(std::string_view text, std::size_t place) const;
