@@ -1,6 +1,7 @@
 #include "compare/ObjectDiff.h"
 
 #include "compare/FrameDiff.h"
+#include "compare/ItemPairs.h"
 #include "object/Attributes.h"
 
 #include <algorithm>
@@ -193,46 +194,43 @@ void CComparison::CompareItems(const CDcmElement& a, const CDcmElement& b, const
     { return SSide(*a.Items(), static_cast<int>(i) + 1, leftItems[i], left.characters); };
     const auto rightSide = [&](std::size_t i)
     { return SSide(*b.Items(), static_cast<int>(i) + 1, rightItems[i], right.characters); };
-    std::size_t leftEnd = leftItems.size();
-    std::size_t rightEnd = rightItems.size();
-    std::size_t first = 0;
-    if (m_alignment == EAlignment::Best && leftEnd != rightEnd)
+    const auto areEqual = [&](std::size_t i, std::size_t j) { return AreEqual(leftSide(i), rightSide(j)); };
+    const std::vector<SItemPair> pairs = m_alignment == EAlignment::Best
+                                             ? PairByContent(leftItems.size(), rightItems.size(), areEqual)
+                                             : PairByNumber(leftItems.size(), rightItems.size());
+    const CString creator = m_creator;
+    for (const SItemPair& pair : pairs)
     {
-        while (first < std::min(leftEnd, rightEnd) && AreEqual(leftSide(first), rightSide(first)))
-        {
-            ++first;
-        }
-        while (std::min(leftEnd, rightEnd) > first && AreEqual(leftSide(leftEnd - 1), rightSide(rightEnd - 1)))
-        {
-            --leftEnd;
-            --rightEnd;
-        }
-    }
-    for (std::size_t i = first; i < std::max(leftEnd, rightEnd) && !IsDone(); ++i)
-    {
-        m_path.SelectItem(static_cast<int>(i) + 1);
+        m_creator = creator; // What is in items has its own.
+        const bool hasLeft = pair.left != SItemPair::kNone;
+        const bool hasRight = pair.right != SItemPair::kNone;
+        m_path.SelectItem(static_cast<int>(hasLeft ? pair.left : pair.right) + 1);
         if (m_ignored.Has(m_path, m_creator))
         {
             continue;
         }
-        if (i < leftEnd && i < rightEnd)
+        if (hasLeft && hasRight)
         {
-            Compare(leftSide(i), rightSide(i));
+            Compare(leftSide(pair.left), rightSide(pair.right));
         }
-        else if (i < leftEnd)
+        else if (hasLeft)
         {
-            Add(SDifference::EKind::OnlyLeft, &a, nullptr, leftSide(i), right);
+            Add(SDifference::EKind::OnlyLeft, &a, nullptr, leftSide(pair.left), right);
         }
         else
         {
-            Add(SDifference::EKind::OnlyRight, nullptr, &b, left, rightSide(i));
+            Add(SDifference::EKind::OnlyRight, nullptr, &b, left, rightSide(pair.right));
+        }
+        if (IsDone())
+        {
+            return;
         }
     }
 }
 
 bool CComparison::AreEqual(const SSide& left, const SSide& right)
 {
-    CComparison probe(m_ignored, m_alignment, m_isImplicit);
+    CComparison probe(m_ignored, EAlignment::ByIndex, m_isImplicit);
     probe.m_isProbe = true;
     probe.m_path = m_path;
     probe.m_path.SelectItem(left.item);

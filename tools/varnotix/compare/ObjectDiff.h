@@ -34,7 +34,7 @@ struct SDifference
 /// How items of two sequences are compared.
 enum class EAlignment
 {
-    Best,   ///< Equal items at both ends are taken together; those between them by their number.
+    Best,   ///< Equal items are taken together, in order; those between two equal ones by their number there.
     ByIndex ///< Items of the same number.
 };
 
