@@ -80,6 +80,7 @@ TEST_F(FramesTest, ManyObjectsGetNamesThatDoNotMix)
     Expect(1, "frames in/a.dcm -o out --name {patient}", "has the field 'patient'");
     Expect(1, "frames in/a.dcm -o out --frame 0", "is not a number of a frame");
     Expect(1, "frames -r in -o -", "standard output takes one frame");
+    Expect(1, "frames -r in --png -o a.png", "the file 'a.png' takes one frame of a single FILE");
     Expect(20, "frames in/a.dcm -o -", "choose it with --frame");
     Expect(20, "frames in/a.dcm -o out --frame 3", "it has no frame 3; it has 2");
 }

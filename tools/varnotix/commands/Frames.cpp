@@ -1,5 +1,6 @@
 #include "commands/Commands.h"
 #include "files/Input.h"
+#include "files/OutputFolder.h"
 #include "object/Attributes.h"
 #include "picture/FrameExport.h"
 #include "picture/PngWriter.h"
@@ -26,7 +27,7 @@ constexpr const char* kFooter =
 struct SFramesOptions
 {
     SInputs inputs;
-    CString folder;
+    CString output;
     CString name;
     CString frame;
     CString window;
@@ -60,6 +61,14 @@ bool HasManyInputs(const SFramesOptions& options)
     return options.inputs.names.size() > 1 || options.inputs.entersFolders;
 }
 
+/// Whether the output is a file, as a name such as "head.png" asks for.
+bool IsOneFile(const SFramesOptions& options)
+{
+    CString end = options.output.Right(4);
+    end.MakeLower();
+    return options.output == "-" || (options.asPictures && end == ".png" && !IsFolderPath(options.output));
+}
+
 /// @return empty, or what is wrong with the command line.
 CString ReadOptions(const SFramesOptions& options, SFrameExport& wanted)
 {
@@ -77,11 +86,13 @@ CString ReadOptions(const SFramesOptions& options, SFrameExport& wanted)
     {
         return "this build has no PNG writer; without --png frames are written as stored";
     }
-    if (options.folder == "-" && HasManyInputs(options))
+    wanted.output = options.output;
+    wanted.toFile = IsOneFile(options);
+    if (wanted.toFile && HasManyInputs(options))
     {
-        return "-o: standard output takes one frame of a single FILE";
+        return "-o: " + (options.output == "-" ? CString("standard output") : "the file '" + options.output + "'") +
+               " takes one frame of a single FILE";
     }
-    wanted.folder = options.folder;
     wanted.asPictures = options.asPictures;
     wanted.withOverlays = options.withOverlays;
     wanted.frame = static_cast<std::size_t>(frame);
@@ -110,7 +121,7 @@ int FramesOf(const SJob& job, const SFrameExport& wanted, const CFrameNames& nam
                                         names, taken, job.report);
         return std::max(status, ReportStop(path, stop, job.report));
     };
-    return ReportWriteFailures(wanted.folder, job.report, write);
+    return ReportWriteFailures(wanted.output, job.report, write);
 }
 
 int Frames(const SFramesOptions& options, const CReport& report)
@@ -148,8 +159,8 @@ void AddFrames(CCommandLine& line)
     const auto options = std::make_shared<SFramesOptions>();
     CVerb verb = line.AddVerb("frames", "Write each frame of the pixel data to a file", kFooter);
     verb.Inputs(options->inputs, "Files to read; '-' is standard input");
-    verb.Text("-o,--output", options->folder,
-              "Output folder, created if missing; '-' is standard output, for one frame");
+    verb.Text("-o,--output", options->output,
+              "Output folder, created if missing; for one frame '-', standard output, and with --png a file NAME.png");
     verb.Text("--name", options->name, "Names of the files, without extension: '{series}/{uid}-{frame}'",
               CVerb::ENeed::Optional);
     verb.Text("--frame", options->frame, "Write this frame only; the first is 1", CVerb::ENeed::Optional);

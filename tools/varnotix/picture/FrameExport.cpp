@@ -103,10 +103,10 @@ int CFrameExporter::Run()
     {
         return Refuse(FrameText("it has no frame %lu", m_wanted.frame) + FrameText("; it has %lu", frames.Count()));
     }
-    if (m_wanted.folder == "-" && m_wanted.frame == 0 && frames.Count() > 1)
+    if (m_wanted.toFile && m_wanted.frame == 0 && frames.Count() > 1)
     {
         return Refuse(
-            FrameText("it has %lu frames, and standard output takes one: choose it with --frame", frames.Count()));
+            FrameText("it has %lu frames, and a single output takes one: choose it with --frame", frames.Count()));
     }
     return WriteAll(frames);
 }
@@ -192,14 +192,14 @@ CString CFrameExporter::FindPath(std::size_t index, CString& path) const
 {
     CString name;
     const CString reason = m_names.Make(m_source.object.ElementStore(), m_source.input, index + 1, name);
-    path = Varnotix::JoinPath(m_wanted.folder, name + m_extension);
+    path = Varnotix::JoinPath(m_wanted.output, name + m_extension);
     return reason;
 }
 
 int CFrameExporter::Save(std::size_t index, const void* bytes, std::size_t size)
 {
-    CString path("-");
-    if (m_wanted.folder != "-")
+    CString path = m_wanted.output;
+    if (!m_wanted.toFile)
     {
         const CString reason = FindPath(index, path);
         const CString owner = m_source.name + FrameText(", frame %lu", index + 1);
@@ -226,7 +226,7 @@ int CFrameExporter::Save(std::size_t index, const void* bytes, std::size_t size)
 void CFrameExporter::ReportLeftovers(std::size_t count) const
 {
     CString path;
-    if (m_wanted.folder != "-" && m_names.HasFrame() && FindPath(count, path).IsEmpty() &&
+    if (!m_wanted.toFile && m_names.HasFrame() && FindPath(count, path).IsEmpty() &&
         std::filesystem::exists(path.CText()))
     {
         m_report.Say(m_source.name + ": " + path + " and those after it are not of this object");

@@ -7,7 +7,8 @@
 /// What to write, and where.
 struct SFrameExport
 {
-    CString folder; ///< "-" is standard output.
+    CString output;      ///< A folder, or a file.
+    bool toFile = false; ///< The output is a file for one frame; "-" is standard output.
     bool asPictures = false;
     bool withOverlays = false;
     SPictureStyle style;
