@@ -21,8 +21,12 @@ TEST_F(CommandLine, WrongUsageIsStatusOneWithAComplaintOnStandardError)
     {
         EXPECT_EQ(Expect(1, arguments, "varnotix: ").out, "") << arguments;
     }
-    Expect(1, "dmup in.dcm", "there is no verb 'dmup'; the nearest one is 'dump'", "The verbs are dump, list, convert, ");
+    Expect(1, "dmup in.dcm", "there is no verb 'dmup'; the nearest one is 'dump'",
+           "The verbs are dump, list, convert, ");
     Expect(1, "--classic Anon in.dcm", "the nearest one is 'anonymize'");
+    Expect(1, "version", "there is no verb 'version'\n");
+    Write("in.dcm", "");
+    Expect(1, "in.dcm", "there is no verb before 'in.dcm'; 'varnotix dump in.dcm' shows what is in it");
 }
 
 TEST_F(CommandLine, HelpAndVersionAreData)

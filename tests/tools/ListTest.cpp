@@ -65,6 +65,7 @@ TEST_F(List, ShowsTheFilesThatMeetAllConditions)
     const std::pair<const char*, bool> kCases[] = {
         {"Modality=MR", true},
         {"Modality = CT", false},
+        {"Modality==MR", true},
         {"Modality!=CT", true},
         {"Modality!=MR", false},
         {"InstanceNumber=7.0", true},

@@ -3,6 +3,7 @@
 #include "Varnotix/Version.h"
 #include "console/NearestWord.h"
 #include "console/StandardStreams.h"
+#include "files/FileKinds.h"
 #include "files/Input.h"
 
 #include <CLI/CLI.hpp>
@@ -192,9 +193,17 @@ bool CCommandLine::KnowsVerb(const std::string& given) const
     {
         return true;
     }
-    const std::string wrong =
-        given.empty() ? "there is no verb on the command line"
-                      : "there is no verb '" + given + "'; the nearest one is '" + NearestWord(given, verbs) + "'";
+    std::string wrong = given.empty() ? "there is no verb on the command line" : "there is no verb '" + given + "'";
+    const EFileKind kind = given.empty() ? EFileKind::Missing : FileKindOf(CString(std::string_view(given)));
+    if (kind != EFileKind::Missing)
+    {
+        const std::string dump = kind == EFileKind::Folder ? "varnotix list " : "varnotix dump ";
+        wrong = "there is no verb before '" + given + "'; '" + dump + given + "' shows what is in it";
+    }
+    else if (const std::string nearest = NearestWord(given, verbs); !given.empty() && !nearest.empty())
+    {
+        wrong += "; the nearest one is '" + nearest + "'";
+    }
     const CReport report(false, false);
     report.Error(CString(std::string_view(wrong)));
     report.ErrorLine(CString(std::string_view("The verbs are " + list + ".")));

@@ -60,5 +60,6 @@ std::string NearestWord(std::string_view unknown, const std::vector<std::string>
             nearest = word;
         }
     }
-    return nearest;
+    const bool isSlip = best <= wanted.size() / 2;
+    return isSlip ? nearest : std::string();
 }

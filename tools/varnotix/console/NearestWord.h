@@ -7,5 +7,5 @@
 
 /// The word that the fewest changed, missing, added and swapped letters lead to; a word that begins with the unknown
 /// one is nearer than any other. Case does not count.
-/// @return empty when there are no words.
+/// @return empty when more than half of the letters would be others.
 std::string NearestWord(std::string_view unknown, const std::vector<std::string>& words);

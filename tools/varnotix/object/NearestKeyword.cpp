@@ -62,6 +62,6 @@ CString NearestKeywordHint(std::string_view text)
             keywords.emplace_back(keyword.View());
         }
     }
-    return "; the keyword nearest to '" + CString(unknown) + "' is '" +
-           CString(std::string_view(NearestWord(unknown, keywords))) + "'";
+    const CString nearest(std::string_view(NearestWord(unknown, keywords)));
+    return nearest.IsEmpty() ? CString() : "; the keyword nearest to '" + CString(unknown) + "' is '" + nearest + "'";
 }

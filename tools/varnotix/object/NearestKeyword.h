@@ -8,5 +8,5 @@
 /// The end of a message about a text that is not a path: the first word that is not a keyword, and the keyword nearest
 /// to it.
 /// @param text may go on after the path, with "=VALUE" or the like.
-/// @return empty when each word is a keyword or a tag.
+/// @return empty when each word is a keyword or a tag, or no keyword is near.
 CString NearestKeywordHint(std::string_view text);

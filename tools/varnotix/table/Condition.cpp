@@ -18,7 +18,7 @@ struct CCondition::SPattern
 namespace
 {
 
-constexpr std::array<std::string_view, 7> kOperators = {"!=", "<=", ">=", "=", "<", ">", "~"};
+constexpr std::array<std::string_view, 8> kOperators = {"!=", "<=", ">=", "==", "=", "<", ">", "~"};
 
 std::string Trimmed(std::string_view text)
 {
