@@ -189,6 +189,14 @@ TEST_F(Deidentify, WhatAPersonHasToReadGivesAStatus)
     EXPECT_EQ(At(m_output, "SeriesDescription"), "Head of ****, **********, *******");
     EXPECT_TRUE(Holds(m_run.err, "cleaned of known texts only, read: SeriesDescription"));
     EXPECT_EQ(At(m_output, "DeidentificationMethodCodeSequence[2].CodeValue"), "113105");
+    // The codes of content items keep their long numbers, which say what the items are.
+    const std::string code = Explicit(0x00080100, "SH", "121071") + Explicit(0x00080104, "LO", "For Jane");
+    const std::string content =
+        Explicit(0x0040A043, "SQ", Item(code)) + Explicit(0x0040A160, "UT", "No 121071 of Jane ");
+    Output(File({}, Explicit(0x0040A730, "SQ", Item(content))), "--clean-structured-content", 10);
+    EXPECT_EQ(At(m_output, "ContentSequence[1].ConceptNameCodeSequence[1].CodeValue"), "121071");
+    EXPECT_EQ(At(m_output, "ContentSequence[1].ConceptNameCodeSequence[1].CodeMeaning"), "For ****");
+    EXPECT_EQ(At(m_output, "ContentSequence[1].TextValue"), "No ****** of ****");
     // A name in an attribute that nobody expects it in.
     Output(File({}, Explicit(0x00181020, "LO", "for Jane Doe")), "", 10);
     EXPECT_TRUE(Holds(m_run.err, "has texts that were removed elsewhere in the object: SoftwareVersions"));
@@ -215,7 +223,9 @@ TEST_F(Deidentify, WhatNoTableListsFollowsTheOptions)
 {
     const std::string block = Explicit(0x00190010, "LO", "ACME") + Explicit(0x00191001, "DA", "20240301") +
                               Uid(0x00191002, "1.2.3.4.1") + Explicit(0x00191003, "DA", "unknown ");
-    const std::string dates = Explicit(0x00140102, "DA", "20240301") + Explicit(0x00141020, "DA", "unknown ");
+    const std::string dates = Explicit(0x00080201, "SH", "-0330 ") +
+                              Explicit(0x0008002A, "DT", "20240229-20240301 ") + // A range, which no object has.
+                              Explicit(0x00140102, "DA", "20240301") + Explicit(0x00141020, "DA", "unknown ");
     Write("safe.txt", "(0019,\"ACME\",01)\n(0019,\"ACME\",02)\n(0019,\"ACME\",03)\n");
     const std::string moved = Output(File({}, dates + block), "--retain-safe-private safe.txt --retain-dates modified");
     EXPECT_EQ(moved.find("20240301"), std::string::npos);

@@ -49,6 +49,27 @@ std::optional<std::string> ShiftDigits(std::string_view digits, int days)
     return std::string(text.data()).substr(0, digits.size());
 }
 
+/// True for what may follow the date: digits of a time of day with a fraction, and an offset from UTC. The second date
+/// of a range is neither.
+bool EndsDateTime(std::string_view rest)
+{
+    constexpr std::size_t kTime = 6;
+    constexpr std::size_t kFraction = 6;
+    constexpr std::size_t kOffset = 5;
+    constexpr int kFarthestEast = 1400;
+    constexpr int kFarthestWest = 1200;
+    const std::size_t sign = std::min(rest.find_first_of("+-"), rest.size());
+    const std::string_view offset = rest.substr(sign);
+    const std::string_view time = rest.substr(0, sign);
+    const std::size_t point = std::min(time.find('.'), time.size());
+    const std::string_view fraction = time.substr(std::min(point + 1, time.size()));
+    const bool isTime = point <= kTime && (point == 0 || IsDigits(time.substr(0, point))) &&
+                        (point == time.size() || (IsDigits(fraction) && fraction.size() <= kFraction));
+    return isTime &&
+           (offset.empty() || (offset.size() == kOffset && IsDigits(offset.substr(1)) &&
+                               NumberOf(offset.substr(1)) <= (offset.front() == '+' ? kFarthestEast : kFarthestWest)));
+}
+
 std::optional<std::string> ShiftOne(std::string_view value, int vr, int days)
 {
     constexpr std::size_t kDate = 8;
@@ -70,9 +91,7 @@ std::optional<std::string> ShiftOne(std::string_view value, int vr, int days)
     const std::size_t digits = std::min(value.find_first_not_of("0123456789"), value.size());
     const std::size_t date = std::min(digits, kDate);
     const std::string_view rest = value.substr(date);
-    const bool isWhole =
-        vr == VR_DA ? date == kDate && rest.empty()
-                    : date >= 4 && date % 2 == 0 && rest.find_first_not_of("0123456789.+-") == std::string_view::npos;
+    const bool isWhole = vr == VR_DA ? date == kDate && rest.empty() : date >= 4 && date % 2 == 0 && EndsDateTime(rest);
     const auto moved = isWhole ? ShiftDigits(value.substr(0, date), days) : std::nullopt;
     return moved ? std::optional(*moved + std::string(rest)) : std::nullopt;
 }

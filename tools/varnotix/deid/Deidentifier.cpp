@@ -1,5 +1,6 @@
 #include "deid/Deidentifier.h"
 
+#include "Varnotix/platform/Ascii.h"
 #include "deid/DateShift.h"
 #include "deid/HiddenItems.h"
 #include "deid/PixelRisk.h"
@@ -17,6 +18,7 @@ namespace
 {
 
 constexpr DWORD kLengthToEnd = 0x00080001;
+constexpr DWORD kTimezoneOffset = 0x00080201;
 constexpr DWORD kOverlayData = 0x60003000;
 constexpr int kCurveGroups = 0x50; // The high bytes of repeating groups.
 constexpr int kOverlayGroups = 0x60;
@@ -54,6 +56,14 @@ Varnotix::EAttributeNeed NeedOf(const CAttributeRules* rules, const Varnotix::CE
     }
 }
 
+/// True for an offset from UTC such as +0100.
+bool IsTimezone(std::string_view text)
+{
+    constexpr std::size_t kSize = 5;
+    return text.size() == kSize && (text.front() == '+' || text.front() == '-') &&
+           text.find_first_not_of("0123456789", 1) == std::string_view::npos;
+}
+
 /// Leaves the first item of a sequence only. Removing the others one by one would take a pass over all elements for
 /// each.
 void KeepFirstItem(CDcmElement& sequence)
@@ -69,6 +79,13 @@ void KeepFirstItem(CDcmElement& sequence)
         first.Add(new CDcmElement(*static_cast<const CDcmElement*>(elements.GetNext(place))));
     }
     sequence.SetItems(first);
+}
+
+/// True for the parts of a code that a program reads. Their long numbers mean what the scheme says.
+bool IsCode(const CDcmElement& element)
+{
+    constexpr DWORD kCodes[] = {0x00080100, 0x00080102, 0x00080103, 0x00080119, 0x00080120};
+    return std::find(std::begin(kCodes), std::end(kCodes), element.Tag()) != std::end(kCodes);
 }
 
 /// Numbers and texts of an item that the profile does not list; codes of the standard's own kinds stay valid only as
@@ -274,6 +291,10 @@ EWalk CDeidentifier::Clean(const SPlace& place)
                   place);
     }
     const std::string old(element.ValueBytes().View());
+    if (element.Tag() == kTimezoneOffset && IsTimezone(Varnotix::TrimBlanks(old)))
+    {
+        return Do(EAction::Keep, place); // Times of day stay, too, and there is nothing in it to read.
+    }
     const int highByte = element.Group() >> 8;
     const bool isGraphic = !HoldsWords(element) && (highByte == kCurveGroups || highByte == kOverlayGroups);
     if (isGraphic || (vr == VR_CS && !m_known.AreIn(old)))
@@ -291,7 +312,8 @@ EWalk CDeidentifier::Leave(const SPlace& place)
     {
         return Set(EDeidDone::Replaced, DummyText(place.element), place);
     }
-    if (m_cleanDepth != 0 && HoldsWords(place.element))
+    const CDcmElement& element = place.element;
+    if (m_cleanDepth != 0 && HoldsWords(element) && (!IsCode(element) || m_known.AreIn(element.ValueBytes().View())))
     {
         return Clean(place);
     }
