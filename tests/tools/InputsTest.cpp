@@ -86,6 +86,7 @@ TEST_F(Inputs, OutputsLieInTheFolderAsInputsInTheirs)
     Expect(1, "anonymize -o file in/z.dcm in/bare", "'file' is a file, and several inputs need a folder");
     Expect(1, "anonymize -r -o - in", "require a single FILE");
     EXPECT_EQ(Read("file"), "kept");
+    Expect(40, "convert -o file/out/ in/z.dcm", "cannot make the folder 'file/out/'");
 }
 
 TEST_F(Inputs, VerbsWithOneOutputTakeManyToo)
@@ -106,6 +107,12 @@ TEST_F(Inputs, TakesAnyNameAfterTwoDashes)
 {
     Write("-v", Named("Doe^V "));
     EXPECT_TRUE(Holds(Expect(0, "dump -- -v").out, "Doe^V"));
+    for (const char* name : {"[1]", "[a,b]", "++"})
+    {
+        Write(name, Named("Doe^V "));
+    }
+    EXPECT_TRUE(HoldsInOrder(Expect(0, "list --csv \"[1]\" ++ \"[a,b]\" -- -v").out, "\n[1],", "\n++,", "\n\"[a,b]\",",
+                             "\n-v,"));
 }
 
 #if !defined(_WIN32)

@@ -17,6 +17,10 @@ namespace
 
 constexpr const char* kClassic = "Read and write by the class library's own rules instead of DICOM's";
 
+/// Begins an argument that is a name or a value whatever it looks like. The parser itself takes "[a,b]" apart, drops
+/// "++", and knows no dash after "--" where FILE has a value before.
+constexpr char kPlainMark = '\x01';
+
 /// Help and version are data; complaints about the command line are not.
 /// @param verb empty where the arguments name none.
 int PrintParseResult(const CLI::App& app, const CLI::ParseError& result, const std::string& verb)
@@ -27,7 +31,8 @@ int PrintParseResult(const CLI::App& app, const CLI::ParseError& result, const s
     if (code != 0)
     {
         // The first line of the parser's complaint is what is wrong; the next one does not name the verb.
-        const std::string text = complaint.str();
+        std::string text = complaint.str();
+        std::erase(text, kPlainMark);
         const CReport report(false, false);
         report.Error(CString(std::string_view(text.substr(0, text.find('\n')))));
         report.ErrorLine(
@@ -39,28 +44,58 @@ int PrintParseResult(const CLI::App& app, const CLI::ParseError& result, const s
     return STATUS_DONE;
 }
 
+bool LooksSpecial(const std::string& text)
+{
+    return text.starts_with('[') || text.starts_with(kPlainMark) || text == "++";
+}
+
 /// The arguments after the program's name, last first, as the parser takes them. An option with an empty value after
 /// its "=" becomes two arguments, because the parser would take the next argument for its value.
 std::vector<std::string> ReversedArguments(int count, char** texts)
 {
-    std::vector<std::string> reversed;
-    for (int i = count - 1; i > 0; --i)
+    std::vector<std::string> arguments;
+    bool areNames = false;
+    for (int i = 1; i < count; ++i)
     {
-        std::string text = texts[i];
-        if (text.starts_with("--") && text.find('=') == text.size() - 1)
+        const std::string text = texts[i];
+        if (text == "--" && !areNames)
         {
-            reversed.emplace_back();
-            text.pop_back();
+            areNames = true;
         }
-        reversed.push_back(std::move(text));
+        else if (LooksSpecial(text) || (areNames && text.size() > 1 && text.starts_with('-')))
+        {
+            arguments.push_back(kPlainMark + text);
+        }
+        else if (text.starts_with("--") && text.find('=') == text.size() - 1)
+        {
+            arguments.push_back(text.substr(0, text.size() - 1));
+            arguments.emplace_back();
+        }
+        else
+        {
+            arguments.push_back(text);
+        }
     }
-    return reversed;
+    std::reverse(arguments.begin(), arguments.end());
+    return arguments;
+}
+
+/// What an argument says without its mark.
+CString Plain(std::string_view text)
+{
+    return CString(text.substr(text.starts_with(kPlainMark) ? 1 : 0));
 }
 
 CLI::Option& AddText(CLI::App& verb, const char* name, CString& value, const char* help, CVerb::ENeed need)
 {
-    const auto take = [&value](const std::string& text) { value = CString(std::string_view(text)); };
+    const auto take = [&value](const std::string& text) { value = Plain(text); };
     return *verb.add_option_function<std::string>(name, take, help)->required(need == CVerb::ENeed::Required);
+}
+
+auto TakeInto(std::vector<CString>& values)
+{
+    return [&values](const std::vector<std::string>& texts)
+    { std::transform(texts.begin(), texts.end(), std::back_inserter(values), &Plain); };
 }
 
 } // namespace
@@ -77,26 +112,14 @@ void CVerb::TextWithDefault(const char* name, CString& value, const char* help)
 
 void CVerb::Texts(const char* name, std::vector<CString>& values, const char* help, ENeed need)
 {
-    const auto take = [&values](const std::vector<std::string>& texts)
-    {
-        for (const std::string& text : texts)
-        {
-            values.emplace_back(std::string_view(text));
-        }
-    };
-    m_verb.add_option_function<std::vector<std::string>>(name, take, help)
+    m_verb.add_option_function<std::vector<std::string>>(name, TakeInto(values), help)
         ->required(need == ENeed::Required)
         ->allow_extra_args(*name != '-'); // What follows the value of an option may be a FILE.
 }
 
 void CVerb::Repeated(const char* name, std::vector<CString>& values, const char* help)
 {
-    const auto take = [&values](const std::vector<std::string>& texts)
-    {
-        std::transform(texts.begin(), texts.end(), std::back_inserter(values),
-                       [](std::string_view text) { return CString(text); });
-    };
-    m_verb.add_option_function<std::vector<std::string>>(name, take, help)->allow_extra_args(false);
+    m_verb.add_option_function<std::vector<std::string>>(name, TakeInto(values), help)->allow_extra_args(false);
 }
 
 void CVerb::Inputs(SInputs& inputs, const char* help, ENeed need)

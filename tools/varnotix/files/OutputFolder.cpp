@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace
 {
@@ -40,20 +41,15 @@ bool LeadsInto(const CString& path, const CString& folder)
     return !below.empty() && *below.begin() != "..";
 }
 
-void MakeFolder(const CString& path)
+CString MakeFolder(const CString& path)
 {
-    if (path.IsEmpty())
+    const std::string text(path.CText());
+    std::error_code error;
+    if (text.empty() || fs::create_directories(text, error) || !error)
     {
-        return;
+        return CString();
     }
-    try
-    {
-        fs::create_directories(std::string(path.CText()));
-    }
-    catch (const fs::filesystem_error&)
-    {
-        return;
-    }
+    return CString(std::string_view("cannot make the folder '" + text + "': " + error.message()));
 }
 
 CString FileNameOf(const CString& path)

@@ -9,8 +9,9 @@ bool IsFolderPath(const CString& path);
 /// True when a path leads into a folder, at any depth; neither needs to exist.
 bool LeadsInto(const CString& path, const CString& folder);
 
-/// Creates a folder and its parents. A failure shows when the first file is written to the folder.
-void MakeFolder(const CString& path);
+/// Creates a folder and its parents.
+/// @return empty, or why the folder is not there, as a whole message.
+CString MakeFolder(const CString& path);
 
 /// The last component of a path.
 CString FileNameOf(const CString& path);

@@ -75,6 +75,12 @@ private:
     std::unique_ptr<COverlays> m_overlays;
 };
 
+/// True for Float or Double Float Pixel Data.
+bool HasFloats(const CDcmElementSet& store)
+{
+    return store.Find(0x7FE00008) != nullptr || store.Find(0x7FE00009) != nullptr;
+}
+
 int CFrameExporter::Refuse(const CString& reason) const
 {
     m_report.Error(m_source.name + ": " + reason);
@@ -87,7 +93,9 @@ int CFrameExporter::Run()
     const CDcmFrameList* stored = element != nullptr ? element->Frames() : nullptr;
     if (stored == nullptr || stored->GetCount() == 0)
     {
-        return Refuse("it has no pixel data");
+        return Refuse(HasFloats(m_source.object.ElementStore())
+                          ? "its pixel data is of floating-point numbers, which are not supported"
+                          : "it has no pixel data");
     }
     const SImageHeader header = ReadImageHeader(m_source.object);
     const CFrameSource frames(*stored, header, m_source.compressed, m_source.name, m_report);
@@ -210,7 +218,11 @@ int CFrameExporter::Save(std::size_t index, const void* bytes, std::size_t size)
                            (reason.IsEmpty() ? path + " holds " + other + "; --name chooses other names" : reason));
             return STATUS_UNWRITTEN;
         }
-        MakeFolder(FolderNameOf(path));
+        const CString fault = MakeFolder(FolderNameOf(path));
+        if (!fault.IsEmpty())
+        {
+            throw CWriteFailure(std::string(fault.View()));
+        }
     }
     COutputFile target(path);
     target.File().Write(bytes, static_cast<UINT>(size));

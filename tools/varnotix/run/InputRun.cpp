@@ -38,7 +38,13 @@ int DoJob(const SInputs& inputs, const CJobFunction& job, const SJob& what)
         }
         if (inputs.intoFolder && !input.output.IsEmpty())
         {
-            MakeFolder(FolderNameOf(input.output));
+            const CString fault = MakeFolder(FolderNameOf(input.output));
+            if (!fault.IsEmpty())
+            {
+                what.report.Error(fault);
+                status = STATUS_UNWRITTEN;
+                return true;
+            }
         }
         status = job(what);
         return true;
