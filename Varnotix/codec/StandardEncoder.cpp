@@ -8,6 +8,7 @@
 #include "Varnotix/registry/DcmRegistry.h"
 
 #include <algorithm>
+#include <string>
 
 using namespace Varnotix;
 
@@ -296,6 +297,15 @@ void CStandardEncoder::WriteValue(const SStep& step, COutputBuffer& out)
 {
     const CValueBytes value = step.element->ValueBytes();
     const std::size_t width = IsBigEndian(step.syntax) ? SwapWidthOf(step.vr, step.element->LaterVr()) : 1;
+    const bool isPadded = value.Size() < step.length;
+    const char pad = PadByte(step.element->Vr());
+    if (width > 1 && isPadded)
+    {
+        // The padding may complete a number, and then changes places with its other bytes.
+        const std::string padded = std::string(value.View()) + pad;
+        PutSwapped(reinterpret_cast<const BYTE*>(padded.data()), padded.size(), width, out);
+        return;
+    }
     if (width > 1)
     {
         PutSwapped(value.Data(), value.Size(), width, out);
@@ -304,9 +314,8 @@ void CStandardEncoder::WriteValue(const SStep& step, COutputBuffer& out)
     {
         out.Put(value.Data(), value.Size());
     }
-    if (value.Size() < step.length)
+    if (isPadded)
     {
-        const char pad = PadByte(step.element->Vr());
         out.Put(&pad, 1);
     }
 }

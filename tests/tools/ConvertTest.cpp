@@ -145,6 +145,31 @@ TEST_F(Convert, CompressedPixelDataKeepsItsSyntaxOrIsRefused)
     Expect(20, "convert -s big bare.dcm other.dcm", "does not name its transfer syntax");
 }
 
+TEST_F(Convert, WritesNothingOfAFileThatEndsInAHeader)
+{
+    for (const std::string& header : {Tag(0x7FE00012).substr(0, 2), Tag(0x7FE00012) + "OW"})
+    {
+        Write("cut.dcm", Part10(kExplicitUid, kDataSet + header));
+        Expect(20, "convert cut.dcm out.dcm",
+               "cut off at byte " + std::to_string(Read("cut.dcm").size()) + " after (7FE0,0010) Pixel Data");
+        EXPECT_FALSE(std::filesystem::exists("out.dcm"));
+    }
+    // What other programs append is something else.
+    Write("tail.dcm", Part10(kExplicitUid, kDataSet + "\r\n"));
+    Expect(0, "convert tail.dcm out.dcm", "bytes after the last element lost");
+    Write("zero.dcm", std::string(500, '\0'));
+    Expect(20, "convert zero.dcm out.dcm", "it holds zero bytes where elements should be");
+}
+
+TEST_F(Convert, MakesOddNumbersEvenBeforeTheirBytesChangePlaces)
+{
+    const std::string values("\1\2\3", 3);
+    Write("odd.dcm", Part10(kExplicitUid, Explicit(0x00280009, "US", values)));
+    Expect(0, "convert -q -s big odd.dcm big.dcm");
+    Expect(0, "convert -q -s explicit big.dcm even.dcm");
+    EXPECT_TRUE(Read("even.dcm").ends_with(Explicit(0x00280009, "US", values + '\0')));
+}
+
 TEST_F(Convert, DeflatesAndInflatesAndStopsWhereTheDataDo)
 {
     Write("in.dcm", Part10(kExplicitUid, kDataSet + std::string(3, '\0')));

@@ -106,6 +106,29 @@ void Read(CArchive& archive, CDcmIOD& object, SReadStop& stop, std::size_t& left
     }
 }
 
+/// Reads what is whole of an object.
+/// @param left receives how many bytes follow a deflated data set.
+/// @return false, after a message, when there is not even one element.
+bool ReadPart(const CString& path, CDcmIOD& object, SReadStop& stop, std::size_t& left, const CReport& report)
+{
+    const auto read = [&]
+    {
+        ReadInput(path, [&](CArchive& archive) { Read(archive, object, stop, left); });
+        return true;
+    };
+    if (!ReportReadFailures(path, report, read))
+    {
+        return false;
+    }
+    if (object.GetCount() == 0)
+    {
+        stop.reason = stop.IsEmpty() ? CString("it holds zero bytes where elements should be") : stop.reason;
+        ReportStop(path, stop, report);
+        return false;
+    }
+    return true;
+}
+
 void ReportMissingFile(const CReport& report, const char* what, const char* name)
 {
     report.Error(CString("there is no ") + what + ": no '" + name + "' with rows was found in the current " +
@@ -220,19 +243,15 @@ bool ReportReadFailures(const CString& path, const CReport& report, const std::f
 bool ReadObjectPart(const CString& path, CDcmIOD& object, SReadStop& stop, const CReport& report)
 {
     std::size_t left = 0;
-    const auto read = [&]
+    return ReadPart(path, object, stop, left, report);
+}
+
+bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
+{
+    SReadStop stop;
+    std::size_t left = 0;
+    if (!ReadPart(path, object, stop, left, report) || ReportStop(path, stop, report) != STATUS_DONE)
     {
-        ReadInput(path, [&](CArchive& archive) { Read(archive, object, stop, left); });
-        return true;
-    };
-    if (!ReportReadFailures(path, report, read))
-    {
-        return false;
-    }
-    if (object.GetCount() == 0)
-    {
-        stop.reason = stop.IsEmpty() ? CString("it has no elements") : stop.reason;
-        ReportStop(path, stop, report);
         return false;
     }
     if (left > 1) // One byte makes the number even.
@@ -242,12 +261,6 @@ bool ReadObjectPart(const CString& path, CDcmIOD& object, SReadStop& stop, const
         report.Say(ShownName(path) + text);
     }
     return true;
-}
-
-bool ReadObject(const CString& path, CDcmIOD& object, const CReport& report)
-{
-    SReadStop stop;
-    return ReadObjectPart(path, object, stop, report) && ReportStop(path, stop, report) == STATUS_DONE;
 }
 
 int ReportStop(const CString& path, const SReadStop& stop, const CReport& report)

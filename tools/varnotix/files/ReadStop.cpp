@@ -8,6 +8,7 @@ namespace
 {
 
 constexpr long long kPreambleSize = 128;
+constexpr std::size_t kHeaderSize = 8; // Of an element, in its short form.
 
 std::string BytesAt(CFile& file, long long offset, UINT count)
 {
@@ -61,6 +62,10 @@ CString ReasonOf(const SReadNote& note, CFile& file)
         {
             return CString("it has no elements");
         }
+        if (size > 0 && HasPrefix(file) && size - note.offset < kHeaderSize)
+        {
+            return Offset("cut off at byte %llu inside its first element", size);
+        }
         return HasPrefix(file) ? CString("its elements are in no transfer syntax")
                                : CString("not DICOM: ") + Beginning(file);
     case PARSE_DEFLATED:
@@ -73,15 +78,47 @@ CString ReasonOf(const SReadNote& note, CFile& file)
     }
 }
 
+/// Whether the bytes after the last element begin the header of a further one. Line ends and zeros that other programs
+/// append do not: as tags they would be out of order.
+bool IsHeaderCutOff(const CDcmIOD& object, const SReadNote& note, CFile& file)
+{
+    constexpr int kDelimiters = 0xFFFE;
+    const CDcmElementSet& store = object.ElementStore();
+    if (note.note != READ_BYTES_LEFT || note.count < 2 || note.count >= kHeaderSize || store.GetCount() == 0)
+    {
+        return false;
+    }
+    const std::string bytes = BytesAt(file, note.offset, static_cast<UINT>(note.count));
+    const auto number = [&](std::size_t at)
+    {
+        const bool isBig = object.IodSyntax() == SYNTAX_EXPLICIT_BIG;
+        return static_cast<unsigned char>(bytes[at + (isBig ? 1 : 0)]) |
+               static_cast<unsigned char>(bytes[at + (isBig ? 0 : 1)]) << 8;
+    };
+    const DWORD last = store.GetAt(store.GetCount() - 1)->Tag();
+    if (bytes.size() < 4)
+    {
+        return bytes.size() >= 2 && number(0) >= Varnotix::Tag::Group(last) && number(0) < kDelimiters;
+    }
+    return Varnotix::Tag::Make(number(0), number(2)) > last && number(0) < kDelimiters;
+}
+
 } // namespace
 
 SReadStop StopOf(const CDcmIOD& object, CFile& file)
 {
     SReadStop stop;
+    const std::vector<SReadNote>& notes = object.ReadNotes();
     if (object.ReadStopped())
     {
         stop.reason = ReasonOf(object.ReadNotes().back(), file);
         stop.trials = object.ReadTrials();
+    }
+    else if (!notes.empty() && IsHeaderCutOff(object, notes.back(), file))
+    {
+        const CDcmElementSet& store = object.ElementStore();
+        stop.reason = Offset("cut off at byte %llu after ", file.GetLength()) +
+                      TagAndName(store.GetAt(store.GetCount() - 1)->Tag());
     }
     return stop;
 }

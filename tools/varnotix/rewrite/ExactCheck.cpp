@@ -156,10 +156,13 @@ void CExactComparison::CompareFrames(const CDcmFrameList& before, const CDcmFram
     }
     if (before.ReadForm() == CDcmFrameList::FORM_ENCAPSULATED && !(before.OffsetTable() == after.OffsetTable()))
     {
-        m_losses.Add(ELoss::OffsetTableChanged, place,
-                     Sizes("offset table of %llu bytes is written as one of %llu",
-                           static_cast<std::size_t>(before.OffsetTable().GetSize()),
-                           static_cast<std::size_t>(after.OffsetTable().GetSize())));
+        const auto sizeOf = [](const CDcmFrameList& list)
+        { return static_cast<std::size_t>(list.OffsetTable().GetSize()); };
+        m_losses.Add(
+            ELoss::OffsetTableChanged, place,
+            sizeOf(before) == sizeOf(after)
+                ? CString("its offset table did not fit its fragments, and is computed again")
+                : Sizes("offset table of %llu bytes is written as one of %llu", sizeOf(before), sizeOf(after)));
     }
 }
 

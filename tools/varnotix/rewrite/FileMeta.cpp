@@ -192,10 +192,6 @@ void SetFileMeta(CDcmIOD& object, const SObjectForm& form, const CString& input,
     {
         CompleteFileMeta(object, input, report);
     }
-    else if (store.Find(Tag::kFileMetaInformationGroupLength) == nullptr)
-    {
-        report.Detail(Place(input, Tag::kFileMetaInformationGroupLength) + ": added");
-    }
     if (form.transferSyntax != uid)
     {
         SetText(store, Tag::kTransferSyntaxUid, uid.View(), '\0');

@@ -53,6 +53,13 @@ void CLossReport::Add(ELoss kind, const CString& where, const CString& what)
 
 void CLossReport::AddReadNotes(const CDcmIOD& object)
 {
+    constexpr DWORD kGroupLength = Varnotix::Tag::kFileMetaInformationGroupLength;
+    const CDcmElementSet& store = object.ElementStore();
+    const bool hasMeta = store.GetCount() > 0 && store.GetAt(0)->HasGroup(Varnotix::Tag::kMetaGroup);
+    if (hasMeta && store.Find(kGroupLength) == nullptr)
+    {
+        Add(ELoss::InputMended, TagAndName(kGroupLength), "it was missing, and is added");
+    }
     for (const SReadNote& note : object.ReadNotes())
     {
         const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(note.tag);
