@@ -57,6 +57,15 @@ TEST_F(Diff, ShowsWhatDiffersByPath)
     Expect(0, "diff a.dcm b.dcm --ignore PatientName --ignore 7FE0 --ignore ReferencedImageSequence");
     Expect(20, "diff a.dcm missing.dcm", "missing.dcm");
     Expect(1, "diff a.dcm b.dcm --ignore Nothing", "neither a path");
+
+    // Texts that look alike may be other bytes; and the VR of pixel data counts as any other.
+    Write("utf.dcm", File(Explicit(0x00080005, "CS", "ISO_IR 192") + Explicit(0x00100010, "PN", "J\xC3\xB6rg ") +
+                          Explicit(0x7FE00010, "OB", "ab")));
+    Write("latin.dcm", File(Explicit(0x00080005, "CS", "ISO_IR 100") + Explicit(0x00100010, "PN", "J\xF6rg") +
+                            Explicit(0x7FE00010, "OW", "ab")));
+    EXPECT_TRUE(HoldsInOrder(Expect(10, "diff utf.dcm latin.dcm").out, "  - 'J\xC3\xB6rg'\n",
+                             "  + 'J\xC3\xB6rg' (its bytes differ)\n", "PixelData (7FE0,0010)\n  - OB "));
+
     // The form of a file is no difference.
     Expect(0, "convert -q -s implicit a.dcm implicit.dcm");
     Expect(0, "diff a.dcm implicit.dcm --ignore TransferSyntaxUID --ignore 0002");
@@ -172,6 +181,7 @@ TEST_F(Diff, MakesScriptsForWhatTextDoesNotCarry)
             Explicit(0x00090010, "LO", "ACME") + Explicit(0x00091001, "LO", "text") +
             Explicit(0x00100010, "PN", "J\xC3\xB6rg^Al") + Explicit(0x00100020, "LO", "not, a date ") +
             Explicit(0x00280106, "SS", "\xFE\xFF") + Explicit(0x7FE00010, "OB", "wxyz"),
+        start + Us(0x00280103, 0) + Us(0x00280106, 0) + Explicit(0x7FE00008, "OF", "abcd"),
     };
     std::vector<std::string> names;
     for (const std::string& dataSet : dataSets)
@@ -180,7 +190,10 @@ TEST_F(Diff, MakesScriptsForWhatTextDoesNotCarry)
         Write(names.back(), File(dataSet));
     }
     Write("rle.dcm", File(start + Encapsulated("", {"fragment", "s "}), kRleUid));
-    names.push_back("rle.dcm");
+    Write("frames.dcm", File(Explicit(0x00280008, "IS", "2 ") + Encapsulated("", {"first ", "second"}), kRleUid));
+    // Its pixels are signed, and so would be what takes its VR from them.
+    Write("implicit.dcm", File(Implicit(0x00280103, "\1"s + '\0') + Implicit(0x00280106, "\0\0"s), kImplicitUid));
+    names.insert(names.end(), {"rle.dcm", "frames.dcm", "implicit.dcm"});
     for (const std::string& left : names)
     {
         for (const std::string& right : names)

@@ -70,7 +70,8 @@ int CompareFiles(const CString& leftPath, const CString& rightPath, const CIgnor
     {
         return PrintScript(left, right, ignored, options, report);
     }
-    const std::vector<SDifference> differences = CompareObjects(left, right, ignored, EAlignment::Best);
+    const bool vrsCount = left.IodSyntax() != SYNTAX_IMPLICIT_LITTLE && right.IodSyntax() != SYNTAX_IMPLICIT_LITTLE;
+    const std::vector<SDifference> differences = CompareObjects(left, right, ignored, EAlignment::Best, vrsCount);
     if (differences.empty())
     {
         return STATUS_DONE;

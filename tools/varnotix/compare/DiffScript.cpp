@@ -158,7 +158,9 @@ void CScriptMaker::Set(const CElementPath& path, const CDcmElement& element, con
     const CString vr = element.VrLetters();
     const CValueBytes bytes = element.ValueBytes();
     const bool isText = VrKind(element.Vr()) == EVrKind::Text;
-    if (element.Items() == nullptr && element.Frames() == nullptr && (isText || bytes.Size() <= kLongestList))
+    constexpr int kPixelGroup = 0x7FE0; // Nothing of it is set from text.
+    if (element.Items() == nullptr && Tag::Group(element.Tag()) != kPixelGroup && element.Frames() == nullptr &&
+        (isText || bytes.Size() <= kLongestList))
     {
         const std::optional<std::string> text = DecodeValue(bytes.View(), vr.View(), characters);
         if (text && FitsInLine(*text))
@@ -184,7 +186,8 @@ void CScriptMaker::TakeLines(CStringArray& lines)
 
 /// Follows the script in a copy of the left object.
 /// @return empty, or what would be wrong with the result.
-CString Try(const CStringArray& lines, const CDcmIOD& left, const CDcmIOD& right, const CIgnored& ignored)
+CString Try(const CStringArray& lines, const CDcmIOD& left, const CDcmIOD& right, const CIgnored& ignored,
+            bool vrsCount)
 {
     CDcmIOD made(left);
     const CScriptMerge merge(lines, made);
@@ -206,7 +209,7 @@ CString Try(const CStringArray& lines, const CDcmIOD& left, const CDcmIOD& right
     {
         return mismatch;
     }
-    const std::vector<SDifference> rest = CompareObjects(made, right, ignored, EAlignment::ByIndex);
+    const std::vector<SDifference> rest = CompareObjects(made, right, ignored, EAlignment::ByIndex, vrsCount);
     return rest.empty() ? CString() : PathText(rest.front().path) + " would still differ";
 }
 
@@ -227,14 +230,18 @@ SDiffScript MakeDiffScript(const CDcmIOD& left, const CDcmIOD& right, const CIgn
         script.reason = "the first is a DICOMDIR, whose file offsets a script would make wrong";
         return script;
     }
-    const std::vector<SDifference> differences = CompareObjects(left, right, ignored, EAlignment::ByIndex);
+    // What is written in implicit VR does not state VRs, and what was read so does not either.
+    const bool keepsSyntax = leftForm.isBare || ignored.Has(CElementPath(Tag::kTransferSyntaxUid), CString());
+    const bool vrsCount =
+        rightForm.syntax != SYNTAX_IMPLICIT_LITTLE && (!keepsSyntax || leftForm.syntax != SYNTAX_IMPLICIT_LITTLE);
+    const std::vector<SDifference> differences = CompareObjects(left, right, ignored, EAlignment::ByIndex, vrsCount);
     for (const bool hasElementLines : {true, false})
     {
         script.lines.RemoveAll();
         CScriptMaker maker(rightForm.transferSyntax, hasElementLines);
         std::for_each(differences.begin(), differences.end(), [&](const SDifference& one) { maker.Add(one); });
         maker.TakeLines(script.lines);
-        script.reason = Try(script.lines, left, right, ignored);
+        script.reason = Try(script.lines, left, right, ignored, vrsCount);
         if (script.reason.IsEmpty())
         {
             return script;

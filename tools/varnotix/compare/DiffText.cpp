@@ -122,12 +122,17 @@ std::string DifferenceText(const SDifference& difference, bool isColoured)
         return text + ": " + std::string(difference.note.View()) + '\n';
     }
     text += '\n';
+    std::string shown;
     const auto add = [&](char sign, const CDcmElement* element, const CCharacterSet& characters)
     {
         if (element != nullptr)
         {
             const std::string vr = difference.kind == EKind::Vr ? std::string(element->VrLetters()) + ' ' : "";
-            text += Line(sign, vr + SideText(*element, characters, difference.path), isColoured);
+            std::string side = vr + SideText(*element, characters, difference.path);
+            // A text in another character set, or what follows the part that is shown.
+            const char* note = side == shown ? " (its bytes differ)" : "";
+            text += Line(sign, side + note, isColoured);
+            shown = std::move(side);
         }
     };
     add('-', difference.left, *difference.leftCharacters);

@@ -81,8 +81,8 @@ bool HasSameValue(const CDcmElement& left, const CDcmElement& right)
 class CComparison
 {
 public:
-    CComparison(const CIgnored& ignored, EAlignment alignment, bool isImplicit)
-        : m_ignored(ignored), m_alignment(alignment), m_isImplicit(isImplicit)
+    CComparison(const CIgnored& ignored, EAlignment alignment, bool vrsCount)
+        : m_ignored(ignored), m_alignment(alignment), m_vrsCount(vrsCount)
     {
     }
 
@@ -101,7 +101,7 @@ private:
 
     const CIgnored& m_ignored;
     EAlignment m_alignment;
-    bool m_isImplicit;
+    bool m_vrsCount;
     bool m_isProbe = false; // One difference is enough.
     CElementPath m_path;
     CString m_creator;
@@ -169,14 +169,15 @@ void CComparison::CompareElements(const CDcmElement& a, const CDcmElement& b, co
     if (a.Frames() != nullptr && b.Frames() != nullptr)
     {
         const CString note = CompareFrames(*a.Frames(), left.FrameCount(), *b.Frames(), right.FrameCount());
-        if (!note.IsEmpty())
+        const bool hasOtherVr = m_vrsCount && std::string_view(a.VrLetters()) != b.VrLetters();
+        if (!note.IsEmpty() || hasOtherVr)
         {
-            Add(SDifference::EKind::Frames, &a, &b, left, right, note);
+            Add(note.IsEmpty() ? SDifference::EKind::Vr : SDifference::EKind::Frames, &a, &b, left, right, note);
         }
         return;
     }
     const bool isSame = a.Items() == nullptr && b.Items() == nullptr && HasSameValue(a, b);
-    if (std::string_view(a.VrLetters()) != b.VrLetters() && !(isSame && m_isImplicit))
+    if (std::string_view(a.VrLetters()) != b.VrLetters() && (m_vrsCount || !isSame))
     {
         Add(SDifference::EKind::Vr, &a, &b, left, right);
     }
@@ -230,7 +231,7 @@ void CComparison::CompareItems(const CDcmElement& a, const CDcmElement& b, const
 
 bool CComparison::AreEqual(const SSide& left, const SSide& right)
 {
-    CComparison probe(m_ignored, EAlignment::ByIndex, m_isImplicit);
+    CComparison probe(m_ignored, EAlignment::ByIndex, m_vrsCount);
     probe.m_isProbe = true;
     probe.m_path = m_path;
     probe.m_path.SelectItem(left.item);
@@ -241,13 +242,12 @@ bool CComparison::AreEqual(const SSide& left, const SSide& right)
 } // namespace
 
 std::vector<SDifference> CompareObjects(const CDcmIOD& left, const CDcmIOD& right, const CIgnored& ignored,
-                                        EAlignment alignment)
+                                        EAlignment alignment, bool vrsCount)
 {
     const std::vector<CElements> leftSets = DataSetsOf(left.ElementStore(), false);
     const std::vector<CElements> rightSets = DataSetsOf(right.ElementStore(), false);
     const auto ascii = std::make_shared<const CCharacterSet>();
-    const bool isImplicit = left.IodSyntax() == SYNTAX_IMPLICIT_LITTLE || right.IodSyntax() == SYNTAX_IMPLICIT_LITTLE;
-    CComparison comparison(ignored, alignment, isImplicit);
+    CComparison comparison(ignored, alignment, vrsCount);
     comparison.Compare(SSide(left.ElementStore(), 0, leftSets.front(), ascii),
                        SSide(right.ElementStore(), 0, rightSets.front(), ascii));
     return std::move(comparison.found);

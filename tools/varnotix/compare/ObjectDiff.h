@@ -38,7 +38,8 @@ enum class EAlignment
     ByIndex ///< Items of the same number.
 };
 
-/// The differences in the order of the tags; they point into the objects. Group lengths, padding, the form in which
-/// lengths are given and, where one object is in implicit VR, VRs of equal values are no differences.
+/// The differences in the order of the tags; they point into the objects. Group lengths, padding and the form in which
+/// lengths are given are no differences.
+/// @param vrsCount whether different VRs of equal values are; they are not where one object is in implicit VR.
 std::vector<SDifference> CompareObjects(const CDcmIOD& left, const CDcmIOD& right, const CIgnored& ignored,
-                                        EAlignment alignment);
+                                        EAlignment alignment, bool vrsCount);

@@ -113,6 +113,13 @@ CString ElementArgument(const CDcmElement& element, const CString& transferSynta
     // A single element before a value of zeros could be taken for one of another transfer syntax.
     const bool isModality = element.Tag() == Tag::kModality;
     SetText(object.ElementStore(), isModality ? Tag::kPatientId : Tag::kModality, "OT", ' ');
+    if (isPacked && frames->GetCount() > 1)
+    {
+        // Without it, fragments without an offset table are read as one frame.
+        CString count;
+        count.Format("%d", frames->GetCount());
+        SetText(object.ElementStore(), Tag::kNumberOfFrames, count.View(), ' ');
+    }
     auto copy = std::make_unique<CDcmElement>(element);
     copy->SetItem(0);
     object.ElementStore().Add(copy.release());
