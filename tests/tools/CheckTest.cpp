@@ -42,7 +42,9 @@ std::string ImageOfClass(const char* uid)
 
 TEST_F(Check, FindsNothingInAGoodFileAndEachFaultOfABadOne)
 {
-    Write("good.dcm", Image());
+    // Of a VR that the library's codes do not name.
+    const std::string code = Tag(0x00080119) + "UC" + LittleEndian(0, 2) + LittleEndian(4, 4) + "code";
+    Write("good.dcm", Image(Explicit(0x00100010, "PN", "A^B "), code + Explicit(0x00100010, "PN", "A^B ")));
     EXPECT_EQ(Expect(0, "check good.dcm", "0 errors, 0 warnings").out, "");
 
     struct SCase

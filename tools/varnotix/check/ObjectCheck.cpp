@@ -1,6 +1,7 @@
 #include "check/ObjectCheck.h"
 
 #include "object/Attributes.h"
+#include "object/ElementMaker.h"
 
 #include <algorithm>
 
@@ -79,14 +80,12 @@ void CheckVr(const SWalkPlace& place, CFindings& findings)
     {
         return;
     }
-    // An element made from its tag has the dictionary's VR, or one of them where there is a choice.
-    const CDcmElement listed(element.Group(), element.Element());
+    const CString listed = ListedVr(element.Tag(), false);
     const bool isChoice = entry->choice != Varnotix::EVrChoice::None;
-    if (!isChoice && letters != listed.VrLetters())
+    if (!isChoice && letters != listed.View())
     {
         // The VRs of some attributes changed between editions of the standard.
-        findings.Warning(ShownPath(place.path),
-                         "VR " + CString(letters) + " where the dictionary has " + listed.VrLetters());
+        findings.Warning(ShownPath(place.path), "VR " + CString(letters) + " where the dictionary has " + listed);
     }
 }
 
