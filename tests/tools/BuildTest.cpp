@@ -214,6 +214,8 @@ TEST_F(Build, APictureSaysHowItIsStored)
         EXPECT_EQ(TextsOf("out.dcm", {0x00020010, 0x00280004, 0x00282110, 0x00282114}), one.described);
         EXPECT_EQ(TextsOf("out.dcm", {0x00280008}), "-");
     }
+    Write("Pic.JPG", Jpeg(0xC0, 8, 8).substr(0, 15));
+    Expect(20, "build s.asl -o out.dcm", "'Pic.JPG': it is cut off");
     Write("Pic.JPG", Jpeg(0xC2, 8, 8));
     Expect(20, "build s.asl -o out.dcm", "'Pic.JPG': it is a progressive JPEG");
     Write("b.jpg", Jpeg(0xC0, 8, 9));

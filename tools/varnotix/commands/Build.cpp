@@ -187,6 +187,11 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
             "There is no pixel data: #SOURCE_FILE, #PIXEL_DATA_FILE or #PIXEL_DATA_DIR names it, and what "
             "describes it comes with it.");
     }
+    if (object.ElementStore().IsEmpty() && tree.Root().inner.empty())
+    {
+        m_report.Error(m_name + ": it names no attributes");
+        return false;
+    }
     return count == 0;
 }
 

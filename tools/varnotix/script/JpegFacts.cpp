@@ -2,7 +2,9 @@
 
 #include "object/Attributes.h"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 namespace Tag = Varnotix::Tag;
@@ -29,6 +31,7 @@ struct SSegments
     bool hasJfif = false;
     int transform = -1; // Of an Adobe segment.
     int predictor = 0;
+    bool hasEnd = false; // The marker of the end follows the header.
 };
 
 int Word(const BYTE* bytes)
@@ -89,7 +92,9 @@ SSegments ReadSegments(const CByteArray& bytes)
     SSegments read;
     const int size = bytes.GetSize();
     const BYTE* data = bytes.GetData();
-    for (int place = 2; place + 4 <= size && data[place] == 0xFF;)
+    constexpr BYTE kEnd[] = {0xFF, 0xD9};
+    int place = 2;
+    while (place + 4 <= size && data[place] == 0xFF)
     {
         const int marker = data[place + 1];
         if (marker == 0xFF || marker == 0x01 || (marker >= 0xD0 && marker <= 0xD7))
@@ -104,6 +109,8 @@ SSegments ReadSegments(const CByteArray& bytes)
         }
         place += 2 + length;
     }
+    read.hasEnd =
+        std::search(data + std::min(place, size), data + size, std::begin(kEnd), std::end(kEnd)) != data + size;
     return read;
 }
 
@@ -206,6 +213,10 @@ CString ReadJpegFacts(const CByteArray& bytes, SJpegFacts& facts)
     {
         fault.Format("it has %d bits per sample", read.precision);
         return fault;
+    }
+    if (!read.hasEnd)
+    {
+        return "it is cut off: the marker of its end is missing";
     }
     facts.photometric = PhotometricOf(read);
     facts.precision = read.precision;
