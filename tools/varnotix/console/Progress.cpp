@@ -1,8 +1,7 @@
 #include "console/Progress.h"
 
+#include "console/StandardStreams.h"
 #include "console/Terminal.h"
-
-#include <cstdio>
 
 CProgress::CProgress(std::size_t steps, const CReport& report)
     : m_steps(steps), m_isShown(steps != 1 && !report.IsQuiet() && IsTerminal(EStandardStream::Error))
@@ -11,23 +10,20 @@ CProgress::CProgress(std::size_t steps, const CReport& report)
 
 CProgress::~CProgress()
 {
-    if (m_isShown)
-    {
-        // Blanks, because not every terminal has codes that clear a line.
-        std::fprintf(stderr, "\r%*s\r", 60, "");
-    }
+    ErasePassingLine();
 }
 
 void CProgress::Step(std::size_t step)
 {
     constexpr int kWidth = 40;
     constexpr std::size_t kStride = 16;
+    CString line;
     if (m_steps == 0)
     {
         if (m_isShown && step > 0 && step % kStride == 0)
         {
-            std::fprintf(stderr, "\r%lu inputs\r", static_cast<unsigned long>(step));
-            std::fflush(stderr);
+            line.Format("%lu inputs", static_cast<unsigned long>(step));
+            ShowPassingLine(line.View());
         }
         return;
     }
@@ -38,7 +34,7 @@ void CProgress::Step(std::size_t step)
         return;
     }
     const int filled = static_cast<int>(step * kWidth / m_steps);
-    std::fprintf(stderr, "\r[%.*s%*s] %3u%%\r", filled, "########################################", kWidth - filled, "",
-                 static_cast<unsigned>(percent));
-    std::fflush(stderr);
+    line.Format("[%.*s%*s] %3u%%", filled, "########################################", kWidth - filled, "",
+                static_cast<unsigned>(percent));
+    ShowPassingLine(line.View());
 }

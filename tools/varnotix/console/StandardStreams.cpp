@@ -1,5 +1,6 @@
 #include "console/StandardStreams.h"
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -13,6 +14,8 @@
 
 namespace
 {
+
+std::atomic<std::size_t> g_passing = 0; // Length of the line that is shown.
 
 [[noreturn]] void ThrowOutputFailure(int error)
 {
@@ -73,6 +76,7 @@ void ReadPipe(const CString& path, CByteArray& bytes)
 
 void WriteStandardOutput(std::string_view text)
 {
+    ErasePassingLine();
     // An empty text may have no address, which the function must not be given.
     if (!text.empty() && std::fwrite(text.data(), 1, text.size(), stdout) != text.size())
     {
@@ -88,7 +92,26 @@ void FlushStandardOutput()
     }
 }
 
+void ShowPassingLine(std::string_view line)
+{
+    ErasePassingLine();
+    std::fprintf(stderr, "\r%.*s\r", static_cast<int>(line.size()), line.data());
+    std::fflush(stderr);
+    g_passing = line.size();
+}
+
+void ErasePassingLine()
+{
+    if (const std::size_t size = g_passing.exchange(0); size > 0)
+    {
+        // Blanks, because not every terminal has codes that clear a line.
+        std::fprintf(stderr, "\r%*s\r", static_cast<int>(size), "");
+        std::fflush(stderr);
+    }
+}
+
 void WriteStandardError(std::string_view line)
 {
+    ErasePassingLine();
     std::fwrite(line.data(), 1, line.size(), stderr);
 }

@@ -43,5 +43,11 @@ void WriteStandardOutput(std::string_view text);
 /// Flushes standard output. Throws as WriteStandardOutput.
 void FlushStandardOutput();
 
+/// Shows a line on the terminal of standard error until something else is written.
+void ShowPassingLine(std::string_view line);
+
+/// Takes the line of ShowPassingLine away.
+void ErasePassingLine();
+
 /// Writes a line to standard error, in one call: lines of several programs on one terminal do not mix then.
 void WriteStandardError(std::string_view line);

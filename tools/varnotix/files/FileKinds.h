@@ -23,5 +23,8 @@ bool IsSameFolder(const CString& left, const CString& right);
 /// @return empty, or why the folder cannot be read.
 CString ListFolder(const CString& folder, std::vector<CString>& names);
 
+/// Gives a file the owner and the permissions of another one, as far as this user may.
+void CopyOwner(const CString& from, const CString& to);
+
 /// True for a link to a folder: a walk that entered it could go in circles.
 bool IsFolderLink(const CString& path);

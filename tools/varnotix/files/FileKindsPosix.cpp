@@ -5,7 +5,9 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -59,6 +61,21 @@ CString ListFolder(const CString& folder, std::vector<CString>& names)
         names.emplace_back(std::string_view(name));
     }
     return error ? CString(std::string_view(error.message())) : CString();
+}
+
+void CopyOwner(const CString& from, const CString& to)
+{
+    struct stat old = {};
+    struct stat made = {};
+    if (::stat(from, &old) != 0 || ::stat(to, &made) != 0)
+    {
+        return;
+    }
+    const bool isOther = old.st_uid != made.st_uid || old.st_gid != made.st_gid;
+    const bool isOwner = !isOther || ::chown(to, old.st_uid, old.st_gid) == 0;
+    // Another owner's file must not become one that runs as this user.
+    constexpr mode_t kRunsAsOwner = S_ISUID | S_ISGID;
+    ::chmod(to, isOwner ? old.st_mode : old.st_mode & ~kRunsAsOwner);
 }
 
 bool IsFolderLink(const CString& path)

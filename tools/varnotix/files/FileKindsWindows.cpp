@@ -61,6 +61,11 @@ CString ListFolder(const CString& folder, std::vector<CString>& names)
     return found.IsEmpty() ? CString("the folder cannot be read") : CString();
 }
 
+void CopyOwner(const CString&, const CString&)
+{
+    // A new file has the owner and the permissions that its folder gives.
+}
+
 bool IsFolderLink(const CString& path)
 {
     const DWORD attributes = ::GetFileAttributesA(path);

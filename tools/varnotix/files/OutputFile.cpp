@@ -1,6 +1,7 @@
 #include "files/OutputFile.h"
 
 #include "Varnotix/platform/FileSearch.h"
+#include "files/FileKinds.h"
 #include "files/OutputFolder.h"
 #include "files/Unfinished.h"
 
@@ -114,16 +115,7 @@ void COutputFile::Commit()
 
 void COutputFile::Replace()
 {
-    if constexpr (kHasPlainPaths)
-    {
-        // The new file keeps the permissions of the old one.
-        std::error_code error;
-        const fs::file_status old = fs::status(fs::path{std::string(m_path.CText())}, error);
-        if (fs::exists(old))
-        {
-            fs::permissions(fs::path{std::string(m_temporary.CText())}, old.permissions(), error);
-        }
-    }
+    CopyOwner(m_path, m_temporary);
     if (!FinishFile(m_temporary, m_path))
     {
         throw CWriteFailure("cannot write '" + std::string(m_shown.CText()) +
