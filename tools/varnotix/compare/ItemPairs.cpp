@@ -27,10 +27,7 @@ private:
     /// How far each diagonal was followed: numbers of left items.
     using CReached = std::vector<int>;
 
-    static int& At(CReached& reached, int diagonal)
-    {
-        return reached[static_cast<std::size_t>(diagonal + kMostSteps + 1)];
-    }
+    static int& At(CReached& reached, int diagonal) { return reached.begin()[diagonal + kMostSteps + 1]; }
     /// Whether the way to a diagonal comes from the one above, by a right item that is passed over.
     static bool IsFromAbove(CReached& reached, int diagonal, int steps)
     {
