@@ -138,6 +138,21 @@ TEST_F(Dump, ShowsSignedValuesAndLaterVrs)
     Expect(0, "apply script in.dcm -o out.dcm", "0 values changed, 0 attributes added");
 }
 
+TEST_F(Dump, ShowsPeopleTextsInUtf8)
+{
+    const std::string item = Explicit(0x00080005, "CS", "ISO_IR 192") + Explicit(0x00080050, "SH", "\xC3\xA4\x1B ");
+    Write("in.dcm", Part10(kExplicitUid, Explicit(0x00080005, "CS", "ISO_IR 100") +
+                                             Explicit(0x00100010, "PN", "J\xF6rg\x1B[31m ") +
+                                             Explicit(0x00400275, "SQ", Item(item))));
+    EXPECT_TRUE(Holds(Expect(0, "modules in.dcm").out, "PN: J\xC3\xB6rg.[31m\n", "SH: \xC3\xA4.\n"));
+    EXPECT_TRUE(Holds(Expect(0, "dump in.dcm").out, "[J\xF6rg\x1B[31m ,]"));
+    std::string printed;
+    if (RunOnTerminal("dump in.dcm", printed))
+    {
+        EXPECT_TRUE(Holds(printed, "Name,[J\xC3\xB6rg.[31m ,]\n"));
+    }
+}
+
 TEST_F(Dump, AFullDeviceIsAnOutputThatCannotBeWritten)
 {
     if (!std::filesystem::exists("/dev/full"))

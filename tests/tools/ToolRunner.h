@@ -110,6 +110,18 @@ protected:
         return {status, std::filesystem::is_regular_file(out) ? Read(out) : "", Read("err.txt")};
     }
 
+    /// Runs with a terminal for standard output and errors.
+    /// @return false where that cannot be done.
+    static bool RunOnTerminal(const std::string& arguments, std::string& printed, const std::string& environment = "")
+    {
+        const std::string command = environment + " script -q -c '\"$VARNOTIX_BIN/varnotix\" " + arguments +
+                                    "' /dev/null >out.txt 2>&1 </dev/null";
+        const bool isRun = !kIsWindows && std::system("command -v script >out.txt") == 0;
+        printed = isRun && std::system(command.c_str()) >= 0 ? Read("out.txt") : "";
+        std::erase(printed, '\r');
+        return isRun;
+    }
+
     /// Runs as above and expects the status, and all parts in the messages.
     static SRun Expect(int status, const std::string& arguments, const auto&... parts)
     {

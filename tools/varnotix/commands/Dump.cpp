@@ -1,14 +1,17 @@
 #include "commands/Commands.h"
+#include "console/Terminal.h"
 #include "files/Input.h"
 #include "json/JsonWriter.h"
 #include "object/TypedObject.h"
+#include "object/ValueText.h"
 #include "run/InputRun.h"
 
 namespace
 {
 
-constexpr const char* kFooter =
-    "The first lines of a document begin with '#': file, syntax that it was read in, number of elements.";
+constexpr const char* kFooter = "The first lines of a document begin with '#': file, syntax that it was read in, "
+                                "number of elements. Texts have the\n"
+                                "bytes of the object; on a terminal they are in UTF-8.";
 
 constexpr const char* kSourceLine = "#SOURCE_FILE=";
 
@@ -44,11 +47,13 @@ int DumpText(const SJob& job)
     }
     job.report.Detail(ShownName(path) + ": read as " + SyntaxName(object.IodSyntax()));
     const std::unique_ptr<CDcmIOD> typed = MakeTypedObject(object);
+    const CCharacterSet characters = CCharacterSet::Of(typed->ElementStore(), 0, CCharacterSet());
+    const bool isForPeople = IsTerminal(EStandardStream::Output);
     CStringArray lines;
     typed->Export(lines);
     for (const CString& line : lines)
     {
-        job.console.Print(line.View());
+        job.console.Print(isForPeople ? Printable(characters.ToUtf8(line.View(), "UT").Joined()) : line.View());
         if (line == kSourceLine)
         {
             // The typed object was made from the one that was read, and has no path of its own.

@@ -27,7 +27,10 @@ class CModulePrinter
 {
 public:
     CModulePrinter(const CDcmIOD& object, bool withGaps, CConsole& console)
-        : m_object(object), m_withGaps(withGaps), m_console(console)
+        : m_object(object),
+          m_characters(CCharacterSet::Of(object.ElementStore(), 0, CCharacterSet())),
+          m_withGaps(withGaps),
+          m_console(console)
     {
     }
 
@@ -36,12 +39,15 @@ public:
 private:
     void PrintModule(const CDcmModule& module);
     void PrintRest();
-    void PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const;
-    void PrintItem(const CDcmElementSet& items, int item, const CDcmElementSet* declared, int depth) const;
+    void PrintAttribute(const CDcmElement& element, const CDcmElement* declared, const CCharacterSet& characters,
+                        int depth) const;
+    void PrintItem(const CDcmElementSet& items, int item, const CDcmElementSet* declared, const CCharacterSet& around,
+                   int depth) const;
     void PrintGap(const CDcmElement& attribute, int depth) const;
     void PrintLine(const CString& text, int depth) const;
 
     const CDcmIOD& m_object;
+    CCharacterSet m_characters;
     bool m_withGaps;
     CConsole& m_console;
     CString m_entity = "Object"; // Printed before the next module.
@@ -87,7 +93,7 @@ void CModulePrinter::PrintModule(const CDcmModule& module)
         }
         if (present != nullptr)
         {
-            PrintAttribute(*present, &attribute, 2);
+            PrintAttribute(*present, &attribute, m_characters, 2);
         }
         else
         {
@@ -113,13 +119,14 @@ void CModulePrinter::PrintRest()
             PrintLine("attributes that no module declares", 0);
             isNamed = true;
         }
-        PrintAttribute(element, nullptr, 2);
+        PrintAttribute(element, nullptr, m_characters, 2);
     }
 }
 
-void CModulePrinter::PrintAttribute(const CDcmElement& element, const CDcmElement* declared, int depth) const
+void CModulePrinter::PrintAttribute(const CDcmElement& element, const CDcmElement* declared,
+                                    const CCharacterSet& characters, int depth) const
 {
-    const CString value = ValueText(element);
+    const CString value = ValueText(element, characters);
     PrintLine(AttributeName(element) + (value.IsEmpty() ? ":" : ": ") + value, depth);
     const CDcmElementSet* items = element.Items();
     if (items == nullptr)
@@ -129,7 +136,7 @@ void CModulePrinter::PrintAttribute(const CDcmElement& element, const CDcmElemen
     const CDcmElementSet* declaredItems = declared != nullptr ? declared->Items() : nullptr;
     if (m_object.StreamRules() == STREAM_RULES_CLASSIC)
     {
-        PrintItem(*items, 0, declaredItems, depth + 1);
+        PrintItem(*items, 0, declaredItems, characters, depth + 1);
         return;
     }
     for (int item = 1; item <= items->ItemCount(); ++item)
@@ -137,13 +144,15 @@ void CModulePrinter::PrintAttribute(const CDcmElement& element, const CDcmElemen
         CString title;
         title.Format("item %d", item);
         PrintLine(title, depth + 1);
-        PrintItem(*items, item, declaredItems, depth + 2);
+        PrintItem(*items, item, declaredItems, characters, depth + 2);
     }
 }
 
 /// @param item 0 for the elements of all items.
-void CModulePrinter::PrintItem(const CDcmElementSet& items, int item, const CDcmElementSet* declared, int depth) const
+void CModulePrinter::PrintItem(const CDcmElementSet& items, int item, const CDcmElementSet* declared,
+                               const CCharacterSet& around, int depth) const
 {
+    const CCharacterSet characters = CCharacterSet::Of(items, item, around);
     std::set<DWORD> present;
     for (int i = 0; i < items.GetCount(); ++i)
     {
@@ -151,7 +160,7 @@ void CModulePrinter::PrintItem(const CDcmElementSet& items, int item, const CDcm
         if (item == 0 || std::max(element.Item(), 1) == item)
         {
             present.insert(element.Tag());
-            PrintAttribute(element, declared != nullptr ? declared->Find(element) : nullptr, depth);
+            PrintAttribute(element, declared != nullptr ? declared->Find(element) : nullptr, characters, depth);
         }
     }
     for (int i = 0; m_withGaps && declared != nullptr && i < declared->GetCount(); ++i)

@@ -62,7 +62,7 @@ std::string SideText(const CDcmElement& element, const CCharacterSet& characters
     }
     if (VrKind(element.Vr()) != EVrKind::Text)
     {
-        return std::string(ValueText(element).View());
+        return std::string(ValueText(element, characters).View());
     }
     const CValueBytes bytes = element.ValueBytes();
     const std::size_t end = bytes.View().find_last_not_of(std::string_view("\0 ", 2));

@@ -11,17 +11,6 @@ namespace
 
 constexpr int kShownValues = 16;
 
-CString Printable(const CString& text)
-{
-    std::string shown(text.CText());
-    std::replace_if(
-        shown.begin(), shown.end(),
-        [](char c) { return static_cast<unsigned char>(c) < ' ' || static_cast<unsigned char>(c) == 0x7F; }, '.');
-    CString line(shown.c_str());
-    line.TrimRight();
-    return line;
-}
-
 /// The first values, followed by the total count if it is larger.
 template <class ARRAY, class FORMAT>
 CString List(const ARRAY& values, const char* separator, const FORMAT& format)
@@ -103,7 +92,15 @@ CString AttributeName(const CDcmElement& element)
                                                           : CString(Varnotix::LaterVrText(element.LaterVr())));
 }
 
-CString ValueText(const CDcmElement& element)
+std::string Printable(std::string text)
+{
+    std::replace_if(
+        text.begin(), text.end(),
+        [](char c) { return static_cast<unsigned char>(c) < ' ' || static_cast<unsigned char>(c) == 0x7F; }, '.');
+    return text;
+}
+
+CString ValueText(const CDcmElement& element, const CCharacterSet& characters)
 {
     if (element.Items() != nullptr)
     {
@@ -118,7 +115,9 @@ CString ValueText(const CDcmElement& element)
     }
     if (element.Texts() != nullptr)
     {
-        return Printable(element.JoinedText());
+        const CString text = element.JoinedText();
+        const std::string_view value = CCharacterSet::WithoutPadding(text.View(), element.VrLetters());
+        return CString(std::string_view(Printable(characters.ToUtf8(value, element.VrLetters()).Joined())));
     }
     if (const CWordArray* words = element.Words())
     {
