@@ -117,9 +117,8 @@ TEST_F(Pdu, UnknownItemsAreShownAsSkipped)
 
 TEST_F(Pdu, NothingButDigitsMakesTextAndMessagesNameThePlace)
 {
-    for (const auto& [text, message] : {std::pair("01 0\n", "offset 3, line 1"),
-                                        {"0100\n# x\n0g\n", "offset 9, line 3"},
-                                        {" \n", "it is empty"}})
+    for (const auto& [text, message] :
+         {std::pair("01 0\n", "offset 3, line 1"), {"0100\n# x\n0g\n", "offset 9, line 3"}, {" \n", "it is empty"}})
     {
         Write("in.txt", text);
         EXPECT_EQ(Expect(20, "pdu in.txt", message).out, "");
