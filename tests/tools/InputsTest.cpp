@@ -35,6 +35,7 @@ TEST_F(Inputs, AFolderStandsForItsObjectsInOneOrder)
     const SRun run = Expect(0, "dump -r in", skipped);
     EXPECT_EQ(run.err, skipped);
     EXPECT_TRUE(HoldsInOrder(run.out, "Doe^X", "Doe^CZ", "Doe^B", "Doe^Z"));
+    Expect(0, "dump -v -r in", "in/empty: skipped, because it is not DICOM");
     EXPECT_EQ(Run("dump -j 3 -r in").out, run.out);
     Expect(20, "dump in", "cannot open 'in': it is a folder, whose files -r reads");
     std::filesystem::create_directories("none");

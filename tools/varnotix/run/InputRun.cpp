@@ -33,6 +33,7 @@ int DoJob(const SInputs& inputs, const CJobFunction& job, const SJob& what)
     {
         if (input.isFound && !inputs.takesAnyFile && !IsDicomFile(input.path))
         {
+            what.report.Detail(input.path + ": skipped, because it is not DICOM");
             status = kSkipped;
             return true;
         }
