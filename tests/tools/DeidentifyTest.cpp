@@ -189,6 +189,15 @@ TEST_F(Deidentify, WhatAPersonHasToReadGivesAStatus)
     EXPECT_EQ(At(m_output, "SeriesDescription"), "Head of ****, **********, *******");
     EXPECT_TRUE(Holds(m_run.err, "cleaned of known texts only, read: SeriesDescription"));
     EXPECT_EQ(At(m_output, "DeidentificationMethodCodeSequence[2].CodeValue"), "113105");
+    // Case does not matter beyond ASCII either, nor that codes of two bytes have backslashes and separators in them.
+    const std::string latin = Explicit(0x00080005, "CS", "ISO_IR 100") + Explicit(0x00101001, "PN", "M\xDCLLER^J");
+    Output(File({}, latin + Explicit(0x0008103E, "LO", "Frau M\xFCller, M\xFCllerin")), "--clean-descriptors", 10);
+    EXPECT_EQ(At(m_output, "SeriesDescription"), "Frau *******, M\xFCllerin");
+    const std::string name87 = "\x1B$B@\\;3\x1B(B"; // Two kanji, with a backslash among their codes.
+    const std::string japan =
+        Explicit(0x00080005, "CS", "\\ISO 2022 IR 87 ") + Explicit(0x00101001, "PN", name87 + "^A ");
+    Output(File({}, japan + Explicit(0x0008103E, "LO", "for" + name87)), "--clean-descriptors", 10);
+    EXPECT_EQ(At(m_output, "SeriesDescription"), "for******");
     // The codes of content items keep their long numbers, which say what the items are.
     const std::string code = Explicit(0x00080100, "SH", "121071") + Explicit(0x00080104, "LO", "For Jane");
     const std::string content =
@@ -262,7 +271,7 @@ TEST_F(Deidentify, ObjectsThatMayShowThePatientAreRefused)
         {File({.sopClass = kUltrasound}), "Ultrasound Image Storage"},
         {File({.sopClass = kDocument}, Explicit(0x00420011, "OB", "%PDF")), "Encapsulated PDF"},
         {File({}, Explicit(0x00280301, "CS", "YES ")), "(0028,0301) Burned In Annotation is YES"},
-        {File({}, Explicit(0x00280302, "CS", "YES ")), "(0028,0302)"},
+        {File({}, Explicit(0x00280302, "CS", "Yes ")), "(0028,0302)"},
         {Part10(kExplicitUid, Explicit(0x00080060, "CS", "US") + DataSet({})), "modality, US"},
         {Part10(kExplicitUid, Explicit(0x00080008, "CS", "DERIVED\\OTHER\\SCREEN SAVE ") + DataSet({})), "screen"},
         {File({}, Us(0x60000100, 16) + Us(0x60000102, 12) + Explicit(0x7FE00010, "OW", "abcd")), "overlay"},

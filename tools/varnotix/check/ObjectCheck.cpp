@@ -2,8 +2,7 @@
 
 #include "object/Attributes.h"
 #include "object/ElementMaker.h"
-
-#include <algorithm>
+#include "text/WalkCharacters.h"
 
 namespace Tag = Varnotix::Tag;
 using Varnotix::CElementPath;
@@ -14,38 +13,6 @@ namespace
 {
 
 constexpr int kFirstBlock = 0x10;
-
-/// The character set of each data set that a walk is in, from the object down to the innermost item.
-class CCharacterSets
-{
-public:
-    /// The one for an element at a place.
-    const CCharacterSet& Of(const SWalkPlace& place)
-    {
-        const std::size_t depth = place.path.Steps().size() - 1;
-        m_levels.resize(std::min(m_levels.size(), depth + 1));
-        if (m_levels.size() == depth + 1 && (m_levels.back().set != &place.set || m_levels.back().item != place.item))
-        {
-            m_levels.pop_back();
-        }
-        if (m_levels.size() <= depth)
-        {
-            const CCharacterSet around = m_levels.empty() ? CCharacterSet() : m_levels.back().characters;
-            m_levels.push_back({&place.set, place.item, CCharacterSet::Of(place.set, place.item, around)});
-        }
-        return m_levels.back().characters;
-    }
-
-private:
-    struct SLevel
-    {
-        const CDcmElementSet* set;
-        int item;
-        CCharacterSet characters;
-    };
-
-    std::vector<SLevel> m_levels;
-};
 
 void CheckTag(const SWalkPlace& place, CFindings& findings)
 {
@@ -111,11 +78,12 @@ void CheckOwnUids(const CDcmElementSet& set, CFindings& findings)
 
 void CheckElements(CDcmElementSet& set, CFindings& findings)
 {
-    CCharacterSets sets;
+    CWalkCharacters walked;
     Varnotix::WalkElements(set,
                            [&](const SWalkPlace& place)
                            {
-                               const CCharacterSet& characters = sets.Of(place);
+                               walked.Reach(place);
+                               const CCharacterSet& characters = walked.Here();
                                CheckTag(place, findings);
                                CheckVr(place, findings);
                                if (place.element.Items() == nullptr && !place.element.IsPixelData())

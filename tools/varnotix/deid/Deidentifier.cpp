@@ -60,6 +60,7 @@ Varnotix::EAttributeNeed NeedOf(const CAttributeRules* rules, const Varnotix::CE
 bool IsTimezone(std::string_view text)
 {
     constexpr std::size_t kSize = 5;
+    text = Varnotix::TrimBlanks(text);
     return text.size() == kSize && (text.front() == '+' || text.front() == '-') &&
            text.find_first_not_of("0123456789", 1) == std::string_view::npos;
 }
@@ -119,6 +120,7 @@ void CDeidentifier::Apply(CDcmElementSet& store)
 
 EWalk CDeidentifier::Visit(const SPlace& place)
 {
+    m_characters.Reach(place);
     const DWORD tag = place.element.Tag();
     const std::size_t depth = place.path.Steps().size();
     m_dummyDepth = depth <= m_dummyDepth ? 0 : m_dummyDepth;
@@ -290,19 +292,19 @@ EWalk CDeidentifier::Clean(const SPlace& place)
                       : Varnotix::ActionForType(EAction::RemoveEmptyOrDummy, NeedOf(m_rules, place.path)),
                   place);
     }
-    const std::string old(element.ValueBytes().View());
-    if (element.Tag() == kTimezoneOffset && IsTimezone(Varnotix::TrimBlanks(old)))
+    if (element.Tag() == kTimezoneOffset && IsTimezone(element.ValueBytes().View()))
     {
         return Do(EAction::Keep, place); // Times of day stay, too, and there is nothing in it to read.
     }
     const int highByte = element.Group() >> 8;
     const bool isGraphic = !HoldsWords(element) && (highByte == kCurveGroups || highByte == kOverlayGroups);
-    if (isGraphic || (vr == VR_CS && !m_known.AreIn(old)))
+    if (isGraphic || (vr == VR_CS && !m_known.AreIn(element, m_characters)))
     {
         m_record.Add(EDeidDone::Cleaned, place.path);
         return EWalk::Skip;
     }
-    return HoldsWords(element) ? Set(EDeidDone::Cleaned, m_known.Cleaned(old), place) : Do(ActionFor(place, 0), place);
+    return HoldsWords(element) ? Set(EDeidDone::Cleaned, m_known.Cleaned(element, m_characters), place)
+                               : Do(ActionFor(place, 0), place);
 }
 
 /// An attribute that the profile does not list.
@@ -313,7 +315,7 @@ EWalk CDeidentifier::Leave(const SPlace& place)
         return Set(EDeidDone::Replaced, DummyText(place.element), place);
     }
     const CDcmElement& element = place.element;
-    if (m_cleanDepth != 0 && HoldsWords(element) && (!IsCode(element) || m_known.AreIn(element.ValueBytes().View())))
+    if (m_cleanDepth != 0 && HoldsWords(element) && (!IsCode(element) || m_known.AreIn(element, m_characters)))
     {
         return Clean(place);
     }

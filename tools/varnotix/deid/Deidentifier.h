@@ -54,6 +54,7 @@ private:
     const SNewPatient& m_patient;
     CDeidRecord& m_record;
     CKnownTexts m_known;
+    CWalkCharacters m_characters;
     const CAttributeRules* m_rules = nullptr; // Of the object's class, if it is known.
     /// Of the blocks of private elements, by set, item, group and block; a creator comes before its block.
     std::map<std::tuple<const CDcmElementSet*, int, int, int>, std::string> m_creators;

@@ -1,9 +1,9 @@
 #include "deid/KnownTexts.h"
 
-#include "Varnotix/platform/Ascii.h"
 #include "codestream/Comments.h"
 #include "deid/DeidRecord.h"
 #include "deid/Values.h"
+#include "deid/Words.h"
 
 #include <algorithm>
 
@@ -13,52 +13,18 @@ namespace
 constexpr std::size_t kShortest = 4;     // Shorter texts are found everywhere.
 constexpr std::size_t kShortestName = 3; // In letters of ASCII.
 constexpr std::size_t kLongest = 256;    // Longer ones are not repeated word by word.
-constexpr std::size_t kDigitsInRow = 6;
-constexpr std::string_view kSeparators(" \t\r\n^=\\,;()[]<>\"'\0", 18);
 
-bool IsDigit(char character)
+/// The letters of the VR that the element's value has.
+std::string_view LettersOf(const CDcmElement& element)
 {
-    return character >= '0' && character <= '9';
+    return {Varnotix::VrLettersOf(VrOf(element)), 2};
 }
 
-bool IsLetter(char character)
+/// True for texts that are the same in every character set.
+bool IsAscii(std::string_view text)
 {
-    const char lower = Varnotix::Lower(character);
-    return lower >= 'a' && lower <= 'z';
-}
-
-/// True for characters of words: two of them side by side are one word. Bytes beyond ASCII are not among them, because
-/// several scripts have no blanks between words.
-bool IsWord(char character)
-{
-    return IsDigit(character) || IsLetter(character);
-}
-
-std::string LowerCase(std::string_view text)
-{
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), Varnotix::Lower);
-    return lower;
-}
-
-/// Puts asterisks in place of every run of characters that a condition holds for and that is long enough.
-template <class IS_PART, class IS_MEANT>
-void StarRuns(std::string& text, const IS_PART& isPart, const IS_MEANT& isMeant)
-{
-    for (std::size_t begin = 0; begin < text.size();)
-    {
-        std::size_t end = begin;
-        while (end < text.size() && isPart(text[end]))
-        {
-            ++end;
-        }
-        if (isMeant(std::string_view(text).substr(begin, end - begin)))
-        {
-            std::fill(text.begin() + static_cast<std::ptrdiff_t>(begin),
-                      text.begin() + static_cast<std::ptrdiff_t>(end), '*');
-        }
-        begin = std::max(end, begin + 1);
-    }
+    return std::all_of(text.begin(), text.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80 && c != '\x1B'; });
 }
 
 } // namespace
@@ -66,8 +32,10 @@ void StarRuns(std::string& text, const IS_PART& isPart, const IS_MEANT& isMeant)
 void CKnownTexts::Gather(CDcmElementSet& store, unsigned options)
 {
     using Varnotix::EProfileAction;
-    const auto visit = [this, options](const Varnotix::SWalkPlace& place)
+    CWalkCharacters characters;
+    const auto visit = [&](const Varnotix::SWalkPlace& place)
     {
+        characters.Reach(place);
         const CDcmElement& element = place.element;
         const EProfileAction action = Varnotix::ProfileAction(element.Tag(), options);
         const bool isListed =
@@ -87,6 +55,10 @@ void CKnownTexts::Gather(CDcmElementSet& store, unsigned options)
         if (vr == VR_DA || vr == VR_UI || HoldsWords(element))
         {
             AddParts(value.View(), vr);
+            if (!IsAscii(value.View()))
+            {
+                AddParts(characters.Here().ToUtf8(value.View(), LettersOf(element)).Joined(), vr);
+            }
         }
         return Varnotix::EWalk::Enter;
     };
@@ -99,8 +71,10 @@ std::vector<std::pair<CString, int>> CKnownTexts::FindLeft(CDcmElementSet& store
 {
     constexpr DWORD kEncapsulatedDocument = 0x00420011;
     CDeidRecord left;
+    CWalkCharacters characters;
     const auto visit = [&](const Varnotix::SWalkPlace& place)
     {
+        characters.Reach(place);
         const CDcmElement& element = place.element;
         const bool isListed = Varnotix::ProfileAction(element.Tag(), options) != Varnotix::EProfileAction::None;
         const bool isText = HoldsWords(element) || element.HasVr(VR_UN) || element.HasVr(VR_OB);
@@ -109,7 +83,7 @@ std::vector<std::pair<CString, int>> CKnownTexts::FindLeft(CDcmElementSet& store
         const CDcmFrameList* frames = element.Frames();
         const bool isLeft = frames != nullptr
                                 ? AreInComments(*frames)
-                                : stays && isText && element.Items() == nullptr && AreIn(element.ValueBytes().View());
+                                : stays && isText && element.Items() == nullptr && AreIn(element, characters);
         if (isLeft)
         {
             left.Add(EDeidDone::Kept, place.path);
@@ -124,18 +98,18 @@ void CKnownTexts::Add(std::string_view text, int vr)
 {
     text = Varnotix::TrimBlanks(text.substr(0, text.find('\0')));
     const bool isShortName = vr == VR_PN && std::all_of(text.begin(), text.end(), IsLetter);
-    std::string lower = LowerCase(text);
+    std::string folded = FoldCase(text);
     const bool isPublic = vr == VR_UI && CDcmRegistry::Global().UidEnum(CString(text)) >= 0;
     if (text.size() >= (isShortName ? kShortestName : kShortest) && text.size() <= kLongest && !isPublic &&
-        lower != LowerCase(kDummyWord))
+        folded != FoldCase(kDummyWord))
     {
-        m_texts.push_back(std::move(lower));
+        m_texts.push_back(std::move(folded));
     }
 }
 
 void CKnownTexts::AddParts(std::string_view value, int vr)
 {
-    const std::string_view separators = vr == VR_PN ? kSeparators : "\\";
+    const std::string_view separators = vr == VR_PN ? kWordEnds : "\\";
     while (!value.empty())
     {
         const std::size_t end = std::min(value.find_first_of(separators), value.size());
@@ -148,9 +122,9 @@ void CKnownTexts::AddParts(std::string_view value, int vr)
 /// the number of texts.
 std::size_t CKnownTexts::MatchAt(std::string_view text, std::size_t place) const
 {
-    if (place > 0 && IsWord(text[place - 1]) && IsWord(text[place]))
+    if (IsInsideWord(text, place))
     {
-        return 0; // Inside a word.
+        return 0;
     }
     std::size_t longest = 0;
     auto first = m_texts.begin();
@@ -163,18 +137,17 @@ std::size_t CKnownTexts::MatchAt(std::string_view text, std::size_t place) const
         first = std::partition_point(first, last, [&](std::string_view known) { return at(known) < character; });
         last = std::partition_point(first, last, [&](std::string_view known) { return at(known) <= character; });
         const std::size_t end = place + depth + 1;
-        const bool endsWord = end == text.size() || !IsWord(text[end]) || !IsWord(text[end - 1]);
-        longest = first != last && first->size() == depth + 1 && endsWord ? depth + 1 : longest;
+        longest = first != last && first->size() == depth + 1 && !IsInsideWord(text, end) ? depth + 1 : longest;
     }
     return longest;
 }
 
 bool CKnownTexts::AreIn(std::string_view text) const
 {
-    const std::string lower = LowerCase(text);
-    for (std::size_t place = 0; place < lower.size(); ++place)
+    const std::string folded = FoldCase(text);
+    for (std::size_t place = 0; place < folded.size(); ++place)
     {
-        if (MatchAt(lower, place) > 0)
+        if (MatchAt(folded, place) > 0)
         {
             return true;
         }
@@ -194,19 +167,40 @@ bool CKnownTexts::AreInComments(const CDcmFrameList& frames) const
     return false;
 }
 
+bool CKnownTexts::AreIn(const CDcmElement& element, CWalkCharacters& characters) const
+{
+    const CValueBytes value = element.ValueBytes();
+    return AreIn(value.View()) || (HoldsWords(element) && !IsAscii(value.View()) &&
+                                   AreIn(characters.Here().ToUtf8(value.View(), LettersOf(element)).Joined()));
+}
+
+std::string CKnownTexts::Cleaned(const CDcmElement& element, CWalkCharacters& characters) const
+{
+    const CValueBytes value = element.ValueBytes();
+    if (!IsAscii(value.View()))
+    {
+        const SDecodedText decoded = characters.Here().ToUtf8(value.View(), LettersOf(element));
+        const std::string text = decoded.Joined();
+        const std::string cleaned = Cleaned(text);
+        const SEncodedText encoded = characters.Here().FromUtf8(cleaned, LettersOf(element));
+        if (decoded.replaced == 0 && encoded.reason.IsEmpty())
+        {
+            return cleaned == text ? std::string(value.View()) : encoded.bytes;
+        }
+    }
+    return Cleaned(value.View());
+}
+
 std::string CKnownTexts::Cleaned(std::string_view text) const
 {
     std::string cleaned(text);
-    const std::string lower = LowerCase(text);
-    for (std::size_t place = 0; place < lower.size();)
+    const std::string folded = FoldCase(text);
+    for (std::size_t place = 0; place < folded.size();)
     {
-        const std::size_t size = MatchAt(lower, place);
+        const std::size_t size = MatchAt(folded, place);
         cleaned.replace(place, size, size, '*');
         place += std::max<std::size_t>(size, 1);
     }
-    StarRuns(cleaned, IsDigit, [](std::string_view run) { return run.size() >= kDigitsInRow; });
-    StarRuns(
-        cleaned, [](char c) { return kSeparators.find(c) == std::string_view::npos; },
-        [](std::string_view run) { return run.find('@') != std::string_view::npos; });
+    StarNumbersAndMail(cleaned);
     return cleaned;
 }

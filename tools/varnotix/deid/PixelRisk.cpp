@@ -1,5 +1,6 @@
 #include "deid/PixelRisk.h"
 
+#include "Varnotix/platform/Ascii.h"
 #include "object/Attributes.h"
 
 #include <algorithm>
@@ -60,7 +61,7 @@ CString PixelRiskOf(const CDcmElementSet& store)
     }
     for (const DWORD tag : {Tag::kBurnedInAnnotation, kVisualFeatures})
     {
-        if (TextOf(store, tag) == "YES")
+        if (Varnotix::EqualNoCase(TextOf(store, tag).View(), "YES"))
         {
             return TagAndName(tag) + " is YES";
         }
