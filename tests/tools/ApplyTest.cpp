@@ -223,6 +223,9 @@ TEST_F(Apply, NamesEachLineThatCannotBeAppliedAndWritesNothing)
     Write("s.asl", "0008,1110,SQ,1,,[]\n#SEQUENCE_BEGIN\n#SEQUENCE_END\n");
     Expect(20, "apply --classic s.asl in.dcm -o out.dcm", "an empty sequence");
     Expect(20, "apply missing.asl in.dcm -o out.dcm");
+    Expect(20, "apply in.dcm in.dcm -o out.dcm", "in.dcm: it is a DICOM file, where a text is expected");
+    Write("s.asl", "\xFF\xD8\xFF\xE0");
+    Expect(20, "build s.asl -o out.dcm", "s.asl: it is a JPEG picture");
     Expect(20, "apply in.dcm s.asl -o out.dcm");
     Expect(1, "apply - - -o out.dcm <in.dcm");
     EXPECT_EQ(Read("out.dcm"), "old");

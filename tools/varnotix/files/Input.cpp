@@ -129,6 +129,17 @@ bool ReadPart(const CString& path, CDcmIOD& object, SReadStop& stop, std::size_t
     return true;
 }
 
+/// What a file is that was given in place of a script, mostly because of the order of arguments; empty for a text.
+CString OtherThanText(std::string_view bytes)
+{
+    constexpr std::size_t kPreamble = 128;
+    if (bytes.size() > kPreamble && bytes.substr(kPreamble).starts_with("DICM"))
+    {
+        return "a DICOM file";
+    }
+    return bytes.starts_with("\xFF\xD8\xFF") ? "a JPEG picture, which #PIXEL_DATA_FILE of a script names" : "";
+}
+
 void ReportMissingFile(const CReport& report, const char* what, const char* name)
 {
     report.Error(CString("there is no ") + what + ": no '" + name + "' with rows was found in the current " +
@@ -287,8 +298,15 @@ bool ReadText(const CString& path, CByteArray& text, const CReport& report)
     {
         ReadBytes(path, text);
         constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-        if (std::string_view(reinterpret_cast<const char*>(text.GetData()), static_cast<std::size_t>(text.GetSize()))
-                .starts_with(kByteOrderMark))
+        const std::string_view start(reinterpret_cast<const char*>(text.GetData()),
+                                     static_cast<std::size_t>(text.GetSize()));
+        const CString other = OtherThanText(start);
+        if (!other.IsEmpty())
+        {
+            report.Error(ShownName(path) + ": it is " + other + ", where a text is expected");
+            return false;
+        }
+        if (start.starts_with(kByteOrderMark))
         {
             text.RemoveAt(0, static_cast<int>(kByteOrderMark.size()));
         }
