@@ -96,6 +96,7 @@ TEST_F(Check, AnswersWithTheWorstOfItsInputs)
     const SRun run = Run("check cut.dcm good.dcm");
     EXPECT_EQ(run.status, 20);
     EXPECT_TRUE(Holds(run.out, "cut.dcm: error: PixelData (7FE0,0010): the read ended here"));
+    EXPECT_EQ(Expect(20, "check missing.dcm").err.find("0 errors"), std::string::npos);
 
     // A class without rules gets those of every object, and a warning, which -q leaves out.
     Write("plan.dcm", ImageOfClass("1.2.840.10008.5.1.4.1.1.481.5"));

@@ -21,6 +21,7 @@ constexpr const char* kFooter =
 
 struct STotals
 {
+    std::atomic<int> files = 0;
     std::atomic<int> errors = 0;
     std::atomic<int> warnings = 0;
 };
@@ -55,6 +56,7 @@ int CheckOne(const SJob& job, STotals& totals)
     }
     job.console.Flush();
     const int errors = findings.Count(ESeverity::Error);
+    ++totals.files;
     totals.errors += errors;
     totals.warnings += findings.Count(ESeverity::Warning);
     return std::max<int>(errors > 0 ? STATUS_FOUND : STATUS_DONE, ReportStop(job.input.path, stop, job.report));
@@ -79,7 +81,10 @@ int Check(const SInputs& inputs, const CReport& report)
     STotals totals;
     const int status = RunInputs(inputs, report, "could not be read whole",
                                  [&totals](const SJob& job) { return CheckOne(job, totals); });
-    report.Say(Counted(totals.errors, "error") + ", " + Counted(totals.warnings, "warning"));
+    if (totals.files > 0)
+    {
+        report.Say(Counted(totals.errors, "error") + ", " + Counted(totals.warnings, "warning"));
+    }
     return status;
 }
 
