@@ -69,6 +69,19 @@ TEST_F(Set, ChangesOnlyWhatItNames)
         EXPECT_EQ(Read("in.dcm"), expected) << edit;
     }
     EXPECT_EQ(CountTemporaries(), 0);
+
+    // Private attributes and groups, at every depth.
+    const std::string creator = Explicit(0x00090010, "LO", "ACME");
+    const std::string block = creator + Explicit(0x00091001, "FD", "12345678");
+    const std::string reference = Explicit(0x00081155, "UI", PaddedUid("1.1"));
+    std::string without = with("Doe^Jane", Item(reference));
+    without.erase(without.find(block), block.size());
+    for (const char* deletion : {"-d private", "-d 0009"})
+    {
+        Write("in.dcm", with("Doe^Jane", Item(reference + block)));
+        Expect(0, "set in.dcm "s + deletion, "4 deleted");
+        EXPECT_EQ(Read("in.dcm"), without) << deletion;
+    }
 }
 
 TEST_F(Set, RefusesWhatWouldNotBeAValueOrNotFit)
@@ -100,6 +113,8 @@ TEST_F(Set, RefusesWhatWouldNotBeAValueOrNotFit)
         {"Rows=7", "describes the pixel data"},
         {"PixelData=x", "not set from text"},
         {"-d PixelData", "nothing of the image"},
+        {"-d 0028", "Rows: it describes the pixel data"},
+        {"-d 0002", "TransferSyntaxUID: it says how the file is encoded"},
         {"-d SOPInstanceUID", "every object must have it"},
         {"-d 0009,0010", "the block that it reserves"},
         {"TransferSyntaxUID=1.2.840.10008.1.2", "convert"},

@@ -25,7 +25,7 @@ struct SSetOptions
     SInputs inputs; // The edits, too, until SortArguments.
     CString output; // Empty: in place.
     std::vector<CString> deleted;
-    std::vector<Varnotix::CElementPath> deletions;
+    std::vector<SSelection> deletions;
     std::vector<SAssignment> assignments;
     bool force = false;
     bool backup = false;
@@ -58,13 +58,14 @@ bool SortArguments(SSetOptions& options, const CReport& report)
     options.inputs.names.swap(names);
     for (const CString& text : options.deleted)
     {
-        const std::optional<Varnotix::CElementPath> path = Varnotix::CElementPath::Parse(text.View());
-        if (!path)
+        const std::optional<SSelection> selection = SSelection::Parse(text.View());
+        if (!selection)
         {
-            report.Error("-d: '" + text + "' is not a path" + NearestKeywordHint(text.View()));
+            report.Error("-d: '" + text + "' is neither a path nor a group nor 'private'" +
+                         NearestKeywordHint(text.View()));
             return false;
         }
-        options.deletions.push_back(*path);
+        options.deletions.push_back(*selection);
     }
     return true;
 }
@@ -133,7 +134,7 @@ int EditObject(const SSetOptions& options, const SJob& job, const CString& outpu
     CLossReport losses;
     losses.AddReadNotes(object);
     CObjectEdit edit(object.ElementStore(), options.force);
-    for (const Varnotix::CElementPath& deletion : options.deletions)
+    for (const SSelection& deletion : options.deletions)
     {
         edit.Delete(deletion);
     }
@@ -192,7 +193,8 @@ void AddSet(CCommandLine& line)
     const auto options = std::make_shared<SSetOptions>();
     CVerb verb = line.AddVerb("set", "Change, add and delete attributes by path", kFooter);
     verb.Inputs(options->inputs, "Files to edit, '-' is standard input; and the edits, PATH=VALUE or PATH:VR=VALUE");
-    verb.Repeated("-d,--delete", options->deleted, "Path of attributes or items to delete; may be repeated");
+    verb.Repeated("-d,--delete", options->deleted,
+                  "Path of attributes or items, group of four digits, or 'private', to delete; may be repeated");
     verb.Text("-o,--output", options->output,
               "Folder to write to; for a single FILE also a file, or '-' for standard output", CVerb::ENeed::Optional);
     verb.Flag("--backup", options->backup, "Keep each old file under its name and .bak, .bak2 and so on");

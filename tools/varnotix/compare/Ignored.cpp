@@ -1,5 +1,7 @@
 #include "compare/Ignored.h"
 
+#include "object/Selection.h"
+
 #include <algorithm>
 
 using namespace Varnotix;
@@ -26,26 +28,24 @@ bool Matches(const SPathStep& wanted, const SPathStep& step, const CString* crea
 
 bool CIgnored::Add(const CString& text)
 {
-    if (text == "private")
+    const std::optional<SSelection> selection = SSelection::Parse(text.View());
+    if (!selection)
+    {
+        return false;
+    }
+    if (selection->path)
+    {
+        m_paths.push_back(*selection->path);
+    }
+    else if (selection->group)
+    {
+        m_groups.insert(*selection->group);
+    }
+    else
     {
         m_isPrivate = true;
-        return true;
     }
-    constexpr std::size_t kGroupDigits = 4;
-    if (text.View().size() == kGroupDigits)
-    {
-        if (const std::optional<int> group = Tag::ParseNumber(text.View()))
-        {
-            m_groups.insert(*group);
-            return true;
-        }
-    }
-    const std::optional<CElementPath> path = CElementPath::Parse(text.View());
-    if (path)
-    {
-        m_paths.push_back(*path);
-    }
-    return path.has_value();
+    return true;
 }
 
 bool CIgnored::Has(const CElementPath& path, const CString& creator) const

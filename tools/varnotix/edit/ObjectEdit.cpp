@@ -55,32 +55,6 @@ CString CObjectEdit::Summary() const
            Counted(m_deleted, "%d deleted", "%d deleted");
 }
 
-void CObjectEdit::Delete(const CElementPath& path)
-{
-    m_path = path.Text();
-    std::vector<SFoundElement> found = path.FindAll(m_store);
-    // Items move up when one before them goes.
-    std::reverse(found.begin(), found.end());
-    for (const SFoundElement& one : found)
-    {
-        DeleteElement(one);
-    }
-    m_details.push_back(m_path + (found.empty() ? ": there is none to delete" : ": deleted"));
-}
-
-void CObjectEdit::DeleteElement(const SFoundElement& found)
-{
-    if (const int item = found.path.Steps().back().item; item > 0)
-    {
-        m_deleted += found.element->Items()->RemoveItem(item) ? 1 : 0;
-    }
-    else if (MayGoOn(ReasonAgainstDeleting(*found.set, found.item, found.element->Tag())))
-    {
-        found.set->Remove(found.element);
-        ++m_deleted;
-    }
-}
-
 void CObjectEdit::Assign(const SAssignment& assignment)
 {
     m_assignment = &assignment;

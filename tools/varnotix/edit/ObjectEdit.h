@@ -3,6 +3,7 @@
 
 #include "edit/Assignment.h"
 #include "edit/EditRules.h"
+#include "object/Selection.h"
 #include "object/ValueRules.h"
 
 #include <memory>
@@ -17,8 +18,8 @@ public:
     /// @param isForced values and attributes are edited that would be refused otherwise.
     CObjectEdit(CDcmElementSet& store, bool isForced) : m_store(store), m_isForced(isForced) {}
 
-    /// Deletes all elements or items that the path names. None is not a fault.
-    void Delete(const Varnotix::CElementPath& path);
+    /// Deletes all elements or items that are selected. None is not a fault.
+    void Delete(const SSelection& selection);
 
     /// Sets all elements that the path names. The texts of an object whose Specific Character Set is set are converted
     /// to it, unless edits are forced.
@@ -38,6 +39,7 @@ public:
     CString Summary() const;
 
 private:
+    void DeletePath(const Varnotix::CElementPath& path);
     void DeleteElement(const Varnotix::SFoundElement& found);
     void Follow(const Varnotix::CElementPath& path);
     void Enter(CDcmElementSet& set, int item, const CCharacterSet& around, std::size_t index);

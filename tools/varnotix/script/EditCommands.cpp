@@ -53,7 +53,7 @@ bool CEditCommands::Follow(const SAslCommand& command, CObjectEdit& edit)
         const std::optional<CElementPath> path = CElementPath::Parse(command.argument);
         if (path)
         {
-            edit.Delete(*path);
+            edit.Delete({*path, std::nullopt});
         }
         m_fault = path ? "" : "there is no path after the command";
     }
