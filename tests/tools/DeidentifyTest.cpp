@@ -152,17 +152,19 @@ TEST_F(Deidentify, NothingOfThePatientIsLeftAnywhere)
 {
     const std::string name = Explicit(0x00100010, "PN", "Secret^Name ");
     std::string file =
-        File({.id = "SecretID"}, name + Explicit(0x00104000, "LT", "Secret comment") +
-                                     Explicit(0x00400260, "UN", Item(Implicit(0x00100010, "Secret"))) + // Hidden items.
-                                     Explicit(0x00400275, "SQ", Item(Explicit(0x00081120, "SQ", Item(name)))) +
-                                     Explicit(0x00290010, "LO", "Secret") + Explicit(0x00291001, "UN", "Secret") +
-                                     Explicit(0x00431234, "UN", "Secret") + Explicit(0x0018FFF1, "LO", "Secret") +
-                                     Explicit(0x50003000, "OW", "Secret") + Us(0x60000010, 16) +
-                                     Explicit(0x60003000, "OW", "Secret") + Explicit(0xFFFCFFFC, "OB", "Secret") +
-                                     // A person whom the table does not list, a sequence whose items cannot be read,
-                                     // and an item with a title of the meta information.
-                                     Explicit(0x0040A067, "PN", "Secret^A") + Explicit(0x00400260, "OB", "Secret") +
-                                     Explicit(0x00081110, "SQ", Item(Explicit(0x00020016, "AE", "Secret"))));
+        File({.id = "SecretID"},
+             name + Explicit(0x00104000, "LT", "Secret comment") +
+                 Explicit(0x00400260, "UN", Item(Implicit(0x00100010, "Secret"))) + // Hidden items.
+                 Explicit(0x00400275, "SQ", Item(Explicit(0x00081120, "SQ", Item(name)))) +
+                 Explicit(0x00290010, "LO", "Secret") + Explicit(0x00291001, "UN", "Secret") +
+                 Explicit(0x00431234, "UN", "Secret") + Explicit(0x0018FFF1, "LO", "Secret") +
+                 Explicit(0x50003000, "OW", "Secret") + Us(0x60000010, 16) + Explicit(0x60003000, "OW", "Secret") +
+                 Explicit(0xFFFCFFFC, "OB", "Secret") +
+                 // A person whom the table does not list, a sequence whose items cannot be read,
+                 // and an item with elements of meta information and directories.
+                 Explicit(0x0040A067, "PN", "Secret^A") + Explicit(0x00400260, "OB", "Secret") +
+                 Explicit(0x00081110, "SQ",
+                          Item(Explicit(0x00020016, "AE", "Secret") + Explicit(0x00041500, "CS", "Secret"))));
     std::copy_n("Secret", 6, file.begin());
     const std::string output = Output(file, "--report r.json -v");
     EXPECT_FALSE(output.empty());

@@ -20,7 +20,8 @@ namespace
 constexpr DWORD kLengthToEnd = 0x00080001;
 constexpr DWORD kTimezoneOffset = 0x00080201;
 constexpr DWORD kOverlayData = 0x60003000;
-constexpr int kCurveGroups = 0x50; // The high bytes of repeating groups.
+constexpr int kFirstGroup = 0x0008; // Of data sets.
+constexpr int kCurveGroups = 0x50;  // The high bytes of repeating groups.
 constexpr int kOverlayGroups = 0x60;
 constexpr DWORD kEncapsulatedDocument = 0x00420011;
 
@@ -125,8 +126,7 @@ EWalk CDeidentifier::Visit(const SPlace& place)
     const std::size_t depth = place.path.Steps().size();
     m_dummyDepth = depth <= m_dummyDepth ? 0 : m_dummyDepth;
     m_cleanDepth = depth <= m_cleanDepth ? 0 : m_cleanDepth;
-    const bool isMeta = place.element.HasGroup(Tag::kMetaGroup);
-    if (depth == 1 && isMeta)
+    if (depth == 1 && place.element.HasGroup(Tag::kMetaGroup))
     {
         return EWalk::Skip;
     }
@@ -138,8 +138,9 @@ EWalk CDeidentifier::Visit(const SPlace& place)
     {
         return VisitPrivate(place);
     }
-    // Items have no file meta information; what the table lists of it is treated as such.
-    const bool isMisplaced = isMeta && Varnotix::ProfileAction(tag, 0) == EAction::None;
+    // Elements of messages, of file meta information and of directories belong to no object; what the table lists of
+    // them is treated as such.
+    const bool isMisplaced = place.element.Group() < kFirstGroup && Varnotix::ProfileAction(tag, 0) == EAction::None;
     // What cannot be read cannot be searched either.
     const CDcmEntry* entry = CDcmRegistry::Global().LookUpPublicTag(tag);
     const bool isHidden =

@@ -29,7 +29,7 @@ CDeidKey CDeidKey::Random()
 
 std::optional<CDeidKey> CDeidKey::OfFile(const CString& path, const CReport& report)
 {
-    if (!Varnotix::FileExists(path) && CreateKeyFile(path, HexText(RandomBytes()) + "\n"))
+    if (path != "-" && !Varnotix::FileExists(path) && CreateKeyFile(path, HexText(RandomBytes()) + "\n"))
     {
         report.Say("a new key is in " + path + ": who has it can find the old UIDs and IDs by trying");
     }
