@@ -20,18 +20,19 @@ namespace
 /// The bytes of an archive's file: a memory file's own, or a real file read once. A file is not mapped, for a file that
 /// is cut short while mapped kills the process.
 /// @param most how many bytes of a real file to read.
-CStreamCursor OpenStream(CFile& file, ULONGLONG most = INT_MAX)
+CStreamCursor OpenStream(CFile& file, ULONGLONG most = ULLONG_MAX)
 {
-    const ULONGLONG length = file.GetLength();
-    if (length > static_cast<ULONGLONG>(INT_MAX))
+    const BYTE* memory = file.GetBufferPtr();
+    const ULONGLONG wanted = memory != nullptr ? file.GetLength() : std::min(file.GetLength(), most);
+    if (wanted > static_cast<ULONGLONG>(INT_MAX))
     {
         throw CMemoryException();
     }
-    if (const BYTE* memory = file.GetBufferPtr())
+    const auto size = static_cast<std::size_t>(wanted);
+    if (memory != nullptr)
     {
-        return {memory, static_cast<std::size_t>(length), CSharedBytes()};
+        return {memory, size, CSharedBytes()};
     }
-    const auto size = static_cast<std::size_t>(std::min(length, most));
     BYTE* bytes = nullptr;
     const CSharedBytes block = CSharedBytes::Allocate(size, bytes);
     file.Seek(0, CFile::begin);

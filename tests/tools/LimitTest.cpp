@@ -49,6 +49,15 @@ TEST_F(Limit, ADiskThatFillsKeepsTheOldOutputAndLeavesNothingElse)
     EXPECT_TRUE(Holds(streamed.err, "varnotix: cannot write to the standard output: "));
 }
 
+TEST_F(Limit, AFileBeyondTheLargestIsListedAndOtherwiseRefused)
+{
+    Write("in.dcm", DeepAndLarge());
+    std::filesystem::resize_file("in.dcm", std::uintmax_t{5} << 30U); // Almost all of it a hole.
+    EXPECT_TRUE(Holds(Expect(0, "list in.dcm").out, "DOE^JANE"));
+    Expect(20, "dump in.dcm", "in.dcm: files of 2 GiB and more are not read");
+    std::filesystem::remove("in.dcm");
+}
+
 TEST_F(Limit, AReaderThatFailsIsAnInputThatCannotBeRead)
 {
     Write("out.dcm", "old");

@@ -140,6 +140,15 @@ CString OtherThanText(std::string_view bytes)
     return bytes.starts_with("\xFF\xD8\xFF") ? "a JPEG picture, which #PIXEL_DATA_FILE of a script names" : "";
 }
 
+/// Why there is not enough memory for a file.
+CString MemoryFault(const CString& path)
+{
+    CFile file;
+    const bool isFile = FileKindOf(path) == EFileKind::File && file.Open(path, CFile::modeRead | CFile::shareDenyWrite);
+    return isFile && file.GetLength() > INT_MAX ? CString("files of 2 GiB and more are not read")
+                                                : CMemoryException().GetErrorMessage();
+}
+
 void ReportMissingFile(const CReport& report, const char* what, const char* name)
 {
     report.Error(CString("there is no ") + what + ": no '" + name + "' with rows was found in the current " +
@@ -240,13 +249,13 @@ bool ReportReadFailures(const CString& path, const CReport& report, const std::f
     {
         report.Error(failure.GetErrorMessage());
     }
-    catch (const CMemoryException& failure)
+    catch (const CMemoryException&)
     {
-        report.Error(ShownName(path) + ": " + failure.GetErrorMessage());
+        report.Error(ShownName(path) + ": " + MemoryFault(path));
     }
     catch (const std::bad_alloc&)
     {
-        report.Error(ShownName(path) + ": " + CMemoryException().GetErrorMessage());
+        report.Error(ShownName(path) + ": " + MemoryFault(path));
     }
     return false;
 }
