@@ -164,6 +164,9 @@ TEST_F(Apply, ReplacesAddsAndEmpties)
                    "#SEQUENCE_END\n");
     Expect(20, "apply s.asl in.dcm -o out.dcm");
     Write("s.asl", Replaced(Read("s.asl"), "0028,0106,US,1,,[]\n", ""));
+    // An editor may write another character set than that of the object.
+    Write("utf.asl", "0010,0020,LO,1,,[J\xC3\xB6rg,]\n");
+    Expect(0, "apply utf.asl in.dcm -o utf.dcm", "utf.asl:1: the text is UTF-8");
     Expect(0, "apply -v s.asl in.dcm -o out.dcm", "s.asl:4: (0010,0020) Patient ID is changed",
            "in.dcm: 6 values changed, 2 attributes added");
     EXPECT_TRUE(Holds(Read("out.dcm"), Explicit(0x00080008, "CS", "ORIGINAL\\PRIMARY\\AXIAL"), longCode("new "),

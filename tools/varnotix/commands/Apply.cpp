@@ -4,6 +4,7 @@
 #include "run/InputRun.h"
 #include "script/EditCommands.h"
 #include "script/ScriptMerge.h"
+#include "text/CharacterSet.h"
 
 #include <algorithm>
 
@@ -24,6 +25,36 @@ struct SApplyOptions
     CString output;
     bool force = false; // Also what other readers would refuse.
 };
+
+/// True for a text with characters beyond ASCII, all of them in UTF-8.
+bool IsUtf8Text(std::string_view text)
+{
+    constexpr char32_t kLastOfAscii = 0x7F;
+    bool isBeyond = false;
+    for (char32_t character = 0; !text.empty(); isBeyond = isBeyond || character > kLastOfAscii)
+    {
+        if (!TakeUtf8(text, character))
+        {
+            return false;
+        }
+    }
+    return isBeyond;
+}
+
+/// A script has the bytes of the object's character set. Most editors write UTF-8, which would give other texts.
+void ReportUtf8(const CScriptMerge& merge, const CStringArray& lines, const CDcmIOD& object, const CString& script,
+                const CReport& report)
+{
+    const CCharacterSet characters = CCharacterSet::Of(object.ElementStore(), 0, CCharacterSet());
+    for (const CScriptMerge::SChange& change : merge.Changes())
+    {
+        if (!characters.IsUtf8() && IsUtf8Text(lines[change.line].View()))
+        {
+            report.Say(ScriptPlace(script, change.line) + ": the text is UTF-8, and the character set of the object " +
+                       "is another one; 'varnotix set' converts texts");
+        }
+    }
+}
 
 CString Counted(int count, const char* one, const char* many)
 {
@@ -104,6 +135,7 @@ int ApplyOne(const CString& scriptName, const CStringArray& lines, bool force, c
     }
     Rewrite(object, form, target, name, losses, report);
     ReportMetaMismatch(object, name, report);
+    ReportUtf8(merge, lines, object, scriptName, report);
     ReportChanges(merge, edits.Count(), scriptName, name, report);
     return STATUS_DONE;
 }
