@@ -168,6 +168,10 @@ TEST_F(Convert, MakesOddNumbersEvenBeforeTheirBytesChangePlaces)
     Expect(0, "convert -q -s big odd.dcm big.dcm");
     Expect(0, "convert -q -s explicit big.dcm even.dcm");
     EXPECT_TRUE(Read("even.dcm").ends_with(Explicit(0x00280009, "US", values + '\0')));
+
+    // A group length is a number whatever its header says.
+    Write("length.dcm", Part10(kExplicitUid, Explicit(0x00280000, "TM", "1200") + Us(0x00280010, 1)));
+    Expect(0, "convert -v length.dcm out.dcm", "(0028,0000) Group Length: remade, with VR UL");
 }
 
 TEST_F(Convert, DeflatesAndInflatesAndStopsWhereTheDataDo)

@@ -267,6 +267,7 @@ TEST_F(Json, BuildNamesWhatIsWrongWithADocument)
     const std::pair<std::string, const char*> kCases[] = {
         {"{", "not JSON: byte"},
         {"[]", "holds no object"},
+        {"{}", "it names no attributes"},
         {"[{},{}]", "more than one object"},
         {R"({"PatientName":{"vr":"PN"}})", "'PatientName' is not a tag"},
         {R"({"00100010":{"vr":"PN"},"00100010":{"vr":"PN"}})", "(0010,0010) is there twice"},
@@ -298,6 +299,15 @@ TEST_F(Json, BuildNamesWhatIsWrongWithADocument)
         EXPECT_FALSE(std::filesystem::exists("out.dcm"));
     }
     Expect(1, "build in.json", "-o: ");
+    // A transfer syntax that the object cannot have is not replaced without a word.
+    for (const std::string uid : {"1.2.840.10008.1.2.1.99", "1.2.840.10008.1.2.4.70"})
+    {
+        Write("in.json",
+              R"({"00020010":{"vr":"UI","Value":[")" + uid + R"("]},"00080060":{"vr":"CS","Value":["MR"]}})");
+        const SRun run = Expect(0, "build in.json -o out.dcm");
+        const std::string read = Expect(0, "list --plain -t TransferSyntaxUID out.dcm").out;
+        EXPECT_EQ(read == uid + "\n", run.err.find(uid + " replaced by ") == std::string::npos);
+    }
     // Texts beyond ASCII need a character set.
     Write("in.json", "["
                      R"({"00100010":{"Value":[{"Ideographic":"山","Alphabetic":"Ł"}]}})"

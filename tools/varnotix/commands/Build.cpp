@@ -27,6 +27,8 @@ constexpr const char* kFooter =
     "says. A script opens the files that it names, so trust it as you trust a program. A document in the DICOM JSON\n"
     "model may come in its place; it opens the files of its references.";
 
+constexpr const char* kNoAttributes = ": it names no attributes";
+
 struct SBuildOptions
 {
     CString script;
@@ -189,7 +191,7 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
     }
     if (object.ElementStore().IsEmpty() && tree.Root().inner.empty())
     {
-        m_report.Error(m_name + ": it names no attributes");
+        m_report.Error(m_name + kNoAttributes);
         return false;
     }
     return count == 0;
@@ -247,6 +249,11 @@ int BuildFromJson(std::string_view json, const SBuildOptions& options, const CSt
     catch (const CJsonFault& fault)
     {
         report.Error(name + ": " + fault.what());
+        return STATUS_UNREADABLE;
+    }
+    if (object.ElementStore().IsEmpty())
+    {
+        report.Error(name + kNoAttributes);
         return STATUS_UNREADABLE;
     }
     CompleteFileMeta(object, name, report);

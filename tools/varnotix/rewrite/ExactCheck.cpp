@@ -80,6 +80,11 @@ void CExactComparison::CompareElements(const SSnapshot& before, const SSnapshot&
                                        bool isImplicit)
 {
     const CString place = path + TagAndName(before.tag);
+    if (before.IsGroupLength() && std::string_view(before.letters) != after.letters)
+    {
+        m_losses.Add(ELoss::GroupLengthRemade, place, CString("remade, with VR ") + after.letters);
+        return;
+    }
     const bool isStated = !isImplicit || (path.IsEmpty() && Tag::Group(before.tag) == Tag::kMetaGroup);
     if (!CompareVr(before, after, place, !isStated))
     {

@@ -12,9 +12,11 @@ int WriteNewObject(CDcmIOD& object, const SNewTarget& target, const CString& nam
         syntax = form.compressed ? SYNTAX_UNKNOWN : Varnotix::SyntaxOfUid(form.transferSyntax);
         syntax = syntax == SYNTAX_UNKNOWN ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : syntax;
     }
+    const CString& named = form.transferSyntax;
+    const bool isOpen = target.syntax == SYNTAX_UNKNOWN && !named.IsEmpty();
     // Without a wanted syntax, that compressed frames keep theirs is no news.
-    const bool keepsFrames = form.compressed && target.syntax == SYNTAX_UNKNOWN && !form.transferSyntax.IsEmpty();
-    const CString uid = keepsFrames ? form.transferSyntax : UidToWrite(form, name, syntax, report);
+    const bool keepsUid = isOpen && (form.compressed || Varnotix::IsDeflatedUid(named));
+    const CString uid = keepsUid ? named : UidToWrite(form, name, syntax, report);
     if (uid.IsEmpty())
     {
         return STATUS_UNREADABLE;
@@ -28,6 +30,10 @@ int WriteNewObject(CDcmIOD& object, const SNewTarget& target, const CString& nam
         return STATUS_UNWRITTEN;
     }
     ReportMetaMismatch(object, name, report);
+    if (isOpen && named != uid)
+    {
+        report.Say(name + ": " + TagAndName(Varnotix::Tag::kTransferSyntaxUid) + ": " + named + " replaced by " + uid);
+    }
     CLossReport losses;
     STarget rewritten{uid, syntax, target.output};
     rewritten.isForced = target.isForced;
