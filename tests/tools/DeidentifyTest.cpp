@@ -246,6 +246,20 @@ TEST_F(Deidentify, WhatNoTableListsFollowsTheOptions)
     EXPECT_EQ(At(m_output, "SOPInstanceUID"), At(m_output, "00191002"));
     Output(File({}, dates + block), "--retain-safe-private safe.txt --retain-uids");
     EXPECT_EQ(At(m_output, "00191001") + At(m_output, "00191002"), "202403011.2.3.4.1");
+    // What an earlier run stated stays true.
+    Output(Read(m_output), "--retain-dates modified");
+    Output(Read(m_output), "--retain-dates full");
+    EXPECT_EQ(At(m_output, "LongitudinalTemporalInformationModified"), "REMOVED");
+    Output(moved, "--retain-dates full");
+    EXPECT_EQ(At(m_output, "LongitudinalTemporalInformationModified"), "MODIFIED");
+    std::string codes;
+    for (const char* path : {"00120064[1].00080100", "00120064[2].00080100", "00120064[3].00080100",
+                             "00120064[4].00080100", "00120064[5]"})
+    {
+        codes += At(m_output, path) + " ";
+    }
+    EXPECT_EQ(codes, "113100 113107 113111 113106 - ");
+    EXPECT_EQ(At(m_output, "DeidentificationMethod"), "Varnotix, PS3.15 Annex E, table of 2025");
     // Where there is no study there is no patient.
     Output(Part10(kExplicitUid, Uid(0x00080016, "1.2.840.10008.5.1.4.39.1") + Uid(0x00080018, "1.2.3.4.1")));
     EXPECT_EQ(At(m_output, "PatientID"), "-");

@@ -1,5 +1,6 @@
 #include "deid/MethodCodes.h"
 
+#include "Varnotix/platform/Ascii.h"
 #include "deid/Values.h"
 #include "object/Attributes.h"
 
@@ -51,12 +52,41 @@ void AddText(CDcmElementSet& items, DWORD tag, std::string_view text)
     items.Add(element.release());
 }
 
+/// Adds a code, unless an earlier de-identification did.
 void AddCode(CDcmElementSet& items, const SCode& code)
 {
+    for (int item = 1; item <= items.ItemCount(); ++item)
+    {
+        const CDcmElement* value = items.FindInItem(item, Tag::Group(kCodeValue), Tag::Element(kCodeValue));
+        if (value != nullptr && Varnotix::TrimBlanks(value->ValueBytes().View()) == code.value)
+        {
+            return;
+        }
+    }
     items.BeginItem();
     AddText(items, kCodeValue, code.value);
     AddText(items, kCodingScheme, "DCM");
     AddText(items, kCodeMeaning, code.meaning);
+}
+
+/// The method, after those of earlier de-identifications.
+std::string MethodsOf(const CDcmElementSet& store)
+{
+    const std::string old(TextOf(store, Tag::kDeidentificationMethod).View());
+    const bool isNew = old.find(kMethod) == std::string::npos;
+    return !isNew ? old : (old.empty() ? old : old + '\\') + kMethod;
+}
+
+/// What became of the dates, earlier de-identifications included: dates that are gone are not unmodified.
+std::string TemporalInformationOf(const CDcmElementSet& store, unsigned options)
+{
+    const std::string old(TextOf(store, kTemporalInformation).View());
+    if ((options & kDates) == 0 || old == "REMOVED")
+    {
+        return "REMOVED";
+    }
+    const bool isModified = (options & Varnotix::PROFILE_RETAIN_MODIFIED_DATES) != 0 || old == "MODIFIED";
+    return isModified ? "MODIFIED" : "UNMODIFIED";
 }
 
 } // namespace
@@ -64,9 +94,14 @@ void AddCode(CDcmElementSet& items, const SCode& code)
 void SetMethod(CDcmElementSet& store, unsigned options, bool cleanedPixels)
 {
     SetText(store, Tag::kPatientIdentityRemoved, "YES", ' ');
-    SetText(store, Tag::kDeidentificationMethod, kMethod, ' ');
-    store.Remove(kCodeSequence);
-    auto codes = std::make_unique<CDcmElement>(kCodeSequence);
+    SetText(store, Tag::kDeidentificationMethod, MethodsOf(store), ' ');
+    CDcmElement* codes = store.Find(kCodeSequence);
+    if (codes == nullptr || codes->Items() == nullptr)
+    {
+        store.Remove(kCodeSequence);
+        codes = new CDcmElement(kCodeSequence);
+        store.Add(codes);
+    }
     CDcmElementSet& items = *codes->Items();
     AddCode(items, kBasicProfile);
     if (cleanedPixels)
@@ -81,9 +116,5 @@ void SetMethod(CDcmElementSet& store, unsigned options, bool cleanedPixels)
             AddCode(items, code);
         }
     }
-    store.Add(codes.release());
-
-    const bool isModified = (options & Varnotix::PROFILE_RETAIN_MODIFIED_DATES) != 0;
-    const char* kept = isModified ? "MODIFIED" : "UNMODIFIED";
-    SetText(store, kTemporalInformation, (options & kDates) != 0 ? kept : "REMOVED", ' ');
+    SetText(store, kTemporalInformation, TemporalInformationOf(store, options), ' ');
 }
