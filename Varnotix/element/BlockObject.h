@@ -13,7 +13,7 @@ class VARNOTIX_EXPORT CBlockObject
 public:
     /// Memory for one object; throws std::bad_alloc.
     static void* operator new(std::size_t size);
-    /// As above; null when there is no memory.
+    /// As above; null when memory runs out.
     static void* operator new(std::size_t size, const std::nothrow_t& tag) noexcept;
     /// Makes the object in memory that the caller provides and frees.
     static void* operator new(std::size_t, void* place) noexcept { return place; }

@@ -129,7 +129,7 @@ CDcmElement& CDcmElement::operator=(const CDcmElement& other)
     const bool takesFrames = m_frames != nullptr && other.HoldsFrames();
     if (sameVr && !m_frames && m_vr != VR_SQ && other.m_valueFromRaw && Vm() == other.Vm())
     {
-        // The other's value is still in its raw bytes alone: share those and build the value here when it is needed.
+        // The other's value is still only in its raw bytes: share those and build the value here when it is needed.
         DropValues();
         m_raw = other.m_raw;
         m_read = other.m_read;
@@ -187,7 +187,7 @@ bool CDcmElement::operator==(const CDcmElement& other) const
     }
     // Equal bytes give equal values, except for floats, where a value that is not a number differs from itself.
     const EVrKind kind = VrKind(m_vr);
-    // OW may have been handed bytes beside its words, which its raw bytes do not tell.
+    // OW may have been given bytes beside its words, which its raw bytes do not show.
     if (m_valueFromRaw && other.m_valueFromRaw && Vm() == other.Vm() && kind != EVrKind::Floats &&
         kind != EVrKind::Doubles && kind != EVrKind::OtherWords && m_raw.SameBytes(other.m_raw))
     {

@@ -27,7 +27,7 @@ enum ESyntax : int
 /// A data element (PS3.5 section 7.1): tag, VR, VM and value.
 ///
 /// The value lives in two forms: the raw value bytes as read or last set, and the typed values (texts, words, ...)
-/// of the element's VR. Typed values are built from the raw bytes when somebody first asks for them; until then an
+/// of the element's VR. Typed values are built from the raw bytes on first access; until then an
 /// element that was read costs no more than its bytes. Typed setters leave the raw bytes as they are.
 ///
 /// A sequence element owns an item set, which may share its elements with a module's member sequence. Pixel Data
@@ -49,11 +49,11 @@ public:
     /// As above.
     explicit CDcmElement(DWORD tag);
 
-    /// As above, with the VR forced to a code, also for a tag that the dictionary lacks. A number that is no code gives
+    /// As above, with the VR forced to a code, also for a tag that the dictionary lacks. A number that is not a code gives
     /// VR_UNKNOWN.
     CDcmElement(int group, int element, int vr);
 
-    /// As the first form; the texts are read as hexadecimal ("0010", "00E0"). A text that is no number counts as 0.
+    /// As the first form; the texts are read as hexadecimal ("0010", "00E0"). A text that is not a number counts as 0.
     CDcmElement(const CString& group, const CString& element);
 
     /// As the first form, with the value set from little-endian bytes (see SetRawBytes).
@@ -62,7 +62,7 @@ public:
     /// For callers that have looked the tag up already.
     CDcmElement(int group, int element, int vr, const CDcmEntry* entry);
 
-    /// A copy with items of its own. Raw bytes and frames are shared until somebody can write to them.
+    /// Copies the items; raw bytes and frames are copy-on-write.
     CDcmElement(const CDcmElement& other);
 
     /// Takes over the read flag and the raw bytes, and the typed value when both VRs are equal. Items are taken only
@@ -139,7 +139,7 @@ public:
     void Exchange(CDmElement& record);
 
     /// @name Raw bytes
-    /// The value as it stands in a stream of little endian syntax.
+    /// The value as it is in a stream of little endian syntax.
     /// @{
 
     /// Sets the value from little-endian bytes; an empty array changes nothing. Text is split at backslashes unless
@@ -296,7 +296,7 @@ private:
     bool m_read = false;
     Varnotix::ELaterVr m_laterVr = Varnotix::ELaterVr::None;
     EForm m_form = FORM_DEFINED;
-    mutable bool m_valueFromRaw = false; // The typed value stands in the raw bytes and is not built yet.
+    mutable bool m_valueFromRaw = false; // The typed value is not built from the raw bytes yet.
     int m_syntax = SYNTAX_IMPLICIT_LITTLE;
     DWORD m_encodedValueSize = 0;
     DWORD m_item = 0;

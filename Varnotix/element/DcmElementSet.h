@@ -12,7 +12,7 @@ class CElementShape;
 /// An ordered list of owned data elements, in insertion order until it is sorted.
 ///
 /// A set is a handle to a counted body, so that one set can share another's elements (CopyByReference) or own copies
-/// of them (CopyByValue). Elements of equal tags may stand side by side: the items of a sequence are gathered in one
+/// of them (CopyByValue). Elements of equal tags may follow each other: the items of a sequence are gathered in one
 /// set. Searches answer with the first element of a tag in list order; they are not linear in large sets.
 ///
 /// A set also keeps the tags that a module declared, in order of declaration. A body that a module's member sequence
@@ -104,16 +104,16 @@ public:
     /// @param item 1 to ItemCount(); any other number selects none.
     void SelectItem(int item);
     /// Replaces the list by the elements of an item, in list order. They stay owned by the set. The list stays empty
-    /// for a number that is no item's.
+    /// for a number without an item.
     void GetItem(int item, CObList& elements) const;
     /// The first element of the tag in an item, or null.
     CDcmElement* FindInItem(int item, int group, int element) const;
-    /// Whether a write by the standard stream rules gives the item an undefined length. False for a number that is no
-    /// item's.
+    /// Whether a write by the standard stream rules gives the item an undefined length. False for a number without an
+    /// item.
     bool HasUndefinedLength(int item) const;
     /// Removes and destroys the elements for which the condition is true, which may be all; the number of items stays.
     void RemoveIf(const std::function<bool(const CDcmElement&)>& condition);
-    /// Removes an item and destroys its elements; later items move up. False for a number that is no item's.
+    /// Removes an item and destroys its elements; later items move up. False for a number without an item.
     bool RemoveItem(int item);
     /// Whether the set keeps items as a read by the standard stream rules met them: accessors of modules then see the
     /// first item only, where they otherwise see the first element of a tag in any item, and empty elements of items
@@ -145,7 +145,7 @@ public:
     /// holds for each item by itself, and the items stay in order.
     void Merge(const CDcmElementSet& other);
     /// The given elements, which this set may take over, replace the first elements of their tags, and the set is
-    /// sorted: as RemoveTagsOf, Merge and Sort, in one pass over sets in which each tag stands once.
+    /// sorted: as RemoveTagsOf, Merge and Sort, in one pass over sets in which each tag occurs once.
     void TakeTagsOf(CDcmElementSet& values);
     /// Adds copies of the elements that are not empty to the target; empty items are left out of sequences.
     void CopyNonEmptyInto(CDcmElementSet& target) const;
@@ -171,13 +171,13 @@ public:
     int DeclaredCount() const;
     /// @param index from 0 to DeclaredCount() - 1; it is not checked.
     DWORD DeclaredTag(int index) const;
-    /// The element of the tag whose group text stands at a position of the declared-tag list (0, 2, 4, ...); null for
+    /// The element of the tag whose group text is at a position of the declared-tag list (0, 2, 4, ...); null for
     /// a position outside the list or a tag that is not in the set.
     CDcmElement* FindDeclared(int position) const;
     /// Adds an SQ element whose items are the member set's elements from now on: what is written through either is
     /// seen by the other, also after a copy or an assignment, or when this set's elements are replaced. A member whose
     /// own set takes a fresh body (RemoveAll, CopyByValue, Merge) or shares another's is bound no more. The element of
-    /// a tag that is no SQ is added unbound.
+    /// a tag that is not an SQ is added unbound.
     void BindSequence(const CString& group, const CString& element, CDcmElementSet& member);
     /// As BindSequence, for the shape's next sequence.
     void BindNext(CDcmElementSet& member);

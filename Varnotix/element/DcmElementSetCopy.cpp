@@ -12,7 +12,7 @@
 namespace
 {
 
-/// True when the tags ascend and none stands twice.
+/// True when the tags ascend and none occurs twice.
 bool InStrictTagOrder(const CObArray& list)
 {
     return std::adjacent_find(list.begin(), list.end(),
@@ -137,7 +137,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
     if (Body().references.IsOne())
     {
         // Nobody else sees the old body, so its elements move into the new one as they are. With the room made first,
-        // nothing can fail while they stand in both.
+        // nothing can fail while they are in both.
         merged.list.Reserve(merged.list.GetCount() + GetCount());
         for (CObject* object : Body().list)
         {

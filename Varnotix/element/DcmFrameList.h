@@ -16,7 +16,7 @@ class VARNOTIX_EXPORT CDcmFrameList : public CDcmList
 
 public:
     CDcmFrameList();
-    /// Copies the offset table and every frame; the frames' bytes are shared until somebody can write to them.
+    /// Copies the offset table and every frame; the frames' bytes are copy-on-write.
     CDcmFrameList(const CDcmFrameList& other);
     CDcmFrameList& operator=(const CDcmFrameList& other);
     ~CDcmFrameList() override;
@@ -30,7 +30,7 @@ public:
     /// The words are stored as bytes, each word low byte first.
     void AddFrame(const CWordArray& words);
 
-    /// Appends the bytes to the frame at a list position. When there is no such position, a new frame is added at the
+    /// Appends the bytes to the frame at a list position. Without such a position, a new frame is added at the
     /// tail: it carries the given number, whatever its position is.
     void SetFrame(int index, const CSharedBytes& bytes);
     void SetFrame(int index, const CByteArray& bytes);
@@ -38,7 +38,7 @@ public:
     /// The frame at a list position, or null.
     CDcmFrame* GetFrame(int index) const { return static_cast<CDcmFrame*>(Body().At(index)); }
 
-    /// Removes all frames, and the offset table, which told where they lay.
+    /// Removes all frames, and the offset table, which gave their places.
     void RemoveAll();
 
     /// The basic offset table: little-endian 32-bit offsets as read from the first item of encapsulated pixel data. It
@@ -62,7 +62,7 @@ public:
     /// Sum of all frame sizes in bytes.
     std::uint64_t TotalSize() const;
 
-    /// What a text document tells of the pixel data: counts and sizes, a text each.
+    /// The counts and sizes that a text document gives of the pixel data, one text each.
     void Describe(CStringArray& texts) const;
 
     /// The description, each text in brackets.

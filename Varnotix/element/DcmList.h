@@ -7,7 +7,7 @@
 #include <memory>
 #include <utility>
 
-/// The body behind one or more CDcmList handles. It owns the objects of its list.
+/// The body of one or more CDcmList handles. It owns the objects of its list.
 class VARNOTIX_EXPORT CDcmListBody : public CObject
 {
     DECLARE_DYNAMIC(CDcmListBody)
@@ -21,13 +21,13 @@ public:
     /// The object at an index, or null.
     CObject* At(int index) const { return index >= 0 && index < list.GetSize() ? list[index] : nullptr; }
 
-    /// Appends an object and takes it over, also when there is no memory for it.
+    /// Appends an object and takes it over, also when memory runs out.
     void Append(std::unique_ptr<CObject> object);
 
     /// Destroys all objects; handles of the body then see an empty list.
     void DestroyObjects();
 
-    /// Adds the objects that were left out of the list until somebody looks at it. Memory that ran out leaves them out.
+    /// Adds the objects that were left out of the list until its first access. Those for which memory runs out stay out.
     virtual void Fill();
 
 private:

@@ -26,7 +26,7 @@ public:
     CElementBlocks& operator=(const CElementBlocks&) = delete;
     ~CElementBlocks() { LeaveBlock(); }
 
-    /// Makes an object from the arguments of a constructor. Throws std::bad_alloc when there is no memory.
+    /// Makes an object from the arguments of a constructor. Throws std::bad_alloc when memory runs out.
     template <class OBJECT, class... ARGUMENTS>
     std::unique_ptr<OBJECT> Make(ARGUMENTS&&... arguments)
     {

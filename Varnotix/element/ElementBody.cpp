@@ -159,7 +159,7 @@ CDcmElement& CElementBody::AddRead(CElementBlocks& blocks, const SHeader& header
 
 int CElementBody::IndexOf(const CDcmElement* element) const
 {
-    // The pointer alone is looked for: an element that is not in the list may be gone.
+    // Compare addresses only: an element that is not in the list may already be destroyed.
     const auto found = std::find(list.begin(), list.end(), element);
     return found == list.end() ? -1 : static_cast<int>(found - list.begin());
 }

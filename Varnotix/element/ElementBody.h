@@ -1,4 +1,4 @@
-/// The body behind element sets: the elements, a way to find them by tag, and the shape that a module gave it.
+/// The body of element sets: the elements, a way to find them by tag, and the shape that a module gave it.
 #pragma once
 
 #include "Varnotix/element/DcmElement.h"
@@ -32,7 +32,7 @@ inline int ItemOf(const CDcmElement& element)
 class CElementBlocks;
 class CElementBody;
 
-/// One count of a body. It can be moved, so that bodies hold it in arrays.
+/// A movable counted reference to a body.
 class CBodyHandle
 {
 public:
@@ -53,10 +53,10 @@ private:
 /// Elements in list order, found by tag.
 ///
 /// Streams and modules fill sets in tag order nearly always, and then a binary search over the list itself answers.
-/// A set that is out of order gets an index of the first element of each tag once somebody searches it.
+/// A set that is out of order gets an index of the first element of each tag on its first search.
 ///
-/// A body with a shape is unfilled at first: elements of the shape that nobody gave a value are left out of its list.
-/// They are added when somebody looks at the list; most of most modules' are never looked at.
+/// A body with a shape is unfilled at first: elements of the shape without a value are left out of its list.
+/// They are created on first access; most are never accessed.
 class CElementBody : public CDcmListBody, public CBlockObject
 {
 public:
@@ -74,7 +74,7 @@ public:
     /// The first element of the tag in list order, or null.
     CDcmElement* Find(DWORD tag) const;
 
-    /// Appends an element and takes it over, also when there is no memory for it.
+    /// Appends an element and takes it over, also when memory runs out.
     CDcmElement& AddElement(std::unique_ptr<CDcmElement> element);
 
     /// What a decoder knows of an element before it reads the value.
@@ -155,9 +155,9 @@ public:
 
     // What a module or sequence class declared for this body.
 
-    /// Takes the shape of a class for an empty body; its elements are made when somebody looks at the list.
+    /// Takes the shape of a class for an empty body; its elements are created on first access.
     void TakeShape(const CElementShape& shape);
-    /// A shape of this body alone, which can be added to.
+    /// A shape of this body only, which can be added to.
     CElementShape& OwnShape();
     bool IsShaped() const { return m_shape != nullptr; }
     void ForgetShape();

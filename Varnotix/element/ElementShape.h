@@ -7,8 +7,8 @@
 
 /// The tags that a class declares, in order of declaration, and the elements that these make, in tag order.
 ///
-/// An object's set refers to the shape of its class, which must outlive it, and makes the elements when somebody first
-/// looks at them: most sequences of most modules are never looked at.
+/// An object's set refers to the shape of its class, which must outlive it, and creates the elements on first access:
+/// most sequences of most modules are never accessed.
 class VARNOTIX_EXPORT CElementShape
 {
 public:
@@ -32,7 +32,7 @@ public:
     const std::vector<DWORD>& Sequences() const { return m_sequences; }
     /// All elements, in tag order.
     const std::vector<SElement>& Elements() const { return m_elements; }
-    /// True when each element counts as empty as long as nobody gives it a value (see CDcmElement::IsEmptyValue).
+    /// True when each element counts as empty as long as it is given no value (see CDcmElement::IsEmptyValue).
     bool BeginsEmpty() const { return m_beginsEmpty; }
     /// False when the dictionary has learned or forgotten a private tag of the shape since it was made: objects that
     /// are made from then on need another shape.

@@ -21,7 +21,7 @@ public:
     int Count() const { return m_count; }
     /// Appends an item.
     void Add(bool undefinedLength);
-    /// Whether an item's length is undefined; false for a number that is no item's.
+    /// Whether an item's length is undefined; false for a number without an item.
     bool IsUndefined(int item) const;
     void Remove(int item);
 

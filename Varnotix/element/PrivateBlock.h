@@ -10,7 +10,7 @@ namespace Varnotix
 
 /// The private creator (gggg,00bb) that reserves the block of a private element (gggg,bbee) (PS3.5 section 7.8.1).
 /// @param item the item of the set in which the element is; 0 for a set without items.
-/// @return without blanks at its ends; empty for an element that is not private or whose block nobody reserved.
+/// @return without blanks at its ends; empty for an element that is not private or whose block is not reserved.
 VARNOTIX_EXPORT CString PrivateCreatorOf(const CDcmElementSet& set, int item, DWORD tag);
 
 /// The tag (gggg,bbee) of a private element in the first block that a creator reserved.

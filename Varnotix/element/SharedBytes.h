@@ -49,11 +49,11 @@ public:
     }
     ~CSharedBytes() { LeaveBlock(); }
 
-    /// A copy of the bytes; of more than a few, in a new block. Throws CMemoryException when there is no memory.
+    /// A copy of the bytes; of more than a few, in a new block. Throws CMemoryException when memory runs out.
     static CSharedBytes Copy(const BYTE* data, std::size_t size);
 
     /// A new block whose bytes the caller fills through the returned pointer before sharing it further.
-    /// Throws CMemoryException when there is no memory, and for a size beyond 2^31-1.
+    /// Throws CMemoryException when memory runs out, and for a size beyond 2^31-1.
     static CSharedBytes Allocate(std::size_t size, BYTE*& bytes);
 
     /// A view of part of this view. The range must lie inside it.

@@ -41,7 +41,7 @@ bool ReadWhole(const CString& path, CByteArray& bytes)
     try
     {
         CFile file(path, CFile::modeRead);
-        // Tables are read while the library is loaded, where nobody could catch an exception.
+        // Tables are read while the library is loaded, where no caller could catch an exception.
         if (file.GetLength() > kLargestFile)
         {
             return false;
