@@ -29,7 +29,7 @@ auto FindVr(const ROWS& rows, int vr)
 int VrOf(const CDcmElement& element)
 {
     const CDcmEntry* entry = element.HasVr(VR_UN) ? CDcmRegistry::Global().LookUpPublicTag(element.Tag()) : nullptr;
-    return entry != nullptr ? entry->vr : element.Vr();
+    return entry != nullptr ? static_cast<int>(entry->vr) : element.Vr();
 }
 
 bool HoldsWords(const CDcmElement& element)
