@@ -30,6 +30,18 @@ function(varnotix_executable target)
     endif()
 endfunction()
 
+# On Windows, gives a program the code page UTF-8, so that its arguments and file names can hold any character, as
+# elsewhere.
+function(varnotix_utf8 target)
+    set(folder ${PROJECT_SOURCE_DIR}/tools/varnotix/windows)
+    if(MSVC)
+        target_sources(${target} PRIVATE ${folder}/varnotix.manifest)
+    elseif(WIN32)
+        enable_language(RC)
+        target_sources(${target} PRIVATE ${folder}/varnotix.rc)
+    endif()
+endfunction()
+
 # Puts copies of the data files into a folder, renewed whenever the originals change.
 function(varnotix_copy_data folder)
     file(GLOB files CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/data/*.txt)

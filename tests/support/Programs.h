@@ -36,13 +36,30 @@ inline std::string ReadOutput()
     return text;
 }
 
+/// Arguments that are quoted for a POSIX shell, as the shell of Windows takes them.
+inline std::string QuotedForWindows(const std::string& arguments)
+{
+    std::string quoted;
+    char quote = 0;
+    for (const char c : arguments)
+    {
+        const bool isQuote = quote == 0 ? c == '\'' || c == '"' : c == quote;
+        if (isQuote)
+        {
+            quote = quote == 0 ? c : '\0';
+        }
+        quoted += isQuote ? "\"" : quote == 0 && c == '^' ? "^^" : c == '"' ? "\\\"" : std::string(1, c);
+    }
+    return quoted;
+}
+
 /// The status of a program that is run with its standard output in a file or device and its errors in err.txt.
 /// @param limit a command of the shell, to run before: "ulimit -f 8".
 inline int StatusOf(const std::string& program, const std::string& arguments, const std::string& out = "out.txt",
                     const std::string& limit = "")
 {
     std::string command = limit + (limit.empty() ? "\"" : " && \"") + (FolderOf("VARNOTIX_BIN") / program).string() +
-                          "\" " + arguments + " >" + out + " 2>err.txt";
+                          "\" " + (kIsWindows ? QuotedForWindows(arguments) : arguments) + " >" + out + " 2>err.txt";
     if (kIsWindows)
     {
         command = "\"" + command + "\""; // The shell there takes off the outermost quotes.

@@ -7,14 +7,6 @@ using namespace std::string_literals;
 class Set : public ToolTest
 {
 protected:
-    void SetUp() override
-    {
-        if (kIsWindows)
-        {
-            GTEST_SKIP() << "the arguments are quoted for a POSIX shell";
-        }
-    }
-
     static std::string Reference(const std::string& uid) { return Item(Explicit(0x00081155, "UI", PaddedUid(uid))); }
 
     /// An object with a sequence of two items, a private block, and an image.

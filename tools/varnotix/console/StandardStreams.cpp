@@ -10,6 +10,7 @@
 #if defined(_WIN32)
 #include <fcntl.h>
 #include <io.h>
+#include <windows.h>
 #endif
 
 namespace
@@ -48,6 +49,7 @@ void PrepareStandardStreams()
     // Text mode would translate line ends, which breaks objects and makes documents differ between systems.
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
+    SetConsoleOutputCP(CP_UTF8);
 #endif
 #if defined(SIGPIPE)
     std::signal(SIGPIPE, SIG_IGN);
