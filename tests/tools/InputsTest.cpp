@@ -136,6 +136,9 @@ TEST_F(Inputs, PipesAndDevicesAreInputsAndOutputs)
     ASSERT_EQ(std::system("while kill -0 $(cat reader) 2>/dev/null; do sleep 0.01; done"), 0);
     EXPECT_EQ(Read("copy.dcm"), Read("in.dcm"));
     Expect(0, "convert in.dcm /dev/null");
+    Write("both.dcm", "before");
+    EXPECT_EQ(std::system("\"$VARNOTIX_BIN\"/varnotix convert in.dcm /dev/stdout >>both.dcm"), 0);
+    EXPECT_EQ(Read("both.dcm"), "before" + Read("in.dcm"));
     Expect(20, "dump /dev/null", "/dev/null: not DICOM: it is empty");
 }
 

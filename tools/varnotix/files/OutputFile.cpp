@@ -36,7 +36,12 @@ CWriteFailure WriteFailureOf(const CFileException& failure, const CString& shown
 
 COutputFile::COutputFile(const CString& path) : m_path(path), m_shown(path)
 {
-    if (path == "-")
+    if (path == "/dev/stdout" || path == "/dev/fd/1")
+    {
+        // Where it leads to a file, that holds what was written before and must not be replaced.
+        m_path = "-";
+    }
+    if (m_path == "-")
     {
         m_file = std::make_unique<CMemFile>();
         return;
