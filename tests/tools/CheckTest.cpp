@@ -64,6 +64,7 @@ TEST_F(Check, FindsNothingInAGoodFileAndEachFaultOfABadOne)
          "ReferencedImageSequence[1].ReferencedSOPInstanceUID (0008,1155): missing, but type 1 in the module General "
          "Image"},
         {Explicit(0x00080020, "DA", "20260131"), Explicit(0x00080020, "DA", "20260231"), "StudyDate (0008,0020): "},
+        {"ISO_IR 100", "ISO_IR 999", "SpecificCharacterSet (0008,0005): there is no character set ISO_IR 999"},
         {"1.2.5", "9.2.5", "SeriesInstanceUID (0020,000E): '9.2.5' is not a UID: it has no registered root"},
         {"1.2.5", "1.2.4", "SeriesInstanceUID (0020,000E): the same UID as StudyInstanceUID (0020,000D)"},
         {Explicit(0x00080018, "UI", PaddedUid("1.2.3")), Explicit(0x00080018, "UI", PaddedUid("1.2.7")),

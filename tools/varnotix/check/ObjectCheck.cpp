@@ -56,6 +56,17 @@ void CheckVr(const SWalkPlace& place, CFindings& findings)
     }
 }
 
+/// @param characters of the data set that the element is in.
+void CheckCharacterSet(const SWalkPlace& place, const CCharacterSet& characters, CFindings& findings)
+{
+    constexpr DWORD kSpecificCharacterSet = 0x00080005;
+    if (place.element.Tag() == kSpecificCharacterSet && !characters.UnknownTerm().empty())
+    {
+        findings.Error(ShownPath(place.path),
+                       "there is no character set " + CString(std::string_view(characters.UnknownTerm())));
+    }
+}
+
 /// A UID names one thing (PS3.5 section 9), so an object's own UIDs differ.
 void CheckOwnUids(const CDcmElementSet& set, CFindings& findings)
 {
@@ -86,6 +97,7 @@ void CheckElements(CDcmElementSet& set, CFindings& findings)
                                const CCharacterSet& characters = walked.Here();
                                CheckTag(place, findings);
                                CheckVr(place, findings);
+                               CheckCharacterSet(place, characters, findings);
                                if (place.element.Items() == nullptr && !place.element.IsPixelData())
                                {
                                    for (const SValueFault& fault : CheckValue(place.element, characters))
