@@ -2,7 +2,8 @@
 
 #include "deid/KeyedHash.h"
 
-// clang-format off: the second header needs the types of the first.
+// The second header needs the types of the first.
+// clang-format off
 #include <windows.h>
 #include <bcrypt.h>
 // clang-format on
