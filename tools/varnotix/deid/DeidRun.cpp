@@ -158,7 +158,10 @@ int CDeidRun::Write(CDcmIOD& object, SDeidOutcome& outcome, const CReport& repor
         const CString folder = FolderNameOf(path);
         if (m_folders.insert(std::string(folder.View())).second)
         {
-            MakeFolder(folder);
+            if (const CString fault = MakeFolder(folder); !fault.IsEmpty())
+            {
+                throw CWriteFailure(std::string(fault.View()));
+            }
         }
     }
     COutputFile target(path);

@@ -32,13 +32,17 @@ bool IsFolderPath(const CString& path)
 
 bool LeadsInto(const CString& path, const CString& folder)
 {
-    std::error_code error;
-    const fs::path outer = fs::weakly_canonical(std::string(folder.CText()), error);
-    // Of a path that cannot be followed, its text decides.
-    const fs::path inner = error ? fs::path() : fs::weakly_canonical(std::string(path.CText()), error);
-    const fs::path below = error ? fs::path(std::string(path.CText())).lexically_relative(std::string(folder.CText()))
-                                 : inner.lexically_relative(outer);
-    return !below.empty() && *below.begin() != "..";
+    // A path none of which exists would stay relative.
+    const auto followed = [](const CString& of) { return fs::weakly_canonical(fs::absolute(std::string(of.CText()))); };
+    try
+    {
+        const fs::path below = followed(path).lexically_relative(followed(folder));
+        return !below.empty() && *below.begin() != "..";
+    }
+    catch (const fs::filesystem_error&)
+    {
+        return false;
+    }
 }
 
 CString MakeFolder(const CString& path)

@@ -6,7 +6,7 @@
 /// True for an existing folder, and for a path that ends with a separator.
 bool IsFolderPath(const CString& path);
 
-/// True when a path leads into a folder, at any depth; neither needs to exist.
+/// True when a path leads into a folder, at any depth; neither needs to exist. False for paths that cannot be followed.
 bool LeadsInto(const CString& path, const CString& folder);
 
 /// Creates a folder and its parents.
