@@ -219,6 +219,10 @@ TEST_F(Deidentify, WhatAPersonHasToReadGivesAStatus)
     const std::string profile = Explicit(0x00282000, "OB", std::string(70000, 'x') + " 4711");
     Output(File({}, url + model + label + profile + Explicit(0x00101001, "PN", name)), "", 10);
     EXPECT_TRUE(Holds(m_run.err, "object: ManufacturerModelName RetrieveURL SoftwareVersions ICCProfile"));
+    Output(File({}, Explicit(0x00080080, "LO", "Doe's Clinic")), "--retain-institution", 10);
+    EXPECT_TRUE(Holds(m_run.err, "object: InstitutionName"));
+    Output(File({}, Explicit(0x60003000, "OW", "ab") + Explicit(0x60001500, "LO", "Jane")), "--clean-graphics", 10);
+    EXPECT_EQ(At(m_output, "60001500"), "****");
     // So are kept documents and the comments of compressed frames.
     Output(File({.sopClass = kDocument}, Explicit(0x00420011, "OB", "<name>Jane</name> ")), "--accept-pixels", 10);
     EXPECT_TRUE(Holds(m_run.err, "EncapsulatedDocument"));

@@ -316,7 +316,9 @@ EWalk CDeidentifier::Leave(const SPlace& place)
         return Set(EDeidDone::Replaced, DummyText(place.element), place);
     }
     const CDcmElement& element = place.element;
-    if (m_cleanDepth != 0 && HoldsWords(element) && (!IsCode(element) || m_known.AreIn(element, m_characters)))
+    // Labels of overlays belong to what is cleaned with them.
+    const bool isCleaned = m_cleanDepth != 0 || element.Group() >> 8 == kOverlayGroups;
+    if (isCleaned && HoldsWords(element) && (!IsCode(element) || m_known.AreIn(element, m_characters)))
     {
         return Clean(place);
     }

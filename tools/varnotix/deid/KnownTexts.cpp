@@ -76,10 +76,11 @@ std::vector<std::pair<CString, int>> CKnownTexts::FindLeft(CDcmElementSet& store
     {
         characters.Reach(place);
         const CDcmElement& element = place.element;
-        const bool isListed = Varnotix::ProfileAction(element.Tag(), options) != Varnotix::EProfileAction::None;
+        const Varnotix::EProfileAction action = Varnotix::ProfileAction(element.Tag(), options);
+        const bool isLeftAsIs = action == Varnotix::EProfileAction::None || action == Varnotix::EProfileAction::Keep;
         const bool isText = HoldsWords(element) || element.HasVr(VR_UN) || element.HasVr(VR_OB);
         const bool stays =
-            !isListed || Varnotix::Tag::IsPrivate(element.Tag()) || element.Tag() == kEncapsulatedDocument;
+            isLeftAsIs || Varnotix::Tag::IsPrivate(element.Tag()) || element.Tag() == kEncapsulatedDocument;
         const CDcmFrameList* frames = element.Frames();
         const bool isLeft = frames != nullptr
                                 ? AreInComments(*frames)

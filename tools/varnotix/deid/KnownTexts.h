@@ -17,8 +17,8 @@ public:
     /// @param options values of EProfileOption.
     void Gather(CDcmElementSet& store, unsigned options);
 
-    /// The attributes that the profile leaves as they are and that have one of them, and how often: texts, bytes, kept
-    /// documents, and comments of compressed frames. Attributes in all items of a sequence are one.
+    /// The attributes that the profile or an option leaves as they are and that have one of them, and how often: texts,
+    /// bytes, kept documents, and comments of compressed frames. Attributes in all items of a sequence are one.
     std::vector<std::pair<CString, int>> FindLeft(CDcmElementSet& store, unsigned options) const;
 
     /// True when a value has one of them as a word, in either case, as bytes or by its character set.
