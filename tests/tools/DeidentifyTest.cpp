@@ -194,12 +194,12 @@ TEST_F(Deidentify, WhatAPersonHasToReadGivesAStatus)
     // Case does not matter beyond ASCII either, nor that codes of two bytes have backslashes and separators in them.
     const std::string latin = Explicit(0x00080005, "CS", "ISO_IR 100") + Explicit(0x00101001, "PN", "M\xDCLLER^J");
     Output(File({}, latin + Explicit(0x0008103E, "LO", "Frau M\xFCller, M\xFCllerin")), "--clean-descriptors", 10);
-    EXPECT_EQ(At(m_output, "SeriesDescription"), "Frau *******, M\xFCllerin");
+    EXPECT_EQ(At(m_output, "SeriesDescription"), "Frau ******, M\xFCllerin");
     const std::string name87 = "\x1B$B@\\;3\x1B(B"; // Two kanji, with a backslash among their codes.
     const std::string japan =
         Explicit(0x00080005, "CS", "\\ISO 2022 IR 87 ") + Explicit(0x00101001, "PN", name87 + "^A ");
     Output(File({}, japan + Explicit(0x0008103E, "LO", "for" + name87)), "--clean-descriptors", 10);
-    EXPECT_EQ(At(m_output, "SeriesDescription"), "for******");
+    EXPECT_EQ(At(m_output, "SeriesDescription"), "for**");
     // The codes of content items keep their long numbers, which say what the items are.
     const std::string code = Explicit(0x00080100, "SH", "121071") + Explicit(0x00080104, "LO", "For Jane");
     const std::string content =

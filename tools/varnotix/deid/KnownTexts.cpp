@@ -194,12 +194,13 @@ std::string CKnownTexts::Cleaned(const CDcmElement& element, CWalkCharacters& ch
 
 std::string CKnownTexts::Cleaned(std::string_view text) const
 {
-    std::string cleaned(text);
+    std::string cleaned;
     const std::string folded = FoldCase(text);
     for (std::size_t place = 0; place < folded.size();)
     {
         const std::size_t size = MatchAt(folded, place);
-        cleaned.replace(place, size, size, '*');
+        // An asterisk for each character, so that the text does not grow beyond what its VR allows.
+        cleaned += size > 0 ? std::string(CountCharacters(text.substr(place, size)), '*') : std::string(1, text[place]);
         place += std::max<std::size_t>(size, 1);
     }
     StarNumbersAndMail(cleaned);

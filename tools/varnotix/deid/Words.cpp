@@ -32,10 +32,15 @@ int SmallLetter(int code)
 {
     constexpr int kStep = 0x20;
     constexpr int kLongStep = 0x50;
+    constexpr int kFinalSigma = 0x3C2;
     const auto isIn = [code](int first, int last) { return code >= first && code <= last; };
     if ((isIn(0xC0, 0xDE) && code != 0xD7) || isIn(0x391, 0x3A9) || isIn(0x410, 0x42F))
     {
         return code + kStep;
+    }
+    if (code == kFinalSigma)
+    {
+        return code + 1;
     }
     if (isIn(0x400, 0x40F))
     {
@@ -95,6 +100,12 @@ std::string FoldCase(std::string_view text)
         ++i;
     }
     return folded;
+}
+
+std::size_t CountCharacters(std::string_view text)
+{
+    const auto trails = std::count_if(text.begin(), text.end(), IsTrail);
+    return std::max<std::size_t>(text.size() - static_cast<std::size_t>(trails), 1);
 }
 
 bool IsInsideWord(std::string_view text, std::size_t place)

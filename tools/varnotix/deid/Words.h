@@ -10,6 +10,9 @@ bool IsLetter(char character);
 /// The text with small letters in place of Latin, Greek and Cyrillic capitals. Its size stays.
 std::string FoldCase(std::string_view text);
 
+/// The number of characters of a text.
+std::size_t CountCharacters(std::string_view text);
+
 /// True for a place between two characters of one word. Scripts whose characters have three bytes or more have no
 /// blanks between words: every place is an end of a word there.
 bool IsInsideWord(std::string_view text, std::size_t place);
