@@ -254,6 +254,8 @@ TEST_F(Json, ReplacesLargeValuesByReferencesOrLeavesThemOut)
     // What comes from a pipe cannot be referred to.
     EXPECT_TRUE(
         Holds(Expect(0, "dump --json --inline 0 - <in.dcm").out, R"("7FE00010": {"vr": "OB", "InlineBinary": ")"));
+    Expect(1, "dump --meta in.dcm", "--meta, --inline and --no-bulk are for JSON");
+    Expect(1, "dump --json --inline -5 in.dcm", "--inline: ");
 }
 
 TEST_F(Json, BuildNamesWhatIsWrongWithADocument)

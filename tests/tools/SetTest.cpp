@@ -147,6 +147,15 @@ TEST_F(Set, KeepsTheObjectInOnePiece)
     Expect(0, "set -r -j 3 . PatientID=2", "./in.dcm: 1 value changed", "./other.bak: 0 values changed, 1 attribute");
     EXPECT_EQ(Read("in.dcm.bak"), first);
 
+    // Meta information that names another instance stays, until the instance is set.
+    std::string mixed = original;
+    mixed[mixed.find("1.2.3.4")] = '2';
+    Write("in.dcm", mixed);
+    Expect(0, "set in.dcm PatientID=1", "differs from the data set: 2.2.3.4, 1.2.3.4");
+    EXPECT_EQ(TextsOf("in.dcm", {0x00020003}), "[2.2.3.4]");
+    Expect(0, "set in.dcm SOPInstanceUID=1.2.3.4", "1 value changed");
+    EXPECT_EQ(TextsOf("in.dcm", {0x00020003}), "[1.2.3.4]");
+
     // With --force the name of the character set is corrected, and the texts stay.
     Write("in.dcm", original);
     Expect(0, "set --force in.dcm 'SpecificCharacterSet=ISO_IR 192'");

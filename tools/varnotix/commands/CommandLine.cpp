@@ -160,7 +160,7 @@ void CVerb::Flag(const char* name, bool& value, const char* help)
 
 void CVerb::Number(const char* name, std::size_t& value, const char* help)
 {
-    m_verb.add_option(name, value, help)->capture_default_str();
+    m_verb.add_option(name, value, help)->check(CLI::NonNegativeNumber)->capture_default_str();
 }
 
 void CVerb::MessageFlags()

@@ -72,6 +72,11 @@ int Dump(const SDumpOptions& options, const CReport& report)
         return STATUS_UNREADABLE;
     }
     SJsonForm form = options.json;
+    if (!options.asJson && (form.hasMeta || form.leavesOutBulk || form.inlineLimit != SJsonForm().inlineLimit))
+    {
+        report.Error("--meta, --inline and --no-bulk are for JSON, and need --json");
+        return STATUS_USAGE;
+    }
     // One object is mostly read by people, many are read line by line.
     form.isIndented = options.inputs.names.size() == 1 && !options.inputs.entersFolders;
     const auto dump = [&](const SJob& job) { return options.asJson ? DumpJson(job, form) : DumpText(job); };

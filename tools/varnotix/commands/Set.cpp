@@ -162,6 +162,7 @@ int EditObject(const SSetOptions& options, const SJob& job, const CString& outpu
     }
     target.backup = options.backup && path != "-" ? BackupName(path) : CString();
     Rewrite(object, form, target, name, losses, job.report);
+    ReportMetaMismatch(object, name, job.report);
     job.report.Say(name + ": " + edit.Summary());
     return STATUS_DONE;
 }

@@ -59,6 +59,10 @@ void CObjectEdit::Assign(const SAssignment& assignment)
 {
     m_assignment = &assignment;
     m_element = nullptr;
+    if (assignment.path.Steps().size() == 1)
+    {
+        m_assigned.insert(assignment.path.Steps().front().tag);
+    }
     Follow(assignment.path);
 }
 
@@ -351,10 +355,12 @@ void CObjectEdit::UpdateFileMeta()
                                     std::pair(Tag::kMediaStorageSopInstanceUid, Tag::kSopInstanceUid)})
     {
         const CString uid = TextOf(m_store, tag);
-        if (m_store.Find(meta) != nullptr && !uid.IsEmpty() && !(TextOf(m_store, meta) == uid))
+        if (m_assigned.contains(tag) && m_store.Find(meta) != nullptr && !uid.IsEmpty() &&
+            !(TextOf(m_store, meta) == uid))
         {
             SetText(m_store, meta, uid.View(), '\0');
             m_details.push_back(KeywordOf(meta) + ": set, too");
+            m_changed += HasEdits() ? 0 : 1;
         }
     }
 }

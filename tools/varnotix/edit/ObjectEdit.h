@@ -7,6 +7,7 @@
 #include "object/ValueRules.h"
 
 #include <memory>
+#include <set>
 
 /// Deletes and sets elements of one object, and collects what it did and what it refuses.
 ///
@@ -28,7 +29,8 @@ public:
     /// Puts a copy of an element, with its items or frames, where the path leads.
     void Place(const Varnotix::CElementPath& path, const CDcmElement& element);
 
-    /// Makes the file meta information name the SOP class and instance that the data set was given. Call it last.
+    /// Makes the file meta information name the SOP class and instance that were set. What was not set may differ from
+    /// it, as before. Call it last.
     void UpdateFileMeta();
 
     const std::vector<CString>& Faults() const { return m_faults; }
@@ -62,6 +64,7 @@ private:
     const SAssignment* m_assignment = nullptr; // Null while an element is placed.
     const CDcmElement* m_element = nullptr;    // The one that is placed.
     CString m_path;                            // Of the edit that is being made, as messages show it.
+    std::set<DWORD> m_assigned;                // Tags of the object itself that were set.
     std::vector<CString> m_faults;
     std::vector<CString> m_details;
     int m_changed = 0;
