@@ -183,6 +183,20 @@ TEST_F(Build, CompressedSourcesKeepTheirTransferSyntax)
            "frames of different transfer syntaxes: " + kBaselineUid + ", " + kJpeg2000Uid);
 }
 
+TEST_F(Build, KeepsWhatALineSaysOfItsValue)
+{
+    const std::string lines = "0008,0119,UC,1,,[code,]\n0020,4000,LT,1,,[one, two,]\n0028,0120,SS,1,,[5,]\n";
+    const std::string code = Tag(0x00080119) + "UC" + LittleEndian(0, 2) + LittleEndian(4, 4) + "code";
+    const std::string rest = Explicit(0x00204000, "LT", "one, two") + Explicit(0x00280120, "SS", LittleEndian(5, 2));
+    Write("s.asl", kSmall + lines + "0040,0275,SQ,1,,[]\n#SEQUENCE_BEGIN\n" + lines + "#SEQUENCE_END\n");
+    EXPECT_EQ(Expect(0, "build s.asl -o out.dcm").err, "");
+    EXPECT_TRUE(HoldsInOrder(Read("out.dcm"), code, rest + Explicit(0x00400275, "SQ", Item(code + rest))));
+    // Other VRs of lines are not followed, and what a command has set stays.
+    Write("s.asl", kSmall + "0020,4000,LO,1,,[a,]\n0010,0020,LO,1,,[Doe, J,]\n#ANONYMIZE_55=1,X\n");
+    Expect(0, "build s.asl -o out.dcm", "s.asl:4: the dictionary gives the tag another VR");
+    EXPECT_EQ(TextsOf("out.dcm", {0x00100020}), "[X]");
+}
+
 TEST_F(Build, APictureSaysHowItIsStored)
 {
     // A frame of three components, the first with the given sampling factors.

@@ -10,6 +10,7 @@
 #include "rewrite/NewObject.h"
 #include "rewrite/RawValue.h"
 #include "script/GroupCommands.h"
+#include "script/LineValues.h"
 #include "script/ScriptObject.h"
 #include "script/ScriptTree.h"
 
@@ -73,6 +74,19 @@ bool HasNoValue(const CDcmElementSet& store, DWORD tag)
     return element == nullptr || element->IsEmptyValue();
 }
 
+/// Whether the element of a line has the VR that the line names.
+/// @param around the lines, matched with the object.
+bool HasItsVr(const SScriptLine& around, int line)
+{
+    return std::any_of(around.inner.begin(), around.inner.end(),
+                       [&](const SScriptLine& one)
+                       {
+                           const bool isIt = one.line == line && one.element != nullptr;
+                           return (isIt && Varnotix::TrimBlanks(one.parts.vr) == one.element->VrLetters()) ||
+                                  HasItsVr(one, line);
+                       });
+}
+
 /// Builds one object.
 class CBuilder
 {
@@ -111,6 +125,10 @@ int CBuilder::Write()
     object.StreamRules(ChosenStreamRules());
     const bool hasArguments = CheckCommandArguments(m_script, m_name, m_report);
     const bool hasSources = BuildObject(m_script, m_lines, object, m_name, m_report);
+    if (object.StreamRules() == STREAM_RULES_STANDARD)
+    {
+        RestoreLines(CScriptTree(m_lines, object.ElementStore(), object.StreamRules()).Root(), object.ElementStore());
+    }
     const bool isWhole = CheckLines(object) && hasArguments && hasSources;
     if (!isWhole && !m_wanted.force)
     {
@@ -171,11 +189,16 @@ bool CBuilder::CheckLines(const CDcmIOD& object) const
             faults.push_back({line.line, TagAndName(line.tag) + " needs a value (type 1)"});
         }
     }
+    const CScriptTree placed(m_lines, object.ElementStore(), m_script.StreamRules());
     for (const SScriptNote& note : m_script.Notes())
     {
+        if (note.kind == SCRIPT_OTHER_VR && HasItsVr(placed.Root(), note.line))
+        {
+            continue;
+        }
         if (note.kind == SCRIPT_OTHER_VR)
         {
-            m_report.Detail(ScriptPlace(m_name, note.line) + ": " + Varnotix::ScriptNoteText(note.kind));
+            m_report.Say(ScriptPlace(m_name, note.line) + ": " + Varnotix::ScriptNoteText(note.kind));
         }
         else if (note.kind != SCRIPT_NOT_IMPORTED || !replaced.contains(note.line))
         {

@@ -1,6 +1,7 @@
 #include "script/ScriptMerge.h"
 
 #include "rewrite/RawValue.h"
+#include "script/LineValues.h"
 
 #include <algorithm>
 
@@ -9,16 +10,6 @@ namespace
 
 // A longer value of bytes is printed as its length.
 constexpr std::size_t kLongestPrintedBytes = 5000;
-
-int CountValues(std::string_view list)
-{
-    int count = 0;
-    for (std::string_view value; Varnotix::NextAslValue(list, value);)
-    {
-        ++count;
-    }
-    return count;
-}
 
 bool IsByte(std::string_view text)
 {
@@ -46,27 +37,6 @@ bool HasComma(const CDcmElement& element)
     const CStringArray* texts = element.Texts();
     return texts != nullptr &&
            std::any_of(texts->begin(), texts->end(), [](const CString& text) { return text.Find(',') >= 0; });
-}
-
-/// True when all of a list is one value: of an attribute that takes one text, in which commas are part of the text.
-bool IsSingleText(const CDcmElement& shape)
-{
-    const bool isLong = shape.HasVr(VR_LT) || shape.HasVr(VR_ST) || shape.HasVr(VR_UT);
-    return Varnotix::VrKind(shape.Vr()) == EVrKind::Text && (shape.Vm() == 1 || isLong) && !shape.HasVr(VR_UI);
-}
-
-/// The one text of a list. The comma after it is not a part of it.
-CDcmElement WithSingleText(const CDcmElement& shape, std::string_view list)
-{
-    list = Varnotix::TrimBlanks(list);
-    std::string text(list.substr(0, list.size() - (list.ends_with(',') ? 1 : 0)));
-    if (text.size() % 2 == 1)
-    {
-        text += ' ';
-    }
-    CDcmElement made(shape.Group(), shape.Element(), shape.Vr());
-    made.SetRawBytes(CSharedBytes::Copy(reinterpret_cast<const BYTE*>(text.data()), text.size()));
-    return made;
 }
 
 /// True when the lines of a sequence, and of those in it, are all the object's own. Some may be missing.
