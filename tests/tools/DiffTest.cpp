@@ -67,6 +67,11 @@ TEST_F(Diff, ShowsWhatDiffersByPath)
                              "  + 'J\xC3\xB6rg' (its bytes differ)\n", "PixelData (7FE0,0010)\n  - OB "));
 
     // The form of a file is no difference.
+    Write("odd.dcm", File(Explicit(0x7FE00010, "OB", "abc")));
+    Write("even.dcm", File(Explicit(0x7FE00010, "OB", "abc\0"s)));
+    Expect(0, "diff odd.dcm even.dcm");
+    Write("even.dcm", File(Explicit(0x7FE00010, "OB", "abcd")));
+    Expect(10, "diff odd.dcm even.dcm");
     Expect(0, "convert -q -s implicit a.dcm implicit.dcm");
     Expect(0, "diff a.dcm implicit.dcm --ignore TransferSyntaxUID --ignore 0002");
 }

@@ -3,6 +3,7 @@
 #include "rewrite/SameValue.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -44,6 +45,15 @@ std::size_t CountDifferent(std::string_view left, std::string_view right)
     return different;
 }
 
+/// Takes off the byte that makes the length even where the other pixel data has an odd length.
+void RemovePadding(std::vector<std::string_view>& frames, std::uint64_t size, std::uint64_t other)
+{
+    if (size % 2 == 0 && size == other + 1 && !frames.empty() && frames.back().ends_with('\0'))
+    {
+        frames.back().remove_suffix(1);
+    }
+}
+
 } // namespace
 
 CString CompareFrames(const CDcmFrameList& left, int leftCount, const CDcmFrameList& right, int rightCount)
@@ -54,8 +64,8 @@ CString CompareFrames(const CDcmFrameList& left, int leftCount, const CDcmFrameL
     {
         return isLeftPacked ? "encapsulated and native" : "native and encapsulated";
     }
-    const std::vector<std::string_view> leftFrames = FramesOf(left, leftCount);
-    const std::vector<std::string_view> rightFrames = FramesOf(right, rightCount);
+    std::vector<std::string_view> leftFrames = FramesOf(left, leftCount);
+    std::vector<std::string_view> rightFrames = FramesOf(right, rightCount);
     if (leftFrames.size() != rightFrames.size())
     {
         return Sizes("%llu and %llu frames", leftFrames.size(), rightFrames.size());
@@ -64,6 +74,8 @@ CString CompareFrames(const CDcmFrameList& left, int leftCount, const CDcmFrameL
     {
         return CString();
     }
+    RemovePadding(leftFrames, left.TotalSize(), right.TotalSize());
+    RemovePadding(rightFrames, right.TotalSize(), left.TotalSize());
     constexpr std::size_t kNamed = 4;
     CString list;
     std::size_t count = 0;
@@ -76,6 +88,10 @@ CString CompareFrames(const CDcmFrameList& left, int leftCount, const CDcmFrameL
             list += Sizes(count == 1 ? ": %llu" : ", %llu", i + 1) +
                     Sizes(" (%llu of %llu bytes)", different, std::max(leftFrames[i].size(), rightFrames[i].size()));
         }
+    }
+    if (count == 0)
+    {
+        return CString();
     }
     return Sizes(leftFrames.size() == 1 ? "%llu of %llu frame differs" : "%llu of %llu frames differ", count,
                  leftFrames.size()) +
