@@ -121,6 +121,8 @@ TEST_F(Set, RefusesWhatWouldNotBeAValueOrNotFit)
     {
         Expect(1, wrong);
     }
+    Expect(1, "set in.dcm -o \"\" PatientID=1", "--output: the name is empty");
+    Expect(40, "convert in.dcm \"\"", "an output without a name");
     Expect(0, "set in.dcm --force StudyDate=20260230 Rows=7 -o out.dcm");
     EXPECT_TRUE(Holds(Read("out.dcm"), "20260230"));
 }

@@ -102,7 +102,12 @@ auto TakeInto(std::vector<CString>& values)
 
 void CVerb::Text(const char* name, CString& value, const char* help, ENeed need)
 {
-    AddText(m_verb, name, value, help, need);
+    CLI::Option& option = AddText(m_verb, name, value, help, need);
+    if (option.check_lname("output"))
+    {
+        // A script may have no value in the variable that names it; set would edit in place then.
+        option.check([](const std::string& text) { return text.empty() ? "the name is empty" : ""; });
+    }
 }
 
 void CVerb::TextWithDefault(const char* name, CString& value, const char* help)

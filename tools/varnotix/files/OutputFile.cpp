@@ -36,6 +36,10 @@ CWriteFailure WriteFailureOf(const CFileException& failure, const CString& shown
 
 COutputFile::COutputFile(const CString& path) : m_path(path), m_shown(path)
 {
+    if (path.IsEmpty())
+    {
+        throw CWriteFailure("cannot write an output without a name");
+    }
     if (path == "/dev/stdout" || path == "/dev/fd/1")
     {
         // Where it leads to a file, that holds what was written before and must not be replaced.
