@@ -3,6 +3,8 @@
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/codec/OffsetTable.h"
 
+#include <string>
+
 using namespace Varnotix;
 
 namespace
@@ -63,9 +65,20 @@ CByteArray CFrameWriter::OffsetTable() const
 void CFrameWriter::WriteNative(COutputBuffer& out) const
 {
     const bool swapped = m_bigEndian && m_swapWidth > 1;
+    const bool isPadded = m_frames.TotalSize() % 2 == 1;
     for (int i = 0; i < m_frames.GetCount(); ++i)
     {
         const CDcmFrame& frame = *m_frames.GetFrame(i);
+        if (swapped && isPadded && i + 1 == m_frames.GetCount())
+        {
+            // The padding completes the last word, and changes places with its other byte.
+            const std::size_t whole = frame.Size() - frame.Size() % m_swapWidth;
+            std::string last(reinterpret_cast<const char*>(frame.Data()) + whole, frame.Size() - whole);
+            last += '\0';
+            PutSwapped(frame.Data(), whole, m_swapWidth, out);
+            PutSwapped(reinterpret_cast<const BYTE*>(last.data()), last.size(), m_swapWidth, out);
+            return;
+        }
         if (swapped)
         {
             PutSwapped(frame.Data(), frame.Size(), m_swapWidth, out);
@@ -75,7 +88,7 @@ void CFrameWriter::WriteNative(COutputBuffer& out) const
             out.Put(frame.Data(), frame.Size());
         }
     }
-    if (m_frames.TotalSize() % 2 == 1)
+    if (isPadded)
     {
         const BYTE pad = 0;
         out.Put(&pad, 1);

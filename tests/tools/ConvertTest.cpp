@@ -164,10 +164,12 @@ TEST_F(Convert, WritesNothingOfAFileThatEndsInAHeader)
 TEST_F(Convert, MakesOddNumbersEvenBeforeTheirBytesChangePlaces)
 {
     const std::string values("\1\2\3", 3);
-    Write("odd.dcm", Part10(kExplicitUid, Explicit(0x00280009, "US", values)));
+    const std::string pixels = Explicit(0x7FE00010, "OW", values);
+    Write("odd.dcm", Part10(kExplicitUid, Explicit(0x00280009, "US", values) + pixels));
     Expect(0, "convert -q -s big odd.dcm big.dcm");
     Expect(0, "convert -q -s explicit big.dcm even.dcm");
-    EXPECT_TRUE(Read("even.dcm").ends_with(Explicit(0x00280009, "US", values + '\0')));
+    EXPECT_TRUE(Read("even.dcm")
+                    .ends_with(Explicit(0x00280009, "US", values + '\0') + Explicit(0x7FE00010, "OW", values + '\0')));
 
     // A group length is a number whatever its header says.
     Write("length.dcm", Part10(kExplicitUid, Explicit(0x00280000, "TM", "1200") + Us(0x00280010, 1)));
