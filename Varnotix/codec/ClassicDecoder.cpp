@@ -101,23 +101,25 @@ std::optional<EParseFault> CClassicDecoder::Decode(CDcmElementSet& set)
     return m_fault;
 }
 
-bool CClassicDecoder::ReadTag(const BYTE* header, STag& tag)
+/// The entry of a tag that the dictionary file does not list: one that was learned, or is learned now.
+const CDcmEntry* CClassicDecoder::FindPrivateTag(const BYTE* header, DWORD tag)
 {
-    if (m_syntax != SYNTAX_IMPLICIT_LITTLE && m_syntax != SYNTAX_EXPLICIT_LITTLE && m_syntax != SYNTAX_EXPLICIT_BIG)
-    {
-        return Fail(PARSE_BAD_SYNTAX);
-    }
-    tag.group = Word(header, IsBigEndian());
-    tag.element = Word(header + 2, IsBigEndian());
-    tag.entry = CDcmRegistry::Global().LookUpPublicTag(Tag::Make(tag.group, tag.element));
-    if (tag.entry == nullptr)
-    {
-        tag.entry = m_privateTags.Find(tag.group, tag.element);
-    }
-    if (tag.entry == nullptr)
+    const CDcmEntry* entry = m_privateTags.Find(tag);
+    if (entry == nullptr)
     {
         const CString vrText = IsExplicit() ? CString(reinterpret_cast<const char*>(header + 4), 2) : CString();
-        tag.entry = m_privateTags.Learn(tag.group, tag.element, vrText);
+        entry = m_privateTags.Learn(tag, vrText);
+    }
+    return entry;
+}
+
+inline bool CClassicDecoder::ReadTag(const BYTE* header, STag& tag)
+{
+    tag.number = Tag::Make(Word(header, IsBigEndian()), Word(header + 2, IsBigEndian()));
+    tag.entry = m_dictionary.FindTag(tag.number);
+    if (tag.entry == nullptr)
+    {
+        tag.entry = FindPrivateTag(header, tag.number);
     }
     if (tag.entry == nullptr)
     {
@@ -136,24 +138,12 @@ bool CClassicDecoder::ReadTag(const BYTE* header, STag& tag)
     return true;
 }
 
-bool CClassicDecoder::ReadLength(bool shortForm, DWORD& length)
-{
-    const BYTE* bytes = m_cursor.Take(shortForm ? 2 : 4);
-    if (bytes == nullptr)
-    {
-        return Fail(PARSE_SHORT_LENGTH);
-    }
-    length = shortForm ? Word(bytes, IsBigEndian()) : DoubleWord(bytes, IsBigEndian());
-    return true;
-}
-
 /// Item boundaries are not kept: all elements of all items go into the one set of the sequence element, and
 /// item lengths never bound the reading.
 bool CClassicDecoder::ReadDelimiter(const STag& tag, bool& levelEnds)
 {
-    const DWORD number = Tag::Make(tag.group, tag.element);
-    const bool isItem = number == Tag::kItem || number == Tag::kItemDelimitationItem;
-    if (!isItem && number != Tag::kSequenceDelimitationItem)
+    const bool isItem = tag.number == Tag::kItem || tag.number == Tag::kItemDelimitationItem;
+    if (!isItem && tag.number != Tag::kSequenceDelimitationItem)
     {
         return Fail(PARSE_NO_VR);
     }
@@ -162,7 +152,13 @@ bool CClassicDecoder::ReadDelimiter(const STag& tag, bool& levelEnds)
         return Fail(PARSE_ITEM_AT_TOP);
     }
     levelEnds = !isItem;
-    return ReadLength(false, m_itemLength);
+    const BYTE* length = m_cursor.Take(4);
+    if (length == nullptr)
+    {
+        return Fail(PARSE_SHORT_LENGTH);
+    }
+    m_itemLength = DoubleWord(length, IsBigEndian());
+    return true;
 }
 
 bool CClassicDecoder::DecodeLevel(CElementBody& elements, std::size_t limit, SItems& items)
@@ -185,7 +181,7 @@ bool CClassicDecoder::DecodeLevel(CElementBody& elements, std::size_t limit, SIt
             return false;
         }
         // The two bytes after the tag are the VR or the low half of a length; each form reads them itself.
-        m_cursor.Seek(m_cursor.Position() - 2);
+        m_cursor.Return(2);
         if (tag.vr > VR_NONE)
         {
             return Fail(PARSE_NO_VR);
@@ -203,7 +199,7 @@ bool CClassicDecoder::DecodeLevel(CElementBody& elements, std::size_t limit, SIt
             {
                 return false;
             }
-            if (tag.element == Tag::Element(Tag::kItem))
+            if (tag.number == Tag::kItem)
             {
                 elements.BeginItem(m_itemLength == kUndefinedLength);
                 items.oneEach = items.oneEach && (items.count == 0 || elements.list.GetCount() - beforeItem == 1);
@@ -220,33 +216,32 @@ bool CClassicDecoder::DecodeLevel(CElementBody& elements, std::size_t limit, SIt
     return true;
 }
 
-bool CClassicDecoder::DecodeElement(const STag& tag, CElementBody& elements, std::size_t levelStart)
+inline bool CClassicDecoder::DecodeElement(const STag& tag, CElementBody& elements, std::size_t levelStart)
 {
     const bool longForm = HasLongForm(tag.vr);
-    if (IsExplicit() && m_cursor.Take(longForm ? 4 : 2) == nullptr)
+    const BYTE* bytes = m_cursor.Take(IsExplicit() && longForm ? 8 : 4);
+    if (bytes == nullptr)
     {
         return Fail(PARSE_SHORT_LENGTH);
     }
-    DWORD length = 0;
-    if (!ReadLength(IsExplicit() && !longForm, length))
-    {
-        return false;
-    }
+    // Explicit syntaxes have the VR, and two zero bytes in the long form, before the length.
+    const DWORD length = !IsExplicit() ? DoubleWord(bytes, false)
+                         : longForm    ? DoubleWord(bytes + 4, IsBigEndian())
+                                       : Word(bytes + 2, IsBigEndian());
     if (tag.vr == VR_SQ)
     {
         return ReadSequence(tag, length, elements);
     }
-    if (longForm && Tag::Make(tag.group, tag.element) == Tag::kPixelData)
+    if (longForm && tag.number == Tag::kPixelData)
     {
         return ReadPixelData(tag, length, elements);
     }
     return ReadValue(tag, length, elements, levelStart);
 }
 
-CDcmElement& CClassicDecoder::AddElement(const STag& tag, int vr, CElementBody& elements, CSharedBytes&& value)
+inline CDcmElement& CClassicDecoder::AddElement(const STag& tag, int vr, CElementBody& elements, CSharedBytes&& value)
 {
-    return elements.AddRead(m_elements, {Tag::Make(tag.group, tag.element), vr, ELaterVr::None, tag.entry},
-                            std::move(value));
+    return elements.AddRead(m_elements, {tag.number, vr, ELaterVr::None, tag.entry}, std::move(value));
 }
 
 bool CClassicDecoder::ReadPixelData(const STag& tag, DWORD length, CElementBody& elements)
@@ -257,7 +252,7 @@ bool CClassicDecoder::ReadPixelData(const STag& tag, DWORD length, CElementBody&
 
 void CClassicDecoder::Note(EReadNote note, const STag& tag, DWORD count)
 {
-    m_result.notes.push_back({note, Tag::Make(tag.group, tag.element), static_cast<DWORD>(m_cursor.Position()), count});
+    m_result.notes.push_back({note, tag.number, static_cast<DWORD>(m_cursor.Position()), count});
 }
 
 /// A sequence always takes at least one element, when the stream holds one: its length is compared after each
@@ -274,9 +269,8 @@ bool CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CElementBody& 
     const std::size_t start = m_cursor.Position();
     // The dictionary may give the tag another VR, under which items cannot be kept.
     const bool isKept = element.Items() != nullptr;
-    std::optional<CElementBody> dropped;
     SItems items;
-    if (!DecodeLevel(isKept ? CElementBody::Of(*element.Items()) : dropped.emplace(), length, items))
+    if (!(isKept ? DecodeLevel(CElementBody::Of(*element.Items()), length, items) : DropLevel(length, items)))
     {
         return false;
     }
@@ -297,6 +291,26 @@ bool CClassicDecoder::ReadSequence(const STag& tag, DWORD length, CElementBody& 
     return true;
 }
 
+bool CClassicDecoder::DropLevel(DWORD length, SItems& items)
+{
+    CElementBody dropped;
+    return DecodeLevel(dropped, length, items);
+}
+
+/// The bytes of a value as little endian ones. The VR of the stream decides how they are swapped.
+inline CSharedBytes CClassicDecoder::ValueOf(const STag& tag, const BYTE* bytes, DWORD length)
+{
+    const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
+    if (width > 1)
+    {
+        BYTE* swapped = nullptr;
+        CSharedBytes value = CSharedBytes::Allocate(length, swapped);
+        CopySwapped(bytes, length, width, swapped);
+        return value;
+    }
+    return length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
+}
+
 bool CClassicDecoder::ReadValue(const STag& tag, DWORD length, CElementBody& elements, std::size_t levelStart)
 {
     if (length > m_cursor.Length())
@@ -309,24 +323,12 @@ bool CClassicDecoder::ReadValue(const STag& tag, DWORD length, CElementBody& ele
         return Fail(PARSE_SHORT_VALUE);
     }
     // The stream's VR chose the header form and the swapping; the value itself takes its VR from the dictionary.
-    CSharedBytes value;
-    const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
-    if (width > 1)
-    {
-        BYTE* swapped = nullptr;
-        value = CSharedBytes::Allocate(length, swapped);
-        CopySwapped(bytes, length, width, swapped);
-    }
-    else
-    {
-        value = length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
-    }
-    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements, std::move(value));
+    CDcmElement& element = AddElement(tag, static_cast<int>(tag.entry->vr), elements, ValueOf(tag, bytes, length));
     if (tag.vr != element.Vr())
     {
         Note(READ_VR_OF_DICTIONARY, tag, static_cast<DWORD>(tag.vr));
     }
-    if (tag.group == Tag::kMetaGroup && !HasLongForm(tag.vr))
+    if (Tag::Group(tag.number) == Tag::kMetaGroup && !HasLongForm(tag.vr))
     {
         NoteMetaElement(element, levelStart);
     }

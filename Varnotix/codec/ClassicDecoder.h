@@ -6,6 +6,7 @@
 #include "Varnotix/element/ElementBlocks.h"
 #include "Varnotix/element/ElementBody.h"
 #include "Varnotix/registry/PrivateTags.h"
+#include "Varnotix/registry/PublicDictionary.h"
 
 #include <optional>
 
@@ -32,8 +33,7 @@ public:
 private:
     struct STag
     {
-        int group;
-        int element;
+        DWORD number;
         int vr; // Of the stream or, in implicit syntax, of the dictionary.
         const CDcmEntry* entry;
     };
@@ -56,18 +56,21 @@ private:
     bool DecodeElement(const STag& tag, CElementBody& elements, std::size_t levelStart);
     bool ReadTag(const BYTE* header, STag& tag);
     bool ReadDelimiter(const STag& tag, bool& levelEnds);
-    bool ReadLength(bool shortForm, DWORD& length);
+    const CDcmEntry* FindPrivateTag(const BYTE* header, DWORD tag);
+    bool DropLevel(DWORD length, SItems& items);
     bool ReadSequence(const STag& tag, DWORD length, CElementBody& elements);
     bool ReadValue(const STag& tag, DWORD length, CElementBody& elements, std::size_t levelStart);
     bool ReadPixelData(const STag& tag, DWORD length, CElementBody& elements);
 
     void ReadStart();
     CDcmElement& AddElement(const STag& tag, int vr, CElementBody& elements, CSharedBytes&& value);
+    CSharedBytes ValueOf(const STag& tag, const BYTE* bytes, DWORD length);
     void Note(EReadNote note, const STag& tag, DWORD count);
     void NoteMetaElement(CDcmElement& element, std::size_t levelStart);
     void PassMetaEnd(std::size_t read);
 
     CStreamCursor& m_cursor;
+    const CEntryTable& m_dictionary = Varnotix::PublicDictionary();
     int m_syntax;
     int m_depth = 0;
     int m_namedSyntax = SYNTAX_UNKNOWN; // By the meta information.

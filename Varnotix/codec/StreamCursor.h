@@ -38,6 +38,9 @@ public:
         return bytes;
     }
 
+    /// Gives back some of the bytes that Take has returned last.
+    void Return(std::size_t size) { m_position -= size; }
+
     /// As many of the next bytes as the stream holds.
     void TakeUpTo(std::size_t size, CByteArray& bytes)
     {

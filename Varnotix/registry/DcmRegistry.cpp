@@ -6,6 +6,7 @@
 #include "Varnotix/registry/EntryTable.h"
 #include "Varnotix/registry/NameList.h"
 #include "Varnotix/registry/PrivateTags.h"
+#include "Varnotix/registry/PublicDictionary.h"
 #include "Varnotix/registry/Tag.h"
 
 #include <array>
@@ -257,7 +258,12 @@ void CDcmRegistry::ForgetPrivateEntries()
 
 const CDcmEntry* CDcmRegistry::LookUpPublicTag(DWORD tag) const
 {
-    return Shared().publicDictionary.FindTag(Varnotix::Tag::Group(tag), Varnotix::Tag::Element(tag));
+    return Varnotix::PublicDictionary().FindTag(tag);
+}
+
+const CEntryTable& Varnotix::PublicDictionary()
+{
+    return Shared().publicDictionary;
 }
 
 const CDcmEntry& CDcmRegistry::UnlistedEntry(int vr)

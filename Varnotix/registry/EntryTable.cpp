@@ -33,7 +33,7 @@ bool CEntryTable::CodeOfKey(std::string_view key, Code& code)
         return false;
     }
     const std::optional<DWORD> first = Tag::Parse(std::string(groupText.substr(0, 2)) + "00", elementText);
-    if (!first || !IsRepeatingGroup(Tag::Group(*first)))
+    if (!first || !IsRepeatingGroup(*first))
     {
         return false;
     }
@@ -101,6 +101,7 @@ const CDcmEntry* CEntryTable::Add(std::string_view key, const CDcmEntry& entry)
         }
         m_slots[SlotOf(code)] = SSlot{code, &entry};
         ++m_codedCount;
+        m_hasPrivateTags = m_hasPrivateTags || Tag::IsPrivate(static_cast<DWORD>(code));
     }
     else
     {
@@ -128,5 +129,6 @@ void CEntryTable::RemoveAll()
     m_owned.clear();
     m_slots.clear();
     m_codedCount = 0;
+    m_hasPrivateTags = false;
     m_otherKeys.clear();
 }

@@ -30,7 +30,13 @@ public:
     const CDcmEntry* Find(std::string_view key) const;
 
     /// The entry of a tag, or null. Tags of the groups 50xx and 60xx are found under their repeating group's key.
-    const CDcmEntry* FindTag(int group, int element) const { return FindCode(CodeOfTag(group, element)); }
+    const CDcmEntry* FindTag(DWORD tag) const
+    {
+        const Code code = CodeOfTag(tag);
+        // The public dictionary hardly ever lists private tags, and reads look there for each of them first.
+        return Varnotix::Tag::IsPrivate(tag) && code == tag && !m_hasPrivateTags ? nullptr : FindCode(code);
+    }
+    const CDcmEntry* FindTag(int group, int element) const { return FindTag(Varnotix::Tag::Make(group, element)); }
 
     /// Stores the entry unless the key has one: the first entry of a key is kept.
     /// @return the entry that the key has now.
@@ -62,17 +68,12 @@ private:
 
     static constexpr Code kRepeatingMark = Code{1} << 32U;
 
-    static bool IsRepeatingGroup(int group)
+    static bool IsRepeatingGroup(DWORD tag)
     {
-        const int family = group & 0xFF00;
-        return family == 0x5000 || family == 0x6000;
+        const DWORD family = tag & 0xFF000000U;
+        return family == 0x50000000U || family == 0x60000000U;
     }
-    static Code CodeOfTag(int group, int element)
-    {
-        using namespace Varnotix;
-        return IsRepeatingGroup(group) ? kRepeatingMark | Tag::Make(group & 0xFF00, element)
-                                       : Tag::Make(group, element);
-    }
+    static Code CodeOfTag(DWORD tag) { return IsRepeatingGroup(tag) ? kRepeatingMark | (tag & 0xFF00FFFFU) : tag; }
     static bool CodeOfKey(std::string_view key, Code& code);
     const CDcmEntry* FindCode(Code code) const { return m_slots.empty() ? nullptr : m_slots[SlotOf(code)].entry; }
     std::size_t SlotOf(Code code) const
@@ -80,11 +81,14 @@ private:
         const std::size_t mask = m_slots.size() - 1;
         // Neighbours are looked up one after the other, so eight of them have slots side by side.
         constexpr unsigned kNeighbourBits = 3;
+        // Past the other neighbours of a tag that has the slot, but not to the same place among the next eight: those
+        // of even numbers fill up first. All slots are tried, as the number is odd.
+        constexpr std::size_t kStep = (1U << kNeighbourBits) + 1;
         const Code place = HashNumber(code >> kNeighbourBits, m_spread) << kNeighbourBits;
         std::size_t slot = static_cast<std::size_t>(place | (code & ((1U << kNeighbourBits) - 1))) & mask;
         while (m_slots[slot].entry != nullptr && m_slots[slot].code != code)
         {
-            slot = (slot + 1) & mask;
+            slot = (slot + kStep) & mask;
         }
         return slot;
     }
@@ -95,5 +99,6 @@ private:
     std::vector<SSlot> m_slots;
     std::uint64_t m_spread = TagSpread();
     std::size_t m_codedCount = 0;
+    bool m_hasPrivateTags = false;
     std::unordered_map<std::string, const CDcmEntry*> m_otherKeys;
 };

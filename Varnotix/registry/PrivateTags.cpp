@@ -131,25 +131,25 @@ const CEntryTable& CReadTags::Known()
     return m_known->Tags();
 }
 
-const CDcmEntry* CReadTags::Find(int group, int element)
+const CDcmEntry* CReadTags::Find(DWORD tag)
 {
-    if (!Tag::IsPrivate(Tag::Make(group, element)))
+    if (!Tag::IsPrivate(tag))
     {
         return nullptr;
     }
-    const CDcmEntry* entry = Known().FindTag(group, element);
-    return entry != nullptr ? entry : m_learned.FindTag(group, element);
+    const CDcmEntry* entry = Known().FindTag(tag);
+    return entry != nullptr ? entry : m_learned.FindTag(tag);
 }
 
-const CDcmEntry* CReadTags::Learn(int group, int element, const CString& vr)
+const CDcmEntry* CReadTags::Learn(DWORD tag, const CString& vr)
 {
-    if (!Tag::IsPrivate(Tag::Make(group, element)))
+    if (!Tag::IsPrivate(tag))
     {
         return nullptr;
     }
     // Find does not know odd groups among 50xx and 60xx, which it takes for repeating ones. If an earlier read has
     // learned such a tag, its VR counts, as for every private tag.
-    const std::string key = CEntryTable::KeyOfTag(group, element);
+    const std::string key = CEntryTable::KeyOfTag(Tag::Group(tag), Tag::Element(tag));
     const CDcmEntry* entry = Known().Find(key);
     return entry != nullptr ? entry : m_learned.Add(key, CPrivateTags::Shared().Entry(vr, 1));
 }

@@ -89,10 +89,10 @@ class CReadTags
 {
 public:
     /// The entry of a tag; null for one that is not known, and for all tags of even groups.
-    const CDcmEntry* Find(int group, int element);
+    const CDcmEntry* Find(DWORD tag);
     /// The entry of a tag that Find does not know, which is learned. Null for even groups.
     /// @param vr VR text; one that names no VR is OB.
-    const CDcmEntry* Learn(int group, int element, const CString& vr);
+    const CDcmEntry* Learn(DWORD tag, const CString& vr);
     /// Adds what was learned to the dictionary that all reads share.
     void Keep();
 
