@@ -3,6 +3,7 @@
 
 #include "Varnotix/element/DcmElement.h"
 #include "Varnotix/platform/Archive.h"
+#include "Varnotix/platform/ShortCopy.h"
 
 #include <array>
 #include <cstdint>
@@ -20,7 +21,12 @@ public:
         {
             PutLarge(bytes, size);
         }
-        else if (size > 0)
+        else if (size <= Varnotix::kLongestShortCopy)
+        {
+            Varnotix::CopyShort(static_cast<const BYTE*>(bytes), size, m_bytes.data() + m_used);
+            m_used += size;
+        }
+        else
         {
             std::memcpy(m_bytes.data() + m_used, bytes, size);
             m_used += size;

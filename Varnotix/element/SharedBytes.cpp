@@ -44,17 +44,6 @@ CSharedBytes CSharedBytes::Allocate(std::size_t size, BYTE*& bytes)
     return {block, bytes, size};
 }
 
-CSharedBytes CSharedBytes::Own(const BYTE* data, std::size_t size)
-{
-    CSharedBytes result;
-    if (size > 0)
-    {
-        std::memcpy(result.m_place.own, data, size);
-        result.m_size = static_cast<DWORD>(size);
-    }
-    return result;
-}
-
 CSharedBytes CSharedBytes::Copy(const BYTE* data, std::size_t size)
 {
     if (size <= kMostOwn)
@@ -89,12 +78,8 @@ bool CSharedBytes::SameBytes(const CSharedBytes& other) const
     return m_size == other.m_size && (Data() == other.Data() || std::memcmp(Data(), other.Data(), m_size) == 0);
 }
 
-CSharedBytes CByteChunks::Store(const BYTE* data, std::size_t size)
+CSharedBytes CByteChunks::StoreInChunk(const BYTE* data, std::size_t size)
 {
-    if (size <= CSharedBytes::kMostOwn)
-    {
-        return CSharedBytes::Own(data, size);
-    }
     if (size >= kLargeValue)
     {
         return CSharedBytes::Copy(data, size);

@@ -4,6 +4,7 @@
 #include "Varnotix/platform/Arrays.h"
 #include "Varnotix/platform/Export.h"
 #include "Varnotix/platform/RefCount.h"
+#include "Varnotix/platform/ShortCopy.h"
 #include "Varnotix/platform/Types.h"
 
 #include <cstddef>
@@ -109,7 +110,14 @@ private:
     }
     /// Bytes of its own.
     /// @param size at most kMostOwn.
-    static CSharedBytes Own(const BYTE* data, std::size_t size);
+    static CSharedBytes Own(const BYTE* data, std::size_t size)
+    {
+        static_assert(kMostOwn <= Varnotix::kLongestShortCopy);
+        CSharedBytes result;
+        Varnotix::CopyShort(data, size, result.m_place.own);
+        result.m_size = static_cast<DWORD>(size);
+        return result;
+    }
 
     static SBlock* NewBlock(std::size_t size, std::size_t views);
     static BYTE* BytesOf(SBlock* block) { return reinterpret_cast<BYTE*>(block) + sizeof(SBlock); }
@@ -151,9 +159,13 @@ public:
 
     /// A shared copy of the bytes. Small values share a chunk; a large one gets a block of its own, so that an
     /// element that is kept for long does not keep much else alive.
-    CSharedBytes Store(const BYTE* data, std::size_t size);
+    CSharedBytes Store(const BYTE* data, std::size_t size)
+    {
+        return size <= CSharedBytes::kMostOwn ? CSharedBytes::Own(data, size) : StoreInChunk(data, size);
+    }
 
 private:
+    CSharedBytes StoreInChunk(const BYTE* data, std::size_t size);
     void LeaveChunk();
 
     // Counting each view when it is made would cost a locked instruction per value: a chunk counts as many as it can
