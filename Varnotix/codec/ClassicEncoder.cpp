@@ -15,148 +15,152 @@ namespace
 
 constexpr int kGroupLength = 0x0000;
 
-/// A group of a sorted set, with the encoded size of its elements.
-struct SGroup
+/// How a set is prepared.
+struct SPreparation
 {
-    int group;
-    DWORD size;
+    int syntax;
+    bool groupLengths; // Every group gets a group length; otherwise only the meta information of the object itself.
+    bool isItems;
+
+    bool IsMeta(int group) const { return !isItems && group == Tag::kMetaGroup; }
+    int SyntaxOf(int group) const { return IsMeta(group) ? static_cast<int>(SYNTAX_EXPLICIT_LITTLE) : syntax; }
 };
 
-/// Makes the group length of each group that wants one.
-template <class WANTED>
-void MakeGroupLengths(const std::vector<SGroup>& groups, int syntax, int metaSyntax, const WANTED& wanted,
-                      std::vector<std::unique_ptr<CDcmElement>>& made)
+/// A new group length.
+/// @param size the encoded size of the group's elements.
+std::unique_ptr<CDcmElement> MakeGroupLength(int group, DWORD size, int syntax)
 {
-    for (const SGroup& group : groups)
-    {
-        if (group.size == 0 || !wanted(group.group))
-        {
-            continue;
-        }
-        CDcmRegistry::Global().AddSharedPrivateEntry(group.group, kGroupLength, "UL", 1);
-        auto length = std::make_unique<CDcmElement>(group.group, kGroupLength);
-        length->AddInteger(group.size);
-        length->SetSyntax(group.group == Tag::kMetaGroup ? metaSyntax : syntax);
-        length->Encode();
-        made.push_back(std::move(length));
-    }
+    CDcmRegistry::Global().AddSharedPrivateEntry(group, kGroupLength, "UL", 1);
+    auto length = std::make_unique<CDcmElement>(group, kGroupLength);
+    length->AddInteger(size);
+    length->SetSyntax(syntax);
+    length->Encode();
+    return length;
 }
 
-/// Sorts a set of encoded elements, removes the group length elements and, where wanted, makes one for a group that
-/// holds the encoded sizes of the group's elements.
-/// @param every whether all group lengths of a group are removed, and not only the first one.
-/// @return the encoded size of all elements.
-template <class WANTED>
-std::uint64_t RemakeGroupLengths(CElementBody& body, int syntax, int metaSyntax, bool every, const WANTED& wanted)
+using Lengths = std::vector<std::unique_ptr<CDcmElement>>;
+
+/// Puts each new group length in the place of the old one.
+/// @return false, and nothing changed, where they are not those of the same groups, or other elements have their tags.
+bool ReplaceInPlace(CElementBody& body, const std::vector<int>& old, Lengths& made)
 {
-    body.Sort();
-    std::vector<SGroup> groups;
-    std::vector<bool> isOld;
-    std::uint64_t total = 0;
-    int group = -1;
-    for (int i = 0; i < body.list.GetCount(); ++i)
+    const auto isPlaceOf = [&body](int place, const std::unique_ptr<CDcmElement>& length)
     {
-        const CDcmElement& element = ElementOf(body.list[i]);
-        const bool isFirst = group != element.Group();
-        if (isFirst)
-        {
-            group = element.Group();
-            groups.push_back({group, 0});
-        }
-        if ((isFirst || every) && element.Element() == kGroupLength)
-        {
-            isOld.resize(static_cast<std::size_t>(body.list.GetCount()));
-            isOld[static_cast<std::size_t>(i)] = true;
-        }
-        else
-        {
-            const DWORD size = CElementEncoder::EncodedSize(element);
-            groups.back().size += size;
-            total += size;
-        }
-    }
-    std::vector<std::unique_ptr<CDcmElement>> made;
-    MakeGroupLengths(groups, syntax, metaSyntax, wanted, made);
-    if (isOld.empty() && made.empty())
+        const CDcmElement* next = body.ElementAt(place + 1);
+        return body.ElementAt(place)->Tag() == length->Tag() && (next == nullptr || next->Tag() != length->Tag());
+    };
+    const bool fit = std::equal(old.begin(), old.end(), made.begin(), made.end(), isPlaceOf);
+    for (std::size_t i = 0; fit && i < old.size(); ++i)
     {
-        return total;
+        made[i] = body.Replace(old[i], std::move(made[i]));
     }
-    const auto oldCount = static_cast<int>(std::count(isOld.begin(), isOld.end(), true));
-    CObArray all;
-    CObArray old;
-    all.SetSize(body.list.GetCount() + static_cast<int>(made.size()) - oldCount);
-    old.Reserve(oldCount);
-    CObject** place = all.GetData();
+    return fit;
+}
+
+/// Removes the old group lengths from a sorted set and puts the new ones into it.
+/// @param old their places.
+void ReplaceGroupLengths(CElementBody& body, const std::vector<int>& old, Lengths& made)
+{
+    if (ReplaceInPlace(body, old, made))
+    {
+        return;
+    }
+    CObjectList all;
+    CObjectList removed;
+    all.Reserve(body.list.GetCount() + static_cast<int>(made.size()));
+    removed.Reserve(static_cast<int>(old.size()));
     // Nothing fails from here on, so the elements may be in two places for a moment.
     auto next = made.begin();
-    const auto addLength = [&]
-    {
-        CDcmElement& length = **next;
-        length.SetItem(body.selectedItem);
-        total += CElementEncoder::EncodedSize(length);
-        *place++ = (next++)->release();
-    };
+    auto nextOld = old.begin();
     for (int i = 0; i < body.list.GetCount(); ++i)
     {
         CObject* object = body.list[i];
-        while (next != made.end() && (*next)->Tag() < ElementOf(object).Tag())
+        for (; next != made.end() && (*next)->Tag() < ElementOf(object).Tag(); ++next)
         {
-            addLength();
+            all.Add(next->release());
         }
-        if (oldCount > 0 && isOld[static_cast<std::size_t>(i)])
-        {
-            old.Add(object);
-        }
-        else
-        {
-            *place++ = object;
-        }
+        const bool isOld = nextOld != old.end() && *nextOld == i;
+        nextOld += isOld ? 1 : 0;
+        (isOld ? removed : all).Add(object);
     }
-    while (next != made.end())
+    for (; next != made.end(); ++next)
     {
-        addLength();
+        all.Add(next->release());
     }
     body.SwapSorted(all);
-    for (const CObject* object : old)
+    for (const CObject* object : removed)
     {
         delete object;
     }
-    return total;
 }
 
+std::uint64_t PrepareSet(CElementBody& body, const SPreparation& preparation);
+
 /// Encodes an element and all that is nested in it, the deepest first, so that each is encoded once.
-void EncodeTree(CDcmElement& element, int syntax, bool groupLengths)
+/// @return the encoded size.
+DWORD PrepareTree(CDcmElement& element, int syntax, bool groupLengths)
 {
     element.SetSyntax(syntax);
     if (element.Items() == nullptr)
     {
         CElementEncoder::Prepare(element);
-        return;
     }
-    CElementBody& items = CElementBody::Of(*element.Items());
-    for (CObject* item : items.list)
+    else
     {
-        EncodeTree(ElementOf(item), syntax, groupLengths);
+        const SPreparation inside{syntax, groupLengths, true};
+        CElementEncoder::PrepareSequence(element, PrepareSet(CElementBody::Of(*element.Items()), inside));
     }
-    const std::uint64_t size =
-        RemakeGroupLengths(items, syntax, syntax, false, [groupLengths](int) { return groupLengths; });
-    CElementEncoder::PrepareSequence(element, size);
+    return CElementEncoder::EncodedSize(element);
+}
+
+/// Sorts a set and encodes its elements; removes the group lengths and, where wanted, makes one for a group that holds
+/// the encoded sizes of the group's elements.
+/// @return the encoded size of all elements.
+std::uint64_t PrepareSet(CElementBody& body, const SPreparation& preparation)
+{
+    body.Sort();
+    std::uint64_t total = 0;
+    std::vector<int> old;
+    Lengths made;
+    const int count = body.list.GetCount();
+    for (int i = 0; i < count;)
+    {
+        const int first = i;
+        const int group = ElementOf(body.list[i]).Group();
+        const int syntax = preparation.SyntaxOf(group);
+        DWORD size = 0;
+        for (; i < count && ElementOf(body.list[i]).Group() == group; ++i)
+        {
+            CDcmElement& element = ElementOf(body.list[i]);
+            const DWORD encoded = PrepareTree(element, syntax, preparation.groupLengths);
+            // In items only the first one of a group goes. In the object itself a second (0002,0000) that stayed would
+            // say where a reader takes the meta information to end.
+            if (element.Element() == kGroupLength && (i == first || !preparation.isItems))
+            {
+                old.push_back(i);
+            }
+            else
+            {
+                size += encoded;
+                total += encoded;
+            }
+        }
+        if (size > 0 && (preparation.groupLengths || preparation.IsMeta(group)))
+        {
+            made.push_back(MakeGroupLength(group, size, syntax));
+            made.back()->SetItem(body.selectedItem);
+            total += CElementEncoder::EncodedSize(*made.back());
+        }
+    }
+    ReplaceGroupLengths(body, old, made);
+    return total;
 }
 
 } // namespace
 
 std::uint64_t CClassicEncoder::Prepare(CDcmElementSet& set) const
 {
-    CElementBody& body = CElementBody::Of(set);
-    for (CObject* object : body.list)
-    {
-        CDcmElement& element = ElementOf(object);
-        const int syntax = element.HasGroup(Tag::kMetaGroup) ? SYNTAX_EXPLICIT_LITTLE : m_syntax;
-        EncodeTree(element, syntax, m_groupLengths);
-    }
-    // A second (0002,0000) that stayed would say where a reader takes the meta information to end.
-    return RemakeGroupLengths(body, m_syntax, SYNTAX_EXPLICIT_LITTLE, true,
-                              [this](int group) { return m_groupLengths || group == Tag::kMetaGroup; });
+    return PrepareSet(CElementBody::Of(set), {m_syntax, m_groupLengths, false});
 }
 
 void CClassicEncoder::Write(const CDcmElementSet& set, COutputBuffer& out)

@@ -35,18 +35,6 @@ CDcmElement::CDcmElement(DWORD tag, const CDcmEntry* entry, std::unique_ptr<CDcm
 {
 }
 
-CDcmElement::CDcmElement(DWORD tag, int vr, Varnotix::ELaterVr laterVr, const CDcmEntry* entry, CSharedBytes&& raw)
-    : m_entry(entry),
-      m_group(static_cast<WORD>(Tag::Group(tag))),
-      m_element(static_cast<WORD>(Tag::Element(tag))),
-      m_vr(static_cast<BYTE>(vr)),
-      m_read(true),
-      m_laterVr(laterVr),
-      m_valueFromRaw(!raw.IsEmpty() && VrKind(vr) != EVrKind::RawOnly),
-      m_raw(std::move(raw))
-{
-}
-
 CDcmElement::CDcmElement(int group, int element, int vr)
     : CDcmElement(group, element, vr, CDcmRegistry::Global().LookUpTag(group, element))
 {

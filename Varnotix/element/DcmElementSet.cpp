@@ -173,8 +173,8 @@ void CDcmElementSet::RemoveTags(const CDcmElementSet& other, bool every)
     {
         ++toRemove[ElementOf(object).Tag()];
     }
-    CObArray kept;
-    CObArray removed;
+    CObjectList kept;
+    CObjectList removed;
     kept.Reserve(GetCount());
     for (CObject* object : Body().list)
     {
@@ -207,7 +207,7 @@ void CDcmElementSet::DestroyContents()
 
 void CDcmElementSet::ForgetAll()
 {
-    CObArray borrowed;
+    CObjectList borrowed;
     Body().references.SetOne();
     Elements().SwapList(borrowed);
 }

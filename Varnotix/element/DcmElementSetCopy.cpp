@@ -13,7 +13,7 @@ namespace
 {
 
 /// True when the tags ascend and none occurs twice.
-bool InStrictTagOrder(const CObArray& list)
+bool InStrictTagOrder(const CObjectList& list)
 {
     return std::adjacent_find(list.begin(), list.end(),
                               [](const CObject* left, const CObject* right)
@@ -143,7 +143,7 @@ void CDcmElementSet::Merge(const CDcmElementSet& other)
         {
             merged.list.Add(object);
         }
-        CObArray moved;
+        CObjectList moved;
         Elements().SwapList(moved);
     }
     else
@@ -184,11 +184,11 @@ void CDcmElementSet::TakeTagsOf(CDcmElementSet& values)
         Sort();
         return;
     }
-    CObArray merged;
-    CObArray replaced;
+    CObjectList merged;
+    CObjectList replaced;
     merged.Reserve(GetCount() + values.GetCount());
     replaced.Reserve(values.GetCount());
-    const CObArray& mine = Body().list;
+    const CObjectList& mine = Body().list;
     auto next = mine.begin();
     for (CObject* value : values.Body().list)
     {

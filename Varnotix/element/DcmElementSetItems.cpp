@@ -54,8 +54,8 @@ bool CDcmElementSet::HasUndefinedLength(int item) const
 void CDcmElementSet::RemoveIf(const std::function<bool(const CDcmElement&)>& condition)
 {
     CElementBody& body = Elements();
-    CObArray kept;
-    CObArray removed;
+    CObjectList kept;
+    CObjectList removed;
     kept.Reserve(GetCount());
     for (CObject* object : body.list)
     {

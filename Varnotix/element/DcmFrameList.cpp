@@ -48,8 +48,8 @@ CDcmFrameList::~CDcmFrameList() = default;
 
 bool CDcmFrameList::operator==(const CDcmFrameList& other) const
 {
-    const CObArray& mine = Body().list;
-    const CObArray& others = other.Body().list;
+    const CObjectList& mine = Body().list;
+    const CObjectList& others = other.Body().list;
     return SharesBodyWith(other) ||
            std::equal(mine.begin(), mine.end(), others.begin(), others.end(),
                       [](const CObject* a, const CObject* b) { return Frame(a).Size() == Frame(b).Size(); });
@@ -108,7 +108,7 @@ void CDcmFrameList::RemoveAll()
 
 CDcmFrameList::EForm CDcmFrameList::ReadForm() const
 {
-    const CObArray& frames = Body().list;
+    const CObjectList& frames = Body().list;
     const bool changed =
         std::any_of(frames.begin(), frames.end(), [](const CObject* frame) { return Frame(frame).WasHandedOut(); });
     return changed ? FORM_UNKNOWN : m_readForm;

@@ -25,7 +25,7 @@ void CDcmListBody::DestroyObjects()
     {
         return; // As are the most, those of sequences in modules.
     }
-    CObArray doomed;
+    CObjectList doomed;
     doomed.Swap(list);
     for (CObject* object : doomed)
     {

@@ -1,7 +1,7 @@
 /// The handle to a shared, counted body of owned objects: the base of element sets and frame lists.
 #pragma once
 
-#include "Varnotix/platform/Arrays.h"
+#include "Varnotix/element/ObjectList.h"
 #include "Varnotix/platform/RefCount.h"
 
 #include <memory>
@@ -19,7 +19,7 @@ public:
     ~CDcmListBody() override;
 
     /// The object at an index, or null.
-    CObject* At(int index) const { return index >= 0 && index < list.GetSize() ? list[index] : nullptr; }
+    CObject* At(int index) const { return index >= 0 && index < list.GetCount() ? list[index] : nullptr; }
 
     /// Appends an object and takes it over, also when memory runs out.
     void Append(std::unique_ptr<CObject> object);
@@ -36,7 +36,7 @@ private:
     friend class CDcmList;
     friend class CElementBody;
 
-    CObArray list;
+    CObjectList list;
     CRefCount references;
     bool unfilled = false;
 };

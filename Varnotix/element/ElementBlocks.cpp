@@ -1,6 +1,5 @@
 #include "Varnotix/element/ElementBlocks.h"
 
-#include "Varnotix/element/DcmElement.h"
 #include "Varnotix/platform/RefCount.h"
 
 #include <algorithm>
@@ -91,11 +90,6 @@ void CBlockObject::operator delete(void* place) noexcept
 void CBlockObject::operator delete(void* place, const std::nothrow_t&) noexcept
 {
     operator delete(place);
-}
-
-CElementBlocks::CElementBlocks(int count)
-    : m_nextSize(static_cast<std::size_t>(std::max(count, 1)) * (kOwnerSize + sizeof(CDcmElement)))
-{
 }
 
 void CElementBlocks::AddBlock(std::size_t least)

@@ -20,8 +20,12 @@ public:
     struct SBlock;
 
     CElementBlocks() = default;
-    /// @param count how many elements are expected; the first block has room for them, unless they are too many.
-    explicit CElementBlocks(int count);
+    /// Blocks of which the first has room for so many objects of a class, unless they are too many.
+    template <class OBJECT>
+    static CElementBlocks For(int count)
+    {
+        return CElementBlocks(static_cast<std::size_t>(count > 0 ? count : 1) * kStride<OBJECT>);
+    }
     CElementBlocks(const CElementBlocks&) = delete;
     CElementBlocks& operator=(const CElementBlocks&) = delete;
     ~CElementBlocks() { LeaveBlock(); }
@@ -31,17 +35,16 @@ public:
     std::unique_ptr<OBJECT> Make(ARGUMENTS&&... arguments)
     {
         static_assert(std::is_base_of_v<CBlockObject, OBJECT> && alignof(OBJECT) <= kOwnerSize);
-        constexpr std::size_t kStride = kOwnerSize + (sizeof(OBJECT) + kOwnerSize - 1) / kOwnerSize * kOwnerSize;
-        if (m_left < kStride)
+        if (m_left < kStride<OBJECT>)
         {
-            AddBlock(kStride);
+            AddBlock(kStride<OBJECT>);
         }
         BYTE* place = m_next + kOwnerSize;
         OwnerOf(place) = m_block;
         // A constructor that throws leaves the place to the next object.
         std::unique_ptr<OBJECT> made(::new (place) OBJECT(std::forward<ARGUMENTS>(arguments)...));
-        m_next += kStride;
-        m_left -= kStride;
+        m_next += kStride<OBJECT>;
+        m_left -= kStride<OBJECT>;
         ++m_made;
         return made;
     }
@@ -94,6 +97,12 @@ private:
 
     static constexpr std::size_t kOwnerSize = 8; // The block of an object, or null, is right in front of it.
     static constexpr std::size_t kFirstSize = 960;
+
+    /// What an object takes in a block.
+    template <class OBJECT>
+    static constexpr std::size_t kStride = kOwnerSize + (sizeof(OBJECT) + kOwnerSize - 1) / kOwnerSize* kOwnerSize;
+
+    explicit CElementBlocks(std::size_t firstSize) : m_nextSize(firstSize) {}
 
     static SBlock*& OwnerOf(void* place)
     {

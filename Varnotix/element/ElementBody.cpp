@@ -1,6 +1,8 @@
 #include "Varnotix/element/ElementBody.h"
 
+#include "Varnotix/element/DcmFrameList.h"
 #include "Varnotix/element/ElementBlocks.h"
+#include "Varnotix/element/TypedValue.h"
 #include "Varnotix/registry/TagText.h"
 
 #include <algorithm>
@@ -16,9 +18,6 @@ constexpr int kScanLimit = 16;
 
 // So many elements at the end of a sorted list are put in their places one by one.
 constexpr int kFewAdded = 4;
-
-// Most sets hold a few elements at least.
-constexpr int kFirstRoom = 4;
 
 DWORD TagOf(const CObject* object)
 {
@@ -105,42 +104,59 @@ void CElementBody::CopyItemForms(const CElementBody& other)
     keepsItems = other.keepsItems;
 }
 
-CDcmElement& CElementBody::AddElement(std::unique_ptr<CDcmElement> added)
+void CElementBody::AddToIndex(CDcmElement& element) noexcept
+{
+    try
+    {
+        m_firstOfTag->emplace(element.Tag(), &element);
+    }
+    catch (const std::bad_alloc&)
+    {
+        m_firstOfTag.reset(); // The next search makes it again.
+    }
+}
+
+inline CDcmElement& CElementBody::Link(std::unique_ptr<CDcmElement>&& added)
 {
     CDcmElement* element = added.get();
     if (element->Item() == 0)
     {
         element->SetItem(selectedItem);
     }
-    const bool inOrder = list.IsEmpty() || TagOf(list[list.GetUpperBound()]) <= element->Tag();
-    if (list.GetCapacity() == 0)
-    {
-        list.Reserve(kFirstRoom);
-    }
+    const bool inOrder = list.IsEmpty() || TagOf(list.end()[-1]) <= element->Tag();
     list.Add(element);
     static_cast<void>(added.release());
     m_sorted = m_sorted && inOrder;
     if (m_firstOfTag)
     {
-        try
-        {
-            m_firstOfTag->emplace(element->Tag(), element);
-        }
-        catch (const std::bad_alloc&)
-        {
-            m_firstOfTag.reset(); // The next search makes it again.
-        }
+        AddToIndex(*element);
     }
     return *element;
 }
 
-CDcmElement& CElementBody::AddRead(CElementBlocks& blocks, const SHeader& header, CSharedBytes&& value)
+CDcmElement& CElementBody::AddElement(std::unique_ptr<CDcmElement> element)
 {
-    if (header.vr != VR_SQ && header.tag != Tag::kPixelData)
-    {
-        return AddElement(
-            blocks.Make<CDcmElement>(header.tag, header.vr, header.laterVr, header.entry, std::move(value)));
-    }
+    return Link(std::move(element));
+}
+
+/// An element that a decoder has read, neither a sequence nor Pixel Data. Defined where the only call is, which it is
+/// to become part of.
+inline CDcmElement::CDcmElement(DWORD tag, int vr, Varnotix::ELaterVr laterVr, const CDcmEntry* entry,
+                                CSharedBytes&& raw)
+    : m_entry(entry),
+      m_group(static_cast<WORD>(Tag::Group(tag))),
+      m_element(static_cast<WORD>(Tag::Element(tag))),
+      m_vr(static_cast<BYTE>(vr)),
+      m_read(true),
+      m_laterVr(laterVr),
+      m_valueFromRaw(!raw.IsEmpty() && VrKind(vr) != EVrKind::RawOnly),
+      m_raw(std::move(raw))
+{
+}
+
+/// A sequence or Pixel Data.
+CDcmElement& CElementBody::AddOwner(CElementBlocks& blocks, const SHeader& header, CSharedBytes&& value)
+{
     std::unique_ptr<CDcmElement> element;
     if (header.tag != Tag::kPixelData && header.entry != nullptr)
     {
@@ -154,7 +170,24 @@ CDcmElement& CElementBody::AddRead(CElementBlocks& blocks, const SHeader& header
     element->SetRead();
     element->SetLaterVr(header.laterVr);
     element->SetRawBytes(std::move(value));
-    return AddElement(std::move(element));
+    return Link(std::move(element));
+}
+
+CDcmElement& CElementBody::AddRead(CElementBlocks& blocks, const SHeader& header, CSharedBytes&& value)
+{
+    if (header.vr == VR_SQ || header.tag == Tag::kPixelData)
+    {
+        return AddOwner(blocks, header, std::move(value));
+    }
+    return Link(blocks.Make<CDcmElement>(header.tag, header.vr, header.laterVr, header.entry, std::move(value)));
+}
+
+std::unique_ptr<CDcmElement> CElementBody::Replace(int index, std::unique_ptr<CDcmElement> element) noexcept
+{
+    std::unique_ptr<CDcmElement> replaced(ElementAt(index));
+    list[index] = element.release();
+    m_firstOfTag.reset();
+    return replaced;
 }
 
 int CElementBody::IndexOf(const CDcmElement* element) const
@@ -190,13 +223,13 @@ void CElementBody::ListChanged()
     m_sorted = std::is_sorted(list.begin(), list.end(), TagLess);
 }
 
-void CElementBody::SwapList(CObArray& elements) noexcept
+void CElementBody::SwapList(CObjectList& elements) noexcept
 {
     list.Swap(elements);
     ListChanged();
 }
 
-void CElementBody::SwapSorted(CObArray& elements) noexcept
+void CElementBody::SwapSorted(CObjectList& elements) noexcept
 {
     list.Swap(elements);
     m_firstOfTag.reset();
@@ -238,7 +271,7 @@ void CElementBody::DestroyElements() noexcept
     }
     CElementBlocks::CRelease places;
     CViewRelease values; // Those of one read lie in few chunks, too.
-    CObArray doomed;
+    CObjectList doomed;
     doomed.Swap(list);
     CElementBody* waiting = nullptr;
     while (true)
@@ -263,9 +296,8 @@ void CElementBody::DestroyElements() noexcept
         }
         CElementBody* body = waiting;
         waiting = body->m_next;
-        CObArray elements;
-        elements.Swap(body->list);
-        doomed.Swap(elements);
+        doomed.RemoveAll();
+        doomed.Swap(body->list);
         places.Destroy(body);
     }
 }
@@ -287,21 +319,19 @@ void CElementBody::Sort()
     {
         return;
     }
-    std::vector<CObject*> elements(list.begin(), list.end());
     // Most sets are in order but for an element or two that were added last.
-    const auto unsorted = std::is_sorted_until(elements.begin(), elements.end(), TagLess);
-    if (elements.end() - unsorted <= kFewAdded)
+    CObject** const unsorted = std::is_sorted_until(list.begin(), list.end(), TagLess);
+    if (list.end() - unsorted <= kFewAdded)
     {
-        for (auto added = unsorted; added != elements.end(); ++added)
+        for (CObject** added = unsorted; added != list.end(); ++added)
         {
-            std::rotate(std::upper_bound(elements.begin(), added, *added, TagLess), added, added + 1);
+            std::rotate(std::upper_bound(list.begin(), added, *added, TagLess), added, added + 1);
         }
     }
     else
     {
-        std::stable_sort(elements.begin(), elements.end(), TagLess);
+        std::stable_sort(list.begin(), list.end(), TagLess);
     }
-    list.Assign(elements.data(), static_cast<int>(elements.size()));
     m_firstOfTag.reset();
     m_sorted = true;
 }

@@ -88,13 +88,16 @@ public:
     /// Appends an element that a decoder has read, in a block. For Pixel Data, the bytes are a frame.
     CDcmElement& AddRead(CElementBlocks& blocks, const SHeader& header, CSharedBytes&& value);
 
+    /// Puts an element of the same tag in the place of the one at an index, which the caller owns then.
+    std::unique_ptr<CDcmElement> Replace(int index, std::unique_ptr<CDcmElement> element) noexcept;
+
     /// Unlinks the element from the list; the caller then owns it. False when it is not in the list.
     bool Unlink(const CDcmElement* element);
 
     /// Exchanges the whole list. Elements that were in it and are not any more belong to the caller. Never fails.
-    void SwapList(CObArray& elements) noexcept;
+    void SwapList(CObjectList& elements) noexcept;
     /// As above, for a list that is in tag order.
-    void SwapSorted(CObArray& elements) noexcept;
+    void SwapSorted(CObjectList& elements) noexcept;
 
     /// Adds an empty element for each tag of the shape that is not in the list.
     void Fill() override;
@@ -133,7 +136,7 @@ public:
     // Values. What is said of sets in DcmElementSet.h holds for their bodies.
 
     /// The list, with the elements that were left out of it.
-    const CObArray& WholeList()
+    const CObjectList& WholeList()
     {
         if (unfilled)
         {
@@ -142,7 +145,7 @@ public:
         return list;
     }
     /// A list that may lack elements which count as empty.
-    const CObArray& ListOfValues();
+    const CObjectList& ListOfValues();
     bool IsEmptyOfValues();
     void EmptyValues();
     bool IsEqual(CElementBody& other);
@@ -196,6 +199,9 @@ private:
     int IndexOf(const CDcmElement* element) const;
     static CElementBody* TakeItems(CDcmElement& element) noexcept;
     void DestroyElements() noexcept;
+    CDcmElement& AddOwner(CElementBlocks& blocks, const SHeader& header, CSharedBytes&& value);
+    CDcmElement& Link(std::unique_ptr<CDcmElement>&& added);
+    void AddToIndex(CDcmElement& element) noexcept;
     int LowerBound(DWORD tag) const;
 
     CElementBody* m_next = nullptr; // The next one that waits to be destroyed.

@@ -115,13 +115,12 @@ template <class MAKE>
 void CElementBody::AddMissing(const MAKE& make)
 {
     CDcmListBody made; // Owns the new elements until they are in the list.
-    CObArray all;
+    CObjectList all;
     all.Reserve(list.GetCount() + static_cast<int>(m_shape->Elements().size()));
     const auto* next = list.begin();
-    if (!m_sorted)
+    for (; !m_sorted && next != list.end(); ++next)
     {
-        all.Append(list);
-        next = list.end();
+        all.Add(*next);
     }
     for (const CElementShape::SElement& element : m_shape->Elements())
     {
@@ -153,7 +152,8 @@ void CElementBody::AddMissing(const MAKE& make)
 
 void CElementBody::Fill()
 {
-    CElementBlocks blocks(static_cast<int>(m_shape->Elements().size()) - list.GetCount());
+    const int missing = static_cast<int>(m_shape->Elements().size()) - list.GetCount();
+    CElementBlocks blocks = CElementBlocks::For<CDcmElement>(missing);
     AddMissing([&](const CElementShape::SElement& element) { return MakeElement(element, blocks); });
     unfilled = false;
 }

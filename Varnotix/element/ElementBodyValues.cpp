@@ -9,14 +9,14 @@
 namespace
 {
 
-bool EqualLists(const CObArray& left, const CObArray& right)
+bool EqualLists(const CObjectList& left, const CObjectList& right)
 {
     if (left.GetCount() != right.GetCount())
     {
         return false;
     }
     // Equal elements have equal tags, so both lists are brought into tag order and matched tag by tag.
-    const auto inTagOrder = [](const CObArray& list)
+    const auto inTagOrder = [](const CObjectList& list)
     {
         std::vector<const CDcmElement*> ordered;
         ordered.reserve(static_cast<std::size_t>(list.GetCount()));
@@ -56,14 +56,14 @@ bool EqualLists(const CObArray& left, const CObArray& right)
 } // namespace
 
 /// A list that may lack elements which count as empty.
-const CObArray& CElementBody::ListOfValues()
+const CObjectList& CElementBody::ListOfValues()
 {
     return HoldsAllValues() ? list : WholeList();
 }
 
 bool CElementBody::IsEmptyOfValues()
 {
-    const CObArray& values = ListOfValues();
+    const CObjectList& values = ListOfValues();
     return std::all_of(values.begin(), values.end(),
                        [](const CObject* object) { return ElementOf(object).IsEmptyValue(); });
 }
@@ -86,7 +86,7 @@ void CElementBody::EmptyValues()
 void CElementBody::CopyListInto(CDcmListBody& target) const
 {
     target.list.Reserve(target.list.GetCount() + list.GetCount());
-    CElementBlocks blocks(list.GetCount());
+    CElementBlocks blocks = CElementBlocks::For<CDcmElement>(list.GetCount());
     for (const CObject* object : list)
     {
         target.Append(blocks.Make<CDcmElement>(ElementOf(object)));
