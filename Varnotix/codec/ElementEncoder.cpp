@@ -1,6 +1,6 @@
 #include "Varnotix/codec/ElementEncoder.h"
 
-#include "Varnotix/codec/ByteOrder.h"
+#include "Varnotix/codec/ElementHeader.h"
 #include "Varnotix/codec/FrameEncoder.h"
 #include "Varnotix/codec/ItemTags.h"
 #include "Varnotix/element/DcmFrameList.h"
@@ -13,7 +13,6 @@ namespace
 {
 
 constexpr char kSeparator = '\\';
-constexpr DWORD kLongHeader = 12;
 
 /// Dates, times and ages are never padded: an odd one is malformed, and padding would hide it.
 bool IsPadded(int vr)
@@ -61,6 +60,62 @@ std::string_view BytesOf(const STypedValue& typed)
 
 } // namespace
 
+inline signed char CDcmElement::SyntaxToEncode() const
+{
+    const bool known = m_syntax == SYNTAX_IMPLICIT_LITTLE || CElementEncoder::IsExplicit(m_syntax);
+    return known ? static_cast<signed char>(m_syntax) : kOtherSyntax;
+}
+
+/// The length of texts that a host has set or that are several, without padding.
+std::size_t CElementEncoder::BuiltTextSize(CDcmElement& element)
+{
+    std::size_t size = 0;
+    if (CStringArray* texts = element.Texts())
+    {
+        DropEmptyTexts(*texts);
+        for (const CString& text : *texts)
+        {
+            size += static_cast<std::size_t>(text.GetLength()) + 1;
+        }
+        size -= texts->IsEmpty() ? 0U : 1U;
+    }
+    return size;
+}
+
+inline DWORD CElementEncoder::TextSize(CDcmElement& element)
+{
+    const bool asRead = element.m_valueFromRaw &&
+                        (element.Vm() == 1 || element.m_raw.Text().find(kSeparator) == std::string_view::npos);
+    const std::size_t size = asRead ? element.m_raw.Size() : BuiltTextSize(element);
+    return static_cast<DWORD>(size % 2 == 1 && IsPadded(element.m_vr) ? size + 1 : size);
+}
+
+inline DWORD CElementEncoder::ValueSize(CDcmElement& element)
+{
+    const EVrKind kind = VrKind(element.m_vr);
+    if (element.HoldsFrames())
+    {
+        return CFrameEncoder(*element.m_frames, element.m_vr, element.m_syntax).Size();
+    }
+    switch (kind)
+    {
+    case EVrKind::Text:
+        return TextSize(element);
+    case EVrKind::Items: // Without a set; see PrepareSequence.
+    case EVrKind::RawOnly:
+        return 0;
+    default:
+        break;
+    }
+    if (element.m_valueFromRaw && kind != EVrKind::OtherWords)
+    {
+        // Whole numbers lie in the raw bytes as they will be written; a partial last one is not a value.
+        return static_cast<DWORD>(element.m_raw.Size() & ~(SwapWidth(element.m_vr) - 1));
+    }
+    element.BuildValue();
+    return element.m_typed ? static_cast<DWORD>(BytesOf(*element.m_typed).size()) : 0;
+}
+
 void CElementEncoder::Prepare(CDcmElement& element)
 {
     if (!element.HasEntry())
@@ -98,96 +153,69 @@ void CElementEncoder::PrepareSequence(CDcmElement& element, std::uint64_t size)
     element.m_encodedSyntax = element.SyntaxToEncode();
 }
 
-DWORD CElementEncoder::ValueSize(CDcmElement& element)
-{
-    const EVrKind kind = VrKind(element.m_vr);
-    if (element.HoldsFrames())
-    {
-        return CFrameEncoder(*element.m_frames, element.m_vr, element.m_syntax).Size();
-    }
-    switch (kind)
-    {
-    case EVrKind::Text:
-        return TextSize(element);
-    case EVrKind::Items: // Without a set; see PrepareSequence.
-    case EVrKind::RawOnly:
-        return 0;
-    default:
-        break;
-    }
-    if (element.m_valueFromRaw && kind != EVrKind::OtherWords)
-    {
-        // Whole numbers lie in the raw bytes as they will be written; a partial last one is not a value.
-        const std::size_t size = element.m_raw.Size();
-        return static_cast<DWORD>(size - size % SwapWidth(element.m_vr));
-    }
-    element.BuildValue();
-    return element.m_typed ? static_cast<DWORD>(BytesOf(*element.m_typed).size()) : 0;
-}
-
-DWORD CElementEncoder::TextSize(CDcmElement& element)
-{
-    std::size_t size = 0;
-    const bool asRead = element.m_valueFromRaw &&
-                        (element.Vm() == 1 || element.m_raw.Text().find(kSeparator) == std::string_view::npos);
-    if (asRead)
-    {
-        size = element.m_raw.Size();
-    }
-    else if (CStringArray* texts = element.Texts())
-    {
-        DropEmptyTexts(*texts);
-        for (const CString& text : *texts)
-        {
-            size += static_cast<std::size_t>(text.GetLength()) + 1;
-        }
-        size -= texts->IsEmpty() ? 0U : 1U;
-    }
-    return static_cast<DWORD>(size % 2 == 1 && IsPadded(element.m_vr) ? size + 1 : size);
-}
-
-void CElementEncoder::Write(const CDcmElement& element, COutputBuffer& out)
-{
-    if (element.m_encodedSyntax != CDcmElement::kNeverEncoded)
-    {
-        WriteHeader(element, out);
-        WriteValue(element, out);
-    }
-}
-
-void CElementEncoder::WriteHeader(const CDcmElement& element, COutputBuffer& out)
+inline void CElementEncoder::WriteHeader(const CDcmElement& element, COutputBuffer& out)
 {
     const int syntax = element.m_encodedSyntax;
-    const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
     const DWORD size = HeaderSize(syntax, element.m_vr);
     const bool isEncapsulated = element.m_frames != nullptr && element.m_frames->GetCount() >= 2;
     const DWORD length = isEncapsulated ? kUndefinedLength : element.m_encodedValueSize;
     BYTE* header = out.Room(size);
-    if (syntax != SYNTAX_IMPLICIT_LITTLE && !IsExplicit(syntax))
-    {
-        std::memset(header, 0, size); // No such syntax has a layout for the header.
-        return;
-    }
-    PutWord(header, element.m_group, bigEndian);
-    PutWord(header + 2, element.m_element, bigEndian);
     if (syntax == SYNTAX_IMPLICIT_LITTLE)
     {
-        PutDoubleWord(header + 4, length, bigEndian);
-        return;
+        PutImplicitHeader(header, element.Tag(), length);
     }
-    std::memcpy(header + 4, element.m_vr == VR_NONE ? "NO" : VrLettersOf(element.m_vr), 2);
-    if (size == kLongHeader)
+    else if (IsExplicit(syntax))
     {
-        PutWord(header + 6, 0, bigEndian);
-        PutDoubleWord(header + 8, length, bigEndian);
+        // The short form holds the low 16 bits of a length.
+        const char* letters = element.m_vr == VR_NONE ? "NO" : VrLettersOf(element.m_vr);
+        PutExplicitHeader(header, element.Tag(), letters, size == kLongHeaderSize, length,
+                          syntax == SYNTAX_EXPLICIT_BIG);
     }
     else
     {
-        PutWord(header + 6, length & 0xFFFFU, bigEndian); // The short form holds the low 16 bits of a length.
+        std::memset(header, 0, size); // No such syntax has a layout for the header.
     }
 }
 
-void CElementEncoder::WriteValue(const CDcmElement& element, COutputBuffer& out)
+/// @return how many bytes were written.
+std::size_t CElementEncoder::WriteBuiltTexts(const CDcmElement& element, COutputBuffer& out)
+{
+    std::size_t size = 0;
+    if (const CStringArray* texts = element.Texts())
+    {
+        for (int i = 0; i < texts->GetSize(); ++i)
+        {
+            if (i > 0)
+            {
+                out.Put(&kSeparator, 1);
+                ++size;
+            }
+            const std::string_view text = (*texts)[i].View();
+            out.Put(text.data(), text.size());
+            size += text.size();
+        }
+    }
+    return size;
+}
+
+inline void CElementEncoder::WriteText(const CDcmElement& element, COutputBuffer& out)
+{
+    std::size_t size = element.m_raw.Size();
+    if (element.m_valueFromRaw)
+    {
+        out.Put(element.m_raw.Data(), size);
+    }
+    else
+    {
+        size = WriteBuiltTexts(element, out);
+    }
+    if (size < element.m_encodedValueSize)
+    {
+        *out.Room(1) = element.m_vr == VR_UI ? 0 : ' ';
+    }
+}
+
+inline void CElementEncoder::WriteValue(const CDcmElement& element, COutputBuffer& out)
 {
     if (element.HoldsFrames())
     {
@@ -221,32 +249,12 @@ void CElementEncoder::WriteValue(const CDcmElement& element, COutputBuffer& out)
     }
 }
 
-void CElementEncoder::WriteText(const CDcmElement& element, COutputBuffer& out)
+void CElementEncoder::Write(const CDcmElement& element, COutputBuffer& out)
 {
-    std::size_t size = 0;
-    if (element.m_valueFromRaw)
+    if (element.m_encodedSyntax != CDcmElement::kNeverEncoded)
     {
-        size = element.m_raw.Size();
-        out.Put(element.m_raw.Data(), size);
-    }
-    else if (const CStringArray* texts = element.Texts())
-    {
-        for (int i = 0; i < texts->GetSize(); ++i)
-        {
-            if (i > 0)
-            {
-                out.Put(&kSeparator, 1);
-                ++size;
-            }
-            const std::string_view text = (*texts)[i].View();
-            out.Put(text.data(), text.size());
-            size += text.size();
-        }
-    }
-    if (size < element.m_encodedValueSize)
-    {
-        const char pad = element.m_vr == VR_UI ? '\0' : ' ';
-        out.Put(&pad, 1);
+        WriteHeader(element, out);
+        WriteValue(element, out);
     }
 }
 
@@ -271,12 +279,6 @@ void CElementEncoder::WriteItems(const CDcmElement& element, COutputBuffer& out)
         Write(item, out);
     }
     PutItemTag(out, Varnotix::Tag::kSequenceDelimitationItem, bigEndian, 0);
-}
-
-signed char CDcmElement::SyntaxToEncode() const
-{
-    const bool known = m_syntax == SYNTAX_IMPLICIT_LITTLE || CElementEncoder::IsExplicit(m_syntax);
-    return known ? static_cast<signed char>(m_syntax) : kOtherSyntax;
 }
 
 void CDcmElement::Encode()

@@ -44,8 +44,10 @@ public:
 private:
     static DWORD ValueSize(CDcmElement& element);
     static DWORD TextSize(CDcmElement& element);
+    static std::size_t BuiltTextSize(CDcmElement& element);
     static void WriteHeader(const CDcmElement& element, COutputBuffer& out);
     static void WriteValue(const CDcmElement& element, COutputBuffer& out);
     static void WriteText(const CDcmElement& element, COutputBuffer& out);
+    static std::size_t WriteBuiltTexts(const CDcmElement& element, COutputBuffer& out);
     static void WriteItems(const CDcmElement& element, COutputBuffer& out);
 };

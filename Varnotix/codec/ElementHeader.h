@@ -1,4 +1,4 @@
-/// Parts of element headers (PS3.5 section 7.1.2), for the standard stream rules.
+/// Parts of element headers (PS3.5 section 7.1).
 #pragma once
 
 #include "Varnotix/codec/ByteOrder.h"
@@ -55,6 +55,43 @@ inline DWORD TagAt(const BYTE* header, int syntax)
 {
     const bool bigEndian = IsBigEndian(syntax);
     return Tag::Make(Word(header, bigEndian), Word(header + 2, bigEndian));
+}
+
+/// Writes the header of an element in implicit VR little endian.
+inline void PutImplicitHeader(BYTE* header, DWORD tag, DWORD length)
+{
+    PutWord(header, static_cast<DWORD>(Tag::Group(tag)), false);
+    PutWord(header + 2, static_cast<DWORD>(Tag::Element(tag)), false);
+    PutDoubleWord(header + 4, length, false);
+}
+
+/// Writes the header of an element in an explicit syntax.
+/// @param letters the VR.
+/// @param length the short form holds its low 16 bits.
+template <bool SWAPPED>
+void PutExplicitHeader(BYTE* header, DWORD tag, const char* letters, bool isLong, DWORD length)
+{
+    PutWord(header, static_cast<DWORD>(Tag::Group(tag)), SWAPPED);
+    PutWord(header + 2, static_cast<DWORD>(Tag::Element(tag)), SWAPPED);
+    std::memcpy(header + 4, letters, 2);
+    PutWord(header + 6, isLong ? 0 : length, SWAPPED);
+    if (isLong)
+    {
+        PutDoubleWord(header + 8, length, SWAPPED);
+    }
+}
+
+/// As above. The byte order is looked at once, and not for each number.
+inline void PutExplicitHeader(BYTE* header, DWORD tag, const char* letters, bool isLong, DWORD length, bool bigEndian)
+{
+    if (bigEndian)
+    {
+        PutExplicitHeader<true>(header, tag, letters, isLong, length);
+    }
+    else
+    {
+        PutExplicitHeader<false>(header, tag, letters, isLong, length);
+    }
 }
 
 /// Width in bytes of the numbers that a big endian stream holds in reverse, for a VR and the later VR beside it.

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 using namespace Varnotix;
 
@@ -44,34 +45,55 @@ char PadByte(int vr)
 } // namespace
 
 /// Appends a step without a length. It can be changed until the next one is appended.
-CStandardEncoder::SStep& CStandardEncoder::AddStep(EStep step, DWORD tag, const CDcmElement* element, int syntax,
-                                                   int vr)
+inline CStandardEncoder::SStep& CStandardEncoder::AddStep(EStep step, DWORD tag, const CDcmElement* element, int syntax,
+                                                          int vr)
 {
     const bool isLong = syntax != SYNTAX_IMPLICIT_LITTLE && HasLongHeader(vr, element);
-    m_steps.push_back({element, tag, 0, step, static_cast<BYTE>(syntax), static_cast<BYTE>(vr), false, isLong});
-    return m_steps.back();
+    SStep& added = AddTag(step, tag, 0, syntax);
+    added.element = element;
+    added.vr = static_cast<BYTE>(vr);
+    added.isLong = isLong;
+    return added;
 }
 
-/// The elements in the order in which they are written.
-/// @param ordered holds them where they are in another order.
-CStandardEncoder::Elements CStandardEncoder::InTagOrder(Elements elements, bool metaFirst,
-                                                        std::vector<CObject*>& ordered)
+/// Appends the step of an item or a delimiter.
+inline CStandardEncoder::SStep& CStandardEncoder::AddTag(EStep step, DWORD tag, DWORD length, int syntax)
 {
-    // Private tags of group 0001 would come before the file meta information otherwise.
-    const auto key = [metaFirst](const CObject* object)
+    // Made in its place: a copy would wait for the many small parts that it is made of.
+    SStep& added = m_steps.emplace_back();
+    added.tag = tag;
+    added.length = length;
+    added.step = step;
+    added.syntax = static_cast<BYTE>(syntax);
+    return added;
+}
+
+/// The elements by ascending keys; those of equal keys keep their order.
+/// @param ordered holds them where they are in another order.
+template <class KEY>
+CStandardEncoder::Elements CStandardEncoder::InOrder(Elements elements, const KEY& key, std::vector<CObject*>& ordered)
+{
+    std::uint64_t last = 0;
+    const auto follows = [&](const CObject* element)
     {
-        const CDcmElement& element = ElementOf(object);
-        return metaFirst && element.HasGroup(Tag::kMetaGroup) ? element.Tag() & 0xFFFFU
-                                                              : element.Tag() | std::uint64_t{1} << 32U;
+        const std::uint64_t next = key(element);
+        return std::exchange(last, next) <= next;
     };
-    const auto less = [key](const CObject* left, const CObject* right) { return key(left) < key(right); };
-    if (std::is_sorted(elements.begin(), elements.end(), less))
+    if (std::all_of(elements.begin(), elements.end(), follows))
     {
         return elements;
     }
     ordered.assign(elements.begin(), elements.end());
-    std::stable_sort(ordered.begin(), ordered.end(), less);
+    std::stable_sort(ordered.begin(), ordered.end(),
+                     [key](const CObject* left, const CObject* right) { return key(left) < key(right); });
     return ordered;
+}
+
+/// How many steps to make room for when so many come next: many at once, also where each sequence has few.
+std::size_t CStandardEncoder::RoomFor(std::size_t steps) const
+{
+    const std::size_t needed = m_steps.size() + steps;
+    return needed <= m_steps.capacity() ? needed : std::max(needed, 2 * m_steps.capacity());
 }
 
 void CStandardEncoder::Plan(const CDcmElementSet& set)
@@ -89,8 +111,14 @@ void CStandardEncoder::Plan(const CDcmElementSet& set)
         completed.push_back(m_transferSyntax.get());
         elements = completed;
     }
+    // Private tags of group 0001 would come before the file meta information otherwise.
+    const auto key = [](const CObject* object)
+    {
+        const CDcmElement& element = ElementOf(object);
+        return element.HasGroup(Tag::kMetaGroup) ? element.Tag() & 0xFFFFU : element.Tag() | std::uint64_t{1} << 32U;
+    };
     std::vector<CObject*> ordered;
-    elements = InTagOrder(elements, true, ordered);
+    elements = InOrder(elements, key, ordered);
     const auto bits = std::find_if(elements.begin(), elements.end(),
                                    [](const CObject* object) { return ElementOf(object).HasTag(Tag::kBitsAllocated); });
     int bitsAllocated = 0;
@@ -215,7 +243,7 @@ std::uint64_t CStandardEncoder::PlanSequence(const CDcmElement& element, const S
     std::uint64_t size = element.Items() != nullptr ? PlanItems(*element.Items(), inside) : 0;
     if (isUndefined || size >= kUndefinedLength)
     {
-        AddStep(EStep::Delimiter, Tag::kSequenceDelimitationItem, nullptr, inside.syntax, VR_NONE);
+        AddTag(EStep::Delimiter, Tag::kSequenceDelimitationItem, 0, inside.syntax);
         size += kItemHeaderSize;
     }
     else
@@ -228,20 +256,15 @@ std::uint64_t CStandardEncoder::PlanSequence(const CDcmElement& element, const S
 std::uint64_t CStandardEncoder::PlanItems(const CDcmElementSet& items, const SDataSet& dataSet)
 {
     const CElementBody& body = CElementBody::Of(items);
-    // Elements of one item mostly follow each other; those without an item count to the first one.
     const int count = items.ItemCount();
     const auto itemOf = [count](const CObject* object) { return std::clamp(ElementOf(object).Item(), 1, count); };
-    const auto less = [itemOf](const CObject* left, const CObject* right) { return itemOf(left) < itemOf(right); };
-    Elements elements(body.list.begin(), body.list.end());
-    std::vector<CObject*> byItem;
-    if (!std::is_sorted(elements.begin(), elements.end(), less))
-    {
-        byItem.assign(elements.begin(), elements.end());
-        std::stable_sort(byItem.begin(), byItem.end(), less);
-        elements = byItem;
-    }
-    std::uint64_t total = 0;
+    // Elements without an item count to the first one.
+    const auto key = [itemOf](const CObject* object)
+    { return static_cast<std::uint64_t>(itemOf(object)) << 32U | ElementOf(object).Tag(); };
     std::vector<CObject*> ordered;
+    const Elements elements = InOrder({body.list.begin(), body.list.end()}, key, ordered);
+    m_steps.reserve(RoomFor(2 * static_cast<std::size_t>(count) + elements.size()));
+    std::uint64_t total = 0;
     std::size_t next = 0;
     for (int item = 1; item <= count; ++item)
     {
@@ -251,11 +274,11 @@ std::uint64_t CStandardEncoder::PlanItems(const CDcmElementSet& items, const SDa
             ++next;
         }
         const std::size_t place = m_steps.size();
-        AddStep(EStep::Item, Tag::kItem, nullptr, dataSet.syntax, VR_NONE).length = kUndefinedLength;
-        std::uint64_t size = PlanDataSet(InTagOrder(elements.subspan(first, next - first), false, ordered), dataSet);
-        if (items.HasUndefinedLength(item) || size >= kUndefinedLength)
+        AddTag(EStep::Item, Tag::kItem, kUndefinedLength, dataSet.syntax);
+        std::uint64_t size = PlanDataSet(elements.subspan(first, next - first), dataSet);
+        if (body.itemForms.IsUndefined(item) || size >= kUndefinedLength)
         {
-            AddStep(EStep::Delimiter, Tag::kItemDelimitationItem, nullptr, dataSet.syntax, VR_NONE);
+            AddTag(EStep::Delimiter, Tag::kItemDelimitationItem, 0, dataSet.syntax);
             size += kItemHeaderSize;
         }
         else
@@ -267,42 +290,29 @@ std::uint64_t CStandardEncoder::PlanItems(const CDcmElementSet& items, const SDa
     return total;
 }
 
-void CStandardEncoder::WriteHeader(const SStep& step, COutputBuffer& out)
+inline void CStandardEncoder::WriteHeader(const SStep& step, COutputBuffer& out)
 {
-    const bool bigEndian = IsBigEndian(step.syntax);
-    const DWORD size = HeaderSize(step);
     const DWORD length = step.step == EStep::GroupLength ? kGroupLengthSize : step.length;
-    BYTE* header = out.Room(size);
-    PutWord(header, static_cast<DWORD>(Varnotix::Tag::Group(step.tag)), bigEndian);
-    PutWord(header + 2, static_cast<DWORD>(Varnotix::Tag::Element(step.tag)), bigEndian);
+    BYTE* header = out.Room(HeaderSize(step));
     if (step.syntax == SYNTAX_IMPLICIT_LITTLE)
     {
-        PutDoubleWord(header + 4, length, bigEndian);
+        PutImplicitHeader(header, step.tag, length);
         return;
     }
     const bool isLater = step.element != nullptr && step.element->LaterVr() != Varnotix::ELaterVr::None;
-    std::memcpy(header + 4, isLater ? step.element->VrLetters() : VrLettersOf(step.vr), 2);
-    if (step.isLong)
-    {
-        PutWord(header + 6, 0, bigEndian);
-        PutDoubleWord(header + 8, length, bigEndian);
-    }
-    else
-    {
-        PutWord(header + 6, length, bigEndian);
-    }
+    PutExplicitHeader(header, step.tag, isLater ? step.element->VrLetters() : VrLettersOf(step.vr), step.isLong, length,
+                      IsBigEndian(step.syntax));
 }
 
-void CStandardEncoder::WriteValue(const SStep& step, COutputBuffer& out)
+inline void CStandardEncoder::WriteValue(const SStep& step, COutputBuffer& out)
 {
     const CValueBytes value = step.element->ValueBytes();
     const std::size_t width = IsBigEndian(step.syntax) ? SwapWidthOf(step.vr, step.element->LaterVr()) : 1;
     const bool isPadded = value.Size() < step.length;
-    const char pad = PadByte(step.element->Vr());
     if (width > 1 && isPadded)
     {
         // The padding may complete a number, and then changes places with its other bytes.
-        const std::string padded = std::string(value.View()) + pad;
+        const std::string padded = std::string(value.View()) + PadByte(step.element->Vr());
         PutSwapped(reinterpret_cast<const BYTE*>(padded.data()), padded.size(), width, out);
         return;
     }
@@ -316,7 +326,7 @@ void CStandardEncoder::WriteValue(const SStep& step, COutputBuffer& out)
     }
     if (isPadded)
     {
-        out.Put(&pad, 1);
+        *out.Room(1) = static_cast<BYTE>(PadByte(step.element->Vr()));
     }
 }
 

@@ -48,14 +48,14 @@ private:
     };
     struct SStep
     {
-        const CDcmElement* element; // Null for items and delimiters.
-        DWORD tag;
-        DWORD length; // As the header has it.
-        EStep step;
-        BYTE syntax;
-        BYTE vr;             // As written; later VRs are taken from the element.
-        bool isEncapsulated; // Of frames.
-        bool isLong;         // The header has the form with a 32-bit length.
+        const CDcmElement* element = nullptr; // Null for items and delimiters.
+        DWORD tag = 0;
+        DWORD length = 0; // As the header has it.
+        EStep step = EStep::Value;
+        BYTE syntax = 0;
+        BYTE vr = VR_NONE;           // As written; later VRs are taken from the element.
+        bool isEncapsulated = false; // Of frames.
+        bool isLong = false;         // The header has the form with a 32-bit length.
     };
     /// A data set while it is planned.
     struct SDataSet
@@ -67,7 +67,9 @@ private:
     /// Elements of one data set.
     using Elements = std::span<CObject* const>;
 
-    static Elements InTagOrder(Elements elements, bool metaFirst, std::vector<CObject*>& ordered);
+    template <class KEY>
+    static Elements InOrder(Elements elements, const KEY& key, std::vector<CObject*>& ordered);
+    std::size_t RoomFor(std::size_t steps) const;
     std::uint64_t PlanDataSet(Elements elements, const SDataSet& dataSet);
     std::uint64_t PlanElement(const CDcmElement& element, const SDataSet& dataSet);
     std::uint64_t PlanSequence(const CDcmElement& element, const SDataSet& dataSet);
@@ -77,6 +79,7 @@ private:
     bool IsEncapsulated(const CDcmElement& element, const SDataSet& dataSet) const;
     bool WantsGroupLength(int group, const SDataSet& dataSet) const;
     SStep& AddStep(EStep step, DWORD tag, const CDcmElement* element, int syntax, int vr);
+    SStep& AddTag(EStep step, DWORD tag, DWORD length, int syntax);
     static DWORD HeaderSize(const SStep& step) { return step.isLong ? kLongHeader : kShortHeader; }
     static void WriteHeader(const SStep& step, COutputBuffer& out);
     static void WriteValue(const SStep& step, COutputBuffer& out);
