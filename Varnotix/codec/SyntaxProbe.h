@@ -13,7 +13,7 @@ namespace Varnotix
 /// @return 0 where not even the first one does.
 int ElementsThatFit(const BYTE* data, std::size_t size, int syntax);
 
-/// True when the first two elements make sense in the syntax, and are evidence for it: it fits then, whatever others do.
+/// True when the first two elements make sense in the syntax and are evidence for it, whatever other syntaxes fit.
 bool ClearlyFits(const BYTE* data, std::size_t size, int syntax);
 
 /// The syntax that fits the first elements best; tags of the standard count most. SYNTAX_UNKNOWN when none fits.

@@ -49,8 +49,8 @@ public:
     /// As above.
     explicit CDcmElement(DWORD tag);
 
-    /// As above, with the VR forced to a code, also for a tag that the dictionary lacks. A number that is not a code gives
-    /// VR_UNKNOWN.
+    /// As above, with the VR forced to a code, also for a tag that the dictionary lacks. A number that is not a code
+    /// gives VR_UNKNOWN.
     CDcmElement(int group, int element, int vr);
 
     /// As the first form; the texts are read as hexadecimal ("0010", "00E0"). A text that is not a number counts as 0.

@@ -27,7 +27,8 @@ public:
     /// Destroys all objects; handles of the body then see an empty list.
     void DestroyObjects();
 
-    /// Adds the objects that were left out of the list until its first access. Those for which memory runs out stay out.
+    /// Adds the objects that were left out of the list until its first access. Those for which memory runs out stay
+    /// out.
     virtual void Fill();
 
 private:

@@ -9,7 +9,6 @@
 #include "text/CharacterSet.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace Tag = Varnotix::Tag;
 
@@ -18,13 +17,6 @@ namespace
 
 constexpr std::size_t kMostLevels = static_cast<std::size_t>(CDcmParser::kMaxDepth) + 1;
 constexpr const char* kNoPlace = "this value has no place here";
-
-bool ReadTag(const std::string& text, DWORD& tag)
-{
-    const char* const end = text.data() + text.size();
-    const std::from_chars_result result = std::from_chars(text.data(), end, tag, 16);
-    return text.size() == 8 && result.ec == std::errc() && result.ptr == end;
-}
 
 CSharedBytes Shared(std::string_view bytes)
 {
@@ -202,10 +194,12 @@ void CJsonReader::Key(const std::string& name)
     }
     if (m_places.back() == EPlace::DataSet)
     {
-        if (!ReadTag(name, m_tag))
+        const std::optional<DWORD> tag = Tag::Parse(name.substr(0, 4), name.size() == 8 ? name.substr(4) : "");
+        if (!tag)
         {
             throw CJsonFault("'" + name.substr(0, 60) + "' is not a tag of eight hexadecimal digits");
         }
+        m_tag = *tag;
         return;
     }
     if (m_places.back() == EPlace::Name && name != "Alphabetic" && name != "Ideographic" && name != "Phonetic")
