@@ -129,9 +129,9 @@ TEST_F(Inputs, PipesAndDevicesAreInputsAndOutputs)
 {
     Write("in.dcm", Named("Doe^Pipe"));
     ASSERT_EQ(std::system("mkfifo pipe back"), 0);
-    ASSERT_EQ(std::system("cat in.dcm >pipe &"), 0);
+    ASSERT_EQ(std::system("timeout 60 cat in.dcm >pipe &"), 0);
     EXPECT_TRUE(Holds(Expect(0, "dump pipe").out, "Doe^Pipe"));
-    ASSERT_EQ(std::system("cat back >copy.dcm & echo $! >reader"), 0);
+    ASSERT_EQ(std::system("timeout 60 cat back >copy.dcm & echo $! >reader"), 0);
     Expect(0, "convert in.dcm back");
     ASSERT_EQ(std::system("while kill -0 $(cat reader) 2>/dev/null; do sleep 0.01; done"), 0);
     EXPECT_EQ(Read("copy.dcm"), Read("in.dcm"));
