@@ -15,10 +15,6 @@ constexpr std::size_t kPreambleSize = 128;
 constexpr std::size_t kMagicSize = 4;
 constexpr std::size_t kShortestStream = 6;
 
-// Values from here on are not copied out of a stream that the library itself holds. Below, a copy is cheaper than
-// keeping the whole stream alive for one value.
-constexpr std::size_t kSharedValue = 65536;
-
 bool IsMagic(const CByteArray& bytes)
 {
     return CString(reinterpret_cast<const char*>(bytes.GetData()), bytes.GetSize()).CompareNoCase("dicm") == 0;
@@ -301,14 +297,7 @@ bool CClassicDecoder::DropLevel(DWORD length, SItems& items)
 inline CSharedBytes CClassicDecoder::ValueOf(const STag& tag, const BYTE* bytes, DWORD length)
 {
     const std::size_t width = IsBigEndian() ? SwapWidth(tag.vr) : 1;
-    if (width > 1)
-    {
-        BYTE* swapped = nullptr;
-        CSharedBytes value = CSharedBytes::Allocate(length, swapped);
-        CopySwapped(bytes, length, width, swapped);
-        return value;
-    }
-    return length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
+    return m_cursor.KeepValue(bytes, length, width, m_smallValues);
 }
 
 bool CClassicDecoder::ReadValue(const STag& tag, DWORD length, CElementBody& elements, std::size_t levelStart)

@@ -19,10 +19,6 @@ constexpr std::size_t kPreambleSize = 128;
 constexpr std::size_t kPrefixSize = 4;
 constexpr std::size_t kShortestStream = 6;
 
-// Values from here on are not copied out of a stream that the library itself holds. Below, a copy is cheaper than
-// keeping the whole stream alive for one value.
-constexpr std::size_t kSharedValue = 65536;
-
 bool IsPrivateCreator(DWORD tag)
 {
     const int element = Tag::Element(tag);
@@ -301,16 +297,8 @@ void CStandardDecoder::ReadElement(const SHeader& header, SLevel& level)
 /// The bytes of a value as little endian ones.
 CSharedBytes CStandardDecoder::ValueOf(const SHeader& header, const SLevel& level, const BYTE* bytes)
 {
-    const DWORD length = header.length;
     const std::size_t width = IsBigEndian(level.syntax) ? SwapWidthOf(header.vr, header.laterVr) : 1;
-    if (width > 1)
-    {
-        BYTE* swapped = nullptr;
-        CSharedBytes value = CSharedBytes::Allocate(length, swapped);
-        CopySwapped(bytes, length, width, swapped);
-        return value;
-    }
-    return length < kSharedValue ? m_smallValues.Store(bytes, length) : m_cursor.Keep(bytes, length);
+    return m_cursor.KeepValue(bytes, header.length, width, m_smallValues);
 }
 
 void CStandardDecoder::ReadValue(const SHeader& header, SLevel& level)

@@ -1,6 +1,7 @@
 /// The decoder's place in a stream that lies in memory.
 #pragma once
 
+#include "Varnotix/codec/ByteOrder.h"
 #include "Varnotix/element/SharedBytes.h"
 
 #include <cstring>
@@ -56,7 +57,26 @@ public:
                                  : m_block.Part(static_cast<std::size_t>(bytes - m_data), size);
     }
 
+    /// The bytes of a value that Take has returned, as little endian ones.
+    /// @param width of the numbers that the stream holds in reverse; 1 for none.
+    /// @param small takes the values that are copied.
+    CSharedBytes KeepValue(const BYTE* bytes, std::size_t size, std::size_t width, CByteChunks& small) const
+    {
+        if (width > 1)
+        {
+            BYTE* swapped = nullptr;
+            CSharedBytes value = CSharedBytes::Allocate(size, swapped);
+            Varnotix::CopySwapped(bytes, size, width, swapped);
+            return value;
+        }
+        return size < kSharedValue ? small.Store(bytes, size) : Keep(bytes, size);
+    }
+
 private:
+    // Values from here on are not copied out of a stream that the library itself holds. Below, a copy is cheaper than
+    // keeping the whole stream alive for one value.
+    static constexpr std::size_t kSharedValue = 65536;
+
     const BYTE* m_data;
     std::size_t m_length;
     std::size_t m_position = 0;
