@@ -35,8 +35,8 @@ done
 if [ $# -eq 0 ]; then
     measure '^memory/'
     measure '^threads/'
-    for growing in elements items nesting frames lines; do
-        measure "^RoundTrip/$growing/"
+    for growing in $("$program" --benchmark_list_tests | grep '^RoundTrip/'); do
+        measure "^$growing\$"
     done
     measure '^(Construct|Update|Read|Encode|Decode|Data|Export|Import)[A-Z]'
 fi
@@ -67,9 +67,10 @@ function shown(value) { return value > 0 ? sprintf("%.3f", value) : "-" }
     sub(/_median$/, "", $1)
     parts = split($1, name, "/")
     if (name[1] == "RoundTrip") {
-        if (!(name[2] in small) || name[3] + 0 < small[name[2]]) small[name[2]] = name[3] + 0
-        if (name[3] + 0 > large[name[2]]) large[name[2]] = name[3] + 0
-        time[name[2], name[3] + 0] = milliseconds()
+        sub(/_median/, "", name[3])
+        growing[++sizes] = name[2]
+        size[sizes] = name[3]
+        trip[name[2], name[3]] = milliseconds()
     } else if (parts == 3) {
         if (!(name[2] in seen)) { seen[name[2]] = 1; order[++inputs] = name[2] }
         time[name[1] " " name[2], name[3]] = milliseconds()
@@ -93,11 +94,11 @@ END {
     for (i = 1; i <= inputs; ++i)
         if (("copy " order[i], "memcpy") in time)
             printf "one memory copy of %s: %.3f\n", order[i], time["copy " order[i], "memcpy"]
-    for (kind in small) {
-        if (!grown++) print "\nTwice the input, read and written:"
-        printf "%-10s %8.3f ms to %8.3f ms: %.2f\n", kind, time[kind, small[kind]], time[kind, large[kind]], \
-            time[kind, large[kind]] / time[kind, small[kind]]
-    }
+    if (sizes) print "\nTwice the input, read and written:"
+    for (i = 1; i <= sizes; ++i)
+        if ((growing[i], size[i] * 2) in trip)
+            printf "%-10s %6d %9.3f ms to %9.3f ms: %.2f\n", growing[i], size[i], trip[growing[i], size[i]], \
+                trip[growing[i], size[i] * 2], trip[growing[i], size[i] * 2] / trip[growing[i], size[i]]
     if (pairs) print "\nFiles a second of one thread and of two:"
     for (i = 1; i <= pairs; ++i)
         printf "%-16s %8d %8d: %.2f\n", threaded[i], one[threaded[i]], two[threaded[i]], two[threaded[i]] / one[threaded[i]]
