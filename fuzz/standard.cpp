@@ -39,15 +39,15 @@ bool HasSequences(const CDcmElementSet& set)
 }
 
 /// What keeps a second reading from giving the same object: group 0200, which looks like group 0002 in big endian, and
-/// VR UN under the tag of a sequence, which implicit VR gives its VR back.
+/// a value of another VR under the tag of a sequence, which implicit VR gives its VR back.
 bool CanReadOtherwise(const CDcmElementSet& set)
 {
     for (int i = 0; i < set.GetCount(); ++i)
     {
         const CDcmElement& element = *set.GetAt(i);
         const CDcmEntry* entry = CDcmRegistry::Global().LookUpPublicTag(element.Tag());
-        const bool isHidden = element.HasVr(VR_UN) && entry != nullptr && entry->vr == VR_SQ;
         const CDcmElementSet* items = element.Items();
+        const bool isHidden = items == nullptr && entry != nullptr && entry->vr == VR_SQ;
         if (element.Group() == 0x0200 || isHidden || (items != nullptr && CanReadOtherwise(*items)))
         {
             return true;
