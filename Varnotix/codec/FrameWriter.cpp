@@ -39,7 +39,8 @@ std::uint64_t CFrameWriter::Size() const
 CByteArray CFrameWriter::OffsetTable() const
 {
     const CByteArray& read = m_frames.OffsetTable();
-    if (m_frames.ReadForm() == CDcmFrameList::FORM_ENCAPSULATED && OffsetTableFits(m_frames, 2))
+    const bool isWhole = read.GetSize() % 4 == 0; // The padding of a part would make an entry of it.
+    if (m_frames.ReadForm() == CDcmFrameList::FORM_ENCAPSULATED && isWhole && OffsetTableFits(m_frames, 2))
     {
         return read;
     }
