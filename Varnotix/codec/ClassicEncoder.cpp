@@ -30,8 +30,15 @@ struct SPreparation
 /// @param size the encoded size of the group's elements.
 std::unique_ptr<CDcmElement> MakeGroupLength(int group, DWORD size, int syntax)
 {
-    CDcmRegistry::Global().AddSharedPrivateEntry(group, kGroupLength, "UL", 1);
-    auto length = std::make_unique<CDcmElement>(group, kGroupLength);
+    CDcmRegistry& registry = CDcmRegistry::Global();
+    const CDcmEntry* learned = registry.AddSharedPrivateEntry(group, kGroupLength, "UL", 1);
+    const CDcmEntry* entry = registry.LookUpTag(group, kGroupLength);
+    if (entry == nullptr)
+    {
+        entry = learned; // Another thread may have emptied the dictionary meanwhile.
+    }
+    const int vr = entry != nullptr ? static_cast<int>(entry->vr) : static_cast<int>(VR_UNKNOWN);
+    auto length = std::make_unique<CDcmElement>(group, kGroupLength, vr, entry);
     length->AddInteger(size);
     length->SetSyntax(syntax);
     length->Encode();

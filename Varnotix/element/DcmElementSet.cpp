@@ -5,6 +5,7 @@
 #include "Varnotix/platform/DumpContext.h"
 #include "Varnotix/registry/DcmRegistry.h"
 #include "Varnotix/registry/DictionaryFile.h"
+#include "Varnotix/registry/EntryTable.h"
 #include "Varnotix/registry/TagText.h"
 
 #include <algorithm>
@@ -14,6 +15,20 @@
 using namespace Varnotix;
 
 IMPLEMENT_DYNCREATE(CDcmElementSet, CDcmList)
+
+namespace
+{
+
+/// Adds an empty element of an entry that was looked up, in place of an element of its tag. The entry counts: another
+/// thread may empty the dictionary meanwhile.
+CDcmElement* AddOfEntry(CDcmElementSet& set, DWORD tag, const CDcmEntry& entry)
+{
+    set.Remove(tag);
+    set.Add(new CDcmElement(Tag::Group(tag), Tag::Element(tag), static_cast<int>(entry.vr), &entry));
+    return set.GetAt(set.GetCount() - 1);
+}
+
+} // namespace
 
 CDcmElementSet::CDcmElementSet() : CDcmList(new CElementBody) {}
 
@@ -85,13 +100,8 @@ void CDcmElementSet::Add(CDcmElement* element)
 
 CDcmElement* CDcmElementSet::AddKnown(DWORD tag)
 {
-    if (CDcmRegistry::Global().LookUpTag(tag) == nullptr)
-    {
-        return nullptr;
-    }
-    Remove(tag);
-    Add(new CDcmElement(tag));
-    return GetAt(GetCount() - 1);
+    const CDcmEntry* entry = CDcmRegistry::Global().LookUpTag(tag);
+    return entry != nullptr ? AddOfEntry(*this, tag, *entry) : nullptr;
 }
 
 CDcmElement* CDcmElementSet::AddKnown(const CString& group, const CString& element)
@@ -113,8 +123,11 @@ CDcmElement* CDcmElementSet::Insert(const CString& group, const CString& element
     {
         return nullptr;
     }
-    registry.AddSharedPrivateEntry(groupNumber, elementNumber, vr, LeadingNumber(vm.CText(), 0));
-    return AddKnown(group, element);
+    const CDcmEntry* entry =
+        registry.AddSharedPrivateEntry(groupNumber, elementNumber, vr, LeadingNumber(vm.CText(), 0));
+    const DWORD tag = Tag::Make(groupNumber, elementNumber);
+    // No look-up finds odd groups among 50xx and 60xx, which it takes for repeating ones.
+    return entry != nullptr && !CEntryTable::IsRepeatingGroup(tag) ? AddOfEntry(*this, tag, *entry) : nullptr;
 }
 
 void CDcmElementSet::Remove(const CDcmElement* element)

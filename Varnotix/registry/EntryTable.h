@@ -44,6 +44,13 @@ public:
     /// As above, for an entry that lives longer than the table.
     const CDcmEntry* Add(std::string_view key, const CDcmEntry& entry);
 
+    /// True for tags that FindTag takes for those of a repeating group.
+    static bool IsRepeatingGroup(DWORD tag)
+    {
+        const DWORD family = tag & 0xFF000000U;
+        return family == 0x50000000U || family == 0x60000000U;
+    }
+
     /// The key of one tag, also of one in a repeating group: its own digits, never XX.
     static std::string KeyOfTag(int group, int element);
 
@@ -68,11 +75,6 @@ private:
 
     static constexpr Code kRepeatingMark = Code{1} << 32U;
 
-    static bool IsRepeatingGroup(DWORD tag)
-    {
-        const DWORD family = tag & 0xFF000000U;
-        return family == 0x50000000U || family == 0x60000000U;
-    }
     static Code CodeOfTag(DWORD tag) { return IsRepeatingGroup(tag) ? kRepeatingMark | (tag & 0xFF00FFFFU) : tag; }
     static bool CodeOfKey(std::string_view key, Code& code);
     const CDcmEntry* FindCode(Code code) const { return m_slots.empty() ? nullptr : m_slots[SlotOf(code)].entry; }

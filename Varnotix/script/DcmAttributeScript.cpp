@@ -28,8 +28,10 @@ CDcmElement* ElementOfLine(const SAslElement& line, CDcmAttributeModule& module)
 {
     const CString group(line.group);
     const CString element(line.element);
+    // A tag that is unknown at first may be known at the second step, because another thread has learned it meanwhile.
     if (IsTagNumber(group) && IsTagNumber(element) &&
-        (module.Insert(group, element) || module.Insert(group, element, CString(line.vr), CString(line.multiplicity))))
+        (module.Insert(group, element) || module.Insert(group, element, CString(line.vr), CString(line.multiplicity)) ||
+         module.Insert(group, element)))
     {
         return module.GetDcmElementSet().Find(group, element);
     }

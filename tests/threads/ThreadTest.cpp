@@ -232,6 +232,59 @@ TEST(Threads, MayForgetAndLearnPrivateTagsAtTheSameTime)
     }
 }
 
+TEST(Threads, KeepPrivateAttributesThatOthersLearnAtTheSameTime)
+{
+    CStringArray lines;
+    for (int element = 0x1001; element < 0x1040; ++element)
+    {
+        CString line;
+        line.Format("0043,%04X,LO,1,Private,[a text]", static_cast<unsigned>(element));
+        lines.Add(line);
+    }
+    for (int round = 0; round < kRounds; ++round)
+    {
+        OnAllThreads(
+            [&](int)
+            {
+                CDcmCompositeIOD made;
+                made.CreateFromASL(lines);
+                EXPECT_EQ(made.ElementStore().GetCount(), lines.GetSize());
+            });
+        CDcmRegistry::Global().ForgetPrivateEntries();
+    }
+}
+
+TEST(Threads, WriteWholeObjectsWhileOthersForgetPrivateTags)
+{
+    const CByteArray image = ImageBytes(0x0045);
+    const auto rewritten = [&image]
+    {
+        CDcmIOD object;
+        object.Import(image);
+        object.GroupLengths(true);
+        CByteArray bytes;
+        object.ExportFileFormat(bytes);
+        return TextOf(bytes);
+    };
+    const std::string wanted = rewritten();
+    ASSERT_NE(wanted.find(std::string("\x45\0\0\0UL", 6)), std::string::npos);
+    OnAllThreads(
+        [&](int number)
+        {
+            for (int i = 0; i < 50 * kRounds; ++i)
+            {
+                if (number % 2 == 0)
+                {
+                    CDcmRegistry::Global().ForgetPrivateEntries();
+                }
+                else
+                {
+                    ASSERT_EQ(rewritten(), wanted);
+                }
+            }
+        });
+}
+
 TEST(Threads, EachHoldACopyOfOneObject)
 {
     const CByteArray image = ImageBytes(0x0019);
