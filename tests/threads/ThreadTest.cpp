@@ -55,15 +55,28 @@ CByteArray ImageBytes(int privateGroup)
     auto number = std::make_unique<CDcmElement>(privateGroup, 0x1001, VR_US, &CDcmRegistry::UnlistedEntry(VR_US));
     number->AddWord(static_cast<WORD>(privateGroup));
     Fill(object.ElementStore(),
-         {MakeText(0x0002, 0x0010, "1.2.840.10008.1.2.5"), MakeText(0x0008, 0x0005, "ISO_IR 100"),
-          MakeText(0x0008, 0x0016, "1.2.840.10008.5.1.4.1.1.6.1"), MakeText(0x0008, 0x0018, "1.2.3"),
+         {MakeText(0x0002, 0x0010, "1.2.840.10008.1.2.5"),
+          MakeText(0x0008, 0x0005, "ISO_IR 100"),
+          MakeText(0x0008, 0x0016, "1.2.840.10008.5.1.4.1.1.6.1"),
+          MakeText(0x0008, 0x0018, ("1.2." + std::to_string(privateGroup)).c_str()),
           MakeSequence(0x0008, 0x1140, {MakeText(0x0008, 0x1150, "1.2"), MakeText(0x0008, 0x1155, "1.2.4")}),
           MakeText(0x0010, 0x0010,
                    "D\xD6"
                    "E^JANE"),
-          MakeText(0x0010, 0x0020, "ID-1"), creator.release(), number.release(),
-          MakeText(0x0028, 0x0004, "MONOCHROME2"), MakeWord(0x0028, 0x0010, 8), MakeWord(0x0028, 0x0011, 8),
-          MakeWord(0x0028, 0x0100, 8), MakeWord(0x6000, 0x0010, 8), MakeWord(0x6000, 0x0011, 8), pixelData.release()});
+          MakeText(0x0010, 0x0020, "ID-1"),
+          creator.release(),
+          number.release(),
+          MakeWord(0x0028, 0x0002, 1),
+          MakeText(0x0028, 0x0004, "MONOCHROME2"),
+          MakeWord(0x0028, 0x0010, 8),
+          MakeWord(0x0028, 0x0011, 8),
+          MakeWord(0x0028, 0x0100, 8),
+          MakeWord(0x0028, 0x0101, 8),
+          MakeWord(0x0028, 0x0102, 7),
+          MakeWord(0x0028, 0x0103, 0),
+          MakeWord(0x6000, 0x0010, 8),
+          MakeWord(0x6000, 0x0011, 8),
+          pixelData.release()});
     CByteArray bytes;
     object.ExportFileFormat(bytes);
     return bytes;
@@ -323,14 +336,23 @@ TEST(Threads, OfTheToolWorkOnDistinctInputs)
     std::filesystem::create_directory("inputs");
     for (int number = 0; number < 4 * kThreads; ++number)
     {
-        const std::string bytes = TextOf(ImageBytes(0x0031 + number % kThreads * 2));
+        const std::string bytes = TextOf(ImageBytes(0x0061 + number * 2));
         std::ofstream("inputs/" + std::to_string(number) + ".dcm", std::ios::binary) << bytes;
     }
-    for (const std::string rules : {"", "--classic "})
+    std::ofstream("key") << std::string(64, 'A');
+    for (const std::string verb : {"dump", "--classic dump", "dump --json", "list --jsonl -w PatientName~D.*E", "check",
+                                   "modules", "convert -v -s explicit -o out", "anonymize -v --deep -o out",
+                                   "deidentify -v --key key --accept-pixels -o out",
+                                   "frames -v --png --name {file}-{frame} -o out", "set -v PatientID=7 -o out"})
     {
-        ASSERT_EQ(StatusOf("varnotix", rules + "dump -j 1 -r inputs"), 0) << ReadText("err.txt");
-        const std::string wanted = ReadOutput();
-        EXPECT_EQ(StatusOf("varnotix", rules + "dump -j 8 -r inputs"), 0) << ReadText("err.txt");
-        EXPECT_EQ(ReadOutput(), wanted);
+        std::filesystem::remove_all("out");
+        const int status = StatusOf("varnotix", verb + " -j 1 -r inputs");
+        const std::string output = ReadOutput();
+        const std::string messages = ReadText("err.txt");
+        ASSERT_LE(status, 10) << verb << messages;
+        std::filesystem::remove_all("out");
+        EXPECT_EQ(StatusOf("varnotix", verb + " -j 8 -r inputs"), status) << verb;
+        EXPECT_EQ(ReadOutput(), output) << verb;
+        EXPECT_EQ(ReadText("err.txt"), messages) << verb;
     }
 }

@@ -66,6 +66,26 @@ TEST_F(Inputs, SeveralAtATimePrintAsOneAfterAnother)
     Expect(1, "dump -j 1.5 0.dcm", "--jobs");
 }
 
+TEST_F(Inputs, AFileOfSeveralNamesIsWorkedOnOnceAtATime)
+{
+    std::string names;
+    for (int i = 0; i < 8; ++i)
+    {
+        names += " in.dcm ./in.dcm";
+    }
+    const std::string object = Named("Doe^Jane");
+    std::string edited;
+    for (const std::string jobs : {"-j 1", "-j 8"})
+    {
+        Write("in.dcm", object);
+        std::filesystem::remove("in.dcm.bak");
+        Expect(0, "set " + jobs + " --backup RequestAttributesSequence[+].ScheduledProcedureStepID=7" + names);
+        EXPECT_EQ(Read("in.dcm.bak"), object);
+        edited = edited.empty() ? Read("in.dcm") : edited;
+        EXPECT_EQ(Read("in.dcm"), edited);
+    }
+}
+
 TEST_F(Inputs, OutputsLieInTheFolderAsInputsInTheirs)
 {
     WriteFolder();

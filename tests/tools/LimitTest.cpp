@@ -70,6 +70,23 @@ TEST_F(Limit, AReaderThatFailsIsAnInputThatCannotBeRead)
     EXPECT_EQ(CountTemporaries(), 0);
 }
 
+TEST_F(Limit, ARunGoesOnWithoutTheThreadsThatTheSystemRefuses)
+{
+    constexpr const char* kLimit = "ulimit -s 200000000000"; // Threads get stacks of more than there are addresses.
+    if (std::system(kLimit) != 0)
+    {
+        GTEST_SKIP() << "the limit of stacks cannot be raised";
+    }
+    Write("in.dcm", DeepAndLarge());
+    Write("bad.dcm", "no object");
+    const std::string arguments = "dump -v -j 4 in.dcm bad.dcm in.dcm";
+    const SRun usual = Run(arguments);
+    const SRun refused = Run(arguments, "out.txt", kLimit);
+    EXPECT_EQ(refused.status, usual.status);
+    EXPECT_EQ(refused.out, usual.out);
+    EXPECT_EQ(refused.err, usual.err);
+}
+
 TEST_F(Limit, AStackOfOneMegabyteIsEnoughForTheDeepestNesting)
 {
     Write("in.dcm", DeepAndLarge());

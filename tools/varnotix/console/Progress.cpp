@@ -10,7 +10,10 @@ CProgress::CProgress(std::size_t steps, const CReport& report)
 
 CProgress::~CProgress()
 {
-    ErasePassingLine();
+    if (m_isShown) // The bar of a run must not go with the progress of a job.
+    {
+        ErasePassingLine();
+    }
 }
 
 void CProgress::Step(std::size_t step)

@@ -3,6 +3,7 @@
 
 #include "Varnotix/Varnotix.h"
 
+#include <string>
 #include <vector>
 
 enum class EFileKind
@@ -18,6 +19,9 @@ EFileKind FileKindOf(const CString& path);
 
 /// True when both paths lead to one existing folder.
 bool IsSameFolder(const CString& left, const CString& right);
+
+/// A text that all paths of an existing file share, links to it included where the system resolves them.
+std::string FileKey(const CString& path);
 
 /// Appends the names in a folder in byte order, without "." and "..".
 /// @return empty, or why the folder cannot be read.

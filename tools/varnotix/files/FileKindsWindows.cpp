@@ -44,6 +44,13 @@ bool IsSameFolder(const CString& left, const CString& right)
     return FileKindOf(left) == EFileKind::Folder && FullPath(left).CompareNoCase(FullPath(right)) == 0;
 }
 
+std::string FileKey(const CString& path)
+{
+    CString key = FullPath(path);
+    key.MakeLower();
+    return std::string(key.View());
+}
+
 CString ListFolder(const CString& folder, std::vector<CString>& names)
 {
     CStringArray found;

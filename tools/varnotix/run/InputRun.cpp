@@ -1,6 +1,7 @@
 #include "run/InputRun.h"
 
 #include "console/Progress.h"
+#include "files/FileKinds.h"
 #include "files/Input.h"
 #include "files/OutputFolder.h"
 
@@ -10,6 +11,9 @@
 #include <exception>
 #include <memory>
 #include <mutex>
+#include <set>
+#include <string>
+#include <system_error>
 #include <thread>
 
 namespace
@@ -65,11 +69,16 @@ void Count(SRunResult& result, int status)
     result.status = std::max(result.status, status);
 }
 
-/// Runs jobs on threads of its own, and prints what they print in the order of the inputs.
+/// Runs jobs on threads of its own, and prints what they print in the order of the inputs. Inputs that are one file are
+/// worked on one after another: an edit in place must not meet another one.
 class CParallelRun
 {
 public:
-    CParallelRun(const SInputs& inputs, const CReport& report, const CJobFunction& job, int threads);
+    /// @param threads how many there may be, at least 1.
+    CParallelRun(const SInputs& inputs, const CReport& report, const CJobFunction& job, int threads)
+        : m_inputs(inputs), m_report(report), m_job(job), m_mostThreads(static_cast<std::size_t>(threads))
+    {
+    }
     ~CParallelRun();
     CParallelRun(const CParallelRun&) = delete;
     CParallelRun& operator=(const CParallelRun&) = delete;
@@ -80,6 +89,7 @@ private:
     struct STask
     {
         SInput input = {};
+        std::string file = {}; // The same for all paths of a file.
         CConsole console{CConsole::EMode::Kept};
         int status = STATUS_DONE;
         std::exception_ptr failure = nullptr;
@@ -87,29 +97,25 @@ private:
     };
 
     void Work();
+    void Do(STask& task) const;
     void Fill(CInputWalk& walk);
+    bool TakeNext(CInputWalk& walk);
+    void StartThread();
 
     const SInputs& m_inputs;
     const CReport& m_report;
     const CJobFunction& m_job;
-    std::size_t m_limit; // Of tasks that were begun and are not printed; an early slow one must not let all wait.
+    std::size_t m_mostThreads;
     std::mutex m_mutex;
     std::condition_variable m_added;
     std::condition_variable m_done;
     std::deque<std::unique_ptr<STask>> m_tasks; // In the order of the inputs.
+    std::set<std::string> m_files;              // Those of m_tasks.
+    std::unique_ptr<STask> m_next;              // The next one, which waits for another of its file.
     std::deque<STask*> m_waiting;               // Those of m_tasks that no thread has taken.
     bool m_isOver = false;
     std::vector<std::jthread> m_threads;
 };
-
-CParallelRun::CParallelRun(const SInputs& inputs, const CReport& report, const CJobFunction& job, int threads)
-    : m_inputs(inputs), m_report(report), m_job(job), m_limit(static_cast<std::size_t>(threads) * 4)
-{
-    for (int i = 0; i < threads; ++i)
-    {
-        m_threads.emplace_back([this] { Work(); });
-    }
-}
 
 CParallelRun::~CParallelRun()
 {
@@ -145,6 +151,7 @@ SRunResult CParallelRun::Run()
             std::rethrow_exception(first.failure);
         }
         Count(result, first.status);
+        m_files.erase(first.file);
         m_tasks.pop_front();
     }
 }
@@ -152,17 +159,61 @@ SRunResult CParallelRun::Run()
 /// Only this thread touches m_tasks; the lock is for m_waiting.
 void CParallelRun::Fill(CInputWalk& walk)
 {
-    while (m_tasks.size() < m_limit)
+    // Tasks that were begun and are not printed; an early slow one must not let all threads wait.
+    const std::size_t most = m_mostThreads * 4;
+    while (m_tasks.size() < most && TakeNext(walk))
+    {
+        STask& task = *m_tasks.back();
+        StartThread();
+        if (m_threads.empty())
+        {
+            Do(task);
+            task.isDone = true;
+            continue;
+        }
+        const std::lock_guard lock(m_mutex);
+        m_waiting.push_back(&task);
+        m_added.notify_one();
+    }
+}
+
+/// Makes the next input a task.
+/// @return false when there is none, or its file is that of another task.
+bool CParallelRun::TakeNext(CInputWalk& walk)
+{
+    if (m_next == nullptr)
     {
         auto task = std::make_unique<STask>();
         if (!walk.Next(task->input))
         {
-            return;
+            return false;
         }
-        m_tasks.push_back(std::move(task));
-        const std::lock_guard lock(m_mutex);
-        m_waiting.push_back(m_tasks.back().get());
-        m_added.notify_one();
+        task->file = FileKey(task->input.path);
+        m_next = std::move(task);
+    }
+    if (!m_files.insert(m_next->file).second)
+    {
+        return false;
+    }
+    m_tasks.push_back(std::move(m_next));
+    return true;
+}
+
+/// Adds a thread where there are fewer than wanted, and than tasks. The run goes on with those that the system grants,
+/// or with none.
+void CParallelRun::StartThread()
+{
+    if (m_threads.size() >= std::min(m_mostThreads, m_tasks.size()))
+    {
+        return;
+    }
+    try
+    {
+        m_threads.emplace_back([this] { Work(); });
+    }
+    catch (const std::system_error&)
+    {
+        m_mostThreads = std::max<std::size_t>(m_threads.size(), 1);
     }
 }
 
@@ -179,18 +230,23 @@ void CParallelRun::Work()
         STask& task = *m_waiting.front();
         m_waiting.pop_front();
         lock.unlock();
-        try
-        {
-            const CReport report(m_report, task.console);
-            task.status = DoJob(m_inputs, m_job, {task.input, task.console, report});
-        }
-        catch (...)
-        {
-            task.failure = std::current_exception();
-        }
+        Do(task);
         lock.lock();
         task.isDone = true;
         m_done.notify_one();
+    }
+}
+
+void CParallelRun::Do(STask& task) const
+{
+    try
+    {
+        const CReport report(m_report, task.console);
+        task.status = DoJob(m_inputs, m_job, {task.input, task.console, report});
+    }
+    catch (...)
+    {
+        task.failure = std::current_exception();
     }
 }
 
