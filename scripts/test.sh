@@ -49,9 +49,10 @@ run_tests()
     ctest --preset "$1" --parallel "$(nproc)" --no-tests=error
 }
 
-# The sanitizer does not know all places where newer kernels put programs.
+# The sanitizer does not know all places where newer kernels put programs, and lets each program sleep at its end.
 run_thread_tests()
 {
+    local -x TSAN_OPTIONS="atexit_sleep_ms=50 ${TSAN_OPTIONS:-}"
     local fixed=()
     setarch -R true 2>/dev/null && fixed=(setarch -R)
     "${fixed[@]}" ctest --preset tsan --tests-regex '^test_threads$' --no-tests=error
