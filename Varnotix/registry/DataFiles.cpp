@@ -58,6 +58,21 @@ bool ReadWhole(const CString& path, CByteArray& bytes)
 
 } // namespace
 
+void ReadDataLines(std::string_view text, const std::function<void(std::string_view)>& takeLine)
+{
+    while (!text.empty())
+    {
+        const std::size_t end = text.find('\n');
+        std::string_view line = text.substr(0, end);
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        if (!line.empty() && line.back() == '\r')
+        {
+            line.remove_suffix(1);
+        }
+        takeLine(line);
+    }
+}
+
 CString ReadDataFile(const CString& name, const std::function<void(std::string_view)>& takeLine)
 {
     for (const CString& folder : DataFolders())
@@ -68,19 +83,8 @@ CString ReadDataFile(const CString& name, const std::function<void(std::string_v
         {
             continue;
         }
-        std::string_view rest(reinterpret_cast<const char*>(bytes.GetData()),
-                              static_cast<std::size_t>(bytes.GetSize()));
-        while (!rest.empty())
-        {
-            const std::size_t end = rest.find('\n');
-            std::string_view line = rest.substr(0, end);
-            rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
-            if (!line.empty() && line.back() == '\r')
-            {
-                line.remove_suffix(1);
-            }
-            takeLine(line);
-        }
+        ReadDataLines({reinterpret_cast<const char*>(bytes.GetData()), static_cast<std::size_t>(bytes.GetSize())},
+                      takeLine);
         return path;
     }
     return CString();
