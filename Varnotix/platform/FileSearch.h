@@ -37,6 +37,10 @@ VARNOTIX_EXPORT CString EnvironmentVariable(LPCTSTR name);
 /// give the name as it is.
 VARNOTIX_EXPORT CString JoinPath(const CString& folder, const CString& name);
 
+/// Waits until the content of a file is on its disk, so that a power failure cannot take it away. False when there is
+/// no such file, and when the disk refuses what was written.
+VARNOTIX_EXPORT bool SyncFile(const CString& path);
+
 /// Gives the file `from` the name `to` in one step, replacing what was there. False on failure; both are then as
 /// before.
 VARNOTIX_EXPORT bool ReplaceFileByRename(const CString& from, const CString& to);

@@ -3,10 +3,12 @@
 #include "Varnotix/platform/FileSearch.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -175,6 +177,18 @@ CString JoinPath(const CString& folder, const CString& name)
         return name;
     }
     return folder.View().ends_with('/') ? folder + name : folder + "/" + name;
+}
+
+bool SyncFile(const CString& path)
+{
+    const int file = ::open(path, O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (file < 0)
+    {
+        return false;
+    }
+    const bool isSafe = ::fsync(file) == 0 || errno == EINVAL; // Where a file cannot be synchronised, it need not be.
+    ::close(file);
+    return isSafe;
 }
 
 bool ReplaceFileByRename(const CString& from, const CString& to)

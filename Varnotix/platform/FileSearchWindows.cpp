@@ -93,6 +93,19 @@ CString JoinPath(const CString& folder, const CString& name)
     return IsSeparator(folder.View().back()) ? folder + name : folder + "\\" + name;
 }
 
+bool SyncFile(const CString& path)
+{
+    const HANDLE file = ::CreateFileA(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file == INVALID_HANDLE_VALUE)
+    {
+        return false;
+    }
+    const bool isSafe = ::FlushFileBuffers(file) != 0;
+    ::CloseHandle(file);
+    return isSafe;
+}
+
 bool ReplaceFileByRename(const CString& from, const CString& to)
 {
     return ::MoveFileExA(from, to, MOVEFILE_REPLACE_EXISTING) != 0;

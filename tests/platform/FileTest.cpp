@@ -53,9 +53,11 @@ TEST_F(FileTest, OpensPathsOfAnotherCaseAndSeparator)
     Create(In("Sub.Dir/image01.new"), "x");
     EXPECT_TRUE(FileExists(In("Sub.Dir/image01.new")));
     EXPECT_FALSE(FileExists(In("Sub.Dir")));
+    EXPECT_TRUE(SyncFile(In("Sub.Dir/image01.new")));
     EXPECT_TRUE(ReplaceFileByRename(In("Sub.Dir/image01.new"), In("Sub.Dir/Image01.DCM")));
     EXPECT_EQ(Content(scriptPath), "x");
     EXPECT_FALSE(ReplaceFileByRename(In("Sub.Dir/image01.new"), In("Sub.Dir/Image01.DCM")));
+    EXPECT_FALSE(SyncFile(In("Sub.Dir/image01.new")));
 }
 
 TEST(FileSearchTest, WildcardsMatchWithoutCaseAndInLinearTries)

@@ -40,6 +40,11 @@ std::unique_ptr<CFile> CreateUnfinished(const CString& path)
 
 bool FinishFile(const CString& path, const CString& name)
 {
+    // Many file systems write a new name to the disk before the content: a power failure would leave neither file.
+    if (Varnotix::FileExists(name) && !Varnotix::SyncFile(path))
+    {
+        return false;
+    }
     SUnfinished& all = Unfinished();
     const std::lock_guard lock(all.mutex);
     if (!Varnotix::ReplaceFileByRename(path, name))

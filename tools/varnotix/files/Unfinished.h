@@ -8,7 +8,7 @@
 /// Creates a file for reading and writing, and counts it as unfinished. Throws CFileException.
 std::unique_ptr<CFile> CreateUnfinished(const CString& path);
 
-/// Gives an unfinished, closed file its final name, replacing what was there.
+/// Gives an unfinished, closed file its final name, replacing what was there once the new content is on the disk.
 /// @return false on failure; it is unfinished still.
 bool FinishFile(const CString& path, const CString& name);
 
