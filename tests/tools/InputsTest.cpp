@@ -180,6 +180,28 @@ TEST_F(Inputs, AClosedPipeEndsTheRunWithoutAMessage)
     }
 }
 
+TEST_F(Inputs, MessagesToAClosedStreamDoNotGoIntoOutputs)
+{
+    std::string names;
+    for (int i = 0; i < 150; ++i)
+    {
+        const std::string name = std::to_string(i) + ".dcm";
+        Write(name, Named("Doe^Jane"));
+        names += " " + name;
+    }
+    const std::string command = "\"$VARNOTIX_BIN\"/varnotix convert -v -s implicit -j 4 -o out" + names + " 2>&-";
+    for (int round = 0; round < 2; ++round)
+    {
+        ASSERT_EQ(std::system(command.c_str()), 0);
+        for (int i = 1; i < 150; ++i)
+        {
+            ASSERT_EQ(Read("out/" + std::to_string(i) + ".dcm"), Read("out/0.dcm")) << i;
+        }
+    }
+    EXPECT_NE(std::system("\"$VARNOTIX_BIN\"/varnotix dump 0.dcm 2>err.txt >&-"), 0);
+    EXPECT_TRUE(Holds(Read("err.txt"), "cannot write to the standard output: Bad file descriptor"));
+}
+
 TEST_F(Inputs, AnInterruptLeavesNoTemporaryFile)
 {
     Write("in.dcm", Part10(kExplicitUid, Explicit(0x7FE00010, "OB", std::string(1 << 20, 'p'))));

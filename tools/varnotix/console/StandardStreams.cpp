@@ -11,6 +11,9 @@
 #include <fcntl.h>
 #include <io.h>
 #include <windows.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
 #endif
 
 namespace
@@ -50,6 +53,16 @@ void PrepareStandardStreams()
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
     SetConsoleOutputCP(CP_UTF8);
+#else
+    // A stream that the caller closed would become the next file that is opened, and messages part of an output. Opened
+    // for the other direction, it still fails when it is used.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+    {
+        if (::fcntl(stream, F_GETFD) < 0)
+        {
+            static_cast<void>(::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY));
+        }
+    }
 #endif
 #if defined(SIGPIPE)
     std::signal(SIGPIPE, SIG_IGN);

@@ -27,7 +27,8 @@ struct SClosedPipe
 };
 
 /// Makes the standard streams carry bytes unchanged, and a closed pipe or a limit of file size a failed write instead
-/// of the program's end. Call it before using either stream.
+/// of the program's end. Closed streams stay unusable, whatever files are opened. Call it before using a stream or
+/// file.
 void PrepareStandardStreams();
 
 /// Appends everything that standard input holds. Throws CMemoryException beyond 2^31-1 bytes, and CFileException when
