@@ -207,8 +207,7 @@ void CStandardDecoder::ReadExplicit(SHeader& header, SLevel& level)
     SExplicitVr vr = ExplicitVrOf(bytes + 4);
     if (!vr.isKnown && !(IsVrLetter(bytes[4]) && IsVrLetter(bytes[5])))
     {
-        Note(READ_HEADER_WITHOUT_VR, header.tag, header.position);
-        ReadImplicit(header, level);
+        ReadWithoutVr(header, level);
         return;
     }
     if (!vr.isKnown)
@@ -229,12 +228,36 @@ void CStandardDecoder::ReadExplicit(SHeader& header, SLevel& level)
     header.length = vr.hasLongForm ? DoubleWord(bytes + 8, bigEndian) : Word(bytes + 6, bigEndian);
 }
 
-/// The VR is that of the dictionary; where that leaves a choice, the one that PS3.5 section A.1 prescribes.
+void CStandardDecoder::ReadWithoutVr(SHeader& header, SLevel& level)
+{
+    Note(READ_HEADER_WITHOUT_VR, header.tag, header.position);
+    const bool bigEndian = IsBigEndian(level.syntax);
+    const std::size_t size = std::min(m_cursor.Left(), level.end - std::min(level.end, header.position));
+    const BYTE* bytes = m_cursor.Peek(kShortHeaderSize);
+    const EHeaderForm form =
+        size < kShortHeaderSize ? EHeaderForm::Implicit : HeaderFormWithoutVr(bytes, size, level.syntax);
+    if (form == EHeaderForm::Implicit)
+    {
+        ReadImplicit(header, level);
+        return;
+    }
+    SetListedVr(header);
+    const bool isLong = form == EHeaderForm::Long;
+    header.length = isLong ? DoubleWord(bytes + 8, bigEndian) : Word(bytes + 6, bigEndian);
+    m_cursor.Take(isLong ? kLongHeaderSize : kShortHeaderSize);
+}
+
 void CStandardDecoder::ReadImplicit(SHeader& header, SLevel& level)
 {
-    using Varnotix::EVrChoice;
     const BYTE* bytes = m_cursor.Take(kShortHeaderSize);
     header.length = DoubleWord(bytes + 4, IsBigEndian(level.syntax));
+    SetListedVr(header);
+}
+
+/// The VR is that of the dictionary; where that leaves a choice, the one that PS3.5 section A.1 prescribes.
+void CStandardDecoder::SetListedVr(SHeader& header)
+{
+    using Varnotix::EVrChoice;
     header.isImplicit = true;
     const CDcmEntry* entry = header.entry;
     header.vr = entry != nullptr ? static_cast<int>(entry->vr) : UnlistedVr(header.tag);

@@ -64,7 +64,9 @@ private:
     bool IsPadding();
     SHeader ReadHeader(SLevel& level);
     void ReadExplicit(SHeader& header, SLevel& level);
+    void ReadWithoutVr(SHeader& header, SLevel& level);
     void ReadImplicit(SHeader& header, SLevel& level);
+    static void SetListedVr(SHeader& header);
     void ReadElement(const SHeader& header, SLevel& level);
     void ReadValue(const SHeader& header, SLevel& level);
     void ReadFragments(const SHeader& header, SLevel& level);

@@ -67,6 +67,25 @@ std::size_t ElementSize(const BYTE* data, std::size_t size, int syntax, DWORD ta
     return length <= size - header ? header + length : 0;
 }
 
+/// True when an element with a header and a value of these sizes is followed by a later tag with a header that makes
+/// sense, by a delimiter, or by nothing.
+bool LeadsOn(const BYTE* data, std::size_t size, int syntax, std::size_t headerSize, DWORD length)
+{
+    if (headerSize > size || length > size - headerSize)
+    {
+        return false;
+    }
+    const BYTE* next = data + headerSize + length;
+    const std::size_t left = size - headerSize - length;
+    if (left < kItemHeaderSize)
+    {
+        return left == 0;
+    }
+    const DWORD tag = TagAt(next, syntax);
+    const bool isDelimiter = tag == Tag::kItemDelimitationItem || tag == Tag::kSequenceDelimitationItem;
+    return isDelimiter || (tag > TagAt(data, syntax) && ElementSize(next, left, syntax, tag) > 0);
+}
+
 struct SFit
 {
     int elements = 0;
@@ -124,6 +143,26 @@ int ProbeSyntax(const BYTE* data, std::size_t size)
         }
     }
     return best;
+}
+
+EHeaderForm HeaderFormWithoutVr(const BYTE* data, std::size_t size, int syntax)
+{
+    const bool bigEndian = syntax == SYNTAX_EXPLICIT_BIG;
+    const DWORD length = DoubleWord(data + 4, bigEndian);
+    // More elements without a VR may follow.
+    const bool isImplicit = length == kUndefinedLength || LeadsOn(data, size, syntax, kShortHeaderSize, length) ||
+                            (!bigEndian && LeadsOn(data, size, SYNTAX_IMPLICIT_LITTLE, kShortHeaderSize, length));
+    if (isImplicit)
+    {
+        return EHeaderForm::Implicit;
+    }
+    if (size >= kLongHeaderSize && Word(data + 6, false) == 0 &&
+        LeadsOn(data, size, syntax, kLongHeaderSize, DoubleWord(data + 8, bigEndian)))
+    {
+        return EHeaderForm::Long;
+    }
+    const bool isShort = LeadsOn(data, size, syntax, kShortHeaderSize, Word(data + 6, bigEndian));
+    return isShort ? EHeaderForm::Short : EHeaderForm::Implicit;
 }
 
 } // namespace Varnotix
