@@ -205,8 +205,9 @@ TEST_F(Inputs, MessagesToAClosedStreamDoNotGoIntoOutputs)
 TEST_F(Inputs, AnInterruptLeavesNoTemporaryFile)
 {
     Write("in.dcm", Part10(kExplicitUid, Explicit(0x7FE00010, "OB", std::string(1 << 20, 'p'))));
-    std::vector<std::string> arguments = {(FolderOf("VARNOTIX_BIN") / "varnotix").string(), "convert", "-q", "-o",
-                                          "out"};
+    std::vector<std::string> arguments = {
+        (FolderOf("VARNOTIX_BIN") / "varnotix").string(), "convert", "-q", "-o", "out", "-j", "1"};
+    const std::size_t jobs = arguments.size() - 1;
     for (int i = 0; i < 2000; ++i)
     {
         const std::string name = "in" + std::to_string(i);
@@ -222,6 +223,7 @@ TEST_F(Inputs, AnInterruptLeavesNoTemporaryFile)
     for (int round = 0; round < 20; ++round)
     {
         std::filesystem::remove_all("out");
+        arguments[jobs][0] = round % 4 < 2 ? '1' : '4';
         const int signal = round % 2 == 0 ? SIGINT : SIGTERM;
         const pid_t child = fork();
         if (child == 0)
