@@ -22,8 +22,8 @@ struct SFreshDictionary
 
 /// What a set holds that keeps a second reading from giving the same set: an empty sequence, which takes the element
 /// after it; a second group length of a group, which stays when the first is remade; a delimiter that a stream gave a
-/// VR; pixel data of neither OB nor OW, whose frames the classic rules do not write; a value with a backslash, which
-/// separates values; a number that equals nothing.
+/// VR; an element to which a script gave the VR of delimiters; pixel data of neither OB nor OW, whose frames the
+/// classic rules do not write; a value with a backslash, which separates values; a number that equals nothing.
 inline bool ReadsOtherwise(const CDcmElementSet& set)
 {
     const auto isSeparated = [](const CString& text) { return text.Find('\\') >= 0; };
@@ -37,6 +37,7 @@ inline bool ReadsOtherwise(const CDcmElementSet& set)
         const CDoubleArray* doubles = element.Doubles();
         if ((items != nullptr && (items->IsEmpty() || ReadsOtherwise(*items))) ||
             (element.Element() == 0 && set.Find(element) != &element) || element.Group() == 0xFFFE ||
+            element.Vr() == VR_NONE ||
             (element.Frames() != nullptr && element.Vr() != VR_OB && element.Vr() != VR_OW) ||
             (texts != nullptr && element.Vm() != 1 && std::any_of(texts->begin(), texts->end(), isSeparated)) ||
             (floats != nullptr && std::any_of(floats->begin(), floats->end(), isNan)) ||
