@@ -43,6 +43,24 @@ TEST_F(FramesTest, OffsetTableOrNumberOfFramesGathersFragments)
     EXPECT_EQ(Read("out/frame-0003.bin"), "ddee");
 }
 
+TEST_F(FramesTest, RleFramesThatCannotBeDecodedWholeAreNotClearedEither)
+{
+    const struct
+    {
+        SImage image;
+        std::string frame;
+        std::string reason;
+    } cases[] = {
+        {{}, RleFrame({"abc"}), "its RLE segment 1 ends early"},
+        {{.bits = 2040}, '\xFF' + std::string(127, '\0'), "more bytes than RLE has segments"},
+    };
+    for (const auto& one : cases)
+    {
+        Write("in.dcm", Compressed(kRleUid, one.image, "", {one.frame}));
+        Expect(20, "deidentify in.dcm -o out --key key --black-out 0,0,1,1", one.reason);
+    }
+}
+
 TEST_F(FramesTest, ManyObjectsGetNamesThatDoNotMix)
 {
     const auto write = [](const std::string& name, const std::string& uid, const std::string& frames)

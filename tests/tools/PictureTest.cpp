@@ -71,6 +71,10 @@ TEST_F(PictureTest, RunLengthEncodedFramesAreDrawnWholeToTheirLastByte)
     const SImage rgb{.samples = 3, .photometric = "RGB", .rows = 1, .planar = 0};
     EXPECT_EQ(Draw(Compressed(kRleUid, rgb, "", {RleFrame({"\1\4", "\2\5", "\3\6"})})).bytes,
               (Bytes{1, 2, 3, 4, 5, 6}));
+    // What follows the places of the segments in the header has no meaning.
+    std::string strange = RleFrame({"\1\4", "\2\5", "\3\6"});
+    strange[16] = 65;
+    EXPECT_EQ(Draw(Compressed(kRleUid, rgb, "", {strange})).bytes, (Bytes{1, 2, 3, 4, 5, 6}));
     const SImage shared{.samples = 3, .photometric = "YBR_FULL_422", .rows = 1, .planar = 1};
     EXPECT_EQ(Draw(Compressed(kRleUid, shared, "", {RleFrame({{"\xFF\0", 2}, "\x80\x80", "\x80\x80"})})).bytes,
               (Bytes{255, 255, 255, 0, 0, 0}));
@@ -104,6 +108,14 @@ TEST_F(PictureTest, WhatCannotBeDrawnIsRefusedWithTheReason)
     EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {.rows = 65535, .columns = 65535}, "", {frame})), "too few for"));
     EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {.bits = 16}, "", {frame})), "1 RLE segments"));
     EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {}, "", {"ab"})), "too few for the header"));
+    EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {}, "", {RleFrame({"abc"})})), "segment 1 ends early"));
+    // The first segment ends where the second one does.
+    std::string empty = RleFrame({"abcd", "efgh"});
+    empty[8] = 64;
+    EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {.bits = 16}, "", {empty})), "segment 1 ends early: it has 0 of 4"));
+    const std::string large = LittleEndian(4, 4) + std::string(9000000, '\0');
+    EXPECT_TRUE(Holds(Refusal(Compressed(kRleUid, {.rows = 16384, .columns = 8193, .bits = 32}, "", {large})),
+                      "takes more than 2 GiB"));
     EXPECT_TRUE(Holds(Refusal(Native({.rows = 65535, .columns = 65535}, "abcd")), "a picture needs"));
     EXPECT_TRUE(Holds(Refusal(Native({.bits = 12}, "abcdef")), "samples of 12 bits"));
     EXPECT_TRUE(Holds(Refusal(Native({.bits = 65535}, "abcdef")), "samples of 65535 bits"));
