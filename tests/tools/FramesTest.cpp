@@ -41,6 +41,30 @@ TEST_F(FramesTest, OffsetTableOrNumberOfFramesGathersFragments)
     const std::string wrong = LittleEndian(0, 4) + LittleEndian(23, 4);
     EXPECT_TRUE(Holds(FramesOf(Compressed(kRleUid, {.frames = "3"}, wrong, fragments), "").err, "is not used"));
     EXPECT_EQ(Read("out/frame-0003.bin"), "ddee");
+    const std::string first = LittleEndian(0, 4); // Though there are as many fragments as frames.
+    EXPECT_TRUE(Holds(FramesOf(Compressed(kRleUid, {.frames = "3"}, first, fragments), "").err, "is not used"));
+    EXPECT_EQ(Read("out/frame-0003.bin"), "ddee");
+
+    // Without a table, codestreams begin the frames, if there are as many.
+    const std::vector<std::string> starts = {"\xFF\xD8\xFF-", "cc", "\xFF\xD8\xFF="};
+    EXPECT_EQ(FramesOf(Compressed(kJpegUid, {.frames = "2"}, "", starts), "").err, "");
+    EXPECT_EQ(Read("out/frame-0001.jpg"), "\xFF\xD8\xFF-cc");
+    EXPECT_EQ(Read("out/frame-0002.jpg"), "\xFF\xD8\xFF=");
+    FramesOf(Compressed(kJpegUid, {.frames = "4"}, "", starts), "");
+    EXPECT_EQ(Read("out/frame-0002.jpg"), "cc");
+}
+
+TEST_F(FramesTest, FramesThatShareBytesAreMovedToBeginWithOne)
+{
+    // Bits 101, 110 and 011, from the lowest one on; then the same cut short.
+    const SImage bits{.rows = 1, .columns = 3, .bits = 1, .frames = "3"};
+    EXPECT_EQ(FramesOf(Native(bits, "\x9D\x01"), "").err, "");
+    EXPECT_EQ(Read("out/frame-0001.bin") + Read("out/frame-0002.bin") + Read("out/frame-0003.bin"), "\5\3\6");
+    SImage more = bits;
+    more.frames = "6";
+    EXPECT_TRUE(Holds(FramesOf(Native(more, "\x9D\x01"), "").err, "holds 2 bytes, too few"));
+    EXPECT_EQ(Read("out/frame-0003.bin"), "\6");
+    EXPECT_FALSE(std::filesystem::exists("out/frame-0006.bin"));
 }
 
 TEST_F(FramesTest, RleFramesThatCannotBeDecodedWholeAreNotClearedEither)

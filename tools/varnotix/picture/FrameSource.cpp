@@ -8,12 +8,23 @@ namespace
 {
 
 constexpr std::size_t kItemHeaderSize = 8;
+constexpr std::size_t kCodestreamStart = 3;
 
 DWORD TableEntry(const CByteArray& table, int index)
 {
     const BYTE* bytes = table.GetData() + 4 * index;
     return bytes[0] | static_cast<DWORD>(bytes[1]) << 8U | static_cast<DWORD>(bytes[2]) << 16U |
            static_cast<DWORD>(bytes[3]) << 24U;
+}
+
+/// Whether a JPEG, JPEG-LS or JPEG 2000 codestream can begin so: with its first marker, and the next one.
+bool BeginsCodestream(const CByteArray& bytes)
+{
+    constexpr BYTE kMarker = 0xFF;
+    constexpr BYTE kJpeg = 0xD8;
+    constexpr BYTE kJpeg2000 = 0x4F;
+    return bytes.GetSize() >= static_cast<int>(kCodestreamStart) && bytes[0] == kMarker && bytes[2] == kMarker &&
+           (bytes[1] == kJpeg || bytes[1] == kJpeg2000);
 }
 
 /// 0 for a text that is not a positive number; an object without the attribute has one frame.
@@ -53,41 +64,32 @@ CFrameSource::CFrameSource(const CDcmFrameList& stored, const SImageHeader& head
 void CFrameSource::DivideNative(const SImageHeader& header)
 {
     const std::uint64_t size = header.FrameSize();
-    const bool isAligned = header.Pixels() * static_cast<std::uint64_t>(header.samples) *
-                               static_cast<std::uint64_t>(header.allocated) % 8 ==
-                           0;
+    const std::uint64_t bits = header.FrameBits();
     const std::size_t wanted = FramesOf(header);
-    if (size == 0 || (wanted != 1 && !isAligned))
+    if (size == 0)
     {
-        Say(size == 0 ? "its attributes do not give the size of a frame, so its %llu bytes are taken as one frame"
-                      : "its frames do not begin at whole bytes, so its %llu bytes are taken as one frame",
-            m_total);
+        Say("its attributes do not give the size of a frame, so its %llu bytes are taken as one frame", m_total);
         m_count = 1;
         m_ranges = {{0, m_total}};
         return;
     }
-    const std::uint64_t whole = m_total / size;
-    const std::size_t rest = static_cast<std::size_t>(m_total % size);
-    m_frameSize = static_cast<std::size_t>(std::min<std::uint64_t>(size, m_total));
-    m_count = static_cast<std::size_t>(whole);
-    if (wanted == 0)
+    m_frameBits = bits;
+    const std::uint64_t whole = std::uint64_t{m_total} * 8 / bits;
+    const bool isEnough = wanted != 0 && whole >= wanted;
+    m_count = isEnough ? wanted : static_cast<std::size_t>(whole);
+    const std::uint64_t rest = m_total - (m_count * bits + 7) / 8;
+    if (isEnough && rest > 1) // One byte makes the length even.
     {
-        m_count += rest > 1 ? 1 : 0;
+        Say("%llu bytes after its last frame are left out (frames of %llu bytes)", rest, size);
     }
-    else if (whole >= wanted)
-    {
-        m_count = wanted;
-        const std::size_t more = m_total - m_count * m_frameSize;
-        if (more > 1) // One byte makes the length even.
-        {
-            Say("%llu bytes after its last frame are left out (frames of %llu bytes)", more, size);
-        }
-        return;
-    }
-    else
+    else if (!isEnough && wanted != 0)
     {
         m_count += rest > 0 ? 1 : 0;
         Say("its pixel data holds %llu bytes, too few for all its frames of %llu bytes", m_total, size);
+    }
+    else if (!isEnough)
+    {
+        m_count += rest > 1 ? 1 : 0;
     }
 }
 
@@ -100,21 +102,14 @@ void CFrameSource::DivideFragments(const SImageHeader& header)
         fragments.insert(fragments.end(), sizes.begin(), sizes.end());
     }
     const std::size_t wanted = FramesOf(header);
-    if (!DivideByTable(fragments))
+    const bool hasTable = DivideByTable(fragments);
+    if (!hasTable && wanted == 1)
     {
-        if (wanted == 1)
-        {
-            m_ranges = {{0, m_total}};
-        }
-        else
-        {
-            std::size_t offset = 0;
-            for (const DWORD size : fragments)
-            {
-                m_ranges.push_back({offset, size});
-                offset += size;
-            }
-        }
+        m_ranges = {{0, m_total}};
+    }
+    else if (!hasTable || (wanted > 1 && m_ranges.size() != wanted))
+    {
+        DivideByNumber(fragments, wanted, hasTable);
     }
     m_count = m_ranges.size();
     if (wanted != 0 && wanted != m_count)
@@ -154,26 +149,88 @@ bool CFrameSource::DivideByTable(const std::vector<DWORD>& fragments)
     }
     if (entries > 0)
     {
-        Say("its offset table of %llu entries does not fit its %llu fragments and is not used",
-            static_cast<unsigned long long>(entries), fragments.size());
+        SayUnusedTable(fragments.size());
     }
     m_ranges.clear();
     return false;
 }
 
+/// One fragment a frame, if the number of frames allows it, or else a frame from one start of a codestream to the next.
+/// Without either, a table that divides the fragments keeps its say.
+void CFrameSource::DivideByNumber(const std::vector<DWORD>& fragments, std::size_t wanted, bool hasTable)
+{
+    std::vector<SRange> single;
+    std::vector<SRange> started;
+    std::size_t offset = 0;
+    for (const DWORD size : fragments)
+    {
+        single.push_back({offset, size});
+        if (BeginsCodestream(Copy({offset, std::min<std::size_t>(size, kCodestreamStart)})))
+        {
+            started.push_back({offset, size});
+        }
+        else if (!started.empty())
+        {
+            started.back().size += size;
+        }
+        offset += size;
+    }
+    const bool areStarts = !started.empty() && started[0].offset == 0 && (wanted == 0 || started.size() == wanted);
+    const bool isDivided = single.size() == wanted || areStarts;
+    if (isDivided && hasTable)
+    {
+        SayUnusedTable(fragments.size());
+    }
+    if (isDivided || !hasTable)
+    {
+        m_ranges = single.size() != wanted && areStarts ? std::move(started) : std::move(single);
+    }
+}
+
 CFrameSource::SRange CFrameSource::RangeOf(std::size_t index) const
 {
-    if (m_frameSize == 0)
+    if (m_frameBits == 0)
     {
         return m_ranges[index];
     }
-    const std::size_t offset = index * m_frameSize;
-    return {offset, std::min(m_frameSize, m_total - offset)};
+    const std::uint64_t start = index * m_frameBits;
+    const std::uint64_t end = std::min(start + m_frameBits, std::uint64_t{m_total} * 8);
+    const auto offset = static_cast<std::size_t>(start / 8);
+    return {offset, static_cast<std::size_t>((end + 7) / 8) - offset};
 }
 
 CByteArray CFrameSource::Frame(std::size_t index) const
 {
-    const SRange range = RangeOf(index);
+    CByteArray frame = Copy(RangeOf(index));
+    if (m_frameBits % 8 != 0 && m_count > 1)
+    {
+        AlignBits(index, frame);
+    }
+    return frame;
+}
+
+/// A frame gets zeros after its last bit; of one that is cut short only whole bytes remain.
+void CFrameSource::AlignBits(std::size_t index, CByteArray& frame) const
+{
+    const std::uint64_t start = index * m_frameBits;
+    const std::uint64_t bits = std::min(m_frameBits, std::uint64_t{m_total} * 8 - start);
+    const bool isWhole = bits == m_frameBits;
+    const int size = static_cast<int>((isWhole ? bits + 7 : bits) / 8);
+    BYTE* bytes = frame.GetData();
+    for (int i = 0; i < size; ++i)
+    {
+        const int next = i + 1 < frame.GetSize() ? bytes[i + 1] : 0;
+        bytes[i] = static_cast<BYTE>((bytes[i] | next << 8) >> (start % 8));
+    }
+    if (isWhole)
+    {
+        bytes[size - 1] = static_cast<BYTE>(bytes[size - 1] & ((1 << (bits % 8)) - 1));
+    }
+    frame.SetSize(size);
+}
+
+CByteArray CFrameSource::Copy(const SRange& range) const
+{
     CByteArray bytes;
     bytes.Reserve(static_cast<int>(range.size));
     const std::size_t rangeEnd = range.offset + range.size;
@@ -190,6 +247,12 @@ CByteArray CFrameSource::Frame(std::size_t index) const
         }
     }
     return bytes;
+}
+
+void CFrameSource::SayUnusedTable(std::size_t fragments) const
+{
+    Say("its offset table of %llu entries does not fit its %llu fragments and is not used",
+        static_cast<unsigned long long>(m_stored.OffsetTable().GetSize() / 4), fragments);
 }
 
 void CFrameSource::Say(const char* format, unsigned long long first, unsigned long long second) const

@@ -27,10 +27,10 @@ SImageHeader ReadImageHeader(const CDcmIOD& object)
     return header;
 }
 
-std::uint64_t SImageHeader::FrameSize() const
+std::uint64_t SImageHeader::FrameBits() const
 {
     // Two pixels share their chrominance: four bytes instead of six.
     const int bytesForTwo = photometricNumber == PHOTOMETRIC_YBR_FULL_422 && samples == 3 ? 2 : samples;
     // Factors of 16 bits each: the product cannot pass 64 bits.
-    return (Pixels() * static_cast<std::uint64_t>(bytesForTwo) * static_cast<std::uint64_t>(allocated) + 7) / 8;
+    return Pixels() * static_cast<std::uint64_t>(bytesForTwo) * static_cast<std::uint64_t>(allocated);
 }

@@ -37,8 +37,11 @@ struct SImageHeader
 
     std::uint64_t Pixels() const { return static_cast<std::uint64_t>(rows) * static_cast<std::uint64_t>(columns); }
 
-    /// Bytes of a frame that is not compressed; 0 when attributes are missing.
-    std::uint64_t FrameSize() const;
+    /// Bits of a frame that is not compressed; 0 when attributes are missing.
+    std::uint64_t FrameBits() const;
+
+    /// The same in bytes, rounded up.
+    std::uint64_t FrameSize() const { return (FrameBits() + 7) / 8; }
 };
 
 SImageHeader ReadImageHeader(const CDcmIOD& object);
