@@ -19,7 +19,12 @@ TEST_F(PictureTest, WithoutAWindowTheRangeOfTheValuesIsShown)
     // Pixel padding -2000 is not a part of the range.
     const SImage padded{.bits = 16, .sign = 1, .more = Us(0x00280120, 63536)};
     EXPECT_EQ(Draw(Native(padded, Words({-2000, -100, 0, 100}))).bytes, (Bytes{0, 0, 128, 255}));
+    const SImage range{.bits = 16, .sign = 1, .more = Us(0x00280120, 63636) + Us(0x00280121, 63536)};
+    EXPECT_EQ(Draw(Native(range, Words({-1950, -100, 0, 100}))).bytes, (Bytes{0, 0, 128, 255}));
     EXPECT_EQ(Draw(Native({}, std::string(4, 'x'))).bytes, (Bytes{0, 0, 0, 0}));
+    // Single bits are black and white, though the first frame has only ones and the next one only zeros.
+    EXPECT_EQ(Draw(Native({.bits = 1, .frames = "2 "}, std::string("\x0F\0", 2))).bytes, (Bytes{255, 255, 255, 255}));
+    EXPECT_EQ(ReadPicture("out/frame-0002.png").bytes, (Bytes{0, 0, 0, 0}));
 
     const SImage strange{.more = Text(0x00281050, "DS", "1") + Text(0x00281051, "DS", "0")};
     EXPECT_EQ(Draw(Native(strange, std::string("\0\1\0\1", 4))).bytes, (Bytes{0, 255, 0, 255}));

@@ -12,6 +12,7 @@ namespace
 {
 
 constexpr int kByte = 255;
+constexpr DWORD kPaddingRangeLimit = 0x00280121;
 
 /// Values of eight bits become those of the picture's depth.
 void SpreadBytes(SPicture& picture)
@@ -43,7 +44,8 @@ CPainter::CPainter(const CDcmElementSet& store, const SImageHeader& header, cons
         }
         if (const std::optional<int> padding = WordOf(store, Varnotix::Tag::kPixelPaddingValue))
         {
-            m_padding = header.isSigned ? static_cast<std::int16_t>(*padding) : *padding;
+            const auto stored = [&](int word) { return header.isSigned ? static_cast<std::int16_t>(word) : word; };
+            m_padding = std::minmax({stored(*padding), stored(WordOf(store, kPaddingRangeLimit).value_or(*padding))});
         }
     }
     else if (m_refusal.IsEmpty() && header.photometricNumber == PHOTOMETRIC_PALETTE)
@@ -161,14 +163,19 @@ void CPainter::PaintGray(const CByteArray& frame, CGrayScale scale, SPicture& pi
 {
     const CSampleReader samples(m_header, frame);
     const std::size_t count = picture.values.size();
-    if (scale.NeedsRange())
+    if (scale.NeedsRange() && m_header.stored == 1)
+    {
+        // Of two values, one that a frame lacks does not make the other one black.
+        scale.SetRange(scale.ModalityValue(0), scale.ModalityValue(m_header.isSigned ? -1 : 1));
+    }
+    else if (scale.NeedsRange())
     {
         double lowest = std::numeric_limits<double>::infinity();
         double highest = -lowest;
         for (std::size_t i = 0; i < count; ++i)
         {
             const std::int64_t stored = samples.At(i);
-            if (stored != m_padding)
+            if (stored < m_padding.first || stored > m_padding.second)
             {
                 const double value = scale.ModalityValue(stored);
                 lowest = std::min(lowest, value);

@@ -7,7 +7,7 @@
 #include "picture/Palette.h"
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 #include <vector>
 
 /// Rows from the top, channels together by pixel, without gaps.
@@ -69,6 +69,7 @@ private:
     const CReport& m_report;
     CGrayScale m_gray; // Of all frames, where there are no functional groups.
     CPalette m_palette;
-    std::optional<std::int64_t> m_padding; // The value of pixels outside the image, which no range should hold.
+    // The values of pixels outside the image, from the first to the last, which no range should hold.
+    std::pair<std::int64_t, std::int64_t> m_padding{1, 0};
     CString m_refusal;
 };
