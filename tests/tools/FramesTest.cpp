@@ -109,8 +109,11 @@ TEST_F(FramesTest, ManyObjectsGetNamesThatDoNotMix)
     EXPECT_EQ(ReadText("out.txt"), "efgh");
 
     // Whatever would mix two objects, or lead out of the folder, is refused or reported.
-    Expect(40, "frames in/a.dcm in/deep/b.dcm -o out2 --name frame-{frame}", "frame-0001.bin holds in/a.dcm, frame 1");
+    Expect(40, "frames in/a.dcm in/deep/b.dcm -o out2 --name frame-{frame}", "b.dcm: not written", "those of in/a.dcm");
     EXPECT_EQ(Read("out2/frame-0002.bin"), "efgh");
+    // Not even those frames that the other object does not have.
+    Expect(40, "frames in/deep/b.dcm in/a.dcm -o out6 --name frame-{frame}", "a.dcm: not written");
+    EXPECT_FALSE(std::filesystem::exists("out6/frame-0002.bin"));
     Expect(40, "frames in/a.dcm -o out3 --name one", "frame 2: not written: ", "one.bin holds in/a.dcm, frame 1");
     Expect(0, "frames in/deep/b.dcm -o out2", "frame-0002.bin and those after it are not of this object");
     write("nameless.dcm", "", "1 ");

@@ -116,6 +116,16 @@ int CFrameExporter::Run()
         return Refuse(
             FrameText("it has %lu frames, and a single output takes one: choose it with --frame", frames.Count()));
     }
+    constexpr std::size_t kNoFrame = static_cast<std::size_t>(-1); // Its number is 0.
+    CString path;
+    const bool isNamed = !m_wanted.toFile && FindPath(kNoFrame, path).IsEmpty();
+    const CString other = isNamed ? m_taken.TakeAll(path, m_source.name) : CString();
+    if (!other.IsEmpty())
+    {
+        m_report.Error(m_source.name + ": not written: its frames have the names of those of " + other +
+                       "; --name chooses other names");
+        return STATUS_UNWRITTEN;
+    }
     return WriteAll(frames);
 }
 

@@ -134,7 +134,7 @@ CString CFrameNames::Make(const CDcmElementSet& store, const CString& input, std
     return CString();
 }
 
-CString CTakenNames::Take(const CString& path, const CString& owner)
+CString CTakenNames::Take(COwners& owners, const CString& path, const CString& owner)
 {
     std::string key(path.View());
     if constexpr (std::filesystem::path::preferred_separator == '\\')
@@ -143,6 +143,6 @@ CString CTakenNames::Take(const CString& path, const CString& owner)
         std::transform(key.begin(), key.end(), key.begin(), [](unsigned char c) { return std::tolower(c); });
     }
     const std::lock_guard lock(m_mutex);
-    const auto [place, isNew] = m_owners.try_emplace(std::move(key), owner);
+    const auto [place, isNew] = owners.try_emplace(std::move(key), owner);
     return isNew ? CString() : place->second;
 }

@@ -34,11 +34,21 @@ private:
 class CTakenNames
 {
 public:
-    /// Takes a path for an owner.
+    /// Takes a path for a frame.
     /// @return empty, or the owner that has taken it before.
-    CString Take(const CString& path, const CString& owner);
+    CString Take(const CString& path, const CString& owner) { return Take(m_frames, path, owner); }
+
+    /// Takes all paths that differ from one in the number of the frame only. Threads that work on objects with the same
+    /// names would else write frames in turns.
+    /// @return empty, or the object that has taken them before.
+    CString TakeAll(const CString& path, const CString& owner) { return Take(m_objects, path, owner); }
 
 private:
+    using COwners = std::map<std::string, CString>;
+
+    CString Take(COwners& owners, const CString& path, const CString& owner);
+
     std::mutex m_mutex;
-    std::map<std::string, CString> m_owners;
+    COwners m_frames;
+    COwners m_objects;
 };
