@@ -18,8 +18,8 @@ constexpr const char* kFooter =
     "The frames of a single FILE are frame-0001 and so on; those of several are named by their SOP Instance UID.\n"
     "--name chooses other names: {uid}, {series}, {study}, {number}, {file} and {frame} are replaced. The extension "
     "is\n"
-    "jpg, j2k or jls for what these decoders read, and bin for the rest. Uncompressed samples of more than one byte\n"
-    "are in little endian, whatever the file has. No frame replaces that of another object of the run.\n"
+    "jpg, j2k or jls for what these decoders read, and bin for the rest. Uncompressed samples of 16 bits are in\n"
+    "little endian, whatever the file has. No frame replaces that of another object of the run.\n"
     "Pictures (--png) are drawn of uncompressed, RLE, JPEG, JPEG-LS and JPEG 2000 frames. Grayscale is shown through\n"
     "the first window, or the first VOI LUT, or over the range of the values in the frame. Standard error reports\n"
     "what cannot be drawn.";
