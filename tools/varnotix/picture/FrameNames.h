@@ -39,7 +39,7 @@ public:
     CString Take(const CString& path, const CString& owner) { return Take(m_frames, path, owner); }
 
     /// Takes all paths that differ from one in the number of the frame only. Threads that work on objects with the same
-    /// names would else write frames in turns.
+    /// names would otherwise write frames in turns.
     /// @return empty, or the object that has taken them before.
     CString TakeAll(const CString& path, const CString& owner) { return Take(m_objects, path, owner); }
 
