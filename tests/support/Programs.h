@@ -19,6 +19,13 @@ inline std::filesystem::path ProjectFolder()
     return FolderOf("VARNOTIX_DATA").parent_path();
 }
 
+/// The folder of sample files; empty when there is none.
+inline std::filesystem::path SampleFolder()
+{
+    const char* value = std::getenv("VARNOTIX_SAMPLES");
+    return value != nullptr && std::filesystem::is_directory(value) ? value : "";
+}
+
 inline std::string ReadText(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);

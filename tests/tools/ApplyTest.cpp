@@ -54,8 +54,8 @@ std::string AwkwardDataSet()
 
 TEST_F(Apply, ChangesOneValueOfASampleAndNoOtherByte)
 {
-    const char* folder = std::getenv("VARNOTIX_SAMPLES");
-    if (folder == nullptr || *folder == '\0')
+    const std::filesystem::path folder = SampleFolder();
+    if (folder.empty())
     {
         GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder";
     }
@@ -64,7 +64,7 @@ TEST_F(Apply, ChangesOneValueOfASampleAndNoOtherByte)
         {"explicit", "SC_rgb_rle.dcm"}, {"explicit", "JPEG-lossy.dcm"},        {"implicit", "rtplan.dcm"}};
     for (const auto& [syntax, name] : samples)
     {
-        const std::string sample = "\"" + (std::filesystem::path(folder) / name).string() + "\"";
+        const std::string sample = "\"" + (folder / name).string() + "\"";
         Expect(0, std::string("convert -q -s ") + syntax + " " + sample + " converted.dcm");
         std::string script = Run("dump " + sample).out;
         const std::string start = "\n0010,0020,LO,1,Patient ID,[";
@@ -86,8 +86,8 @@ TEST_F(Apply, ChangesOneValueOfASampleAndNoOtherByte)
 
 TEST_F(Apply, AnUneditedTextChangesNoSample)
 {
-    const char* folder = std::getenv("VARNOTIX_SAMPLES");
-    if (folder == nullptr || *folder == '\0')
+    const std::filesystem::path folder = SampleFolder();
+    if (folder.empty())
     {
         GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder";
     }

@@ -47,8 +47,7 @@ protected:
     void SetUp() override
     {
         PictureTest::SetUp();
-        const char* folder = std::getenv("VARNOTIX_SAMPLES");
-        m_samples = folder == nullptr ? "" : folder;
+        m_samples = SampleFolder();
     }
 
     /// False, and the test is skipped, where the samples or the program are missing.

@@ -76,8 +76,8 @@ protected:
 
 TEST_F(DeidentifySample, NoIdentifyingTextIsLeftAndPixelsStay)
 {
-    const char* folder = std::getenv("VARNOTIX_SAMPLES");
-    if (folder == nullptr || !std::filesystem::is_directory(folder))
+    const std::filesystem::path folder = SampleFolder();
+    if (folder.empty())
     {
         GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder of sample files";
     }

@@ -215,8 +215,8 @@ TEST_F(Diff, MakesScriptsForWhatTextDoesNotCarry)
 
 TEST_F(Diff, ScriptsMakeOneSampleOfAnother)
 {
-    const char* folder = std::getenv("VARNOTIX_SAMPLES");
-    if (folder == nullptr || *folder == '\0')
+    const std::filesystem::path folder = SampleFolder();
+    if (folder.empty())
     {
         GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder";
     }
@@ -230,8 +230,8 @@ TEST_F(Diff, ScriptsMakeOneSampleOfAnother)
     std::string lines;
     for (const auto& [left, right] : pairs)
     {
-        const std::string path = (std::filesystem::path(folder) / right).string();
-        ExpectScript("\"" + (std::filesystem::path(folder) / left).string() + "\"", "\"" + path + "\"");
+        const std::string path = (folder / right).string();
+        ExpectScript("\"" + (folder / left).string() + "\"", "\"" + path + "\"");
         const std::string made = "made-" + std::string(right);
         std::filesystem::rename("made.dcm", made);
         lines += path + "\n" + made + "\n";

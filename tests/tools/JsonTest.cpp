@@ -63,8 +63,8 @@ void Align(CJson& ours, CJson& theirs)
 std::vector<std::filesystem::path> Samples()
 {
     std::vector<std::filesystem::path> paths;
-    const std::filesystem::path folder = FolderOf("VARNOTIX_SAMPLES");
-    if (folder != ".")
+    const std::filesystem::path folder = SampleFolder();
+    if (!folder.empty())
     {
         for (const auto& entry : std::filesystem::directory_iterator(folder))
         {
@@ -191,9 +191,9 @@ TEST_F(Json, ConvertsTextsBetweenCharacterSetsAndBack)
 
 TEST_F(Json, OfSamplesEqualsThatOfAnotherProgram)
 {
-    if (std::system("which dcm2json >which.txt") != 0)
+    if (Samples().empty() || std::system("which dcm2json >which.txt") != 0)
     {
-        GTEST_SKIP() << "dcm2json is not installed";
+        GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder, or dcm2json is not installed";
     }
     for (const std::filesystem::path& path : Samples())
     {
@@ -224,6 +224,10 @@ TEST_F(Json, OfSamplesEqualsThatOfAnotherProgram)
 
 TEST_F(Json, OfSamplesMakesEqualObjects)
 {
+    if (Samples().empty())
+    {
+        GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder";
+    }
     for (const std::filesystem::path& path : Samples())
     {
         SCOPED_TRACE(path.filename().string());

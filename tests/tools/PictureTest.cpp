@@ -87,14 +87,14 @@ TEST_F(PictureTest, RunLengthEncodedFramesAreDrawnWholeToTheirLastByte)
 
 TEST_F(PictureTest, RunLengthEncodedSamplesLookAsAnotherToolDecodesThem)
 {
-    const char* folder = std::getenv("VARNOTIX_SAMPLES");
-    if (folder == nullptr || std::system("which dcmdrle >which.txt 2>&1") != 0)
+    const std::filesystem::path folder = SampleFolder();
+    if (folder.empty() || std::system("which dcmdrle >which.txt 2>&1") != 0)
     {
         GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder, or dcmdrle is not installed";
     }
     for (const char* name : {"MR_small_RLE", "CT0012.bot_rle", "SC_rgb_rle", "SC_rgb_rle_2frame"})
     {
-        const std::string sample = "\"" + (std::filesystem::path(folder) / name).string() + ".dcm\"";
+        const std::string sample = "\"" + (folder / name).string() + ".dcm\"";
         ASSERT_EQ(std::system(("dcmdrle " + sample + " decoded.dcm").c_str()), 0) << name;
         Expect(0, "frames -q --png -o mine " + sample);
         Expect(0, "frames -q --png -o theirs decoded.dcm");

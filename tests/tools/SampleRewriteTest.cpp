@@ -28,8 +28,8 @@ class SampleRewrite : public ToolTest
 protected:
     void SetUp() override
     {
-        const char* folder = std::getenv("VARNOTIX_SAMPLES");
-        if (folder == nullptr || !std::filesystem::is_directory(folder))
+        const std::filesystem::path folder = SampleFolder();
+        if (folder.empty())
         {
             GTEST_SKIP() << "VARNOTIX_SAMPLES names no folder of sample files";
         }
