@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# fuzz.sh [SECONDS|RUNSx [TARGET...]]: runs each fuzz target for SECONDS (at first 600) or RUNS times, one after the other,
-# from its seeds and from what earlier runs found. Prints for each what was executed, also per second of processor time,
-# how many edges of code were reached, and the size of the corpus. Fails when a target reports a fault; the input that
-# made it is then in build/fuzzing/TARGET.
+# fuzz.sh [SECONDS|RUNSx [TARGET...]]: runs each fuzz target for SECONDS (at first 600) or RUNS times, one after the
+# other, from its seeds and from what earlier runs found. Prints for each what was executed, also per second of processor
+# time, how many edges of code were reached, and the size of the corpus. Fails when a target reports a fault; the input
+# that made it is then in build/fuzzing/TARGET.
 set -euo pipefail
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$top"
@@ -47,6 +47,7 @@ for target in "$@"; do
     [ -x "$program" ] || die "there is no target '$target'"
     place=$top/build/fuzzing/$target
     mkdir -p "$place/corpus"
+    rm -f "$place"/*log
     verdict=passed
     cp -r "$place/corpus" "$scratch/corpus"
     # Small inputs, which must end soon. Entropic schedules count features of every run, which takes longer than the run

@@ -135,7 +135,7 @@ TEST(SampleOtherTools, ReadWhatTheLibraryWritesAndShowTheSameValues)
             EXPECT_EQ(std::string(refused ? "d" : "") + (Accepts("gdcmdump", path) ? "" : "g"), question.refusedBy);
             if (!refused)
             {
-                EXPECT_EQ(DifferentTags(SampleFolder() + "/" + name, path), question.tags);
+                EXPECT_EQ(DifferentTags((SampleFolder() / name).string(), path), question.tags);
             }
         });
     std::remove(path.c_str());

@@ -23,7 +23,7 @@ DWORD AddToCrc(DWORD crc, const CDcmFrame& frame)
 std::string Measured(const std::string& name)
 {
     CDcmIOD object;
-    object.Import(FileBytes(SampleFolder() + "/" + name));
+    object.Import(FileBytes((SampleFolder() / name).string()));
     int frames = 0;
     std::size_t size = 0;
     DWORD crc = ~0U;
@@ -45,7 +45,7 @@ std::string Measured(const std::string& name)
 TEST(SampleRead, EveryFileIsReadAsTheListOfExpectationsSays)
 {
     SKIP_WITHOUT_SAMPLES();
-    std::ifstream list(SampleFolder() + "/expected.tsv");
+    std::ifstream list(SampleFolder() / "expected.tsv");
     ASSERT_TRUE(list.is_open());
     int files = 0;
     for (std::string line; std::getline(list, line);)

@@ -72,7 +72,7 @@ void ReadWriteRead(const std::string& name, const char* uid, int syntax)
 {
     SCOPED_TRACE(uid);
     CDcmIOD object;
-    object.Import(FileBytes(SampleFolder() + "/" + name));
+    object.Import(FileBytes((SampleFolder() / name).string()));
     CDcmElement* named = object.ElementStore().Find(0x0002, 0x0010);
     if (named == nullptr)
     {

@@ -1,24 +1,17 @@
 /// What the sample tests share: the files, and element sets line by line.
 #pragma once
 
+#include "Programs.h"
 #include "StreamBytes.h"
 #include "Varnotix/iod/DcmIOD.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <map>
 #include <set>
 #include <string>
-
-/// The folder of sample files; empty when there is none.
-inline std::string SampleFolder()
-{
-    const char* folder = std::getenv("VARNOTIX_SAMPLES");
-    return folder != nullptr && std::filesystem::is_directory(folder) ? folder : "";
-}
 
 /// A test over the samples has nothing to say without them.
 #define SKIP_WITHOUT_SAMPLES() \
@@ -62,7 +55,7 @@ inline void ForEachSample(const std::function<void(CDcmIOD&, const std::string&)
     {
         SCOPED_TRACE(name);
         CDcmIOD object;
-        object.Import(FileBytes(SampleFolder() + "/" + name));
+        object.Import(FileBytes((SampleFolder() / name).string()));
         if (object.GetCount() > 0)
         {
             check(object, name);

@@ -50,7 +50,7 @@ TEST(SampleTyped, WritingThroughModulesChangesNoValue)
         [](CDcmIOD& plain, const std::string& name)
         {
             const std::unique_ptr<CDcmCompositeIOD> typed = ObjectFor(plain);
-            typed->Import(FileBytes(SampleFolder() + "/" + name));
+            typed->Import(FileBytes((SampleFolder() / name).string()));
             CByteArray plainBytes;
             plain.ExportFileFormat(plainBytes);
             CByteArray typedBytes;
